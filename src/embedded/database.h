@@ -1,0 +1,50 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "host/data_access.h"
+#include "platform/date.h"
+
+namespace embedded {
+
+struct OpenOptions {
+  /// The clock behind getdate(); empty: the system's local time.
+  std::function<platform::Date()> clock;
+  /// How long a write waits for another process before it fails.
+  std::chrono::milliseconds busyTimeout{5000};
+  /// The schema to create or upgrade to; empty: the program's own.
+  std::string schema;
+};
+
+/// The embedded engine: the data-access contract on one SQLite file, which it creates when it is missing.
+/// Every write is durable when its call returns. Several processes may hold one file.
+class Database : public zorCrmParvel::DataAccess {
+ public:
+  /// Opens, creates or upgrades a database; ":memory:" lives in memory. A file that is no database of this
+  /// program, is newer than the program, or can't be opened raises error -2147467259 and is left as it was.
+  static std::shared_ptr<Database> Open(const std::string& path, OpenOptions options = {});
+  ~Database() override;
+
+  /// The file's path as it was given.
+  const std::string& path() const;
+  /// Writes a consistent copy of the database to a new file. Error -2147467259 when the file exists or can't be
+  /// written.
+  void CopyTo(const std::string& file);
+
+  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
+
+ protected:
+  bool Execute(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForEditing(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
+
+ private:
+  class Engine;
+  explicit Database(std::shared_ptr<Engine> engine);
+  std::shared_ptr<Engine> engine_;
+};
+
+}  // namespace embedded

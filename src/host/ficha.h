@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/data_access.h"
+#include "platform/form.h"
+
+namespace zorCrmParvel {
+
+/// What every record screen shares: the data-access object that its opener sets, and members reached by name.
+class Ficha : public platform::Form {
+ public:
+  DataAccessRef mybd;
+
+  /// Shows the record of a code. Error 438 on fichas that aren't reached by a code.
+  virtual void CarregaFicha(const std::string& codigo);
+  /// Sets a public member by its name. Error 438 when the ficha has none of this name.
+  virtual void Definir(std::string_view membro, const platform::Variant& valor);
+  /// Calls a public routine by its name. Error 438 when the ficha has none of this name.
+  virtual void Chamar(std::string_view rotina, const platform::Variant& argumento);
+};
+
+/// The buttons that every ficha has, with their texts: four arrows, and the row that confirms, cancels,
+/// removes and leaves. A ficha gives them their handlers.
+struct BotoesDaFicha {
+  explicit BotoesDaFicha(platform::Form& form);
+  /// Puts the buttons in their places.
+  void Dispor(platform::Layout& layout);
+
+  platform::PushButton btConf;
+  platform::PushButton btCancelar;
+  platform::PushButton btAnular;
+  platform::PushButton btSair;
+  platform::ControlArray<platform::PushButton> btNavega;
+};
+
+}  // namespace zorCrmParvel

@@ -1,0 +1,125 @@
+#include "host/sistema.h"
+
+#include <array>
+
+#include "masterdata/code_table_form.h"
+#include "masterdata/code_table_list.h"
+#include "masterdata/tipos_gastos_form.h"
+#include "platform/host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using ListMaker = std::unique_ptr<ICrmVwList> (*)(const DataAccessRef& bd);
+
+template <typename T>
+std::unique_ptr<ICrmVwList> NovaLista(const DataAccessRef& bd) {
+  auto lista = std::make_unique<T>();
+  lista->mybd = bd;
+  return lista;
+}
+
+struct ListKey {
+  const char* key;
+  ListMaker make;
+};
+
+/// The lists by their keys, in the order in which keys are tried.
+constexpr std::array kLists = {
+    ListKey{"Categorias", &NovaLista<VwLstCategorias>},
+    ListKey{"Marcas", &NovaLista<VwLstMarcas>},
+    ListKey{"Modelos", &NovaLista<VwLstModelos>},
+    ListKey{"Departamentos", &NovaLista<VwLstDepartamentos>},
+    ListKey{"Companhias", &NovaLista<VwLstCompanhias>},
+    ListKey{"TiposAcessorios", &NovaLista<VwLstTiposAcessorios>},
+    ListKey{"TiposGastos", &NovaLista<VwLstTiposGastos>},
+    ListKey{"TiposManut", &NovaLista<VwLstTiposManut>},
+    ListKey{"TiposSeguro", &NovaLista<VwLstTiposSeguro>},
+    ListKey{"Viagens", &NovaLista<VwLstViagens>},
+};
+
+const ListKey* FindList(const std::string& name) {
+  for (const ListKey& list : kLists)
+    if (name == list.key) return &list;
+  return nullptr;
+}
+
+template <typename T>
+void Register(const char* name) {
+  FormCatalog::Shared().Register(name, [] { return std::make_unique<T>(); });
+}
+
+}  // namespace
+
+Sistema::Sistema() {
+  Register<Categorias>("Categorias");
+  Register<Departamentos>("Departamentos");
+  Register<Modelos>("Modelos");
+  Register<TiposManut>("TiposManut");
+  Register<TiposAcessorios>("TiposAcessorios");
+  Register<TiposGastos>("TiposGastos");
+  Register<Companhias>("Companhias");
+  Register<TiposSeguro>("TiposSeguro");
+  Register<Viagens>("Viagens");
+  Register<Marcas>("Marcas");
+}
+
+std::vector<std::string> Sistema::ChavesDasListas() {
+  std::vector<std::string> keys;
+  for (const ListKey& list : kLists) keys.emplace_back(list.key);
+  return keys;
+}
+
+bool Sistema::TemLista(const std::string& NomeLista) { return FindList(NomeLista) != nullptr; }
+
+std::unique_ptr<ICrmVwList> Sistema::MostraListas(const std::string& NomeLista) {
+  const ListKey* list = FindList(NomeLista);
+  return list == nullptr ? nullptr : list->make(ICrmSistema_ZorDataAccess);
+}
+
+void Sistema::MostraFicha(const std::string& nome) {
+  const auto ficha = FormCatalog::Shared().Make(nome);
+  if (!ficha) return;
+  ficha->mybd = ICrmSistema_ZorDataAccess;
+  ficha->ShowModal(ICrmSistema_AppOwnerWnd);
+}
+
+void Sistema::Calendario(zorCrmParvel::Calendario& calendario) {
+  myCalendario_ = &calendario;
+  const auto say = [](const char* text) {
+    return [text](std::int32_t id) { platform::MsgBox(text + std::to_string(id)); };
+  };
+  myCalendario_->AfterAlterar = say("after aletrar");
+  myCalendario_->AfterInserir = say("after inserir");
+  myCalendario_->AfterRemover = say("After remover");
+}
+
+// No family of alerts has landed: none has rows, so that each check leaves the answer as it came.
+void Sistema::VerificaAlertasMotoristas(bool& /*Alerta*/) {}
+void Sistema::VerificaAlertasInspecoes(bool& /*Alerta*/) {}
+void Sistema::VerificaAlertasRevisoes(bool& /*Alerta*/) {}
+void Sistema::VerificaAlertasAcessorios(bool& /*Alerta*/) {}
+void Sistema::VerificaAlertasApolices(bool& /*Alerta*/) {}
+
+void Sistema::ICrmSistema_AlertasAdd(RecordsetRef& alertas) {
+  using Check = void (Sistema::*)(bool&);
+  constexpr std::array<std::pair<Check, const char*>, 5> kFamilies = {{
+      {&Sistema::VerificaAlertasApolices, "Apólices"},
+      {&Sistema::VerificaAlertasRevisoes, "Revisões"},
+      {&Sistema::VerificaAlertasInspecoes, "Inspecções"},
+      {&Sistema::VerificaAlertasAcessorios, "Acessórios"},
+      {&Sistema::VerificaAlertasMotoristas, "Motoristas"},
+  }};
+  bool alerta = false;  // carries over from one family to the next
+  for (const auto& [check, family] : kFamilies) {
+    (this->*check)(alerta);
+    if (!alerta) continue;
+    alertas->AddNew();
+    alertas->Fields("APLICACAO").SetValue("Parvel");
+    alertas->Fields("Entidade").SetValue(family);
+    alertas->Fields("Texto").SetValue("Verificar alertas");
+    alertas->Update();
+  }
+}
+
+}  // namespace zorCrmParvel

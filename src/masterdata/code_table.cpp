@@ -1,0 +1,141 @@
+#include "masterdata/code_table.h"
+
+#include "platform/dialogs.h"
+
+namespace zorCrmParvel {
+
+using platform::RuntimeError;
+
+Statement CodeTable::Seleccao() const {
+  return {"SELECT Codigo, Nome", " From ", fixed(tabela()), " WHERE     (Codigo = N'", value(Codigo), "')"};
+}
+
+bool CodeTable::Ler() {
+  RecordsetRef rs;
+  bd->AbrirLeitura("", Seleccao(), rs);
+  const bool found = !rs->Eof();
+  Descrição = found ? Row(*rs).text("Nome") : "";
+  rs->Close();
+  return found;
+}
+
+bool CodeTable::Navegar(const Statement& statement) {
+  RecordsetRef rs;
+  bd->AbrirLeitura("", statement, rs);
+  const bool found = !rs->Eof();
+  if (found) {
+    Codigo = Row(*rs).text("Codigo");
+    Descrição = Row(*rs).text("Nome");
+  } else {
+    Descrição.clear();
+  }
+  rs->Close();
+  return found;
+}
+
+bool CodeTable::LerPrimeiro() {
+  return Navegar({"SELECT Top 1 Codigo, Nome", " From ", fixed(tabela()), " WHERE     (Codigo > '')",
+                  " order by Codigo "});
+}
+
+bool CodeTable::LerAnterior() {
+  return Navegar({"SELECT Top 1 Codigo, Nome", " From ", fixed(tabela()), " WHERE     (Codigo < '",
+                  value(Codigo), "')", " order by Codigo desc"});
+}
+
+bool CodeTable::LerProximo() {
+  return Navegar({"SELECT Top 1 Codigo, Nome", " From ", fixed(tabela()), " WHERE     (Codigo > '",
+                  value(Codigo), "')", " order by Codigo"});
+}
+
+bool CodeTable::LerUltimo() {
+  return Navegar({"SELECT Top 1 Codigo, Nome", " From ", fixed(tabela()),
+                  " WHERE     (Codigo < 'zzzzzzzzzzzz')", " order by Codigo desc"});
+}
+
+bool CodeTable::Escrever() {
+  RecordsetRef rs;
+  bd->AbrirEdicao(Seleccao(), rs);
+  Row row(*rs);
+  if (rs->Eof()) {
+    rs->AddNew();
+    row.cut("Codigo", Codigo);
+  }
+  EscreverCampos(row);
+  rs->Update();
+  rs->Close();
+  return true;
+}
+
+void CodeTable::EscreverCampos(Row& row) const { row.cut("Nome", Descrição); }
+
+bool CodeTable::Anular() {
+  try {
+    bd->ExecutarSql("", {"Delete  From ", fixed(tabela()), " ", " WHERE (Codigo ='", value(Codigo), "' )"});
+    return true;
+  } catch (const RuntimeError&) {
+    return false;  // the record stays, and the caller says nothing
+  }
+}
+
+platform::Ref<platform::Connection> CodeTable::Ligacao() const {
+  platform::Ref<platform::Connection> ligacao;
+  bd->ObterLigacao(ligacao);
+  return ligacao;
+}
+
+std::string CodeTable::MostraLista() {
+  platform::ListaPesquisa lista;
+  lista.Ligacao = Ligacao();
+  lista.Titulo = tabela_.tituloLista;
+  lista.Sql = std::string("SELECT Codigo as Código, Nome From ") + tabela() + " ORDER BY Codigo";
+  lista.Carrega();
+  lista.Largura = 4500;
+  lista.Coluna(1).Width = 1000;
+  lista.Coluna(2).Width = tabela_.larguraNome;
+  return tabela_.escolheCodigo ? lista.EscolheCodigo() : lista.Escolhe();
+}
+
+bool CodeTable::MostraMapa() {
+  platform::MapaListagem mapa;
+  mapa.Ligacao = Ligacao();
+  mapa.Opcao = 0;
+  mapa.Titulo = tabela_.tituloMapa;
+  mapa.Sql = std::string("SELECT Codigo AS Código, Nome AS Nome FROM ") + tabela() + " order by Codigo";
+  mapa.Carrega();
+  mapa.Coluna(1).Width = 2000;
+  mapa.Coluna(2).Width = 5000;
+  mapa.Mostra();
+  return false;
+}
+
+namespace {
+
+constexpr TabelaDeCodigos kCategorias{"zor_PV_Categorias", "Categorias", "Listagem de Categorias", true};
+constexpr TabelaDeCodigos kCompanhias{"zor_PV_Companhias", "Companhias", "Listagem de Companhias", true};
+// The departments are printed under the title of the insurance types; offices know the report by it.
+constexpr TabelaDeCodigos kDepartamentos{"zor_PV_Departamentos", "Departamentos",
+                                         "Listagem de Tipos de Seguro", true};
+constexpr TabelaDeCodigos kMarcas{"zor_PV_Marcas", "Marcas", "Listagem de Marcas", true};
+constexpr TabelaDeCodigos kModelos{"zor_PV_Modelos", "Modelos", "Listagem de Modelos", true};
+constexpr TabelaDeCodigos kTiposAcessorios{"zor_PV_TiposAcessorios", "Tipos de Acessórios",
+                                           "Listagem de Tipos de Acessórios"};
+constexpr TabelaDeCodigos kTiposManut{"zor_PV_TiposManut", "Tipos de Revisões",
+                                      "Listagem de Tipos de Manutenção"};
+constexpr TabelaDeCodigos kTiposSeguro{"zor_PV_TiposSeguro", "Tipos de Seguro",
+                                       "Listagem de Tipos de Seguro"};
+constexpr TabelaDeCodigos kViagens{"zor_PV_Viagens", "Viagens", "Listagem de Viagens", false, 3500};
+
+}  // namespace
+
+clCategorias::clCategorias() : CodeTableWithList(kCategorias) {}
+clCompanhias::clCompanhias() : CodeTableWithList(kCompanhias) {}
+clDepartamentos::clDepartamentos() : CodeTableWithList(kDepartamentos) {}
+clMarcas::clMarcas() : CodeTableWithList(kMarcas) {}
+clModelos::clModelos() : CodeTableWithList(kModelos) {}
+clTiposAcessorios::clTiposAcessorios() : CodeTableWithList(kTiposAcessorios) {}
+clTiposManut::clTiposManut() : CodeTableWithList(kTiposManut) {}
+clTiposSeguros::clTiposSeguros() : CodeTableWithList(kTiposSeguro) {}
+clViagens::clViagens() : CodeTable(kViagens) {}
+
+}  // namespace zorCrmParvel

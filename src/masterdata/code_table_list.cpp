@@ -1,0 +1,107 @@
+#include "masterdata/code_table_list.h"
+
+#include "masterdata/code_table_form.h"
+#include "masterdata/tipos_gastos_form.h"
+
+namespace zorCrmParvel {
+namespace {
+
+constexpr const char* kChave = "Codigo";
+
+template <typename T>
+std::unique_ptr<CodeTable> Entidade() {
+  return std::make_unique<T>();
+}
+
+template <typename T>
+std::unique_ptr<Ficha> NovaFicha() {
+  return std::make_unique<T>();
+}
+
+template <typename Entity, typename Form>
+constexpr ListaDeCodigos Lista(const char* tabela, const char* titulo) {
+  return {tabela, titulo, &Entidade<Entity>, &NovaFicha<Form>};
+}
+
+constexpr auto kCategorias = Lista<clCategorias, Categorias>("zor_PV_Categorias", "Categorias");
+constexpr auto kCompanhias = Lista<clCompanhias, Companhias>("zor_PV_Companhias", "Companhias");
+constexpr auto kDepartamentos =
+    Lista<clDepartamentos, Departamentos>("zor_PV_Departamentos", "Departamentos");
+constexpr auto kMarcas = Lista<clMarcas, Marcas>("zor_PV_Marcas", "Marcas");
+constexpr auto kModelos = Lista<clModelos, Modelos>("zor_PV_Modelos", "Modelos");
+constexpr auto kTiposAcessorios =
+    Lista<clTiposAcessorios, TiposAcessorios>("zor_PV_TiposAcessorios", "Tipos de Acessórios");
+constexpr auto kTiposGastos = Lista<clTiposGastos, TiposGastos>("zor_PV_TiposGastos", "Tipos de Gastos");
+constexpr auto kTiposManut = Lista<clTiposManut, TiposManut>("zor_PV_TiposManut", "Tipos de Revisão");
+constexpr auto kTiposSeguro = Lista<clTiposSeguros, TiposSeguro>("zor_PV_TiposSeguro", "Tipos de Apólice");
+constexpr auto kViagens = Lista<clViagens, Viagens>("zor_PV_Viagens", "Viagens");
+
+}  // namespace
+
+RecordsetRef CodeTableList::AbrirLinhas() {
+  const Piece tabela = fixed(lista_.tabela);
+  RecordsetRef linhas;
+  mybd->AbrirLeitura("",
+                     {" SELECT ", tabela, ".Codigo AS Codigo, ", tabela, ".Nome AS Nome", " from ", tabela,
+                      " ", " Order by ", tabela, ".Codigo"},
+                     linhas);
+  return linhas;
+}
+
+const std::vector<ColunaDeLista>& CodeTableList::Colunas() const {
+  static const std::vector<ColunaDeLista> colunas = {{"Codigo", 2500, "Código"},
+                                                     {"Nome", 4500, "Designação"}};
+  return colunas;
+}
+
+void CodeTableList::ICrmVwList_Editar(GridRow* row) {
+  Executar("Editar", [&] {
+    const auto codigo = Chave(row, kChave);
+    if (!codigo) return;
+    const auto ficha = lista_.ficha();
+    ficha->Load();
+    ficha->mybd = mybd;
+    ficha->CarregaFicha(*codigo);
+    ficha->ShowModal();
+    ICrmVwList_Iniciar();
+  });
+}
+
+void CodeTableList::ICrmVwList_Novo() {
+  Executar("Novo", [&] {
+    const auto ficha = lista_.ficha();
+    ficha->Load();
+    ficha->mybd = mybd;
+    ficha->ShowModal();
+    ICrmVwList_Iniciar();
+  });
+}
+
+void CodeTableList::ICrmVwList_Remover(GridRow* row) {
+  Executar("Remover", [&] {
+    const auto codigo = Chave(row, kChave);
+    if (!codigo) return;
+    AnularRegisto(*codigo);
+    ICrmVwList_Iniciar();
+  });
+}
+
+void CodeTableList::AnularRegisto(const std::string& codigo) {
+  const auto entidade = lista_.entidade();
+  entidade->bd = mybd;
+  entidade->Codigo = codigo;
+  entidade->Anular();
+}
+
+VwLstCategorias::VwLstCategorias() : CodeTableList(kCategorias) {}
+VwLstCompanhias::VwLstCompanhias() : CodeTableList(kCompanhias) {}
+VwLstDepartamentos::VwLstDepartamentos() : CodeTableList(kDepartamentos) {}
+VwLstMarcas::VwLstMarcas() : CodeTableList(kMarcas) {}
+VwLstModelos::VwLstModelos() : CodeTableList(kModelos) {}
+VwLstTiposAcessorios::VwLstTiposAcessorios() : CodeTableList(kTiposAcessorios) {}
+VwLstTiposGastos::VwLstTiposGastos() : CodeTableList(kTiposGastos) {}
+VwLstTiposManut::VwLstTiposManut() : CodeTableList(kTiposManut) {}
+VwLstTiposSeguro::VwLstTiposSeguro() : CodeTableList(kTiposSeguro) {}
+VwLstViagens::VwLstViagens() : CodeTableList(kViagens) {}
+
+}  // namespace zorCrmParvel

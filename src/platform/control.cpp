@@ -1,0 +1,21 @@
+#include "platform/control.h"
+
+#include "platform/form.h"
+
+namespace platform {
+
+Control::Control(Form& form, std::string name, int index)
+    : form_(form), name_(std::move(name)), index_(index) {
+  form.controls_.push_back(this);
+}
+
+bool Control::CanFocus() const {
+  return TakesFocus() && Enabled && Visible && (Container == nullptr || Container->Visible);
+}
+
+void Control::SetFocus() {
+  Control* target = CanFocus() ? this : form_.Neighbour(this, false);
+  if (target != nullptr) form_.Focus(target);
+}
+
+}  // namespace platform

@@ -1,0 +1,151 @@
+#include "platform/date.h"
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+#include "platform/regional.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace platform {
+namespace {
+
+using std::chrono::year_month_day;
+
+constexpr std::int64_t kSecondsPerDay = 86400;
+constexpr std::chrono::sys_days kZero{std::chrono::year{1899} / 12 / 30};
+
+std::int64_t FloorDiv(std::int64_t a, std::int64_t b) { return a / b - (a % b < 0 ? 1 : 0); }
+
+year_month_day CivilDay(std::int64_t days) { return year_month_day{kZero + std::chrono::days{days}}; }
+
+bool MakeDate(int year, int month, int day, int secondOfDay, Date& out) {
+  if (year < 100 || year > 9999 || month < 1 || day < 1) return false;
+  const year_month_day civil{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
+                             std::chrono::day{static_cast<unsigned>(day)}};
+  if (!civil.ok()) return false;
+  const auto days = (std::chrono::sys_days{civil} - kZero).count();
+  out = Date::FromSeconds(days * kSecondsPerDay + secondOfDay);
+  return true;
+}
+
+/// The numbers of a text such as "1-2-2024", with the marks between them; false when it holds anything else.
+struct Numbers {
+  std::vector<int> values;
+  std::vector<std::size_t> digits;
+  std::string marks;
+
+  bool Read(std::string_view text) {
+    for (std::size_t i = 0; i < text.size();) {
+      int number = 0;
+      std::size_t count = 0;
+      for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, ++count) {
+        if (count == 4) return false;
+        number = number * 10 + (text[i] - '0');
+      }
+      if (count == 0) return false;
+      values.push_back(number);
+      digits.push_back(count);
+      if (i == text.size()) return true;
+      marks.push_back(text[i++]);
+    }
+    return false;
+  }
+};
+
+bool ReadTime(std::string_view text, int& secondOfDay) {
+  Numbers n;
+  if (!n.Read(text) || n.values.size() < 2 || n.values.size() > 3) return false;
+  if (n.marks.find_first_not_of(':') != std::string::npos) return false;
+  const int second = n.values.size() == 3 ? n.values[2] : 0;
+  if (n.values[0] > 23 || n.values[1] > 59 || second > 59) return false;
+  secondOfDay = (n.values[0] * 60 + n.values[1]) * 60 + second;
+  return true;
+}
+
+bool ReadDay(std::string_view text, int secondOfDay, Date& out) {
+  Numbers n;
+  if (!n.Read(text) || n.values.size() != 3 || n.marks[0] != n.marks[1]) return false;
+  if (std::string_view("-/.").find(n.marks[0]) == std::string_view::npos) return false;
+  if (n.digits[0] == 4) return MakeDate(n.values[0], n.values[1], n.values[2], secondOfDay, out);
+  int year = n.values[2];
+  if (n.digits[2] <= 2) year += year < 30 ? 2000 : 1900;
+  return MakeDate(year, n.values[1], n.values[0], secondOfDay, out);
+}
+
+}  // namespace
+
+Date Date::FromParts(int year, int month, int day, int hour, int minute, int second) {
+  Date date;
+  const bool clock = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
+  if (!clock || !MakeDate(year, month, day, (hour * 60 + minute) * 60 + second, date))
+    throw RuntimeError(kTypeMismatch);
+  return date;
+}
+
+bool Date::TryParse(std::string_view text, Date& out) {
+  const std::string trimmed = Trim(text);
+  const auto blank = trimmed.find(' ');
+  int secondOfDay = 0;
+  if (blank == std::string::npos) {
+    if (!ReadTime(trimmed, secondOfDay)) return ReadDay(trimmed, 0, out);
+    out = FromSeconds(secondOfDay);
+    return true;
+  }
+  const auto time = trimmed.find_first_not_of(' ', blank);
+  return ReadTime(std::string_view(trimmed).substr(time), secondOfDay) &&
+         ReadDay(std::string_view(trimmed).substr(0, blank), secondOfDay, out);
+}
+
+Date Date::Parse(std::string_view text) {
+  Date date;
+  if (!TryParse(text, date)) throw RuntimeError(kTypeMismatch);
+  return date;
+}
+
+std::int64_t Date::days() const { return FloorDiv(seconds_, kSecondsPerDay); }
+int Date::year() const { return static_cast<int>(CivilDay(days()).year()); }
+int Date::month() const { return static_cast<int>(static_cast<unsigned>(CivilDay(days()).month())); }
+int Date::day() const { return static_cast<int>(static_cast<unsigned>(CivilDay(days()).day())); }
+int Date::hour() const { return static_cast<int>((seconds_ - days() * kSecondsPerDay) / 3600); }
+int Date::minute() const { return static_cast<int>((seconds_ - days() * kSecondsPerDay) / 60 % 60); }
+int Date::second() const { return static_cast<int>((seconds_ - days() * kSecondsPerDay) % 60); }
+Date Date::DayOnly() const { return FromSeconds(days() * kSecondsPerDay); }
+Date Date::AddDays(std::int64_t count) const { return FromSeconds(seconds_ + count * kSecondsPerDay); }
+
+Date Date::AddMonths(int months) const {
+  const year_month_day civil = CivilDay(days());
+  const auto target = civil.year() / civil.month() + std::chrono::months{months};
+  const year_month_day last{target / std::chrono::last};
+  const auto day = std::min(civil.day(), last.day());
+  return FromParts(static_cast<int>(target.year()), static_cast<int>(static_cast<unsigned>(target.month())),
+                   static_cast<int>(static_cast<unsigned>(day)), hour(), minute(), second());
+}
+
+std::string Date::ToText() const {
+  std::array<char, 40> text{};
+  const bool midnight = seconds_ % kSecondsPerDay == 0;
+  std::size_t length = 0;
+  if (days() != 0) {
+    const char mark = Regional::Current().dateSeparator;
+    length = static_cast<std::size_t>(
+        std::snprintf(text.data(), text.size(), "%02d%c%02d%c%04d", day(), mark, month(), mark, year()));
+  }
+  if (days() == 0 || !midnight) {
+    const char* blank = length == 0 ? "" : " ";
+    length += static_cast<std::size_t>(std::snprintf(text.data() + length, text.size() - length,
+                                                     "%s%02d:%02d:%02d", blank, hour(), minute(), second()));
+  }
+  return {text.data(), length};
+}
+
+std::int64_t DaysBetween(Date a, Date b) { return b.days() - a.days(); }
+
+bool EqualsText(Date date, std::string_view text) {
+  if (text == "00:00:00" || text == "30-12-1899") return date.IsZero();
+  return date.ToText() == text;
+}
+
+}  // namespace platform

@@ -1,0 +1,203 @@
+#include "platform/form.h"
+
+#include <algorithm>
+
+#include "platform/host.h"
+
+namespace platform {
+
+/// Brackets everything that a user's act sets off. When the outermost one ends well, the sent keys are
+/// delivered; when an error leaves it, they are dropped.
+class Form::Handling {
+ public:
+  explicit Handling(Form& form) : form_(form) { ++form_.handling_; }
+  Handling(const Handling&) = delete;
+  Handling& operator=(const Handling&) = delete;
+  ~Handling() {
+    if (--form_.handling_ == 0) form_.keys_.clear();
+  }
+
+ private:
+  Form& form_;
+};
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  Form_Load();
+  if (active_ == nullptr) active_ = Neighbour(nullptr, false);
+}
+
+void Form::ShowModal(Form* owner) {
+  Load();
+  closed_ = false;
+  Host::Current().ShowModal(*this, owner);
+}
+
+void Form::Unload() {
+  closed_ = true;
+  keys_.clear();
+}
+
+void Form::SendKeys(const std::string& keys) {
+  if (keys != "{TAB}" && keys != "+{TAB}") throw RuntimeError(kInvalidCall, keys);
+  keys_.push_back(keys);
+}
+
+void Form::DeliverKeys() {
+  while (handling_ == 1 && !keys_.empty() && !closed_) {
+    const bool backwards = keys_.front()[0] == '+';
+    keys_.pop_front();
+    MoveFocus(backwards);
+  }
+}
+
+Control* Form::Neighbour(const Control* from, bool backwards) const {
+  const std::size_t count = controls_.size();
+  const auto found = std::find(controls_.begin(), controls_.end(), from);
+  std::size_t at = found != controls_.end() ? static_cast<std::size_t>(found - controls_.begin()) : count - 1;
+  if (found == controls_.end() && backwards) at = 0;
+  for (std::size_t step = 0; step < count; ++step) {
+    at = (at + (backwards ? count - 1 : 1)) % count;
+    if (controls_[at]->TabStop && controls_[at]->CanFocus()) return controls_[at];
+  }
+  return nullptr;
+}
+
+void Form::TabBefore(Control& control, Control& next) {
+  controls_.erase(std::find(controls_.begin(), controls_.end(), &control));
+  controls_.insert(std::find(controls_.begin(), controls_.end(), &next), &control);
+}
+
+void Form::Focus(Control* control) {
+  if (control == active_) return;
+  active_ = control;
+  if (control->GotFocus) control->GotFocus();
+}
+
+bool Form::Leave(Control* to) {
+  if (active_ == nullptr || active_ == to || !to->CausesValidation || !active_->Validate) return true;
+  bool cancel = false;
+  active_->Validate(cancel);
+  return !cancel;
+}
+
+void Form::MoveFocus(bool backwards) {
+  Control* next = Neighbour(active_, backwards);
+  if (next != nullptr && Leave(next) && !closed_) Focus(next);
+}
+
+bool Form::UserGoesTo(Control& control) {
+  Handling handling(*this);
+  if (!control.CanFocus()) return false;
+  if (&control == active_) return true;
+  if (!Leave(&control) || closed_) return false;
+  Focus(&control);
+  DeliverKeys();
+  return active_ == &control;
+}
+
+void Form::UserPresses(PushButton& button) {
+  Handling handling(*this);
+  if (!button.CanFocus() || !Leave(&button) || closed_) return;
+  Focus(&button);
+  if (button.Click) button.Click();
+  DeliverKeys();
+}
+
+void Form::UserKey(int key, bool shift) {
+  Handling handling(*this);
+  Control* control = active_;
+  if (control == nullptr) return;
+  if (key == kKeyTab) {
+    MoveFocus(shift);
+    return DeliverKeys();
+  }
+  auto* field = dynamic_cast<zor_input*>(control);
+  auto* button = dynamic_cast<PushButton*>(control);
+  int code = key;
+  if (control->KeyPress) control->KeyPress(code);
+  if (field && code == kKeyF3 && field->PedidoLista) field->PedidoLista();
+  if (field && code == kKeyF4 && field->PedidoFicha) field->PedidoFicha();
+  if (field && code == kKeyF7 && field->PedidoMapa) field->PedidoMapa();
+  if (field && code == kKeyEnter) SendKeys("{TAB}");
+  if (button && code == kKeyEnter && button->Click) button->Click();
+  if (button && code == kKeyEscape) SendKeys("+{TAB}");
+  DeliverKeys();
+}
+
+bool Form::UserTypes(zor_input& field, const std::string& text) {
+  Handling handling(*this);
+  if (!field.Enabled || text == field.Text) return true;
+  if (!field.Fits(text)) return false;
+  int code = kKeyCharacter;
+  if (field.KeyPress) field.KeyPress(code);
+  if (code != kKeyNone) {
+    field.Text = text;
+    if (field.Change) field.Change();
+  }
+  DeliverKeys();
+  return true;
+}
+
+void Form::UserToggles(CheckBox& box) {
+  if (!UserGoesTo(box)) return;
+  Handling handling(*this);
+  box.Value = box.Value == 1 ? 0 : 1;
+  if (box.Click) box.Click();
+  DeliverKeys();
+}
+
+void Form::UserChooses(ComboBox& box, int index) {
+  if (!UserGoesTo(box)) return;
+  Handling handling(*this);
+  if (index < 0 || index >= box.ListCount() || index == box.ListIndex) return;
+  box.ListIndex = index;
+  if (box.Change) box.Change();
+  if (box.Click) box.Click();
+  DeliverKeys();
+}
+
+void Form::UserPicksDate(DTPicker& picker, const Variant& value) {
+  if (!UserGoesTo(picker)) return;
+  Handling handling(*this);
+  if (value.IsNull() && !picker.Optional) return;
+  if (value == picker.Value) return;
+  picker.Value = value;
+  if (picker.Change) picker.Change();
+  DeliverKeys();
+}
+
+void Form::UserClicksDate(MonthView& view, Date date) {
+  if (!UserGoesTo(view)) return;
+  Handling handling(*this);
+  view.Value = date;
+  if (view.DateClick) view.DateClick(date);
+  DeliverKeys();
+}
+
+void Form::UserSelectsTab(TabControl& tabs, int index) {
+  if (index < 0 || index >= static_cast<int>(tabs.Captions.size()) || index == tabs.Tab) return;
+  if (!UserGoesTo(tabs)) return;
+  Handling handling(*this);
+  const int previous = tabs.Tab;
+  tabs.Tab = index;
+  if (tabs.Click) tabs.Click(previous);
+  DeliverKeys();
+}
+
+void Form::UserSelectsRow(SGGrid& grid, long row) {
+  if (!UserGoesTo(grid)) return;
+  Handling handling(*this);
+  grid.SetRow(row);
+  DeliverKeys();
+}
+
+void Form::UserDoubleClicks(SGGrid& grid, long row) {
+  UserSelectsRow(grid, row);
+  Handling handling(*this);
+  if (grid.Row() == row && grid.DoubleClick) grid.DoubleClick(row);
+  DeliverKeys();
+}
+
+}  // namespace platform

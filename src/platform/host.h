@@ -1,0 +1,81 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/date.h"
+#include "platform/dialogs.h"
+#include "platform/form.h"
+
+namespace platform {
+
+/// Styles of message boxes: a sum of buttons, icon and default button.
+enum MsgBoxStyle : int {
+  kOkOnly = 0,
+  kOkCancel = 1,
+  kYesNoCancel = 3,
+  kYesNo = 4,
+  kQuestion = 32,
+  kExclamation = 48,
+  kInformation = 64,
+  kDefaultButton2 = 256,
+  kDefaultButton3 = 512,
+};
+
+/// Answers of message boxes.
+enum MsgBoxAnswer : int { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
+
+struct FileDialog {
+  std::string Filter;  // "description|pattern|description|pattern…"
+  int FilterIndex = 1;
+  std::string Title;
+};
+
+/// All that the module asks of the outside. One is current in a process; without one, `Current` raises
+/// error 91.
+class Host {
+ public:
+  virtual ~Host() = default;
+  static Host& Current();
+
+  /// Closing the box counts as the answer that declines.
+  virtual int MsgBox(const std::string& text, int style, const std::string& title) = 0;
+  /// Empty when the user gave up.
+  virtual std::string InputBox(const std::string& prompt, const std::string& title,
+                               const std::string& initial) = 0;
+  /// The file chosen to be read, or nothing.
+  virtual std::optional<std::string> OpenFile(const FileDialog& dialog) = 0;
+  /// Shows a loaded form and returns when it has closed.
+  virtual void ShowModal(Form& form, Form* owner) = 0;
+  virtual std::string ShowLookup(ListaPesquisa& list) = 0;
+  virtual void ShowReport(MapaListagem& report) = 0;
+  /// Opens a document with the viewer that the system has for it.
+  virtual void OpenDocument(const std::string& path) = 0;
+  /// A folder of the user's own for temporary copies, with a separator at its end.
+  virtual std::string TemporaryFolder() = 0;
+  virtual Date Now() = 0;
+
+ private:
+  friend class HostInstallation;
+};
+
+/// Makes a host the current one for as long as it lives.
+class HostInstallation {
+ public:
+  explicit HostInstallation(Host& host);
+  ~HostInstallation();
+  HostInstallation(const HostInstallation&) = delete;
+  HostInstallation& operator=(const HostInstallation&) = delete;
+
+ private:
+  Host* previous_;
+};
+
+/// The workstation's clock.
+inline Date Now() { return Host::Current().Now(); }
+inline Date Today() { return Now().DayOnly(); }
+inline int MsgBox(const std::string& text, int style = kOkOnly, const std::string& title = {}) {
+  return Host::Current().MsgBox(text, style, title);
+}
+
+}  // namespace platform

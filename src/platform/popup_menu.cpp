@@ -1,0 +1,16 @@
+#include "platform/popup_menu.h"
+
+namespace platform {
+
+MenuItem& PopUpMenu::Add(long id, std::string caption) {
+  items_.push_back({.id = id, .caption = std::move(caption), .toolTip = {}});
+  return items_.back();
+}
+
+MenuItem* PopUpMenu::Find(long id) {
+  for (MenuItem& item : items_)
+    if (item.id == id) return &item;
+  return nullptr;
+}
+
+}  // namespace platform

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+struct MenuItem {
+  long id = 0;
+  std::string caption;
+  std::string toolTip;
+  bool visible = true;
+  bool enabled = true;
+};
+
+/// A context menu: the host fills in its standard commands, the list changes what it wants, the host shows it
+/// and tells which command was chosen.
+class PopUpMenu {
+ public:
+  MenuItem& Add(long id, std::string caption);
+  /// Null when the menu has no such command.
+  MenuItem* Find(long id);
+  const std::vector<MenuItem>& Items() const { return items_; }
+
+  long Command = 0;  // the command chosen
+
+ private:
+  std::vector<MenuItem> items_;
+};
+
+}  // namespace platform

@@ -1,0 +1,173 @@
+#include "platform/recordset.h"
+
+#include "platform/text.h"
+
+namespace platform {
+
+void Recordset::Opened(std::vector<FieldInfo> fields) {
+  fields_ = std::move(fields);
+  store_ = std::make_unique<RowStore>(fields_.size());
+  open_ = true;
+  row_ = 0;
+}
+
+void Recordset::RequireOpen() const {
+  if (!open_) throw RuntimeError(kObjectClosed);
+}
+
+void Recordset::RequireRow() {
+  RequireOpen();
+  if (!adding_ && !Reach(row_)) throw RuntimeError(kNoCurrentRecord);
+}
+
+bool Recordset::Eof() {
+  RequireOpen();
+  return !adding_ && !Reach(row_);
+}
+
+void Recordset::MoveNext() {
+  RequireRow();
+  MoveTo(row_ + 1);
+}
+
+void Recordset::MoveFirst() {
+  RequireOpen();
+  MoveTo(0);
+}
+
+void Recordset::MoveLast() {
+  RequireOpen();
+  const std::size_t count = Count();
+  if (count > 0) MoveTo(count - 1);
+}
+
+void Recordset::MoveTo(std::size_t row) {
+  if (pending_) ForgetAssignments();
+  row_ = row;
+}
+
+void Recordset::ForgetAssignments() {
+  assigned_.assign(fields_.size(), std::nullopt);
+  adding_ = false;
+  pending_ = false;
+}
+
+long Recordset::RecordCount() {
+  RequireOpen();
+  return static_cast<long>(Count());
+}
+
+void Recordset::AddNew() {
+  RequireOpen();
+  ForgetAssignments();
+  adding_ = true;
+  pending_ = true;
+}
+
+void Recordset::Update() {
+  RequireRow();
+  if (adding_) {
+    Insert(assigned_);
+    row_ = Count() - 1;
+  } else if (pending_) {
+    Change(row_, assigned_);
+  }
+  ForgetAssignments();
+}
+
+void Recordset::Close() {
+  RequireOpen();
+  open_ = false;
+  adding_ = false;
+  Released();
+}
+
+std::optional<std::size_t> Recordset::FindField(std::string_view name) const {
+  for (std::size_t i = 0; i < fields_.size(); ++i)
+    if (EqualsIgnoringCase(fields_[i].name, name)) return i;
+  return std::nullopt;
+}
+
+Recordset::Field Recordset::Fields(std::string_view name) {
+  RequireOpen();
+  const auto index = FindField(name);
+  if (!index) throw RuntimeError(kNoSuchField, std::string(name));
+  return Field(this, *index);
+}
+
+const Cell& Recordset::CellAt(std::size_t row, std::size_t column) {
+  if (store_ == nullptr || row >= store_->rows()) {
+    RequireOpen();
+    if (!Reach(row)) throw RuntimeError(kNoCurrentRecord);
+  }
+  return store_->At(row, column);
+}
+
+bool Recordset::FetchMore(std::size_t rows) {
+  RequireOpen();
+  return rows == 0 || Reach(store_->rows() + rows - 1);
+}
+
+Variant Recordset::ValueOf(std::size_t column) {
+  RequireRow();
+  if (pending_ && assigned_[column]) return *assigned_[column];
+  if (adding_) return Variant::Null{};
+  return store_->At(row_, column).ToVariant();
+}
+
+void Recordset::Assign(std::size_t column, const Variant& value) {
+  RequireRow();
+  const FieldInfo& field = fields_[column];
+  Variant converted = ConvertTo(field.type, value);
+  const auto* text = converted.As<std::string>();
+  const bool tooLong = text && field.definedSize < kUnlimitedSize &&
+                       Length(*text) > static_cast<std::size_t>(field.definedSize);
+  if (tooLong || (converted.IsNull() && !field.nullable)) throw RuntimeError(kMultipleStep, field.name);
+  if (!pending_) ForgetAssignments();
+  assigned_[column] = std::move(converted);
+  pending_ = true;
+}
+
+void Recordset::Insert(const Assignments&) { throw RuntimeError(kNotUpdatable); }
+void Recordset::Change(std::size_t, const Assignments&) { throw RuntimeError(kNotUpdatable); }
+
+Variant ConvertTo(FieldType type, const Variant& value) {
+  if (value.IsNull()) return value;
+  switch (type) {
+    case FieldType::kBool:
+      return value.ToBool();
+    case FieldType::kInteger:
+      return value.ToInteger();
+    case FieldType::kLong:
+      return value.ToLong();
+    case FieldType::kDouble:
+      return value.ToDouble();
+    case FieldType::kCurrency:
+      return value.ToCurrency();
+    case FieldType::kDate:
+      return value.ToDate();
+    case FieldType::kText:
+      return value.ToText();
+    case FieldType::kBytes:
+      return value.ToBytes();
+  }
+  return value;
+}
+
+void MemoryRecordset::Append(std::string name, FieldType type, long size, bool nullable) {
+  appended_.push_back({std::move(name), type, size, nullable});
+}
+
+void MemoryRecordset::Open() { Opened(appended_); }
+
+void MemoryRecordset::Insert(const Assignments& values) {
+  const std::size_t row = store().AddRow();
+  Change(row, values);
+}
+
+void MemoryRecordset::Change(std::size_t row, const Assignments& values) {
+  for (std::size_t i = 0; i < values.size(); ++i)
+    if (values[i]) store().Put(row, i, fields_[i].type, *values[i]);
+}
+
+}  // namespace platform

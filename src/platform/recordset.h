@@ -1,0 +1,144 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/cell.h"
+#include "platform/ref.h"
+#include "platform/row_store.h"
+
+namespace platform {
+
+/// Declared width of nvarchar(max) and varbinary(max).
+inline constexpr long kUnlimitedSize = 1073741823;
+
+struct FieldInfo {
+  std::string name;
+  FieldType type = FieldType::kText;
+  long definedSize = 0;  // characters for text, bytes otherwise
+  bool nullable = true;
+};
+
+/// Rows of named fields with one current row. After opening, the first row is current or `Eof` is true at
+/// once. Use after `Close` raises error 3704, use without a current row 3021, an unknown field 3265.
+class Recordset {
+ public:
+  /// One field of the current row.
+  class Field {
+   public:
+    const std::string& Name() const { return info().name; }
+    long DefinedSize() const { return info().definedSize; }
+    const FieldInfo& info() const { return owner_->fields_[index_]; }
+    Variant Value() const { return owner_->ValueOf(index_); }
+    /// Stored with the next `Update`. A text longer than the field, or a null that the field refuses, raises
+    /// error -2147217887; a value of another kind is converted.
+    void SetValue(const Variant& value) { owner_->Assign(index_, value); }
+
+   private:
+    friend class Recordset;
+    Field(Recordset* owner, std::size_t index) : owner_(owner), index_(index) {}
+    Recordset* owner_;
+    std::size_t index_;
+  };
+
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+  virtual ~Recordset() = default;
+
+  bool IsOpen() const { return open_; }
+  bool Eof();
+  void MoveNext();
+  void MoveFirst();
+  void MoveLast();
+  /// The exact number of rows, without reading them.
+  long RecordCount();
+  /// Starts a row of nulls; `Update` stores it.
+  void AddNew();
+  /// Sends the fields assigned since `AddNew` or since the row became current; the row is then the current
+  /// one.
+  void Update();
+  void Close();
+
+  /// Found without regard to case; of two fields with one name, the first.
+  Field Fields(std::string_view name);
+  Field Fields(std::size_t index) { return Field(this, index); }
+  const std::vector<FieldInfo>& FieldList() const { return fields_; }
+  /// Index of a field, or nothing.
+  std::optional<std::size_t> FindField(std::string_view name) const;
+
+  /// For grids: any cell of any row, without moving the current row.
+  const Cell& CellAt(std::size_t row, std::size_t column);
+  /// The number of rows read so far: reading one of these costs nothing.
+  std::size_t RowsAtHand() const { return store_ ? store_->rows() : 0; }
+  /// Reads up to `rows` further rows; false when there are no more.
+  bool FetchMore(std::size_t rows);
+
+ protected:
+  using Assignments = std::vector<std::optional<Variant>>;
+
+  Recordset() = default;
+  /// Called by the opening operation of a derived class. Makes the first row current.
+  void Opened(std::vector<FieldInfo> fields);
+  RowStore& store() { return *store_; }
+
+  /// Reads rows into the store until it holds `row`; false when there are fewer rows.
+  virtual bool Reach(std::size_t row) = 0;
+  virtual std::size_t Count() = 0;
+  /// Stores a new row, and adds it to the store as its last one. Error 3251 unless the kind can write.
+  virtual void Insert(const Assignments& values);
+  /// Stores changed fields of a row, here and where it came from.
+  virtual void Change(std::size_t row, const Assignments& values);
+  /// Lets go of whatever the rows came from.
+  virtual void Released() {}
+
+  std::vector<FieldInfo> fields_;
+
+ private:
+  void RequireOpen() const;
+  void MoveTo(std::size_t row);
+  void ForgetAssignments();
+  void RequireRow();
+  Variant ValueOf(std::size_t column);
+  void Assign(std::size_t column, const Variant& value);
+
+  std::unique_ptr<RowStore> store_;
+  bool open_ = false;
+  bool adding_ = false;
+  bool pending_ = false;  // `assigned_` holds something
+  std::size_t row_ = 0;
+  Assignments assigned_;
+};
+
+/// A value of the type of a field. Null stays null; errors 13 and 6 when it can't be.
+Variant ConvertTo(FieldType type, const Variant& value);
+
+/// A recordset with no statement behind it.
+class MemoryRecordset : public Recordset {
+ public:
+  /// Before `Open`. `size` is the width of a text in characters.
+  void Append(std::string name, FieldType type, long size, bool nullable = true);
+  void Open();
+
+ protected:
+  bool Reach(std::size_t row) override { return row < store().rows(); }
+  std::size_t Count() override { return store().rows(); }
+  void Insert(const Assignments& values) override;
+  void Change(std::size_t row, const Assignments& values) override;
+
+ private:
+  std::vector<FieldInfo> appended_;
+};
+
+using RecordsetRef = Ref<Recordset>;
+
+/// What the lookup and the report run their statement on.
+class Connection {
+ public:
+  virtual ~Connection() = default;
+  /// Runs one statement for reading.
+  virtual RecordsetRef Execute(const std::string& statement) = 0;
+};
+
+}  // namespace platform

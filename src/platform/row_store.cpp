@@ -1,0 +1,63 @@
+#include "platform/row_store.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform {
+
+std::size_t RowStore::AddRow() {
+  if (rows_ % kRowsPerBlock == 0) blocks_.push_back(std::make_unique<Cell[]>(kRowsPerBlock * columns_));
+  return rows_++;
+}
+
+void RowStore::Put(std::size_t row, std::size_t column, const Cell& cell) {
+  const bool block = !cell.IsNull() && (cell.type() == FieldType::kText || cell.type() == FieldType::kBytes);
+  Cell& place = blocks_[row / kRowsPerBlock][(row % kRowsPerBlock) * columns_ + column];
+  place = block ? Cell::Block(cell.type(), Keep(cell.block())) : cell;
+}
+
+void RowStore::Put(std::size_t row, std::size_t column, FieldType type, const Variant& value) {
+  if (value.IsNull() || value.IsEmpty()) return Put(row, column, Cell());
+  switch (type) {
+    case FieldType::kBool:
+      return Put(row, column, Cell::Number(type, value.ToBool() ? 1 : 0));
+    case FieldType::kInteger:
+    case FieldType::kLong:
+      return Put(row, column, Cell::Number(type, value.ToLong()));
+    case FieldType::kDouble:
+      return Put(row, column, Cell::Real(value.ToDouble()));
+    case FieldType::kCurrency:
+      return Put(row, column, Cell::Number(type, value.ToCurrency().tenThousandths()));
+    case FieldType::kDate:
+      return Put(row, column, Cell::Number(type, value.ToDate().seconds()));
+    case FieldType::kText:
+      return Put(row, column, Cell::Block(type, value.ToText()));
+    case FieldType::kBytes: {
+      const Bytes& bytes = value.ToBytes();
+      return Put(row, column, Cell::Block(type, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+    }
+  }
+}
+
+std::string_view RowStore::Keep(std::string_view data) {
+  if (data.empty()) return {};
+  if (data.size() > freeBytes_) {
+    const bool large = data.size() > nextTextBlock_ / 4;
+    const std::size_t size = large ? data.size() : nextTextBlock_;
+    texts_.push_back(std::unique_ptr<char[]>(new char[size]));
+    if (large) {  // has a block of its own, and leaves the room in the last one for others
+      std::memcpy(texts_.back().get(), data.data(), size);
+      return {texts_.back().get(), size};
+    }
+    free_ = texts_.back().get();
+    freeBytes_ = size;
+    nextTextBlock_ = std::min(nextTextBlock_ * 2, kLargestTextBlock);
+  }
+  std::memcpy(free_, data.data(), data.size());
+  const std::string_view kept(free_, data.size());
+  free_ += data.size();
+  freeBytes_ -= data.size();
+  return kept;
+}
+
+}  // namespace platform

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "platform/cell.h"
+
+namespace platform {
+
+/// Rows of cells kept in blocks of memory that never move, so that a `Cell` stays valid while the store
+/// lives.
+class RowStore {
+ public:
+  explicit RowStore(std::size_t columns) : columns_(columns) {}
+
+  std::size_t rows() const { return rows_; }
+  /// Adds a row of nulls and returns its index; its cells are then set by `Put`.
+  std::size_t AddRow();
+  /// Sets one cell, copying text and bytes into the store. A replaced text keeps its memory until the end.
+  void Put(std::size_t row, std::size_t column, const Cell& cell);
+  void Put(std::size_t row, std::size_t column, FieldType type, const Variant& value);
+  const Cell& At(std::size_t row, std::size_t column) const {
+    return blocks_[row / kRowsPerBlock][(row % kRowsPerBlock) * columns_ + column];
+  }
+
+ private:
+  static constexpr std::size_t kRowsPerBlock = 16;  // few, so that reading one row stays cheap
+  static constexpr std::size_t kLargestTextBlock = 64 * 1024;
+
+  std::string_view Keep(std::string_view data);
+
+  std::size_t columns_;
+  std::size_t rows_ = 0;
+  std::vector<std::unique_ptr<Cell[]>> blocks_;
+  std::vector<std::unique_ptr<char[]>> texts_;
+  char* free_ = nullptr;
+  std::size_t freeBytes_ = 0;
+  std::size_t nextTextBlock_ = 512;
+};
+
+}  // namespace platform

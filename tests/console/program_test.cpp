@@ -1,0 +1,138 @@
+#include "console/program.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "console/list_printer.h"
+#include "console/paths.h"
+#include "platform/form.h"
+
+namespace console {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    std::string name = (fs::temp_directory_path() / "parvel-console-XXXXXX").string();
+    folder = mkdtemp(name.data());
+    database = (folder / "frota.db").string();
+  }
+  ~ProgramTest() override { fs::remove_all(folder); }
+
+  int Parvel(std::vector<std::string> arguments) {
+    out.str("");
+    err.str("");
+    return console::Run(arguments, out, err);
+  }
+  int OnDatabase(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--db", database});
+    return Parvel(arguments);
+  }
+
+  fs::path folder;
+  std::string database;
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
+  EXPECT_EQ(OnDatabase({"demo"}), kRefused) << "demonstration data never goes into a database with records";
+  EXPECT_NE(err.str().find("vazia"), std::string::npos);
+
+  ASSERT_EQ(OnDatabase({"lista", "Marcas"}), kDone) << err.str();
+  EXPECT_EQ(out.str().find("Código  Designação\n------  -------------\nAUDI    Audi\nBMW     BMW\n"), 0U)
+      << out.str();
+  ASSERT_EQ(OnDatabase({"lista", "TiposGastos", "--csv"}), kDone);
+  EXPECT_EQ(out.str().find("Codigo;Nome\nADBLUE;AdBlue\n"), 0U) << out.str();
+  ASSERT_EQ(OnDatabase({"lista", "Categorias", "--json"}), kDone);
+  const auto rows = nlohmann::json::parse(out.str());
+  EXPECT_EQ(rows.size(), 9U);
+  EXPECT_EQ(rows[0]["Codigo"], "LIGM");
+
+  const std::string copy = (folder / "copia.db").string();
+  ASSERT_EQ(OnDatabase({"copia", copy}), kDone) << err.str();
+  EXPECT_EQ(OnDatabase({"copia", copy}), kFailed) << "a copy never overwrites";
+  ASSERT_EQ(Parvel({"--db", copy, "lista", "Viagens", "--json"}), kDone);
+  EXPECT_EQ(nlohmann::json::parse(out.str()).size(), 7U);
+}
+
+TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
+  EXPECT_EQ(Parvel({}), kUsage);
+  EXPECT_EQ(Parvel({"faz"}), kUsage);
+  EXPECT_EQ(Parvel({"copia"}), kUsage);
+  EXPECT_EQ(Parvel({"lista", "Marcas", "--csv", "--json"}), kUsage);
+  EXPECT_FALSE(fs::exists(database)) << "nothing is created by a call that isn't understood";
+  EXPECT_EQ(OnDatabase({"lista", "marcas"}), kRefused);
+  EXPECT_NE(err.str().find("Marcas"), std::string::npos);
+  std::ofstream(database)
+      << "\x89PNG is no database, and longer than a header of one hundred bytes would have to be "
+         "to be taken for something else";
+  EXPECT_EQ(OnDatabase({"lista", "Marcas"}), kFailed);
+  EXPECT_FALSE(err.str().empty());
+  EXPECT_EQ(Parvel({"--version"}), kDone);
+  EXPECT_EQ(out.str().find("parvel "), 0U);
+  EXPECT_EQ(Parvel({"--help"}), kDone);
+  EXPECT_NE(out.str().find("copia"), std::string::npos);
+}
+
+TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {
+  setenv("XDG_DATA_HOME", folder.c_str(), 1);
+  EXPECT_EQ(DefaultDatabasePath(), (folder / "parvel" / "frota.db").string());
+  EXPECT_EQ(Parvel({"lista", "Marcas", "--csv"}), kDone);
+  EXPECT_EQ(out.str(), "Codigo;Nome\n");
+  EXPECT_TRUE(fs::exists(folder / "parvel" / "frota.db"));
+  unsetenv("XDG_DATA_HOME");
+}
+
+class GridForm : public platform::Form {
+ public:
+  platform::SGGrid grid{*this, "Grelha"};
+};
+
+TEST(ListPrinter, WritesEachKindOfValueForItsReader) {
+  auto rows = platform::MakeRef<platform::MemoryRecordset>();
+  rows->Append("Nome", platform::FieldType::kText, 50);
+  rows->Append("Data", platform::FieldType::kDate, 8);
+  rows->Append("Custo", platform::FieldType::kCurrency, 8);
+  rows->Append("Seg_Id", platform::FieldType::kLong, 4);
+  rows->Open();
+  rows->AddNew();
+  rows->Fields("Nome").SetValue("João \"Zé\"; Silva");
+  rows->Fields("Data").SetValue(platform::Date::FromParts(2024, 2, 29));
+  rows->Fields("Custo").SetValue(platform::Currency::Parse("66,36"));
+  rows->Update();
+  rows->AddNew();
+  rows->Fields("Data").SetValue(platform::Date::FromParts(2024, 2, 29, 8, 30));
+  rows->Update();
+  GridForm form;
+  form.grid.SetDataSource(rows);
+  form.grid.Column("Seg_Id").hidden = true;
+  form.grid.Column("Custo").format = "#,##0.00";
+  const auto print = [&](Output format) {
+    std::ostringstream out;
+    PrintList(out, form.grid, format);
+    return out.str();
+  };
+  EXPECT_EQ(print(Output::kCsv),
+            "Nome;Data;Custo\n\"João \"\"Zé\"\"; Silva\";2024-02-29;66.36\n"
+            ";2024-02-29 08:30:00;\n");
+  EXPECT_EQ(print(Output::kTable),
+            "Nome              Data                 Custo\n"
+            "----------------  -------------------  -----\n"
+            "João \"Zé\"; Silva  29-02-2024           66,36\n"
+            "                  29-02-2024 08:30:00\n");
+  const auto json = nlohmann::json::parse(print(Output::kJson));
+  EXPECT_EQ(json[0]["Custo"], 66.36);
+  EXPECT_TRUE(json[1]["Nome"].is_null());
+}
+
+}  // namespace
+}  // namespace console

@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What each room may include beside itself. The two floors of `host` are told apart by file.
+const std::map<std::string, std::set<std::string>> kBelow = {
+    {"platform", {}},
+    {"tsql", {"platform"}},
+    {"host", {"platform", "tsql"}},
+    {"host/sistema",
+     {"platform", "host", "masterdata", "vehicles", "drivers", "events", "alerts", "documents"}},
+    {"masterdata", {"platform", "host"}},
+    {"vehicles", {"platform", "host", "masterdata", "drivers", "events"}},
+    {"drivers", {"platform", "host", "masterdata"}},
+    {"events", {"platform", "host", "masterdata", "vehicles", "drivers", "documents"}},
+    {"documents", {"platform", "host"}},
+    {"alerts", {"platform", "host", "masterdata", "vehicles", "drivers", "events"}},
+    {"embedded", {"platform", "tsql", "host"}},
+    {"console",
+     {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
+      "documents", "embedded"}},
+    {"desktop", {"platform", "host", "host/sistema", "embedded", "console"}},
+};
+
+std::string RoomOf(const std::string& path) {
+  if (path.rfind("host/sistema", 0) == 0) return "host/sistema";
+  return path.substr(0, path.find('/'));
+}
+
+TEST(Layering, NoRoomIncludesWhatLiesAboveIt) {
+  const fs::path src = fs::path(PARVEL_SOURCE_DIR) / "src";
+  const std::regex include("^\\s*#\\s*include\\s+\"([^\"]+)\"");
+  const std::set<std::string> module = {"platform", "tsql",    "host",   "host/sistema", "masterdata",
+                                        "vehicles", "drivers", "events", "alerts",       "documents"};
+  const std::regex foreign("^\\s*#\\s*include\\s+<(Q[A-Z]|sqlite3|sql|unicode/|nlohmann|CLI/)");
+  int files = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(src)) {
+    if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+    const std::string path = fs::relative(entry.path(), src).generic_string();
+    const std::string room = RoomOf(path);
+    ASSERT_TRUE(kBelow.count(room)) << "a room that the layering doesn't know: " << path;
+    ++files;
+    std::ifstream in(entry.path());
+    std::smatch match;
+    for (std::string line; std::getline(in, line);) {
+      EXPECT_FALSE(module.count(room) && std::regex_search(line, foreign)) << path << ": " << line;
+      if (!std::regex_search(line, match, include)) continue;
+      const std::string target = RoomOf(match[1]);
+      EXPECT_TRUE(target == room || (room == "host/sistema" && target == "host") ||
+                  kBelow.at(room).count(target))
+          << path << " includes " << match[1];
+    }
+  }
+  EXPECT_GT(files, 50);
+}
+
+}  // namespace

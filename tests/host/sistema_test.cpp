@@ -1,0 +1,111 @@
+#include "host/sistema.h"
+
+#include <gtest/gtest.h>
+
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::ScriptedHost;
+
+TEST(Sistema, GivesBackWhatTheHostSet) {
+  class Api : public HostApi {};
+  Sistema sistema;
+  Api api;
+  const DataAccessRef bd = testing_support::MemoryDatabase();
+  sistema.ICrmSistema_AppNome = "Parvel";
+  sistema.ICrmSistema_NxtDataAccess = bd;
+  sistema.ICrmSistema_NxtApi = &api;
+  EXPECT_EQ(sistema.ICrmSistema_AppNome, "Parvel");
+  EXPECT_EQ(sistema.ICrmSistema_NxtDataAccess, bd);
+  EXPECT_EQ(sistema.ICrmSistema_NxtApi, &api);
+  EXPECT_EQ(sistema.QualquerCoisa(), "");
+  sistema.Alertas_Mostra();
+}
+
+TEST(Sistema, ListsAreFoundByTheirExactKeys) {
+  ScriptedHost host;
+  Sistema sistema;
+  sistema.ICrmSistema_ZorDataAccess = testing_support::MemoryDatabase();
+  const struct {
+    const char* key;
+    const char* title;
+  } lists[] = {{"Categorias", "Categorias"},
+               {"Marcas", "Marcas"},
+               {"Modelos", "Modelos"},
+               {"Departamentos", "Departamentos"},
+               {"Companhias", "Companhias"},
+               {"TiposAcessorios", "Tipos de Acessórios"},
+               {"TiposGastos", "Tipos de Gastos"},
+               {"TiposManut", "Tipos de Revisão"},
+               {"TiposSeguro", "Tipos de Apólice"},
+               {"Viagens", "Viagens"}};
+  for (const auto& c : lists) {
+    SCOPED_TRACE(c.key);
+    const auto list = sistema.MostraListas(c.key);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->ICrmVwList_Name(), c.title);
+  }
+  for (const char* unknown : {"marcas", " Marcas", "Marcas ", "", "Nada"})
+    EXPECT_EQ(sistema.MostraListas(unknown), nullptr) << unknown;
+}
+
+TEST(Sistema, FichasOpenEmptyAndModalOverTheHostsWindow) {
+  ScriptedHost host;
+  platform::Form window;
+  Sistema sistema;
+  sistema.ICrmSistema_ZorDataAccess = testing_support::MemoryDatabase();
+  sistema.ICrmSistema_AppOwnerWnd = &window;
+  using Open = void (Sistema::*)();
+  const std::pair<Open, const char*> fichas[] = {
+      {&Sistema::Categorias_MostraFicha, "Categorias"},
+      {&Sistema::Departamentos_MostraFicha, "Departamentos"},
+      {&Sistema::Modelos_MostraFicha, "Modelos"},
+      {&Sistema::TiposManut_MostraFicha, "Tipos de Revisões"},
+      {&Sistema::TiposAcessorios_MostraFicha, "Tipos de Acessórios"},
+      {&Sistema::TiposGastos_MostraFicha, "Tipos de Gastos"},
+      {&Sistema::Companhias_MostraFicha, "Companhias"},
+      {&Sistema::TiposSeguro_MostraFicha, "Tipos Apólice"},
+      {&Sistema::Viagens_MostraFicha, "Viagens"},
+      {&Sistema::Marcas_MostraFicha, "Marcas"},
+  };
+  for (const auto& [open, caption] : fichas) {
+    SCOPED_TRACE(caption);
+    host.NextForm(
+        [caption = std::string(caption)](platform::Form& form) { EXPECT_EQ(form.Caption, caption); });
+    (sistema.*open)();
+    EXPECT_EQ(host.owners.back(), &window);
+  }
+  sistema.MostraFicha("Nada");
+}
+
+TEST(Sistema, AListWithoutADatabaseFailsWithItsTitleAsTheSource) {
+  ScriptedHost host;
+  Sistema sistema;
+  const auto list = sistema.MostraListas("TiposManut");
+  try {
+    list->ICrmVwList_Iniciar();
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kObjectNotSet);
+    EXPECT_EQ(error.source(), "Tipos de Revisão::Iniciar");
+  }
+}
+
+TEST(Sistema, SaysWhatHappensInTheHostsCalendar) {
+  ScriptedHost host;
+  Calendario calendario;
+  Sistema sistema;
+  sistema.Calendario(calendario);
+  host.ExpectBox("after aletrar7");
+  host.ExpectBox("after inserir8");
+  host.ExpectBox("After remover9");
+  calendario.AfterAlterar(7);
+  calendario.AfterInserir(8);
+  calendario.AfterRemover(9);
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

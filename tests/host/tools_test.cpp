@@ -1,0 +1,55 @@
+#include "host/tools.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Currency;
+
+TEST(Mensagem, KindDecidesTextButtonsAndAnswer) {
+  testing_support::ScriptedHost host;
+  const struct {
+    int kind;
+    const char* text;
+    int style;
+    int answer;
+    int result;
+  } cases[] = {{1, "Campo obrigatório [Matrícula].", 48, 1, 0},
+               {2, "Olá", 64, 1, 0},
+               {3, "Olá", 321, 2, 2},
+               {4, "Olá", 579, 7, 7},
+               {5, "Olá", 324, 6, 6}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.kind);
+    host.ExpectBox(c.text, c.answer);
+    EXPECT_EQ(Tools::Mensagem("Matrícula", "Olá", c.kind), c.result);
+    EXPECT_EQ(host.boxes.back().style, c.style);
+    EXPECT_EQ(host.boxes.back().title, "Informação");
+  }
+  EXPECT_EQ(Tools::Mensagem("x", "y", 0), 0);
+  EXPECT_EQ(Tools::Mensagem("x", "y", 6), 0);
+  EXPECT_EQ(host.boxes.size(), 5U) << "other kinds show nothing";
+}
+
+TEST(Tools, DivideInDoublePrecisionAndRoundToCurrency) {
+  EXPECT_EQ(Tools::ConsumoMedio(40, 500), Currency(8));
+  EXPECT_EQ(Tools::ConsumoMedio(5, 0), Currency(0));
+  EXPECT_EQ(Tools::CustoPorKm(60, 500), Currency::FromTenThousandths(1200));
+  EXPECT_EQ(Tools::CustoPorKm(1, 3), Currency::FromTenThousandths(3333));
+  EXPECT_EQ(Tools::CustoPorKm(7, 0), Currency(0));
+  EXPECT_THROW(Tools::ConsumoMedio(Currency::FromTenThousandths(INT64_MAX), Currency::FromTenThousandths(1)),
+               platform::RuntimeError);
+}
+
+TEST(Tools, AnEmptyTextIsZeroAndABlankIsNone) {
+  EXPECT_EQ(Tools::TextoParaMoeda(""), Currency(0));
+  EXPECT_EQ(Tools::TextoParaMoeda("1,659"), Currency::FromTenThousandths(16590));
+  EXPECT_THROW(Tools::TextoParaMoeda(" "), platform::RuntimeError);
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

@@ -1,0 +1,213 @@
+#include "masterdata/code_table_form.h"
+
+#include <gtest/gtest.h>
+
+#include "masterdata/tipos_gastos_form.h"
+#include "platform/runtime_error.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::ScriptedHost;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+class CodeTableFormTest : public testing::Test {
+ protected:
+  CodeTableFormTest() {
+    clMarcas marca;
+    marca.bd = bd;
+    for (const char* code : {"A", "B", "C"}) {
+      marca.Codigo = code;
+      marca.Descrição = std::string("Marca ") + code;
+      marca.Escrever();
+    }
+    form.mybd = bd;
+    form.Load();
+  }
+
+  Table Marcas_() { return Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas ORDER BY Codigo"); }
+  void GoTo(const std::string& code) {
+    Type(form.Campo[0], code);
+    form.UserKey(platform::kKeyTab);
+  }
+  std::string Screen() { return form.Campo[0].Text + "|" + form.Campo[1].Text; }
+
+  ScriptedHost host;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Marcas form;
+};
+
+TEST_F(CodeTableFormTest, LeavingTheCodeShowsItsRecordOrBeginsANewOne) {
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  GoTo("b");
+  EXPECT_EQ(Screen(), "b|Marca B");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+  form.UserKey(platform::kKeyTab, true);
+  GoTo("N");
+  EXPECT_EQ(Screen(), "N|Marca B") << "an unknown code leaves the name as it stands";
+  Type(form.Campo[1], "Nova");
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Screen(), "|");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_EQ(Marcas_().back(), (std::vector<std::string>{"N", "Nova"}));
+}
+
+TEST_F(CodeTableFormTest, AnEmptyCodeHoldsTheFocusAgainstEverythingButLeaving) {
+  for (const char* code : {"", "   "}) {
+    Type(form.Campo[0], code);
+    form.UserKey(platform::kKeyTab);
+    Press(form.botoes.btConf);
+    Press(form.botoes.btNavega[0]);
+    Press(form.btLista[0]);
+    EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+    EXPECT_EQ(Marcas_().size(), 3U);
+  }
+  Press(form.botoes.btSair);
+  EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(CodeTableFormTest, EscapeStepsBackToTheCodeAndThenCloses) {
+  GoTo("A");
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_FALSE(form.IsClosed());
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(CodeTableFormTest, ArrowsWalkAndStayAtTheEnds) {
+  GoTo("B");
+  const std::pair<int, const char*> steps[] = {{2, "C|Marca C"}, {2, "C|Marca C"}, {0, "A|Marca A"},
+                                               {1, "A|Marca A"}, {3, "C|Marca C"}, {1, "B|Marca B"}};
+  for (const auto& [arrow, screen] : steps) {
+    SCOPED_TRACE(arrow);
+    Press(form.botoes.btNavega[arrow]);
+    EXPECT_EQ(Screen(), screen);
+    EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+  }
+}
+
+TEST_F(CodeTableFormTest, ArrowsAskAboutAChangedNameAndMoveInAnyCase) {
+  const std::string question = "A informação relativa à Marca foi alterada.\n\rPretende gravar?";
+  GoTo("A");
+  Type(form.Campo[1], "Alfa");
+  host.ExpectBox(question, platform::kOk);
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(Screen(), "B|Marca B");
+  EXPECT_EQ(Marcas_()[0][1], "Alfa");
+
+  Type(form.Campo[1], "Beta");
+  host.ExpectBox(question, platform::kCancel);
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(Screen(), "C|Marca C");
+  EXPECT_EQ(Marcas_()[1][1], "Marca B");
+  EXPECT_EQ(host.boxes.back().style, 321);
+}
+
+TEST_F(CodeTableFormTest, TheNameOfTheLastRecordStaysTheBaselineAfterClearing) {
+  GoTo("A");
+  Press(form.botoes.btCancelar);
+  GoTo("N");
+  host.ExpectBox("A informação relativa à Marca foi alterada.\n\rPretende gravar?", platform::kCancel);
+  Press(form.botoes.btNavega[0]);
+}
+
+TEST_F(CodeTableFormTest, RemovesAfterAQuestion) {
+  const std::string question = "Vai proceder à anulação da Marca!\n\rPretende continuar?";
+  GoTo("B");
+  host.ExpectBox(question, platform::kCancel);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Screen(), "B|Marca B");
+  host.ExpectBox(question, platform::kOk);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Screen(), "|");
+  EXPECT_EQ(Marcas_().size(), 2U);
+}
+
+TEST_F(CodeTableFormTest, AnApostropheInTheCodeRaisesTheServersErrorAndLosesNothing) {
+  GoTo("A");
+  Type(form.Campo[0], "x'y");
+  EXPECT_THROW(form.UserKey(platform::kKeyTab), platform::RuntimeError);
+  EXPECT_EQ(Screen(), "x'y|Marca A");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_EQ(Marcas_().size(), 3U);
+}
+
+TEST_F(CodeTableFormTest, TheListFillsTheCodeAndMovesOn) {
+  host.NextLookup("C");
+  form.UserKey(platform::kKeyF3);
+  EXPECT_EQ(Screen(), "C|Marca C");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+  host.NextLookup("");
+  Press(form.btLista[0]);
+  EXPECT_EQ(Screen(), "C|Marca C");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  form.UserKey(platform::kKeyF7);
+  EXPECT_EQ(host.reports.back().title, "Listagem de Marcas");
+}
+
+TEST_F(CodeTableFormTest, ClosingOrCancellingDropsAChangeWithoutAQuestion) {
+  GoTo("A");
+  Type(form.Campo[1], "Outra");
+  Press(form.botoes.btCancelar);
+  EXPECT_EQ(Screen(), "|");
+  GoTo("A");
+  Type(form.Campo[1], "Outra");
+  Press(form.botoes.btSair);
+  EXPECT_EQ(Marcas_()[0][1], "Marca A");
+}
+
+class TiposGastosTest : public testing::Test {
+ protected:
+  TiposGastosTest() {
+    form.mybd = bd;
+    form.Load();
+  }
+  ScriptedHost host;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  TiposGastos form;
+};
+
+TEST_F(TiposGastosTest, KeepsUnitCostAndFuelMark) {
+  Type(form.Campo[0], "GASOLEO");
+  form.UserKey(platform::kKeyEnter);
+  Type(form.Campo[1], "Gasóleo");
+  form.UserKey(platform::kKeyEnter);
+  Type(form.Campo[2], "1,659");
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.Check1);
+  EXPECT_EQ(form.Campo[2].DisplayText(), "1,659");
+  form.UserToggles(form.Check1);
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.botoes.btConf);
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.Check1.Value, 0);
+  EXPECT_EQ(Rows(bd, "SELECT * FROM zor_PV_TiposGastos"), (Table{{"GASOLEO", "Gasóleo", "1", "1,659"}}));
+
+  Type(form.Campo[0], "GASOLEO");
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.Campo[2].Text, "1,659");
+  EXPECT_EQ(form.Check1.Value, 1);
+  Type(form.Campo[2], "9");
+  Press(form.botoes.btNavega[3]);  // a changed cost alone is dropped without a question
+  EXPECT_EQ(form.Campo[2].Text, "1,659");
+}
+
+TEST_F(TiposGastosTest, AnEmptyCostIsZeroAndATextIsRefusedWithTheScreenKept) {
+  Type(form.Campo[0], "PORT");
+  Type(form.Campo[2], "muito");
+  EXPECT_THROW(Press(form.botoes.btConf), platform::RuntimeError);
+  EXPECT_EQ(form.Campo[0].Text, "PORT");
+  EXPECT_EQ(form.Campo[2].Text, "muito");
+  Type(form.Campo[2], "");
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT * FROM zor_PV_TiposGastos"), (Table{{"PORT", "", "0", "0"}}));
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

@@ -1,0 +1,172 @@
+#include "masterdata/code_table.h"
+
+#include <gtest/gtest.h>
+
+#include "masterdata/tipos_gastos.h"
+#include "platform/runtime_error.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::RecordingDataAccess;
+using testing_support::Rows;
+using testing_support::ScriptedHost;
+
+class CodeTableTest : public testing::Test {
+ protected:
+  CodeTableTest() { marca.bd = bd; }
+
+  void Write(const std::string& codigo, const std::string& nome) {
+    marca.Codigo = codigo;
+    marca.Descrição = nome;
+    ASSERT_TRUE(marca.Escrever());
+  }
+
+  ScriptedHost host;
+  platform::Ref<RecordingDataAccess> bd =
+      platform::MakeRef<RecordingDataAccess>(testing_support::MemoryDatabase());
+  clMarcas marca;
+};
+
+TEST_F(CodeTableTest, SendsTheseStatements) {
+  marca.Codigo = "REN";
+  marca.Ler();
+  marca.LerPrimeiro();
+  marca.LerAnterior();
+  marca.LerProximo();
+  marca.LerUltimo();
+  marca.Escrever();
+  marca.Anular();
+  const std::vector<std::string> expected = {
+      "SELECT Codigo, Nome From zor_PV_Marcas WHERE     (Codigo = N'REN')",
+      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo > '') order by Codigo ",
+      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo < 'REN') order by Codigo desc",
+      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo > 'REN') order by Codigo",
+      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo < 'zzzzzzzzzzzz') order by Codigo desc",
+      "SELECT Codigo, Nome From zor_PV_Marcas WHERE     (Codigo = N'REN')",
+      "Delete  From zor_PV_Marcas  WHERE (Codigo ='REN' )"};
+  EXPECT_EQ(bd->statements, expected);
+}
+
+TEST_F(CodeTableTest, WritesReadsAndRemoves) {
+  Write("REN", "Renault");
+  Write("ren ", "Renault S.A.");  // the same code to the database: only the name changes
+  EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
+            (std::vector<std::vector<std::string>>{{"REN", "Renault S.A."}}));
+  marca.Codigo = "XXX";
+  EXPECT_FALSE(marca.Ler());
+  EXPECT_EQ(marca.Descrição, "");
+  EXPECT_EQ(marca.Codigo, "XXX");
+  EXPECT_TRUE(marca.Anular()) << "removing nothing is no failure";
+  marca.Codigo = "REN";
+  EXPECT_TRUE(marca.Ler());
+  EXPECT_EQ(marca.Descrição, "Renault S.A.");
+  EXPECT_TRUE(marca.Anular());
+  EXPECT_FALSE(marca.Ler());
+}
+
+TEST_F(CodeTableTest, CutsWhatIsTooLongForItsColumn) {
+  Write("ABCDEFGHIJKLMNO", std::string(60, 'n'));
+  EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
+            (std::vector<std::vector<std::string>>{{"ABCDEFGHIJ", std::string(50, 'n')}}));
+}
+
+TEST_F(CodeTableTest, WalksInTheDatabasesOrder) {
+  for (const char* code : {"b", "A", "á", "zzzzzzzzzzzzz"}) Write(code, code);
+  marca.Codigo = "";
+  std::string walk;
+  while (marca.LerProximo()) walk += marca.Codigo + " ";
+  EXPECT_EQ(walk, "A á b zzzzzzzzzz ");
+  EXPECT_EQ(marca.Codigo, "zzzzzzzzzz") << "at the end the code stays";
+  EXPECT_EQ(marca.Descrição, "") << "and the name is cleared";
+  EXPECT_TRUE(marca.LerPrimeiro());
+  EXPECT_EQ(marca.Codigo, "A");
+  EXPECT_FALSE(marca.LerAnterior());
+  EXPECT_EQ(marca.Codigo, "A");
+  EXPECT_TRUE(marca.LerUltimo());
+  EXPECT_EQ(marca.Codigo, "zzzzzzzzzz");
+  EXPECT_TRUE(marca.LerAnterior());
+  EXPECT_EQ(marca.Codigo, "b");
+}
+
+TEST_F(CodeTableTest, AnApostropheBreaksItsStatementAndSendsNothing) {
+  Write("A", "Alfa");
+  bd->statements.clear();
+  marca.Codigo = "A' or '1'='1";
+  EXPECT_THROW(marca.Ler(), platform::RuntimeError);
+  EXPECT_THROW(marca.Escrever(), platform::RuntimeError);
+  EXPECT_FALSE(marca.Anular());
+  EXPECT_TRUE(bd->statements.empty());
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_Marcas").size(), 1U);
+}
+
+TEST_F(CodeTableTest, LacksADatabaseUntilItIsSet) {
+  clMarcas unset;
+  EXPECT_THROW(unset.Ler(), platform::RuntimeError);
+  EXPECT_FALSE(unset.Anular());
+}
+
+TEST_F(CodeTableTest, PicksAndPrints) {
+  Write("B", "Beta");
+  Write("A", "Alfa");
+  host.NextLookup("B");
+  EXPECT_EQ(marca.MostraLista(), "B");
+  const auto& lookup = host.lookups.back();
+  EXPECT_EQ(lookup.title, "Marcas");
+  EXPECT_EQ(lookup.sql, "SELECT Codigo as Código, Nome From zor_PV_Marcas ORDER BY Codigo");
+  EXPECT_EQ(lookup.width, 4500);
+  EXPECT_EQ(lookup.widths, (std::vector<float>{1000, 3000}));
+  EXPECT_EQ(lookup.rows, (std::vector<std::vector<std::string>>{{"A", "Alfa"}, {"B", "Beta"}}));
+
+  clDepartamentos departamento;
+  departamento.bd = bd;
+  EXPECT_FALSE(departamento.MostraMapa());
+  EXPECT_EQ(host.reports.back().title, "Listagem de Tipos de Seguro");
+  EXPECT_EQ(host.reports.back().sql,
+            "SELECT Codigo AS Código, Nome AS Nome FROM zor_PV_Departamentos order by Codigo");
+  EXPECT_EQ(host.reports.back().widths, (std::vector<float>{2000, 5000}));
+
+  clViagens viagem;
+  viagem.bd = bd;
+  host.NextLookup("");
+  EXPECT_EQ(viagem.MostraLista(), "");
+  EXPECT_EQ(host.lookups.back().widths, (std::vector<float>{1000, 3500}));
+}
+
+TEST_F(CodeTableTest, ExpenseTypesKeepTheirFuelMarkWhenACodeIsUnknown) {
+  clTiposGastos tipo;
+  tipo.bd = bd;
+  tipo.Codigo = "GASOLEO";
+  tipo.Descrição = "Gasóleo";
+  tipo.Combustivel = 1;
+  tipo.CustoUnit = platform::Currency::Parse("1,659");
+  tipo.Escrever();
+
+  clTiposGastos lido;
+  lido.bd = bd;
+  lido.Codigo = "gasoleo";
+  ASSERT_TRUE(lido.Ler());
+  EXPECT_EQ(lido.CustoUnit.ToText(), "1,659");
+  EXPECT_EQ(lido.Combustivel, 1);
+  lido.Codigo = "NADA";
+  EXPECT_FALSE(lido.Ler());
+  EXPECT_EQ(lido.CustoUnit, platform::Currency(0));
+  EXPECT_EQ(lido.Combustivel, 1);
+  EXPECT_EQ(bd->statements.back(), "SELECT *  From zor_PV_TiposGastos WHERE     (Codigo = N'NADA')");
+}
+
+TEST_F(CodeTableTest, ANullNameCannotBeRead) {
+  bd->ExecutarSql("", "INSERT INTO zor_PV_Marcas (Codigo) VALUES ('X')");
+  marca.Codigo = "X";
+  try {
+    marca.Ler();
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kInvalidUseOfNull);
+  }
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

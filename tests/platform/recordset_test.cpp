@@ -1,0 +1,136 @@
+#include "platform/recordset.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/form.h"
+#include "platform/grid.h"
+
+namespace platform {
+namespace {
+
+Ref<MemoryRecordset> Alerts() {
+  auto rs = MakeRef<MemoryRecordset>();
+  rs->Append("Matricula", FieldType::kText, 10);
+  rs->Append("Dias", FieldType::kLong, 32);
+  rs->Append("Codigo", FieldType::kText, 10, false);
+  rs->Open();
+  return rs;
+}
+
+void Add(Recordset& rs, const char* plate, const Variant& days) {
+  rs.AddNew();
+  rs.Fields("MATRICULA").SetValue(plate);
+  rs.Fields("Dias").SetValue(days);
+  rs.Update();
+}
+
+int ErrorOf(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST(Recordset, WalksAddsAndChangesRows) {
+  auto rs = Alerts();
+  EXPECT_TRUE(rs->Eof());
+  EXPECT_EQ(ErrorOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
+  Add(*rs, "00-AA-00", 5);
+  Add(*rs, "11-BB-11", Variant::Null{});
+  EXPECT_EQ(rs->Fields("matricula").Value().ToText(), "11-BB-11");  // the new row is the current one
+  EXPECT_EQ(rs->RecordCount(), 2);
+
+  rs->MoveFirst();
+  rs->Fields("Dias").SetValue("7");
+  EXPECT_EQ(rs->Fields("Dias").Value().ToLong(), 7);
+  rs->Update();
+  rs->MoveNext();
+  EXPECT_TRUE(rs->Fields("Dias").Value().IsNull());
+  rs->MoveNext();
+  EXPECT_TRUE(rs->Eof());
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Dias").Value(); }), kNoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
+  EXPECT_EQ(rs->CellAt(0, 1).integer(), 7);
+}
+
+TEST(Recordset, DropsAssignmentsThatWereNotStored) {
+  auto rs = Alerts();
+  Add(*rs, "00-AA-00", 5);
+  rs->AddNew();
+  rs->Fields("Dias").SetValue(9);
+  rs->MoveFirst();
+  rs->Update();
+  EXPECT_EQ(rs->RecordCount(), 1);
+  EXPECT_EQ(rs->Fields("Dias").Value().ToLong(), 5);
+}
+
+TEST(Recordset, RefusesWhatAFieldCannotHold) {
+  auto rs = Alerts();
+  rs->AddNew();
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Matricula").SetValue("12345678901"); }), kMultipleStep);
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Codigo").SetValue(Variant::Null{}); }), kMultipleStep);
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Dias").SetValue("muitos"); }), kTypeMismatch);
+  EXPECT_EQ(ErrorOf([&] { rs->Fields("Nada"); }), kNoSuchField);
+  rs->Close();
+  EXPECT_EQ(ErrorOf([&] { rs->Close(); }), kObjectClosed);
+  EXPECT_EQ(ErrorOf([&] { rs->Eof(); }), kObjectClosed);
+  RecordsetRef unset;
+  EXPECT_EQ(ErrorOf([&] { unset->Eof(); }), kObjectNotSet);
+}
+
+TEST(Recordset, KeepsManyRowsAndLongTexts) {
+  auto rs = MakeRef<MemoryRecordset>();
+  rs->Append("T", FieldType::kText, kUnlimitedSize);
+  rs->Append("B", FieldType::kBytes, kUnlimitedSize);
+  rs->Open();
+  const std::string large(100000, 'x');
+  for (int i = 0; i < 1000; ++i) {
+    rs->AddNew();
+    rs->Fields("T").SetValue(i % 100 == 0 ? large : std::to_string(i));
+    rs->Fields("B").SetValue(Bytes{static_cast<std::uint8_t>(i), 0, 255});
+    rs->Update();
+  }
+  for (std::size_t i = 0; i < 1000; ++i) {
+    EXPECT_EQ(rs->CellAt(i, 0).block(), i % 100 == 0 ? large : std::to_string(i));
+    EXPECT_EQ(rs->CellAt(i, 1).ToVariant().ToBytes()[0], static_cast<std::uint8_t>(i));
+  }
+}
+
+class GridForm : public Form {
+ public:
+  SGGrid grid{*this, "Grelha"};
+};
+
+TEST(Grid, TakesColumnsFromItsSourceAndColoursRowsByTheFirstConditionMet) {
+  auto rs = Alerts();
+  Add(*rs, "00-AA-00", -1);
+  Add(*rs, "11-BB-11", 10);
+  Add(*rs, "22-CC-22", Variant::Null{});
+  Add(*rs, "33-DD-33", 1234);
+  GridForm form;
+  SGGrid& grid = form.grid;
+  grid.SetDataSource(rs);
+  grid.AddStyle("PintarG").color = 0xFF0000;
+  grid.AddStyle("PintarMG").color = 0xFF8000;
+  EXPECT_EQ(ErrorOf([&] { grid.AddStyle("pintarg"); }), kKeyInUse);
+  grid.AddCondition({.style = "PintarG", .op = kGridLess, .value1 = 0, .column = "dias"});
+  grid.AddCondition({.style = "PINTARMG", .op = kGridBetween, .value1 = 0, .value2 = 10, .column = "Dias"});
+  ASSERT_NE(grid.StyleOf(0), nullptr);
+  EXPECT_EQ(grid.StyleOf(0)->name, "PintarG");
+  EXPECT_EQ(grid.StyleOf(1)->name, "PintarMG");
+  EXPECT_EQ(grid.StyleOf(2), nullptr);
+  EXPECT_EQ(grid.StyleOf(3), nullptr);
+  grid.Column("Dias").format = "#,###,###";
+  EXPECT_EQ(grid.CellText(3, 1), "1.234");
+  EXPECT_EQ(grid.CellText(2, 1), "");
+  EXPECT_EQ(ErrorOf([&] { grid.Column("Km"); }), kNoSuchField);
+
+  grid.SetDataSource(Alerts());
+  EXPECT_EQ(grid.RowCount(), 0);
+  EXPECT_FALSE(rs->IsOpen()) << "a grid closes the recordset that it lets go";
+}
+
+}  // namespace
+}  // namespace platform

@@ -1,0 +1,49 @@
+#include "support/recording_data_access.h"
+
+#include "platform/host.h"
+
+namespace testing_support {
+
+using zorCrmParvel::DataAccessRef;
+using zorCrmParvel::RecordsetRef;
+
+bool RecordingDataAccess::Execute(const std::string& statement) {
+  statements.push_back(statement);
+  return inner_->ExecutarSql("", statement.c_str());
+}
+
+RecordsetRef RecordingDataAccess::OpenForEditing(const std::string& statement) {
+  statements.push_back(statement);
+  RecordsetRef rows;
+  inner_->AbrirEdicao(statement.c_str(), rows);
+  return rows;
+}
+
+RecordsetRef RecordingDataAccess::OpenForReading(const std::string& statement) {
+  statements.push_back(statement);
+  RecordsetRef rows;
+  inner_->AbrirLeitura("", statement.c_str(), rows);
+  return rows;
+}
+
+std::shared_ptr<embedded::Database> MemoryDatabase() {
+  embedded::OpenOptions options;
+  options.clock = [] { return platform::Now(); };
+  return embedded::Database::Open(":memory:", options);
+}
+
+std::vector<std::vector<std::string>> Rows(const DataAccessRef& bd, const std::string& statement) {
+  RecordsetRef rows;
+  bd->AbrirLeitura("", statement.c_str(), rows);
+  std::vector<std::vector<std::string>> all;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    all.emplace_back();
+    for (std::size_t i = 0; i < rows->FieldList().size(); ++i) {
+      const platform::Variant value = rows->Fields(i).Value();
+      all.back().push_back(value.IsNull() ? "NULL" : value.ToText());
+    }
+  }
+  return all;
+}
+
+}  // namespace testing_support

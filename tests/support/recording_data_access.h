@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "embedded/database.h"
+#include "host/data_access.h"
+
+namespace testing_support {
+
+/// A data-access object that keeps the text of every statement that went through it.
+class RecordingDataAccess : public zorCrmParvel::DataAccess {
+ public:
+  explicit RecordingDataAccess(zorCrmParvel::DataAccessRef inner) : inner_(std::move(inner)) {}
+
+  std::vector<std::string> statements;
+
+  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
+    return inner_->ObterLigacao(connection);
+  }
+
+ protected:
+  bool Execute(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForEditing(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
+
+ private:
+  zorCrmParvel::DataAccessRef inner_;
+};
+
+/// An empty embedded database in memory, whose getdate() is the current host's clock.
+std::shared_ptr<embedded::Database> MemoryDatabase();
+
+/// All rows of a statement, as texts; null is "NULL".
+std::vector<std::vector<std::string>> Rows(const zorCrmParvel::DataAccessRef& bd,
+                                           const std::string& statement);
+
+}  // namespace testing_support
