@@ -9,14 +9,15 @@
 
 #include "tsql/types.h"
 
-/// The syntax tree of a statement. Names keep their spelling; offsets are bytes in the statement's text.
+/// The syntax tree of a statement. Names keep their spelling; offsets are bytes in the statement's text, of
+/// the first token of a node or, for operators and predicates, of the operator.
 namespace tsql {
 
 struct Expression;
 using ExpressionPtr = std::unique_ptr<Expression>;
 
-/// A literal in the text. `ordinal` counts the literals of the statement from 0 in the order of the text, so that
-/// an engine can make parameters of them.
+/// A literal in the text. `ordinal` counts the literals of the statement from 0 in the order of the text, so
+/// that an engine can make parameters of them.
 struct Literal {
   enum class Kind { kInteger, kDecimal, kString, kNationalString, kNull };
   Kind kind = Kind::kNull;
@@ -29,10 +30,27 @@ struct ColumnRef {
   std::string name;
 };
 
-enum class Operator { kAdd, kSubtract, kMultiply, kDivide, kModulo, kEqual, kNotEqual, kLess, kLessEqual, kGreater,
-                      kGreaterEqual, kAnd, kOr, kLike, kNotLike };
+/// Arithmetic first; from kEqual on, what gives a condition.
+enum class Operator {
+  kAdd,
+  kSubtract,
+  kMultiply,
+  kDivide,
+  kModulo,
+  kEqual,
+  kNotEqual,
+  kLess,
+  kLessEqual,
+  kGreater,
+  kGreaterEqual,
+  kAnd,
+  kOr,
+  kLike,
+  kNotLike
+};
 
 struct Unary {
+  /// From kNot on, what gives a condition.
   enum class Kind { kMinus, kPlus, kNot, kIsNull, kIsNotNull };
   Kind kind = Kind::kMinus;
   ExpressionPtr operand;
@@ -51,7 +69,8 @@ struct InList {
   bool negated = false;
 };
 
-/// A function by name, as written. `count(*)` has `star`; `datediff(d, a, b)` has `datePart` and two arguments.
+/// A function by name, as written. `count(*)` has `star`; `datediff(d, a, b)` has `datePart` and two
+/// arguments.
 struct FunctionCall {
   std::string name;
   std::string datePart;
@@ -86,7 +105,7 @@ struct SelectItem {
   bool star = false;
   std::string starTable;  // `t.*`
   ExpressionPtr expression;
-  std::string alias;      // empty when there is none
+  std::string alias;  // empty when there is none
   std::size_t offset = 0;
 };
 

@@ -9,12 +9,12 @@ namespace tsql {
 
 enum class TokenKind : std::uint8_t {
   kEnd,
-  kName,           // an identifier or keyword; also [bracketed] and "quoted"
-  kInteger,        // digits
-  kDecimal,        // digits with a point
-  kString,         // '…'
-  kNationalString, // N'…'
-  kSymbol,         // operator or punctuation
+  kName,            // an identifier or keyword; also [bracketed] and "quoted"
+  kInteger,         // digits
+  kDecimal,         // digits with a point
+  kString,          // '…'
+  kNationalString,  // N'…'
+  kSymbol,          // operator or punctuation
 };
 
 /// One token, seen in the statement's text.

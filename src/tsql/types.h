@@ -6,8 +6,8 @@ namespace tsql {
 
 enum class BaseType { kBit, kSmallInt, kInt, kMoney, kFloat, kDateTime, kNVarChar, kVarBinary };
 
-/// A column's or cast's type. `width` is in characters (bytes for varbinary); `kMax` for (max), 0 when the type
-/// has none.
+/// A column's or cast's type. `width` is in characters (bytes for varbinary); `kMax` for (max), 0 when the
+/// type has none.
 struct Type {
   static constexpr long kMax = 1073741823;
   BaseType base = BaseType::kNVarChar;

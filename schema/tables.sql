@@ -1,0 +1,312 @@
+-- versão 1
+--
+-- The tables of the fleet module, for both engines: run by the embedded engine on a new file, or by hand on a server.
+-- On a server the database needs a collation that ignores case and keeps accents.
+--
+-- Only keys are NOT NULL: rows come from other programs as well. There are no foreign keys, since a code may be
+-- removed while it is in use. Text is as wide as its field on the screen. A plate has the 15 characters that the
+-- order of the events looks at.
+
+-- Code tables: what classifies vehicles and their events.
+CREATE TABLE zor_PV_Categorias (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Categorias PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_Companhias (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Companhias PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_Departamentos (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Departamentos PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_Marcas (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Marcas PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_Modelos (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Modelos PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_TiposAcessorios (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_TiposAcessorios PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_TiposManut (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_TiposManut PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_TiposSeguro (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_TiposSeguro PRIMARY KEY (Codigo)
+);
+
+CREATE TABLE zor_PV_Viagens (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  CONSTRAINT PK_zor_PV_Viagens PRIMARY KEY (Codigo)
+);
+
+-- Combustivel: 1 when the type is a fuel, else 0.
+CREATE TABLE zor_PV_TiposGastos (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(50) NULL,
+  Combustivel smallint NULL,
+  CustoUnit money NULL,
+  CONSTRAINT PK_zor_PV_TiposGastos PRIMARY KEY (Codigo)
+);
+
+-- Vehicles. Combustivel: 0 Diesel, 1 Gasolina, 2 GPL, 3 Eléctrico. Inactiva, Tacografo: 1 or 0.
+CREATE TABLE zor_PV_Viaturas (
+  Matricula nvarchar(15) NOT NULL,
+  Marca nvarchar(10) NULL,
+  Modelo nvarchar(10) NULL,
+  Responsavel nvarchar(40) NULL,
+  Categoria nvarchar(10) NULL,
+  Departamento nvarchar(10) NULL,
+  KmInicial money NULL,
+  KmActual money NULL,
+  DataKmInicial datetime NULL,
+  CustoMedioKmC money NULL,
+  DataMatricula datetime NULL,
+  AnoMatricula smallint NULL,
+  NoMotor nvarchar(15) NULL,
+  Cilindrada nvarchar(10) NULL,
+  CompLeasing nvarchar(10) NULL,
+  NoContrato nvarchar(20) NULL,
+  ValContrato datetime NULL,
+  ValorInicial money NULL,
+  ValorResidual money NULL,
+  Mensalidade money NULL,
+  CustoMedioKmT money NULL,
+  QtdInicial money NULL,
+  CustoTotal money NULL,
+  Obs nvarchar(150) NULL,
+  Media money NULL,
+  NoChassis nvarchar(50) NULL,
+  Combustivel smallint NULL,
+  DataPrxRev datetime NULL,
+  DataPrxInsp datetime NULL,
+  KmPrxRev money NULL,
+  Inactiva smallint NULL,
+  Tacografo smallint NULL,
+  DtDescarga datetime NULL,
+  DataSelo datetime NULL,
+  SeloPago bit NULL,
+  CONSTRAINT PK_zor_PV_Viaturas PRIMARY KEY (Matricula)
+);
+
+-- Drivers. Inactivo: 1 or 0.
+CREATE TABLE zor_Funcionarios (
+  Codigo nvarchar(10) NOT NULL,
+  Nome nvarchar(60) NULL,
+  Morada nvarchar(50) NULL,
+  Localidade nvarchar(40) NULL,
+  CodPostal nvarchar(8) NULL,
+  NIF nvarchar(13) NULL,
+  DataNasc datetime NULL,
+  BI nvarchar(13) NULL,
+  DataBI datetime NULL,
+  EmissaoBI nvarchar(20) NULL,
+  Telefone nvarchar(20) NULL,
+  Telemovel nvarchar(20) NULL,
+  Email nvarchar(50) NULL,
+  Passaporte nvarchar(13) NULL,
+  DataPassa datetime NULL,
+  ValidadePassa datetime NULL,
+  CartaoCid nvarchar(13) NULL,
+  DataCartaoCid datetime NULL,
+  ValCartaoCid datetime NULL,
+  CartaCond nvarchar(13) NULL,
+  DataCartaCond datetime NULL,
+  ValCartaCond datetime NULL,
+  TipoCartaCond smallint NULL,
+  DGV nvarchar(20) NULL,
+  LocalPassa nvarchar(20) NULL,
+  Obs nvarchar(150) NULL,
+  LocalCid nvarchar(20) NULL,
+  DataValBI datetime NULL,
+  DtInicioCartaoCondutor datetime NULL,
+  DtFimCartaoCondutor datetime NULL,
+  DtDescarga datetime NULL,
+  NoCartaoCondutor nvarchar(16) NULL,
+  EmissoraCartaoCondutor nvarchar(20) NULL,
+  Inactivo smallint NULL,
+  CONSTRAINT PK_zor_Funcionarios PRIMARY KEY (Codigo)
+);
+
+-- Licence classes of the drivers, TipoCarta from 0.
+CREATE TABLE zor_CartasCond (
+  Motorista nvarchar(10) NOT NULL,
+  TipoCarta smallint NOT NULL,
+  DataValidade datetime NULL,
+  CONSTRAINT PK_zor_CartasCond PRIMARY KEY (Motorista, TipoCarta)
+);
+
+-- Events of the vehicles: each is walked by vehicle and date.
+CREATE TABLE zor_PV_Gastos (
+  Gst_Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  Motorista nvarchar(25) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  Viagem nvarchar(50) NULL,
+  Qtd money NULL,
+  Km money NULL,
+  ValorUn money NULL,
+  Custo money NULL,
+  TipoGasto nvarchar(25) NULL,
+  CONSTRAINT PK_zor_PV_Gastos PRIMARY KEY (Gst_Id)
+);
+CREATE INDEX IX_zor_PV_Gastos ON zor_PV_Gastos (Matricula, Data);
+
+-- Modalidade: 0 Anual, 1 Semestral. Inactiva: 1 for a policy that is closed.
+CREATE TABLE zor_PV_Seguros (
+  Seg_Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  Companhia nvarchar(10) NULL,
+  TipoSeguro nvarchar(10) NULL,
+  Apolice nvarchar(15) NULL,
+  Validade datetime NULL,
+  Premio money NULL,
+  Franquia money NULL,
+  Modalidade smallint NULL,
+  DataInicio datetime NULL,
+  Inactiva smallint NULL,
+  Coberturas nvarchar(200) NULL,
+  CONSTRAINT PK_zor_PV_Seguros PRIMARY KEY (Seg_Id)
+);
+CREATE INDEX IX_zor_PV_Seguros ON zor_PV_Seguros (Matricula, Validade);
+
+CREATE TABLE zor_PV_Revisoes (
+  Manu_Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  TipoManut nvarchar(10) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  Km money NULL,
+  Custo money NULL,
+  CONSTRAINT PK_zor_PV_Revisoes PRIMARY KEY (Manu_Id)
+);
+CREATE INDEX IX_zor_PV_Revisoes ON zor_PV_Revisoes (Matricula, Data);
+
+CREATE TABLE zor_PV_Inspecoes (
+  Insp_Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  Km money NULL,
+  Custo money NULL,
+  CONSTRAINT PK_zor_PV_Inspecoes PRIMARY KEY (Insp_Id)
+);
+CREATE INDEX IX_zor_PV_Inspecoes ON zor_PV_Inspecoes (Matricula, Data);
+
+-- Responsabilidade: 1 or 0.
+CREATE TABLE zor_PV_Multas (
+  Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  Motorista nvarchar(10) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  ValorMulta money NULL,
+  Responsabilidade smallint NULL,
+  CONSTRAINT PK_zor_PV_Multas PRIMARY KEY (Id)
+);
+CREATE INDEX IX_zor_PV_Multas ON zor_PV_Multas (Matricula, Data);
+
+-- Responsavel: 1 or 0.
+CREATE TABLE zor_PV_Sinistros (
+  Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  Motorista nvarchar(10) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  LocalAc nvarchar(50) NULL,
+  Responsavel smallint NULL,
+  Custo money NULL,
+  CONSTRAINT PK_zor_PV_Sinistros PRIMARY KEY (Id)
+);
+CREATE INDEX IX_zor_PV_Sinistros ON zor_PV_Sinistros (Matricula, Data);
+
+CREATE TABLE zor_PV_Acessorios (
+  Id int IDENTITY(1,1) NOT NULL,
+  Matricula nvarchar(15) NULL,
+  TipoAcessorio nvarchar(10) NULL,
+  Obs nvarchar(150) NULL,
+  Data datetime NULL,
+  Marca nvarchar(25) NULL,
+  Modelo nvarchar(25) NULL,
+  KmInicial money NULL,
+  KmFinal money NULL,
+  Qtd money NULL,
+  Custo money NULL,
+  DataVal datetime NULL,
+  CONSTRAINT PK_zor_PV_Acessorios PRIMARY KEY (Id)
+);
+CREATE INDEX IX_zor_PV_Acessorios ON zor_PV_Acessorios (Matricula, Data);
+
+-- Photos of vehicles (type 30) and drivers (type 20), shared with other programs.
+CREATE TABLE zor_Fotos (
+  zor_Fotos_Entidade nvarchar(50) NOT NULL,
+  zor_Fotos_TipoEntidade smallint NOT NULL,
+  zor_Fotos_NumeroFoto smallint NULL,
+  zor_Fotos_Imagem varbinary(max) NULL,
+  CONSTRAINT PK_zor_Fotos PRIMARY KEY (zor_Fotos_Entidade, zor_Fotos_TipoEntidade)
+);
+
+-- Paths of files attached to a record.
+CREATE TABLE zor_PV_Attach (
+  Id int IDENTITY(1,1) NOT NULL,
+  Codigo nvarchar(50) NULL,
+  Fx nvarchar(1000) NULL,
+  Tipo smallint NULL,
+  CONSTRAINT PK_zor_PV_Attach PRIMARY KEY (Id)
+);
+CREATE INDEX IX_zor_PV_Attach ON zor_PV_Attach (Codigo, Tipo);
+
+-- Documents kept in the database, shared with other programs.
+CREATE TABLE zor_ArquivoDigital (
+  zor_ArquivoDigital_Id int IDENTITY(1,1) NOT NULL,
+  zor_ArquivoDigital_Entidade nvarchar(50) NULL,
+  zor_ArquivoDigital_TipoEntidade smallint NULL,
+  zor_ArquivoDigital_Documento varbinary(max) NULL,
+  zor_ArquivoDigital_NomeFicheiro nvarchar(255) NULL,
+  zor_ArquivoDigital_Titulo nvarchar(100) NULL,
+  CONSTRAINT PK_zor_ArquivoDigital PRIMARY KEY (zor_ArquivoDigital_Id)
+);
+CREATE INDEX IX_zor_ArquivoDigital ON zor_ArquivoDigital (zor_ArquivoDigital_Entidade, zor_ArquivoDigital_TipoEntidade);
+
+-- The personnel application's table, which is only read. It usually lives in a database of its own.
+CREATE TABLE Func1 (
+  Nfunc nvarchar(10) NOT NULL,
+  Nome nvarchar(60) NULL,
+  Morada nvarchar(50) NULL,
+  Localid nvarchar(40) NULL,
+  CdPostal nvarchar(8) NULL,
+  NFiscal nvarchar(13) NULL,
+  DtNasc datetime NULL,
+  BI nvarchar(13) NULL,
+  DtBI datetime NULL,
+  Emissao nvarchar(20) NULL,
+  Telefone nvarchar(20) NULL,
+  Telemove nvarchar(20) NULL,
+  Email nvarchar(50) NULL,
+  Passpo nvarchar(13) NULL,
+  NUMERO_CARTAO_CIDADAO nvarchar(13) NULL,
+  CONSTRAINT PK_Func1 PRIMARY KEY (Nfunc)
+);

@@ -1,0 +1,1 @@
+ SELECT zor_PV_Acessorios.Id as ' ',zor_PV_Acessorios.Matricula AS Matrícula, zor_PV_TiposAcessorios.Nome AS 'Tipo Acessório', zor_PV_Acessorios.Marca FROM zor_PV_Acessorios INNER JOIN zor_PV_TiposAcessorios ON zor_PV_Acessorios.TipoAcessorio = zor_PV_TiposAcessorios.Codigo where zor_PV_Acessorios.Matricula='12-AB-34'

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Acessorios

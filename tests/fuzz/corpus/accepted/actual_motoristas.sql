@@ -1,0 +1,1 @@
+ SELECT     Codigo, Nome, DtDescarga From zor_Funcionarios WHERE     (Inactivo = 0) AND (NoCartaoCondutor <> '')

@@ -1,0 +1,1 @@
+ SELECT     zor_PV_Viaturas.Matricula, zor_PV_Marcas.Nome, zor_PV_Viaturas.DataSelo FROM         zor_PV_Viaturas INNER JOIN zor_PV_Marcas ON zor_PV_Viaturas.Marca = zor_PV_Marcas.Codigo Where (zor_PV_Viaturas.Inactiva = 0)

@@ -1,0 +1,1 @@
+ DELETE FROM zor_ArquivoDigital Where (zor_ArquivoDigital_Id =7)

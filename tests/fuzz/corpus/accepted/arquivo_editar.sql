@@ -1,0 +1,1 @@
+SELECT  zor_ArquivoDigital_Entidade,  zor_ArquivoDigital_TipoEntidade,  zor_ArquivoDigital_Documento,  zor_ArquivoDigital_NomeFicheiro,  zor_ArquivoDigital_Id,  zor_ArquivoDigital_Titulo From zor_ArquivoDigital WHERE     (zor_ArquivoDigital_Id = 0)

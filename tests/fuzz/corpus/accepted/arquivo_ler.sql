@@ -1,0 +1,1 @@
+SELECT     zor_ArquivoDigital_NomeFicheiro, zor_ArquivoDigital_Documento From zor_ArquivoDigital WHERE     (zor_ArquivoDigital_Id = 7)

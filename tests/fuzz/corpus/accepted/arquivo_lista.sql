@@ -1,0 +1,1 @@
+SELECT     zor_ArquivoDigital_Id as Numero, zor_ArquivoDigital_Titulo as Titulo From zor_ArquivoDigital WHERE     (zor_ArquivoDigital_Entidade = N'12-AB-34')  AND (zor_ArquivoDigital_TipoEntidade = 300)

@@ -1,0 +1,1 @@
+UPDATE    zor_ArquivoDigital Set zor_ArquivoDigital_Titulo = N'Livrete d''origem ' Where (zor_ArquivoDigital_Id =7)

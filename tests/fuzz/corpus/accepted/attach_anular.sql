@@ -1,0 +1,1 @@
+Delete  From zor_PV_Attach  WHERE (Id ='7' )

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Attach WHERE     (Codigo = N'12-AB-34' and Tipo=300)

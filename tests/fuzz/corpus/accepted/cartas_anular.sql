@@ -1,0 +1,1 @@
+Delete from zor_CartasCond where Motorista='M01' and tipoCarta=3

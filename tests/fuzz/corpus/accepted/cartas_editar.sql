@@ -1,0 +1,1 @@
+SELECT * From zor_CartasCond WHERE     (Motorista = N'M01' and TipoCarta=3)

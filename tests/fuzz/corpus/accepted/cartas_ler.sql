@@ -1,0 +1,1 @@
+ Select * from zor_CartasCond where Motorista='M01' and TipoCarta=3

@@ -1,0 +1,1 @@
+SELECT Codigo, Nome From zor_PV_Categorias WHERE     (Codigo = N'LIGP')

@@ -1,0 +1,1 @@
+ SELECT zor_PV_Categorias.Codigo AS Codigo, zor_PV_Categorias.Nome AS Nome from zor_PV_Categorias  Order by zor_PV_Categorias.Codigo

@@ -1,0 +1,1 @@
+SELECT Codigo AS Código, Nome AS Nome FROM zor_PV_Categorias order by Codigo

@@ -1,0 +1,1 @@
+SELECT Codigo as Código, Nome From zor_PV_Categorias ORDER BY Codigo

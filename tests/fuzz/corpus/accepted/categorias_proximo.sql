@@ -1,0 +1,1 @@
+SELECT Top 1 Codigo, Nome From zor_PV_Categorias WHERE     (Codigo > 'LIGP') order by Codigo

@@ -1,0 +1,1 @@
+ Delete zor_Fotos WHERE     (zor_Fotos_TipoEntidade = 30) AND (zor_Fotos_Entidade = '12-AB-34')

@@ -1,0 +1,1 @@
+ SELECT zor_Fotos_Entidade, zor_Fotos_Imagem, zor_Fotos_TipoEntidade,zor_Fotos_NumeroFoto  From zor_Fotos WHERE     (zor_Fotos_TipoEntidade = 30) AND (zor_Fotos_Entidade = '12-AB-34')

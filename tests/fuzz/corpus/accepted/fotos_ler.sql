@@ -1,0 +1,1 @@
+ SELECT zor_Fotos_Entidade, zor_Fotos_Imagem, zor_Fotos_TipoEntidade From zor_Fotos WHERE     (zor_Fotos_TipoEntidade = 20) AND (zor_Fotos_Entidade = 'M01')

@@ -1,0 +1,1 @@
+SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), Data, 102)<= left('12-AB-34'+'000000000000000',15)+'2024.05.17' order by Matricula Desc,Data desc

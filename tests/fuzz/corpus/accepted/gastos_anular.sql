@@ -1,0 +1,1 @@
+Delete  From zor_PV_Gastos  WHERE (Gst_Id ='7' )

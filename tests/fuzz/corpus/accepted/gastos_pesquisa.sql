@@ -1,0 +1,1 @@
+ SELECT zor_PV_Gastos.Gst_Id as ' ',zor_PV_Gastos.Matricula AS Matrícula, zor_PV_Gastos.Data AS Data, zor_Funcionarios.Nome as Motorista FROM zor_PV_Gastos INNER JOIN zor_Funcionarios ON zor_PV_Gastos.Motorista = zor_Funcionarios.Codigo where zor_PV_Gastos.Matricula='12-AB-34'

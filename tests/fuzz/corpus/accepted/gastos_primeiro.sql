@@ -1,0 +1,1 @@
+SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula > '' and Data>'') order by Matricula,Data 

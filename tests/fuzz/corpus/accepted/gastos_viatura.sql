@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Gastos INNER Join zor_PV_TiposGastos ON  zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto WHERE     (Matricula = N'12-AB-34') Order by Data desc

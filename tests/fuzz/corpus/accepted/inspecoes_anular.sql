@@ -1,0 +1,1 @@
+Delete  From zor_PV_Inspecoes  WHERE (Insp_Id ='7' )

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Inspecoes WHERE     (Insp_Id = N'7')

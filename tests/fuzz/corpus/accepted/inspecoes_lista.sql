@@ -1,0 +1,1 @@
+ SELECT  zor_PV_Inspecoes.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Inspecoes.Data AS Data, zor_PV_Inspecoes.Insp_Id as Seg_Id FROM         zor_PV_Inspecoes LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Inspecoes.Matricula Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca ORDER BY zor_PV_Inspecoes.Matricula, Data

@@ -1,0 +1,1 @@
+ SELECT zor_PV_Inspecoes.Insp_Id as ' ',zor_PV_Inspecoes.Matricula AS Matrícula,zor_PV_Inspecoes.Data AS Data  FROM zor_PV_Inspecoes where zor_PV_Inspecoes.Matricula='12-AB-34'

@@ -1,0 +1,1 @@
+SELECT Top 1 *  From zor_PV_Inspecoes  WHERE     (Matricula < 'zzzzzzzzzzzz') and Data <'2050-12-31' order by Matricula desc,Data Desc

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Inspecoes WHERE     (Matricula = N'12-AB-34')

@@ -1,0 +1,1 @@
+INSERT INTO zor_PV_Marcas (Codigo, Nome) VALUES (N'RE', N'Renault')

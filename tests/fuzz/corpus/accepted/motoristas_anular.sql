@@ -1,0 +1,1 @@
+Delete  From zor_Funcionarios  WHERE (Codigo ='M01' )

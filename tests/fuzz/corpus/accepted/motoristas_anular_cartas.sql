@@ -1,0 +1,1 @@
+Delete  From zor_CartasCond  WHERE (Motorista ='M01' )

@@ -1,0 +1,1 @@
+SELECT * From zor_Funcionarios WHERE     (Codigo = N'M01')

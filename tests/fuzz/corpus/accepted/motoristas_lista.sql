@@ -1,0 +1,1 @@
+ SELECT zor_Funcionarios.Codigo AS Codigo, zor_Funcionarios.Nome AS Nome  FROM zor_Funcionarios Order by zor_Funcionarios.Codigo

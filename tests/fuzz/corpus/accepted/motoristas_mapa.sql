@@ -1,0 +1,1 @@
+SELECT Codigo AS Código, Nome AS Nome FROM zor_Funcionarios order by Codigo

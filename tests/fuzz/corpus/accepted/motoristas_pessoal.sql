@@ -1,0 +1,1 @@
+SELECT *  From Func1 WHERE     (Nfunc = N'M01')

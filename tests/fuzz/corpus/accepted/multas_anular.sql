@@ -1,0 +1,1 @@
+Delete  From zor_PV_Multas  WHERE (Id ='7' )

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Multas WHERE     (Id = N'7')

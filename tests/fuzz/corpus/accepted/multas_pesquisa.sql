@@ -1,0 +1,1 @@
+SELECT id as ' ',Matricula as Matrícula,Data as Data, ValorMulta as Multa From zor_PV_Multas ORDER BY Matricula

@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Multas WHERE     (Matricula = N'12-AB-34')

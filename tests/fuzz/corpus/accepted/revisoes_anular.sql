@@ -1,0 +1,1 @@
+Delete  From zor_PV_Revisoes  WHERE (Manu_Id ='7' )

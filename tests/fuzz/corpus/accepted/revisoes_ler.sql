@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Revisoes WHERE     (Manu_Id = N'7')

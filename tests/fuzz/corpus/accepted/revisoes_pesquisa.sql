@@ -1,0 +1,1 @@
+ SELECT zor_PV_Revisoes.Manu_Id as ' ',zor_PV_Revisoes.Matricula AS Matrícula, zor_PV_TiposManut.Nome AS 'Tipo Revisão',Data as Data  FROM zor_PV_Revisoes INNER JOIN zor_PV_TiposManut ON zor_PV_Revisoes.TipoManut = zor_PV_TiposManut.Codigo where zor_PV_Revisoes.Matricula='12-AB-34'

@@ -1,0 +1,1 @@
+Delete  From zor_PV_Seguros  WHERE (Seg_Id ='7' )

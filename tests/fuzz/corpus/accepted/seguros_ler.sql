@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Seguros WHERE     (Seg_Id = N'7')

@@ -1,0 +1,1 @@
+ SELECT  zor_PV_Seguros.Seg_Id as ' ',zor_PV_Seguros.Matricula AS Matrícula, zor_PV_TiposSeguro.Nome AS 'Tipo Seguro', zor_PV_Seguros.Apolice AS 'Apólice' FROM zor_PV_Seguros INNER JOIN zor_PV_TiposSeguro ON zor_PV_Seguros.TipoSeguro = zor_PV_TiposSeguro.Codigo where zor_PV_Seguros.Matricula='12-AB-34'

@@ -1,0 +1,1 @@
+SELECT Top 1 *  From zor_PV_Seguros WHERE     (Matricula > '' and Validade>'') order by Matricula,Validade 

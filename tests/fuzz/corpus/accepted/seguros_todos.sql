@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Seguros Order by Matricula,Inactiva,Validade 

@@ -1,0 +1,1 @@
+SELECT Top 1 *  From zor_PV_Seguros WHERE     (Matricula < 'zzzzzzzzzzzz') and Validade <'2050-12-31' order by Matricula desc,Validade Desc

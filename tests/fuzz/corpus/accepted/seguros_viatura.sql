@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Seguros WHERE     (Matricula = N'12-AB-34') Order by Matricula,Inactiva,Validade 

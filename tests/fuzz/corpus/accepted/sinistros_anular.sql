@@ -1,0 +1,1 @@
+Delete  From zor_PV_Sinistros  WHERE (Id ='7' )

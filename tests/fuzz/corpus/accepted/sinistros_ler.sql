@@ -1,0 +1,1 @@
+SELECT *  From zor_PV_Sinistros WHERE     (Id = N'7')

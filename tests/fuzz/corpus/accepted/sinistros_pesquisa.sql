@@ -1,0 +1,1 @@
+ SELECT zor_PV_Sinistros.Id as ' ', zor_PV_Sinistros.Matricula AS Matrícula, zor_Funcionarios.Nome AS Motorista, zor_PV_Sinistros.Data as Data FROM         zor_PV_Sinistros INNER JOIN zor_Funcionarios ON zor_PV_Sinistros.Motorista = zor_Funcionarios.Codigo order by Matricula

@@ -1,0 +1,1 @@
+SELECT MAX([Data]) AS Ultima FROM [zor_PV_Inspecoes] WHERE Matricula='12-AB-34 '

@@ -1,0 +1,1 @@
+Delete  From zor_PV_Inspecoes  WHERE (Matricula ='12-AB-34' )

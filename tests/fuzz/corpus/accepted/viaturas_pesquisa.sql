@@ -1,0 +1,1 @@
+ SELECT zor_PV_Viaturas.Matricula AS Matrícula, zor_PV_Marcas.Nome AS Marca, zor_PV_Modelos.Nome AS Modelo  FROM         zor_PV_Viaturas INNER JOIN  zor_PV_Modelos ON zor_PV_Viaturas.Modelo = zor_PV_Modelos.Codigo INNER JOIN  zor_PV_Marcas ON zor_PV_Viaturas.Marca = zor_PV_Marcas.Codigo

@@ -1,0 +1,1 @@
+SELECT Top 1 *  From zor_PV_Viaturas WHERE     (Matricula > '') order by Matricula 

@@ -1,0 +1,1 @@
+SELECT Top 1 * From zor_PV_Viaturas WHERE     (Matricula > '12-AB-34') order by Matricula

@@ -1,0 +1,1 @@
+SELECT Matricula AS Matrícula AS Nome FROM zor_PV_Inspecoes order by Codigo

@@ -1,0 +1,1 @@
+SELECT Codigo AS Código AS Nome FROM zor_PV_Multas order by Codigo

@@ -1,0 +1,1 @@
+Delete from zor_CartasCond where Motorista=''; DROP TABLE zor_PV_Viaturas --'

@@ -1,0 +1,1 @@
+SELECT Codigo AS Código AS Nome FROM zor_PV_Sinistros order by Codigo
