@@ -1,10 +1,13 @@
 #include "console/program.h"
 
 #include <CLI/CLI.hpp>
+#include <fstream>
 #include <ostream>
+#include <stdexcept>
 
 #include "console/console_host.h"
 #include "console/demo.h"
+#include "console/import.h"
 #include "console/list_printer.h"
 #include "console/paths.h"
 #include "embedded/database.h"
@@ -27,7 +30,9 @@ struct Options {
   std::string key;
   bool csv = false;
   bool json = false;
-  std::string copy;
+  std::string file;
+  std::string what;
+  bool simulate = false;
 };
 
 class Program {
@@ -63,9 +68,24 @@ class Program {
     return kDone;
   }
 
+  int Import() {
+    std::ifstream file(options_.file, std::ios::binary);
+    if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + options_.file);
+    const auto database = Open();
+    const auto target = MakeImportTarget(options_.what, database);
+    if (!target) {
+      err_ << "Não se importa «" << options_.what << "». Pode importar: " << ImportTargetNames() << ".\n";
+      return kUsage;
+    }
+    const ImportResult result = ImportCsv(*database, *target, file, options_.simulate, out_);
+    out_ << result.added << (options_.simulate ? " entrariam, " : " novos, ") << result.known
+         << " já existiam, " << result.refused << " recusados\n";
+    return result.refused == 0 ? kDone : kRefused;
+  }
+
   int Copy() {
-    Open()->CopyTo(options_.copy);
-    out_ << "Cópia escrita em " << options_.copy << '\n';
+    Open()->CopyTo(options_.file);
+    out_ << "Cópia escrita em " << options_.file << '\n';
     return kDone;
   }
 
@@ -134,29 +154,46 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   std::function<int()> command;
 
   CLI::App app("Gestão de frota no terminal.", "parvel");
+  app.option_defaults()->group("Opções");
   app.set_help_flag("-h,--help", "Mostra esta ajuda.");
   app.set_version_flag("--version", "parvel " PARVEL_VERSION, "Mostra a versão.");
   app.add_option("--db", options.database, "Ficheiro da base de dados, em vez do habitual.")
       ->type_name("FICHEIRO");
   app.require_subcommand(1);
+  const auto comando = [&app](const char* nome, const char* texto) {
+    auto* novo = app.add_subcommand(nome, texto)->group("Comandos");
+    novo->option_defaults()->group("Opções");
+    novo->set_help_flag("-h,--help", "Mostra esta ajuda.");
+    return novo;
+  };
   app.fallthrough();
   Translate(app);
   app.footer(
       "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco.\n"
       "Sem --db, a base de dados é parvel/frota.db na pasta de dados do utilizador.");
 
-  auto* lista = app.add_subcommand("lista", "Mostra uma lista; sem chave, as chaves das listas.");
+  auto* lista = comando("lista", "Mostra uma lista; sem chave, as chaves das listas.");
   lista->add_option("chave", options.key, "Chave da lista, por exemplo Marcas.")->type_name("");
   auto* csv = lista->add_flag("--csv", options.csv, "Em CSV, separado por ponto e vírgula.");
   lista->add_flag("--json", options.json, "Em JSON.")->excludes(csv);
   lista->callback([&] { command = [&] { return program.PrintOneList(); }; });
 
-  auto* demo = app.add_subcommand("demo", "Enche uma base de dados vazia com dados de demonstração.");
+  auto* demo = comando("demo", "Enche uma base de dados vazia com dados de demonstração.");
   demo->callback([&] { command = [&] { return program.Demo(); }; });
 
-  auto* copia = app.add_subcommand("copia", "Escreve uma cópia coerente da base de dados, mesmo em uso.");
-  copia->add_option("ficheiro", options.copy, "Ficheiro novo para a cópia.")->type_name("")->required();
+  auto* copia = comando("copia", "Escreve uma cópia coerente da base de dados, mesmo em uso.");
+  copia->add_option("ficheiro", options.file, "Ficheiro novo para a cópia.")->type_name("")->required();
   copia->callback([&] { command = [&] { return program.Copy(); }; });
+
+  auto* importar = comando("importar", "Importa um ficheiro CSV; diz cada linha recusada e porquê.");
+  importar->add_option("o-quê", options.what, "Um de: " + ImportTargetNames() + ".")
+      ->type_name("")
+      ->required();
+  importar->add_option("ficheiro", options.file, "Ficheiro CSV; a primeira linha tem os nomes das colunas.")
+      ->type_name("")
+      ->required();
+  importar->add_flag("--simular", options.simulate, "Verifica e conta, sem gravar.");
+  importar->callback([&] { command = [&] { return program.Import(); }; });
 
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -34,6 +34,7 @@ void ListFrame::PreencheGrid(const RecordsetRef& linhas) {
     column.dataType = coluna.tipo;
     column.headingAlignment = coluna.alinhamentoTitulo;
     column.option = coluna.opcao;
+    column.hidden = column.caption == "SISTEMA";
   }
   grid.Redraw = true;
 }

@@ -2,6 +2,9 @@
 
 #include <array>
 
+#include "documents/arquivo_form.h"
+#include "events/event_list.h"
+#include "events/gastos_form.h"
 #include "masterdata/code_table_form.h"
 #include "masterdata/code_table_list.h"
 #include "masterdata/tipos_gastos_form.h"
@@ -36,6 +39,7 @@ constexpr std::array kLists = {
     ListKey{"TiposManut", &NovaLista<VwLstTiposManut>},
     ListKey{"TiposSeguro", &NovaLista<VwLstTiposSeguro>},
     ListKey{"Viagens", &NovaLista<VwLstViagens>},
+    ListKey{"Gastos", &NovaLista<VwLstGastos>},
 };
 
 const ListKey* FindList(const std::string& name) {
@@ -52,6 +56,7 @@ void Register(const char* name) {
 }  // namespace
 
 Sistema::Sistema() {
+  Register<Gastos>("Gastos");
   Register<Categorias>("Categorias");
   Register<Departamentos>("Departamentos");
   Register<Modelos>("Modelos");
@@ -62,6 +67,7 @@ Sistema::Sistema() {
   Register<TiposSeguro>("TiposSeguro");
   Register<Viagens>("Viagens");
   Register<Marcas>("Marcas");
+  Register<frmArquivo>("frmArquivo");
 }
 
 std::vector<std::string> Sistema::ChavesDasListas() {

@@ -38,7 +38,7 @@ class CodeTable {
   /// Inserts or updates; texts are cut to the columns' widths. Always true.
   bool Escrever();
   /// False when the database refused; a code that has no row is no failure.
-  bool Anular();
+  virtual bool Anular();
   /// The code that the user picks, empty when none.
   std::string MostraLista();
   /// Prints the table. Always false.

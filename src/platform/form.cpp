@@ -48,8 +48,16 @@ void Form::DeliverKeys() {
   while (handling_ == 1 && !keys_.empty() && !closed_) {
     const bool backwards = keys_.front()[0] == '+';
     keys_.pop_front();
-    MoveFocus(backwards);
+    if (backwards || PressTab()) MoveFocus(backwards);
   }
+}
+
+/// Tells the control of the key; false when it swallowed it. A step back that a handler sent isn't told: it comes
+/// from Escape, which leaves the field unchecked.
+bool Form::PressTab() {
+  int code = kKeyTab;
+  if (active_ != nullptr && active_->KeyPress) active_->KeyPress(code);
+  return code != kKeyNone && !closed_;
 }
 
 Control* Form::Neighbour(const Control* from, bool backwards) const {
@@ -110,7 +118,7 @@ void Form::UserKey(int key, bool shift) {
   Control* control = active_;
   if (control == nullptr) return;
   if (key == kKeyTab) {
-    MoveFocus(shift);
+    if (PressTab()) MoveFocus(shift);
     return DeliverKeys();
   }
   auto* field = dynamic_cast<zor_input*>(control);
@@ -190,6 +198,13 @@ void Form::UserSelectsRow(SGGrid& grid, long row) {
   if (!UserGoesTo(grid)) return;
   Handling handling(*this);
   grid.SetRow(row);
+  DeliverKeys();
+}
+
+void Form::UserCommands(SGGrid& grid, long row, long command) {
+  UserSelectsRow(grid, row);
+  Handling handling(*this);
+  if (grid.Row() == row && grid.PopUpCommand) grid.PopUpCommand(command);
   DeliverKeys();
 }
 

@@ -56,6 +56,8 @@ class Form {
   void UserSelectsTab(TabControl& tabs, int index);
   void UserSelectsRow(SGGrid& grid, long row);
   void UserDoubleClicks(SGGrid& grid, long row);
+  /// A command of the grid's context menu, on a row.
+  void UserCommands(SGGrid& grid, long row, long command);
   /// The window's own close button: a plain unload.
   void UserCloses() { Unload(); }
 
@@ -74,6 +76,7 @@ class Form {
   bool Leave(Control* to);
   void Focus(Control* control);
   void MoveFocus(bool backwards);
+  bool PressTab();
   void DeliverKeys();
 
   std::vector<Control*> controls_;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/control.h"
+#include "platform/popup_menu.h"
 #include "platform/recordset.h"
 
 namespace platform {
@@ -115,6 +116,8 @@ class SGGrid : public Control {
 
   std::function<void(long row)> RowChange;
   std::function<void(long row)> DoubleClick;
+  PopUpMenu* PopUp = nullptr;                       // the rows' context menu, the form's own
+  std::function<void(long command)> PopUpCommand;   // a command of it was chosen on the current row
 
   /// Counts the changes of content and set-up, for whoever draws the grid.
   int Revision() const { return revision_; }

@@ -26,7 +26,7 @@ class RowStore {
   }
 
  private:
-  static constexpr std::size_t kRowsPerBlock = 16;  // few, so that reading one row stays cheap
+  static constexpr std::size_t kRowsPerBlock = 256;  // few, so that reading one row stays cheap
   static constexpr std::size_t kLargestTextBlock = 64 * 1024;
 
   std::string_view Keep(std::string_view data);

@@ -16,6 +16,8 @@ const char* RuntimeError::StandardText(int number) {
       return "Type mismatch";
     case kFileNotFound:
       return "File not found";
+    case kPathAccess:
+      return "Path/File access error";
     case kObjectNotSet:
       return "Object variable or With block variable not set";
     case kInvalidUseOfNull:

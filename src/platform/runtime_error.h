@@ -13,6 +13,7 @@ enum ErrorNumber : int {
   kDivisionByZero = 11,
   kTypeMismatch = 13,
   kFileNotFound = 53,
+  kPathAccess = 75,
   kObjectNotSet = 91,
   kInvalidUseOfNull = 94,
   kNoSuchMember = 438,

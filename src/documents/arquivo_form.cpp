@@ -1,0 +1,121 @@
+#include "documents/arquivo_form.h"
+
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/text.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Variant;
+
+enum Comando : long { kVisualizar = 700, kRenomear = 701, kApagar = 702 };
+
+}  // namespace
+
+frmArquivo::frmArquivo()
+    : btLista(*this, "btLista"), btConf(*this, "btConf"), btSair(*this, "btSair"), Grelha(*this, "Grelha") {
+  Name = "frmArquivo";
+  Caption = "Arquivo Digital";
+  NovoCampo(0, "Ficheiro", 0);
+  NovoCampo(1, "Título", 100);
+  layout.head.rows[0][0].list = &btLista;
+  btLista.Caption = "...";
+  btLista.ToolTipText = "Escolher o ficheiro.";
+  btLista.TabStop = false;
+  btLista.Click = [this] { btLista_Click(); };
+  btConf.Caption = "&Anexar";
+  btConf.ToolTipText = "Anexa o ficheiro.";
+  btConf.Click = [this] { btConf_Click(); };
+  btSair.Caption = "&Sair";
+  btSair.CausesValidation = false;
+  btSair.Click = [this] { Unload(); };
+  layout.head.grid = &Grelha;
+  layout.actions = {&btConf, &btSair};
+  layout.accent = &btConf;
+}
+
+void frmArquivo::NovoCampo(int indice, const char* titulo, int maxlength) {
+  Titulo.Add(*this, "Titulo", indice).Caption = titulo;
+  platform::zor_input& campo = Campo.Add(*this, "Campo", indice);
+  TabBefore(campo, btLista);
+  campo.maxlength = maxlength;
+  campo.KeyPress = [this, indice](int& keyCode) {
+    if (keyCode != platform::kKeyEscape) return;
+    SendKeys("+{TAB}");
+    keyCode = platform::kKeyNone;
+    if (indice == 0) Unload();
+  };
+  layout.head.rows.push_back({{.caption = &Titulo[indice], .field = &campo}});
+}
+
+void frmArquivo::Definir(std::string_view membro, const Variant& valor) {
+  if (membro == "Numero")
+    Numero = valor.ToText();
+  else if (membro == "Tipo")
+    Tipo = valor.ToInteger();
+  else
+    Ficha::Definir(membro, valor);
+}
+
+void frmArquivo::Chamar(std::string_view rotina, const Variant& argumento) {
+  if (rotina != "mostra") return Ficha::Chamar(rotina, argumento);
+  mostra();
+}
+
+void frmArquivo::mostra() {
+  CommandBarsArquivo = {};
+  CommandBarsArquivo.Add(kVisualizar, "&Visualizar").toolTip = "Visualiar o ficheiro";
+  CommandBarsArquivo.Add(kRenomear, "&Renomear");
+  CommandBarsArquivo.Add(kApagar, "&Apagar").toolTip = "Apagar o ficheiro";
+  Grelha.PopUp = &CommandBarsArquivo;
+  Grelha.PopUpCommand = [this](long comando) { CommandBarsArquivo_Execute(comando); };
+  Grelha.DoubleClick = [this](long) { CommandBarsArquivo_Execute(kVisualizar); };
+  arquivo_.bd = mybd;
+  PreencheGrelha();
+}
+
+void frmArquivo::PreencheGrelha() {
+  Grelha.SetDataSource(arquivo_.ListaDeDocumentos(Numero, Tipo));
+  Grelha.Column("Titulo").caption = "Título Documento";
+  Grelha.Column("Titulo").width = 6000;
+  Grelha.Column("Numero").hidden = true;
+}
+
+void frmArquivo::btLista_Click() {
+  const auto ficheiro = platform::Host::Current().OpenFile({.Filter = "Ficheiros  (*.*)|*.*", .Title = ""});
+  if (ficheiro) Campo[0].Text = *ficheiro;
+}
+
+void frmArquivo::btConf_Click() {
+  const std::string& ficheiro = Campo[0].Text;
+  if (platform::Trim(ficheiro).empty()) return;
+  if (!platform::FileExists(ficheiro)) {
+    platform::MsgBox("O ficheiro não existe !");
+    return;
+  }
+  if (!arquivo_.Add(ficheiro, Numero, Tipo, 0, Campo[1].Text)) return;
+  PreencheGrelha();
+  Campo[0].Text.clear();
+  Campo[1].Text.clear();
+  Campo[0].SetFocus();
+}
+
+void frmArquivo::CommandBarsArquivo_Execute(long comando) {
+  if (Grelha.Row() < 0) return;
+  const std::int32_t numero = Grelha.CellValue(Grelha.Row(), Grelha.ColumnIndex("Numero")).ToLong();
+  if (comando == kVisualizar) {
+    arquivo_.VisalizarDocumento(numero, 0, platform::Host::Current().TemporaryFolder());
+    return;
+  }
+  if (comando == kRenomear) {
+    arquivo_.MudaNomeDocumento(numero);
+  } else if (comando == kApagar) {
+    const int style = platform::kYesNo + platform::kQuestion + platform::kDefaultButton2;
+    if (platform::MsgBox("Confirma a remoção do ficheiro arquivado ?", style) != platform::kYes) return;
+    arquivo_.RemoverDocumento(numero);
+  }
+  PreencheGrelha();
+}
+
+}  // namespace zorCrmParvel

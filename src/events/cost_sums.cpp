@@ -1,0 +1,43 @@
+#include "events/cost_sums.h"
+
+#include "events/acessorios.h"
+#include "events/gastos.h"
+#include "events/inspecoes.h"
+#include "events/revisoes.h"
+
+namespace zorCrmParvel::Tools {
+namespace {
+
+using platform::Currency;
+
+template <typename Entity>
+Currency Soma(const DataAccessRef& bd, const std::string& Matricula, RecordsetRef (Entity::*ler)()) {
+  Entity entity;
+  entity.bd = bd;
+  entity.Codigo = Matricula;
+  const RecordsetRef rs = (entity.*ler)();
+  const auto custo = rs->Fields("Custo");
+  Currency total;
+  for (; !rs->Eof(); rs->MoveNext()) total += custo.Value().ToCurrency();
+  return total;
+}
+
+}  // namespace
+
+Currency SomaCustoGastos(const DataAccessRef& bd, const std::string& Matricula) {
+  return Soma(bd, Matricula, &clGastos::LerGastos);
+}
+
+Currency SomaCustoRevisoes(const DataAccessRef& bd, const std::string& Matricula) {
+  return Soma(bd, Matricula, &clRevisoes::LerRevisoes);
+}
+
+Currency SomaCustoInspecoes(const DataAccessRef& bd, const std::string& Matricula) {
+  return Soma(bd, Matricula, &clInspecoes::LerInspecoes);
+}
+
+Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::string& Matricula) {
+  return Soma(bd, Matricula, &clAcessorios::LerAcessorios);
+}
+
+}  // namespace zorCrmParvel::Tools

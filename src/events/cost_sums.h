@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/data_access.h"
+#include "platform/currency.h"
+
+/// What a vehicle's events have cost, exactly. Error 94 on an event without a cost.
+namespace zorCrmParvel::Tools {
+
+/// Expenses whose type is lost aren't counted.
+platform::Currency SomaCustoGastos(const DataAccessRef& bd, const std::string& Matricula);
+/// An empty plate sums the revisions of all vehicles.
+platform::Currency SomaCustoRevisoes(const DataAccessRef& bd, const std::string& Matricula);
+platform::Currency SomaCustoInspecoes(const DataAccessRef& bd, const std::string& Matricula);
+platform::Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::string& Matricula);
+
+}  // namespace zorCrmParvel::Tools

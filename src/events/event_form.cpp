@@ -1,0 +1,309 @@
+#include "events/event_form.h"
+
+#include <algorithm>
+
+#include "host/form_catalog.h"
+#include "host/tools.h"
+#include "platform/format.h"
+#include "platform/host.h"
+#include "platform/text.h"
+#include "vehicles/viaturas.h"
+
+namespace zorCrmParvel {
+
+using platform::Currency;
+using platform::PushButton;
+using platform::Variant;
+using platform::zor_input;
+
+void EventForm::Definir(std::string_view membro, const Variant& valor) {
+  if (membro == "TipoMostrar")
+    TipoMostrar = valor.ToInteger();
+  else if (membro == "Matricula")
+    Matricula = valor.ToText();
+  else if (membro == "Seg_Id")
+    Seg_Id = valor.ToLong();
+  else
+    Ficha::Definir(membro, valor);
+}
+
+void EventForm::Chamar(std::string_view rotina, const Variant& argumento) {
+  if (rotina != RotinaCarrega()) return Ficha::Chamar(rotina, argumento);
+  Carrega(argumento.ToLong());
+}
+
+void EventForm::Carrega(std::int32_t id) {
+  Seg_Id = id;
+  entidade_->Id = id;
+  entidade_->bd = mybd;
+  if (entidade_->Ler()) {
+    Matricula = entidade_->Codigo;
+    LerFicha();
+  } else {
+    Campo[0].Text = Matricula;
+    clViaturas viatura;
+    viatura.bd = mybd;
+    viatura.Matricula = Matricula;
+    viatura.Ler();
+    GuardarDaViatura(viatura);
+    MostrarMarca(viatura.Marca);
+  }
+  if (TipoMostrar == 1) Campo[0].Enabled = false;
+}
+
+void EventForm::GuardarDaViatura(const clViaturas&) {}
+
+void EventForm::LerFicha() {
+  clViaturas viatura;
+  viatura.bd = mybd;
+  viatura.Matricula = Matricula;
+  viatura.Ler();
+  GuardarDaViatura(viatura);
+  MostrarMarca(viatura.Marca);
+  Campo[0].Text = entidade_->Codigo;
+  Campo[0].Enabled = true;
+  DTPicker1.Value = entidade_->Data;
+  MostrarCampos();
+  for (const Referencia& referencia : referencias_) MostrarReferencia(referencia);
+}
+
+void EventForm::MostrarMarca(const std::string& codigo) {
+  clMarcas marca;
+  marca.bd = mybd;
+  marca.Codigo = codigo;
+  Titulo[textos_.tituloMarca].Caption = marca.Ler() ? marca.Descrição : "";
+}
+
+void EventForm::MostrarReferencia(const Referencia& referencia) {
+  const auto tabela = referencia.nova();
+  tabela->bd = mybd;
+  tabela->Codigo = Campo[referencia.campo].Text;
+  Titulo[referencia.titulo].Caption = tabela->Ler() ? tabela->Descrição : "";
+  ReferenciaLida(referencia, *tabela, false);
+}
+
+void EventForm::ReferenciaLida(const Referencia&, CodeTable&, bool) {}
+
+void EventForm::Limparform() {
+  Campo.Each([](zor_input& campo) {
+    if (campo.Index() != 0) campo.Text.clear();
+  });
+  Titulo.Each([](platform::Label& titulo) { titulo.Caption.clear(); });
+  DTPicker1.Value = platform::Date::Parse(platform::FormatDate(platform::Now(), textos_.formatoData));
+  if (TipoMostrar == 1) btLista[textos_.listaViaturas].Enabled = false;
+  Alterado = false;
+}
+
+void EventForm::Recomecar() {
+  Limparform();
+  Seg_Id = 0;
+  if (TipoMostrar == 1) return PrimeiroCampo().SetFocus();
+  Campo[0].Text.clear();
+  Campo[0].SetFocus();
+}
+
+void EventForm::Gravar() {
+  entidade_->Codigo = Campo[0].Text;
+  entidade_->Data = DTPicker1.Value.ToDate();
+  LevarCampos();
+  entidade_->Id = Seg_Id;
+  entidade_->bd = mybd;
+  if (entidade_->Escrever())
+    DepoisDeGravar();
+  else
+    Campo[1].SetFocus();
+}
+
+void EventForm::Anular(std::int32_t id, const std::string& matricula) {
+  Seg_Id = id;
+  Matricula = matricula;
+  entidade_->bd = mybd;
+  entidade_->Id = id;
+  if (entidade_->Anular()) DepoisDeAnular();
+}
+
+void EventForm::ActualizaViatura(Currency total) {
+  clViaturas viatura;
+  viatura.bd = mybd;
+  viatura.Matricula = Matricula;
+  viatura.Ler();
+  viatura.CustoTotal = total;
+  viatura.CustoMedioKmT = Tools::CustoPorKm(total, viatura.KmActual);
+  viatura.Escrever();
+}
+
+void EventForm::Navega(int indice, std::int32_t& id) {
+  entidade_->Codigo = Campo[0].Text;
+  entidade_->Data = DTPicker1.Value.ToDate();
+  entidade_->bd = mybd;
+  switch (indice) {
+    case 0:
+      entidade_->LerPrimeiro();
+      break;
+    case 1:
+      entidade_->LerAnterior();
+      break;
+    case 2:
+      entidade_->LerProximo();
+      break;
+    default:
+      entidade_->LerUltimo();
+      break;
+  }
+  id = entidade_->Id;
+}
+
+void EventForm::btNavega_Click(int indice) {
+  std::int32_t id = 0;
+  Navega(indice, id);
+  if (Alterado) {
+    const std::string pergunta =
+        Tools::DuasFrases("A informação relativa à Ficha foi alterada.", "Pretende gravar?");
+    if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Gravar();
+  }
+  entidade_->Id = id;
+  entidade_->Ler();
+  Matricula = entidade_->Codigo;
+  Seg_Id = entidade_->Id;
+  LerFicha();
+  Campo[0].SetFocus();
+  Alterado = false;
+}
+
+void EventForm::btAnular_Click() {
+  const std::string pergunta = Tools::DuasFrases(textos_.perguntaAnular, "Pretende continuar?");
+  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular(Seg_Id, Matricula);
+  Recomecar();
+}
+
+void EventForm::btArquivo_Click() {
+  if (Campo[0].Text.empty()) return;
+  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
+  if (!arquivo) return;
+  arquivo->mybd = mybd;
+  arquivo->Definir("Numero", Campo[0].Text);
+  arquivo->Definir("Tipo", textos_.classeArquivo);
+  arquivo->Load();
+  arquivo->Chamar("mostra", Variant());
+  arquivo->ShowModal();
+}
+
+void EventForm::ListaDosEventos() {
+  entidade_->bd = mybd;
+  entidade_->Codigo = Matricula;
+  const std::string id = entidade_->MostraLista(TipoMostrar);
+  if (id.empty()) return;
+  Seg_Id = Variant(id).ToLong();
+  Carrega(Seg_Id);
+}
+
+void EventForm::btLista_Click(int indice) {
+  if (indice == 0) return ListaDosEventos();
+  std::string codigo;
+  int campo = 0;
+  if (const Referencia* referencia = ReferenciaDaLista(indice)) {
+    const auto tabela = referencia->nova();
+    tabela->bd = mybd;
+    codigo = tabela->MostraLista();
+    campo = referencia->campo;
+  } else if (indice == textos_.listaViaturas && btLista[indice].Enabled) {
+    clViaturas viatura;
+    viatura.bd = mybd;
+    codigo = viatura.MostraLista();
+  }
+  if (codigo.empty()) return Campo[campo].SetFocus();
+  Campo[campo].Text = codigo;
+  Alterado = true;
+  Campo[campo].SelectAll();
+  Campo[campo].SetFocus();
+  SendKeys("{TAB}");
+}
+
+const Referencia* EventForm::ReferenciaDoCampo(int indice) const {
+  const auto found = std::find_if(referencias_.begin(), referencias_.end(),
+                                  [=](const Referencia& r) { return r.campo == indice; });
+  return found == referencias_.end() ? nullptr : &*found;
+}
+
+const Referencia* EventForm::ReferenciaDaLista(int indice) const {
+  const auto found = std::find_if(referencias_.begin(), referencias_.end(),
+                                  [=](const Referencia& r) { return r.lista == indice; });
+  return found == referencias_.end() ? nullptr : &*found;
+}
+
+void EventForm::Campo_Validate(int indice, bool& cancel) {
+  if (!ComRegras()) return;
+  if (indice == 0)
+    ValidarViatura(cancel);
+  else if (const Referencia* referencia = ReferenciaDoCampo(indice))
+    ValidarReferencia(*referencia, cancel);
+  else
+    ValidarCampo(indice, cancel);
+}
+
+void EventForm::ValidarCampo(int, bool&) {}
+
+void EventForm::ValidarViatura(bool& cancel) {
+  const std::string& texto = Campo[0].Text;
+  if (platform::Trim(texto).empty()) {
+    cancel = true;
+    return;
+  }
+  if (textos_.adopcao == Adopcao::kLogo) Matricula = texto;
+  clViaturas viatura;
+  viatura.bd = mybd;
+  viatura.Matricula = texto;
+  if (!viatura.Ler()) {
+    Tools::Mensagem("", "Viatura não existente!", Tools::kAviso);
+    cancel = true;
+    return;
+  }
+  if (textos_.adopcao == Adopcao::kSeExiste) Matricula = texto;
+  clMarcas marca;
+  marca.bd = mybd;
+  marca.Codigo = viatura.Marca;
+  if (marca.Ler())
+    Titulo[textos_.tituloMarca].Caption = marca.Descrição;
+  else if (textos_.esvaziaMarca)
+    Titulo[textos_.tituloMarca].Caption.clear();
+}
+
+void EventForm::ValidarReferencia(const Referencia& referencia, bool& cancel) {
+  const std::string& codigo = Campo[referencia.campo].Text;
+  if (codigo.empty() && referencia.opcional) return;
+  const auto tabela = referencia.nova();
+  tabela->bd = mybd;
+  tabela->Codigo = codigo;
+  if (!tabela->Ler()) {
+    if (referencia.caixaSimples)
+      platform::MsgBox(referencia.inexistente);
+    else
+      Tools::Mensagem("", referencia.inexistente, Tools::kAviso);
+    cancel = true;
+    return;
+  }
+  Titulo[referencia.titulo].Caption = tabela->Descrição;
+  ReferenciaLida(referencia, *tabela, true);
+}
+
+void EventForm::Campo_KeyPress(int indice, int& keyCode) {
+  Validar = true;
+  if (keyCode != platform::kKeyEscape) return;
+  SendKeys("+{TAB}");
+  keyCode = platform::kKeyNone;
+  Validar = false;
+  if (indice == 0) Unload();
+}
+
+void EventForm::Campo_PedidoFicha(int indice) {
+  const Referencia* referencia = ReferenciaDoCampo(indice);
+  if (indice != 0 && referencia == nullptr) return;
+  const auto ficha = FormCatalog::Shared().Make(indice == 0 ? "Viaturas" : referencia->ficha);
+  if (!ficha) return;
+  ficha->mybd = mybd;
+  ficha->Load();
+  ficha->Chamar(indice == 0 ? "CarregaViatura" : "CarregaFicha", Campo[indice].Text);
+  ficha->ShowModal();
+}
+
+}  // namespace zorCrmParvel

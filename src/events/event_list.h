@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "events/event_form.h"
+#include "host/list_frame.h"
+
+namespace zorCrmParvel {
+
+/// What tells one list of events from another.
+struct ListaDeEventos {
+  const char* titulo;  // also the head of the error source
+  const char* sql;
+  std::vector<ColunaDeLista> colunas;
+  std::unique_ptr<EventForm> (*ficha)();
+  bool anulaComMatricula;  // a removal names the vehicle, whose figures it brings up to date
+};
+
+template <typename T>
+std::unique_ptr<EventForm> NovaFichaDeEvento() {
+  return std::make_unique<T>();
+}
+
+/// The list of all events of one kind, of all vehicles. The record's id is in the column `Seg_Id`.
+class EventList : public ListFrame {
+ public:
+  explicit EventList(const ListaDeEventos& lista) : lista_(lista) {}
+
+  void ICrmVwList_Editar(GridRow* row) override;
+  void ICrmVwList_Novo() override;
+  void ICrmVwList_Remover(GridRow* row) override;
+
+ protected:
+  std::string Titulo() const override { return lista_.titulo; }
+  RecordsetRef AbrirLinhas() override;
+  const std::vector<ColunaDeLista>& Colunas() const override { return lista_.colunas; }
+
+ private:
+  std::unique_ptr<EventForm> NovaFicha() const;
+
+  const ListaDeEventos& lista_;
+};
+
+class VwLstGastos : public EventList {
+ public:
+  VwLstGastos();
+};
+
+}  // namespace zorCrmParvel

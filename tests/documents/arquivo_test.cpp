@@ -1,0 +1,115 @@
+#include "documents/arquivo_form.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+namespace fs = std::filesystem;
+using testing_support::Press;
+using testing_support::Rows;
+using Table = std::vector<std::vector<std::string>>;
+
+class ArquivoTest : public testing::Test {
+ protected:
+  ArquivoTest() {
+    std::string name = (fs::temp_directory_path() / "parvel-arquivo-XXXXXX").string();
+    folder = mkdtemp(name.data());
+    host.temporaryFolder = folder.string() + "/vista-";
+    form.mybd = bd;
+    form.Numero = "12-AB-34";
+    form.Tipo = 303;
+    form.Load();
+    form.mostra();
+  }
+  ~ArquivoTest() override { fs::remove_all(folder); }
+
+  std::string File(const std::string& name, const std::string& content) {
+    const std::string path = (folder / name).string();
+    platform::WriteFile(path, content);
+    return path;
+  }
+  void Attach(const std::string& path, const std::string& title) {
+    form.Campo[0].Text = path;
+    form.Campo[1].Text = title;
+    Press(form.btConf);
+  }
+  Table Documents() {
+    return Rows(bd,
+                "SELECT zor_ArquivoDigital_Titulo, zor_ArquivoDigital_NomeFicheiro FROM zor_ArquivoDigital");
+  }
+
+  testing_support::ScriptedHost host;
+  fs::path folder;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  frmArquivo form;
+};
+
+TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
+  const std::string content("%PDF\0\xFF binary", 13);
+  host.AnswerFile(File("factura.pdf", content));
+  Press(form.btLista);
+  form.Campo[1].Text = "Factura de Março";
+  Press(form.btConf);
+  EXPECT_EQ(form.Campo[0].Text, "");
+  ASSERT_EQ(form.Grelha.RowCount(), 1);
+  EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
+
+  form.UserDoubleClicks(form.Grelha, 0);
+  ASSERT_EQ(host.opened.size(), 1U);
+  const platform::Bytes copy = platform::ReadFile(host.opened[0]);
+  EXPECT_EQ(std::string(copy.begin(), copy.end()), content);
+
+  host.AnswerInput("");
+  form.UserCommands(form.Grelha, 0, 701);
+  EXPECT_EQ(Documents()[0][0], "Factura de Março");
+  host.AnswerInput("Paga");
+  form.UserCommands(form.Grelha, 0, 701);
+  EXPECT_EQ(Documents()[0][0], "Paga ") << "a title given this way ends in a blank";
+  host.AnswerInput("D'Arcy");
+  EXPECT_THROW(form.UserCommands(form.Grelha, 0, 701), platform::RuntimeError);
+
+  host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kNo);
+  form.UserCommands(form.Grelha, 0, 702);
+  EXPECT_EQ(host.boxes.back().style, 292);
+  EXPECT_EQ(Documents().size(), 1U);
+  host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kYes);
+  form.UserCommands(form.Grelha, 0, 702);
+  EXPECT_TRUE(Documents().empty());
+  EXPECT_EQ(form.Grelha.RowCount(), 0);
+}
+
+TEST_F(ArquivoTest, NamesComeFromTheFileAndKeepTheirEnd) {
+  Attach(File("a.txt", "x"), "");
+  const std::string longName = std::string(250, 'n') + ".jpeg";
+  Cl_ArquivoDigital arquivo;
+  arquivo.bd = bd;
+  EXPECT_TRUE(arquivo.Add(File(longName, "x"), "12-AB-34", 303, 0, std::string(150, 't')));
+  const Table documents = Documents();
+  EXPECT_EQ(documents[0], (std::vector<std::string>{"a.txt", "a.txt"}));
+  EXPECT_EQ(documents[1][0], std::string(100, 't'));
+  EXPECT_EQ(documents[1][1].substr(documents[1][1].size() - 5), ".jpeg");
+  EXPECT_EQ(arquivo.ListaDeDocumentos("12-AB-34", 304)->RecordCount(), 0)
+      << "each kind has its own documents";
+}
+
+TEST_F(ArquivoTest, AMissingFileIsSaidAndNothingIsStored) {
+  Attach("   ", "t");
+  host.ExpectBox("O ficheiro não existe !");
+  Attach((folder / "nada.pdf").string(), "t");
+  EXPECT_EQ(form.Campo[1].Text, "t");
+  Cl_ArquivoDigital arquivo;
+  arquivo.bd = bd;
+  EXPECT_FALSE(arquivo.Add((folder / "nada.pdf").string(), "12-AB-34", 303, 0, "t"));
+  EXPECT_TRUE(Documents().empty());
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

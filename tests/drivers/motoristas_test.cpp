@@ -1,0 +1,108 @@
+#include "drivers/motoristas.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::Rows;
+using Table = std::vector<std::vector<std::string>>;
+
+class MotoristasTest : public testing::Test {
+ protected:
+  MotoristasTest() {
+    motorista.bd = bd;
+    motorista.Codigo = "7";
+  }
+  void AddPerson() {
+    pessoal->ExecutarSql(
+        "",
+        "INSERT INTO Func1 (Nfunc, Nome, Morada, Localid, CdPostal, NFiscal, DtNasc, BI, DtBI, Emissao, "
+        "Telefone, "
+        "Telemove, Email, Passpo, NUMERO_CARTAO_CIDADAO) VALUES ('7', 'Ana do Pessoal', 'Rua', 'Porto', "
+        "'4000-001', '1', '1980.05.06', '2', NULL, 'Porto', '3', '4', 'a@b.pt', '5', '6')");
+  }
+  testing_support::ScriptedHost host;
+  platform::Ref<testing_support::RecordingDataAccess> bd =
+      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+  DataAccessRef pessoal = testing_support::MemoryDatabase();
+  clMotoristas motorista;
+};
+
+TEST_F(MotoristasTest, ReadsAndWritesTheFleetsOwnTable) {
+  motorista.Descrição = "Ana";
+  motorista.DataValBI = Date::FromParts(2030, 1, 2);
+  motorista.TipoCartaCond = 4;
+  motorista.NoCartaoCondutor = "12345678901234567890";  // cut to its column
+  motorista.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Nome, DataPassa, ValidadePassa, DataBI, DataValBI FROM zor_Funcionarios"),
+            (Table{{"Ana", "NULL", "NULL", "00:00:00", "02-01-2030"}}));
+  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DataBI=NULL, TipoCartaCond=NULL, EmissaoBI=NULL");
+  bd->statements.clear();
+  clMotoristas lido;
+  lido.bd = bd;
+  lido.Codigo = "7";
+  lido.LeuPV = true;
+  ASSERT_TRUE(lido.Ler());
+  EXPECT_EQ(bd->statements.back(), "SELECT *  From zor_Funcionarios WHERE     (Codigo = N'7')");
+  EXPECT_FALSE(lido.LeuPV);
+  EXPECT_EQ(lido.Descrição, "Ana");
+  EXPECT_EQ(lido.TipoCartaCond, 0);
+  EXPECT_EQ(lido.DataValBI, Date::FromParts(2030, 1, 2));
+  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DGV=NULL");
+  EXPECT_THROW(lido.Ler(), platform::RuntimeError);
+}
+
+TEST_F(MotoristasTest, ThePersonnelDataWinWhereTheyStand) {
+  motorista.LerSal = true;
+  motorista.bdSal = pessoal;
+  testing_support::AddDriver(bd, "7", "Ana da Frota");
+  EXPECT_FALSE(motorista.Ler()) << "who isn't in the personnel table doesn't exist, whatever the fleet holds";
+  AddPerson();
+  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DGV='Lisboa', DataValBI='2031.01.01'");
+  motorista.DataBI = Date::FromParts(2001, 1, 1);
+  motorista.DataValBI = Date::FromParts(2002, 2, 2);
+  ASSERT_TRUE(motorista.Ler());
+  EXPECT_TRUE(motorista.LeuPV);
+  EXPECT_EQ(motorista.Descrição, "Ana do Pessoal");
+  EXPECT_EQ(motorista.DGV, "Lisboa");
+  EXPECT_EQ(motorista.DataBI, Date::FromParts(2001, 1, 1)) << "a null leaves it as it was";
+  EXPECT_EQ(motorista.DataValBI, Date::FromParts(2002, 2, 2)) << "not read on this path";
+  motorista.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_Funcionarios"), (Table{{"Ana do Pessoal"}}));
+
+  motorista.Anular();
+  ASSERT_TRUE(motorista.Ler());
+  EXPECT_FALSE(motorista.LeuPV);
+  motorista.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_Funcionarios").size(), 1U);
+}
+
+TEST_F(MotoristasTest, GoesWithTheLicenceClasses) {
+  testing_support::AddDriver(bd, "7", "Ana");
+  for (const char* row : {"('7', 1)", "('7', 2)", "('8', 1)"})
+    bd->ExecutarSql("", {"INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ", fixed(row)});
+  EXPECT_TRUE(motorista.Anular());
+  EXPECT_EQ(Rows(bd, "SELECT Motorista FROM zor_CartasCond"), (Table{{"8"}}));
+}
+
+TEST_F(MotoristasTest, IsWalkedPickedAndPrintedLikeACode) {
+  testing_support::AddDriver(bd, "1", "Um");
+  testing_support::AddDriver(bd, "2", "Dois");
+  EXPECT_TRUE(motorista.LerUltimo());
+  EXPECT_EQ(motorista.Descrição, "Dois");
+  host.NextLookup("1");
+  EXPECT_EQ(motorista.MostraLista(), "1");
+  EXPECT_EQ(host.lookups.back().sql, "SELECT Codigo as Código, Nome From zor_Funcionarios ORDER BY Codigo");
+  motorista.MostraMapa();
+  EXPECT_EQ(host.reports.back().title, "Listagem de Motoristas");
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

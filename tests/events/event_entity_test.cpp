@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include "events/acessorios.h"
+#include "events/cost_sums.h"
+#include "events/gastos.h"
+#include "events/inspecoes.h"
+#include "events/revisoes.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Currency;
+using platform::Date;
+using testing_support::AddExpense;
+using testing_support::Rows;
+using Table = std::vector<std::vector<std::string>>;
+
+Date Day(int day, int hour = 0) { return Date::FromParts(2024, 1, day, hour); }
+
+class EventEntityTest : public testing::Test {
+ protected:
+  EventEntityTest() {
+    gasto.bd = bd;
+    testing_support::AddExpenseTypes(bd);
+  }
+  void Add(const std::string& plate, Date date) { AddExpense(bd, plate, date, "GASOLEO", "1", "2", 3); }
+  /// Stands the entity on a record, as a ficha does before it walks.
+  void StandOn(std::int32_t id) {
+    gasto.Id = id;
+    ASSERT_TRUE(gasto.Ler());
+  }
+  std::int32_t Next() {
+    EXPECT_TRUE(gasto.LerProximo());
+    return gasto.Id;
+  }
+  std::int32_t Previous() {
+    EXPECT_TRUE(gasto.LerAnterior());
+    return gasto.Id;
+  }
+
+  testing_support::ScriptedHost host;
+  platform::Ref<testing_support::RecordingDataAccess> bd =
+      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+  clGastos gasto;
+};
+
+TEST_F(EventEntityTest, SendsTheseStatements) {
+  gasto.Codigo = "12-AB-34";
+  gasto.Data = Day(5, 13);
+  gasto.Id = 7;
+  gasto.LerPrimeiro();
+  gasto.LerUltimo();
+  EXPECT_THROW(gasto.LerProximo(), platform::RuntimeError) << "no row at all: there is nothing to step on";
+  EXPECT_THROW(gasto.LerAnterior(), platform::RuntimeError);
+  gasto.Ler();
+  gasto.Anular();
+  gasto.LerGastos();
+  bd->statements.erase(bd->statements.begin(), bd->statements.begin() + 2);
+  const std::vector<std::string> expected = {
+      "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula > '' and Data>'') order by Matricula,Data ",
+      "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula < 'zzzzzzzzzzzz') and Data <'2050-12-31' "
+      "order by "
+      "Matricula desc,Data Desc",
+      "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
+      "Data, "
+      "102)>= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula,Data ",
+      "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
+      "Data, "
+      "102)<= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula Desc,Data desc",
+      "SELECT *  From zor_PV_Gastos WHERE     (Gst_Id = N'7')",
+      "Delete  From zor_PV_Gastos  WHERE (Gst_Id ='7' )",
+      "SELECT *  From zor_PV_Gastos INNER Join zor_PV_TiposGastos ON  "
+      "zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto WHERE     (Matricula = N'12-AB-34') Order by Data "
+      "desc"};
+  EXPECT_EQ(bd->statements, expected);
+  clInspecoes inspecao;
+  inspecao.bd = bd;
+  inspecao.LerUltimo();
+  EXPECT_EQ(bd->statements.back().find("SELECT Top 1 *  From zor_PV_Inspecoes  WHERE"), 0U);
+}
+
+TEST_F(EventEntityTest, WalksByPlateAndDayAndHoldsAtTheEnds) {
+  Add("A", Day(1));   // 1
+  Add("B", Day(1));   // 2
+  Add("A", Day(10));  // 3
+  EXPECT_TRUE(gasto.LerPrimeiro());
+  EXPECT_EQ(gasto.Id, 1);
+  StandOn(1);
+  EXPECT_EQ(Next(), 3);
+  StandOn(3);
+  EXPECT_EQ(Next(), 2) << "from a vehicle's last event to the next vehicle's first";
+  StandOn(2);
+  EXPECT_EQ(Next(), 2);
+  EXPECT_EQ(Previous(), 3);
+  StandOn(1);
+  EXPECT_EQ(Previous(), 1);
+  EXPECT_TRUE(gasto.LerUltimo());
+  EXPECT_EQ(gasto.Id, 2);
+}
+
+TEST_F(EventEntityTest, EventsOfOneDayAreOnePlaceWhereTheWalkStops) {
+  Add("A", Day(5, 8));   // 1
+  Add("A", Day(5, 9));   // 2
+  Add("A", Day(5, 10));  // 3
+  Add("A", Day(6));      // 4
+  StandOn(1);
+  EXPECT_EQ(Next(), 2);
+  StandOn(2);
+  EXPECT_EQ(Next(), 2);
+  StandOn(4);
+  EXPECT_EQ(Previous(), 3);
+  StandOn(3);
+  EXPECT_EQ(Previous(), 2);
+  StandOn(2);
+  EXPECT_EQ(Previous(), 2);
+}
+
+TEST_F(EventEntityTest, ABlankPlaceSkipsTheFirstRealEvent) {
+  Add("B", Day(1));
+  Add("B", Day(2));
+  gasto.Codigo = "A";
+  gasto.Data = Day(1);
+  EXPECT_EQ(Next(), 2);
+  gasto.Codigo = "ABCDEFGHIJKLMNOPQRST";  // compares on its first 15 characters
+  EXPECT_EQ(Next(), 2);
+  gasto.Codigo = "C";
+  EXPECT_THROW(gasto.LerProximo(), platform::RuntimeError);
+}
+
+TEST_F(EventEntityTest, WritesByIdAndKeepsThePlateForEver) {
+  Add("A", Day(1, 13));
+  StandOn(1);
+  gasto.Codigo = "B";
+  gasto.Obs = std::string(200, 'o');
+  gasto.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Matricula, Obs, Data FROM zor_PV_Gastos"),
+            (Table{{"A", std::string(150, 'o'), "01-01-2024 13:00:00"}}));
+  gasto.Id = 99;  // removed meanwhile: it comes back under a new id
+  gasto.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Gst_Id, Matricula FROM zor_PV_Gastos ORDER BY Gst_Id"),
+            (Table{{"1", "A"}, {"2", "B"}}));
+  gasto.Id = 0;
+  gasto.Custo = 77;
+  EXPECT_FALSE(gasto.Ler());
+  EXPECT_EQ(gasto.Custo, Currency(77));
+  EXPECT_TRUE(gasto.Anular()) << "removing nothing is no failure";
+}
+
+TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {
+  testing_support::AddDriver(bd, "1", "Ana");
+  Add("A", Day(1));
+  Add("B", Day(2));
+  gasto.Codigo = "B";
+  host.NextLookup("2");
+  EXPECT_EQ(gasto.MostraLista(1), "2");
+  EXPECT_EQ(host.lookups.back().rows, (Table{{"2", "B", "02-01-2024", "Ana"}}));
+  host.NextLookup("");
+  gasto.MostraLista(0);
+  EXPECT_EQ(host.lookups.back().rows.size(), 2U);
+  EXPECT_EQ(host.lookups.back().widths, (std::vector<float>{1000, 1000, 1000, 2500}));
+  gasto.Codigo = "B'";
+  EXPECT_THROW(gasto.MostraLista(1), platform::RuntimeError);
+  EXPECT_FALSE(gasto.MostraMapa());
+  clRevisoes revisao;
+  revisao.bd = bd;
+  EXPECT_THROW(revisao.MostraMapa(), platform::RuntimeError)
+      << "the report's statement is one the server rejects";
+}
+
+TEST_F(EventEntityTest, CostsAreSummedExactly) {
+  Add("A", Day(1));
+  AddExpense(bd, "A", Day(2), "PORTAGEM", "1", "0,3333", 0);
+  AddExpense(bd, "A", Day(3), "PERDIDO", "1", "1000", 0);  // its type is lost: in no sum
+  EXPECT_EQ(Tools::SomaCustoGastos(bd, "A").ToText(), "2,3333");
+  EXPECT_EQ(Tools::SomaCustoGastos(bd, "Z"), Currency(0));
+  for (const char* plate : {"A", "B"}) {
+    clRevisoes revisao;
+    revisao.bd = bd;
+    revisao.Codigo = plate;
+    revisao.Custo = 5;
+    revisao.Escrever();
+    clAcessorios acessorio;
+    acessorio.bd = bd;
+    acessorio.Codigo = plate;
+    acessorio.Custo = 3;
+    acessorio.Escrever();
+  }
+  EXPECT_EQ(Tools::SomaCustoRevisoes(bd, "A"), Currency(5));
+  EXPECT_EQ(Tools::SomaCustoRevisoes(bd, ""), Currency(10))
+      << "an empty plate means all vehicles, here alone";
+  EXPECT_EQ(Tools::SomaCustoAcessorios(bd, ""), Currency(0));
+  EXPECT_EQ(Tools::SomaCustoAcessorios(bd, "B"), Currency(3));
+  EXPECT_EQ(Rows(bd, "SELECT DataVal FROM zor_PV_Acessorios"), (Table{{"NULL"}, {"NULL"}}));
+  bd->ExecutarSql("", "UPDATE zor_PV_Revisoes SET Custo=NULL");
+  EXPECT_THROW(Tools::SomaCustoRevisoes(bd, "A"), platform::RuntimeError);
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

@@ -1,0 +1,281 @@
+#include "events/gastos_form.h"
+
+#include <gtest/gtest.h>
+
+#include "events/acessorios.h"
+#include "events/event_list.h"
+#include "events/inspecoes.h"
+#include "host/sistema.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::AddExpense;
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+class GastosTest : public testing::Test {
+ protected:
+  GastosTest() {
+    testing_support::AddVehicle(bd, "12-AB-34", 10000);
+    testing_support::AddDriver(bd, "1", "Ana");
+    testing_support::AddExpenseTypes(bd);
+    form.mybd = bd;
+  }
+  void OpenForVehicle(const std::string& plate) {
+    form.TipoMostrar = 1;
+    form.Matricula = plate;
+    form.Load();
+    form.Carrega(0);
+  }
+  void Fill(int field, const std::string& text) {
+    Type(form.Campo[field], text);
+    form.UserKey(platform::kKeyTab);
+  }
+  /// KmActual, Media, CustoMedioKmC, CustoTotal, CustoMedioKmT.
+  std::string Figures(const std::string& plate = "12-AB-34") {
+    const Table rows = Rows(bd,
+                            "SELECT KmActual, Media, CustoMedioKmC, CustoTotal, CustoMedioKmT FROM "
+                            "zor_PV_Viaturas WHERE Matricula='" +
+                                plate + "'");
+    std::string text;
+    for (const std::string& figure : rows.at(0)) text += figure + " ";
+    return text;
+  }
+  void Save(const std::string& type, const std::string& quantity, const std::string& cost,
+            const std::string& km, Date date) {
+    form.Campo[4].Text = type;
+    form.Campo[5].Text = quantity;
+    form.Campo[6].Text = cost;
+    form.Campo[8].Text = km;
+    form.DTPicker1.Value = date;
+    Press(form.botoes.btConf);
+  }
+  Table Expenses() {
+    return Rows(bd, "SELECT Matricula, TipoGasto, Qtd, Km, ValorUn, Custo FROM zor_PV_Gastos");
+  }
+
+  testing_support::ScriptedHost host;
+  Sistema sistema;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Gastos form;
+};
+
+TEST_F(GastosTest, AFuelExpenseChecksItselfFieldByField) {
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, 1), "GASOLEO", "50", "75", 10400);
+  form.Load();
+  EXPECT_EQ(form.DTPicker1.Value.ToDate(), Date::FromParts(2024, 3, 15, 10, 30));
+  host.ExpectBox("Viatura não existente!");
+  Fill(0, "99-ZZ-99");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  Fill(0, "12-AB-34");
+  EXPECT_EQ(form.Titulo[8].Caption, "Renault");
+  host.ExpectBox("Tipo Gasto não existente!");
+  Fill(4, "NADA");
+  Fill(4, "GASOLEO");
+  EXPECT_EQ(form.Titulo[12].Caption, "Gasóleo");
+  EXPECT_EQ(form.Campo[7].Text, "1,659") << "the type's usual price";
+  host.ExpectBox("Motorista não existente!");
+  form.UserKey(platform::kKeyTab);  // a driver field that is visited needs a driver
+  host.NextLookup("1");
+  form.UserKey(platform::kKeyF3);
+  EXPECT_EQ(form.Titulo[14].Caption, "Ana");
+  form.UserKey(platform::kKeyTab);  // no trip
+  host.ExpectBox("O Tipo de Gasto exige quantidade superior a zero!");
+  Fill(5, "0");
+  Fill(5, "40");
+  EXPECT_EQ(form.Campo[6].Text, "66,36");
+  form.UserGoesTo(form.Campo[8]);
+  host.ExpectBox("Existe uma quilometragem superior para esta viatura em Gasto anterior.");
+  Fill(8, "10399");
+  host.ExpectBox("O tipo de Gasto exige quilometragem superior a zero!");
+  Fill(8, "");
+  Fill(8, "10400");  // equal passes
+  Fill(8, "10500");
+  for (const auto& box : host.boxes) EXPECT_EQ(box.style, 64);
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Expenses().back(),
+            (std::vector<std::string>{"12-AB-34", "GASOLEO", "40", "10500", "1,659", "66,36"}));
+  EXPECT_EQ(form.Campo[0].Text, "");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+}
+
+TEST_F(GastosTest, CostAndUnitPriceHaveRulesForEveryType) {
+  form.Load();
+  Fill(0, "12-AB-34");
+  Fill(4, "PORTAGEM");
+  Fill(2, "1");
+  form.UserGoesTo(form.Campo[5]);
+  Fill(5, "");
+  EXPECT_EQ(form.Campo[5].Text, "0");
+  form.UserGoesTo(form.Campo[6]);
+  host.ExpectBox("Campo obrigatório!");
+  form.UserKey(platform::kKeyTab);
+  host.ExpectBox("Deve ser superior zero!");
+  Fill(6, "-1");
+  Fill(6, "7,5");
+  form.Campo[5].Text = "3";
+  Fill(7, "2,5");
+  EXPECT_EQ(form.Campo[6].Text, "7,5");
+  form.UserGoesTo(form.Campo[7]);
+  Type(form.Campo[7], "9999999999");
+  form.Campo[5].Text = "9999999999";
+  EXPECT_THROW(form.UserKey(platform::kKeyTab), platform::RuntimeError) << "the product doesn't fit";
+  EXPECT_EQ(form.Campo[6].Text, "7,5");
+}
+
+TEST_F(GastosTest, RulesSleepAfterEscapeAndUntilAKeyIsPressed) {
+  form.Load();
+  EXPECT_TRUE(form.UserGoesTo(form.Campo[2]));
+  EXPECT_TRUE(form.UserGoesTo(form.Campo[5])) << "the mouse alone checks nothing";
+  form.UserGoesTo(form.Campo[4]);
+  Type(form.Campo[4], "NADA");
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_NE(form.ActiveControl(), &form.Campo[4]) << "Escape steps back past a field that would refuse";
+}
+
+TEST_F(GastosTest, FiguresAfterEachSave) {
+  OpenForVehicle("12-AB-34");
+  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
+  EXPECT_EQ(Figures(), "10000 0 0 75 0,0075 ") << "the first fill has no consumption";
+  form.Carrega(0);
+  Save("GASOLEO", "40", "60", "10500", Date::FromParts(2024, 1, 10));
+  EXPECT_EQ(Figures(), "10500 8 0,12 135 0,0129 ");
+  form.Carrega(0);
+  Save("PORTAGEM", "0", "10", "99999", Date::FromParts(2024, 1, 11));
+  EXPECT_EQ(Figures(), "10500 8 0,12 145 0,0138 ") << "another cost moves neither km nor consumption";
+}
+
+TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {
+  OpenForVehicle("12-AB-34");
+  clAcessorios acessorio;
+  acessorio.bd = bd;
+  acessorio.Codigo = "12-AB-34";
+  acessorio.Custo = 100;
+  acessorio.Escrever();
+  clInspecoes inspecao;
+  inspecao.bd = bd;
+  inspecao.Codigo = "12-AB-34";
+  inspecao.Custo = 30;
+  inspecao.Escrever();
+  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
+  form.Carrega(0);
+  Save("GASOLEO", "40", "60", "10500", Date::FromParts(2024, 1, 10));
+  EXPECT_EQ(Figures(), "10500 8 0,12 265 0,0252 ");
+  form.Carrega(0);
+  Save("PORTAGEM", "0", "10", "0", Date::FromParts(2024, 1, 11));
+  form.Carrega(3);
+  host.ExpectBox("Vai proceder à anulação do Gasto!\n\rPretende continuar?", platform::kOk);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Figures(), "10500 8 0,27 335 0,0319 ")
+      << "accessories twice, inspections not, and the first fill's cost";
+  for (int id : {2, 1}) form.Anular(id, "12-AB-34");
+  EXPECT_EQ(Figures(), "0 0,5 0 200 0 ") << "with no fuel expense left the kilometres fall to 0, and the "
+                                            "consumption comes from the last first fill";
+}
+
+TEST_F(GastosTest, AnOdometerBelowTheInitialOneGivesNoNegativeFigures) {
+  OpenForVehicle("12-AB-34");
+  Save("GASOLEO", "50", "75", "9000", Date::FromParts(2024, 1, 1));
+  form.Carrega(0);
+  Save("GASOLEO", "40", "60", "9500", Date::FromParts(2024, 1, 10));
+  EXPECT_EQ(Figures(), "9500 0 0 135 0,0142 ");
+}
+
+TEST_F(GastosTest, AVehicleRemovedMeanwhileComesBackWithItsFiguresAlone) {
+  OpenForVehicle("12-AB-34");
+  bd->ExecutarSql("", "Delete zor_PV_Viaturas");
+  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
+  EXPECT_EQ(Rows(bd, "SELECT Matricula, Marca, KmActual FROM zor_PV_Viaturas"),
+            (Table{{"12-AB-34", "", "10000"}}));
+}
+
+TEST_F(GastosTest, ATextInANumberStoresNothingAndKeepsTheScreen) {
+  OpenForVehicle("12-AB-34");
+  form.Campo[5].Text = "muitos";
+  EXPECT_THROW(Press(form.botoes.btConf), platform::RuntimeError);
+  EXPECT_EQ(form.Campo[5].Text, "muitos");
+  EXPECT_TRUE(Expenses().empty());
+}
+
+TEST_F(GastosTest, OpenedFromAVehicleItStaysOnIt) {
+  OpenForVehicle("12-AB-34");
+  EXPECT_FALSE(form.Campo[0].Enabled);
+  EXPECT_FALSE(form.btLista[3].Enabled);
+  EXPECT_EQ(form.Titulo[8].Caption, "Renault");
+  Save("PORTAGEM", "0", "10", "0", Date::FromParts(2024, 1, 11));
+  EXPECT_EQ(form.Campo[0].Text, "12-AB-34");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+}
+
+TEST_F(GastosTest, ArrowsWalkAndAskAboutChanges) {
+  for (int day : {1, 2, 3})
+    AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, day), "GASOLEO", "1", "2", day);
+  form.Load();
+  form.Carrega(1);
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(form.Seg_Id, 2);
+  EXPECT_EQ(form.Campo[8].Text, "2");
+  Type(form.Campo[3], "nota");
+  host.ExpectBox("A informação relativa à Ficha foi alterada.\n\rPretende gravar?", platform::kOk);
+  Press(form.botoes.btNavega[3]);
+  EXPECT_EQ(form.Seg_Id, 3);
+  EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Gastos WHERE Gst_Id=2"), (Table{{"nota"}}));
+  Press(form.botoes.btNavega[0]);
+  EXPECT_EQ(form.Seg_Id, 1);
+  host.ExpectBox("Vai proceder à anulação do Gasto!\n\rPretende continuar?", platform::kCancel);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(form.Campo[8].Text, "") << "cancelling a removal empties the screen all the same";
+  EXPECT_EQ(Expenses().size(), 3U);
+}
+
+TEST_F(GastosTest, ListsAndFichasOfTheFields) {
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
+  form.Load();
+  host.NextLookup("1");
+  Press(form.btLista[0]);
+  EXPECT_EQ(form.Seg_Id, 1);
+  form.UserGoesTo(form.Campo[4]);
+  host.NextForm([](platform::Form& ficha) { EXPECT_EQ(ficha.Caption, "Tipos de Gastos"); });
+  form.UserKey(platform::kKeyF4);
+  form.UserGoesTo(form.Campo[6]);
+  form.UserKey(platform::kKeyF3);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]) << "a field without a list sends the focus to the plate";
+  host.NextForm([](platform::Form& arquivo) { EXPECT_EQ(arquivo.Caption, "Arquivo Digital"); });
+  Press(form.btArquivo);
+}
+
+TEST_F(GastosTest, TheListShowsEditsAndRemoves) {
+  class GridForm : public platform::Form {
+   public:
+    SGGrid grid{*this, "Grelha"};
+  } window;
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 1), "GASOLEO", "50", "75", 10000);
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 9), "GASOLEO", "40", "60", 10500);
+  AddExpense(bd, "00-XX-00", Date::FromParts(2024, 1, 9), "PERDIDO", "1", "2", 3);
+  VwLstGastos list;
+  list.mybd = bd;
+  list.ICrmVwList_GridMaster(&window.grid);
+  list.ICrmVwList_Iniciar();
+  ASSERT_EQ(list.ICrmVwList_NumeroItens(), 3);
+  EXPECT_EQ(window.grid.CellText(0, 1), "") << "a lost vehicle has no make and is listed";
+  EXPECT_EQ(window.grid.CellText(1, 3), "Gasóleo");
+  EXPECT_TRUE(window.grid.Columns()[4].hidden);
+  GridRow row = window.grid.RowAt(2);
+  host.NextForm(
+      [](platform::Form& ficha) { EXPECT_EQ(dynamic_cast<Gastos&>(ficha).Campo[8].Text, "10500"); });
+  list.ICrmVwList_Editar(&row);
+  list.ICrmVwList_Remover(&row);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
+  EXPECT_EQ(Figures(), "10000 0 0 75 0,0075 ") << "a removal from the list recomputes the vehicle";
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

@@ -1,0 +1,66 @@
+#include "support/fleet.h"
+
+#include "drivers/motoristas.h"
+#include "events/gastos.h"
+#include "masterdata/tipos_gastos.h"
+#include "vehicles/viaturas.h"
+
+namespace testing_support {
+
+using namespace zorCrmParvel;
+using platform::Currency;
+
+void AddVehicle(const DataAccessRef& bd, const std::string& plate, int kmInicial, int qtdInicial) {
+  clMarcas marca;
+  marca.bd = bd;
+  marca.Codigo = "REN";
+  marca.Descrição = "Renault";
+  marca.Escrever();
+  clViaturas viatura;
+  viatura.bd = bd;
+  viatura.Matricula = plate;
+  viatura.Marca = "REN";
+  viatura.KmInicial = kmInicial;
+  viatura.KmActual = kmInicial;
+  viatura.QtdInicial = qtdInicial;
+  viatura.Escrever();
+}
+
+void AddDriver(const DataAccessRef& bd, const std::string& code, const std::string& name) {
+  clMotoristas motorista;
+  motorista.bd = bd;
+  motorista.Codigo = code;
+  motorista.Descrição = name;
+  motorista.Escrever();
+}
+
+void AddExpenseTypes(const DataAccessRef& bd) {
+  clTiposGastos tipo;
+  tipo.bd = bd;
+  tipo.Codigo = "GASOLEO";
+  tipo.Descrição = "Gasóleo";
+  tipo.Combustivel = 1;
+  tipo.CustoUnit = Currency::Parse("1,659");
+  tipo.Escrever();
+  tipo.Codigo = "PORTAGEM";
+  tipo.Descrição = "Portagens";
+  tipo.Combustivel = 0;
+  tipo.CustoUnit = 0;
+  tipo.Escrever();
+}
+
+void AddExpense(const DataAccessRef& bd, const std::string& plate, platform::Date date,
+                const std::string& type, const std::string& quantity, const std::string& cost, int km) {
+  clGastos gasto;
+  gasto.bd = bd;
+  gasto.Codigo = plate;
+  gasto.Data = date;
+  gasto.TipoGasto = type;
+  gasto.Motorista = "1";
+  gasto.Qtd = Currency::Parse(quantity);
+  gasto.Custo = Currency::Parse(cost);
+  gasto.Km = km;
+  gasto.Escrever();
+}
+
+}  // namespace testing_support

@@ -1,0 +1,156 @@
+#include "vehicles/viaturas.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Currency;
+using platform::Date;
+using platform::Variant;
+using testing_support::Rows;
+using Table = std::vector<std::vector<std::string>>;
+
+class ViaturasTest : public testing::Test {
+ protected:
+  ViaturasTest() { viatura.bd = bd; }
+  testing_support::ScriptedHost host;
+  platform::Ref<testing_support::RecordingDataAccess> bd =
+      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+  clViaturas viatura;
+};
+
+TEST_F(ViaturasTest, EveryColumnComesBackAsItWasWritten) {
+  viatura.Matricula = "12-AB-34";
+  viatura.Marca = "REN";
+  viatura.Modelo = "KANGOO";
+  viatura.Responsavel = "Maria Antónia dos Santos e Silva Albuquerque";  // four too many
+  viatura.Categoria = "LIGM";
+  viatura.Departamento = "COM";
+  viatura.KmInicial = 10;
+  viatura.KmActual = Currency::Parse("123456,5");
+  viatura.DataKmInicial = Date::FromParts(2020, 1, 2);
+  viatura.CustoMedioKmC = Currency::Parse("0,1234");
+  viatura.DataMatricula = Date::FromParts(2020, 2, 29);
+  viatura.AnoMatricula = 2020;
+  viatura.NoMotor = "M1";
+  viatura.Cilindrada = "1461";
+  viatura.CompLeasing = "DOURO";
+  viatura.NoContrato = "C-77";
+  viatura.ValorInicial = 11;
+  viatura.ValorResidual = 12;
+  viatura.Mensalidade = 13;
+  viatura.CustoMedioKmT = 14;
+  viatura.QtdInicial = 15;
+  viatura.CustoTotal = 16;
+  viatura.Obs = "notas";
+  viatura.Media = 17;
+  viatura.NoChassis = "VF1";
+  viatura.Combustivel = 3;
+  viatura.DataPrxRev = Date::FromParts(2025, 5, 6);
+  viatura.KmPrxRev = 18;
+  viatura.Inactiva = 1;
+  viatura.Tacografo = 1;
+  viatura.DtDescarga = Date::FromParts(2024, 7, 8);
+  viatura.SeloPago = true;
+  viatura.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT * FROM zor_PV_Viaturas"),
+            (Table{{"12-AB-34",   "REN",      "KANGOO",     "Maria Antónia dos Santos e Silva Albuque",
+                    "LIGM",       "COM",      "10",         "123456,5",
+                    "02-01-2020", "0,1234",   "29-02-2020", "2020",
+                    "M1",         "1461",     "DOURO",      "C-77",
+                    "NULL",       "11",       "12",         "13",
+                    "14",         "15",       "16",         "notas",
+                    "17",         "VF1",      "3",          "06-05-2025",
+                    "NULL",       "18",       "1",          "1",
+                    "08-07-2024", "00:00:00", "True"}}));
+
+  clViaturas lida;
+  lida.bd = bd;
+  lida.Matricula = "12-ab-34 ";
+  ASSERT_TRUE(lida.Ler());
+  EXPECT_TRUE(lida.ValContrato.IsZero() && lida.DataPrxInsp.IsZero() && lida.DataSelo.IsZero());
+  lida.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Matricula, KmActual, SeloPago FROM zor_PV_Viaturas"),
+            (Table{{"12-AB-34", "123456,5", "True"}}))
+      << "a known plate is never rewritten, and nothing else was lost on the way";
+}
+
+TEST_F(ViaturasTest, NullsMeanNothingOrAreRefusedByTheirColumn) {
+  testing_support::AddVehicle(bd, "A");
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Responsavel=NULL, SeloPago=NULL, DataSelo=NULL");
+  viatura.Matricula = "A";
+  ASSERT_TRUE(viatura.Ler());
+  EXPECT_TRUE(viatura.Responsavel.IsNull());
+  EXPECT_FALSE(viatura.SeloPago);
+  viatura.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Responsavel, DataSelo FROM zor_PV_Viaturas"), (Table{{"NULL", "00:00:00"}}));
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET KmPrxRev=NULL");
+  try {
+    viatura.Ler();
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kInvalidUseOfNull);
+  }
+}
+
+TEST_F(ViaturasTest, AnUnknownPlateLeavesTheObjectAsItWas) {
+  viatura.Matricula = "NADA";
+  viatura.Marca = "X";
+  EXPECT_FALSE(viatura.Ler());
+  EXPECT_EQ(viatura.Marca, "X");
+  EXPECT_THROW(viatura.EscreverMedia(), platform::RuntimeError);
+  testing_support::AddVehicle(bd, "NADA", 5);
+  viatura.Media = 6;
+  EXPECT_TRUE(viatura.EscreverMedia());
+  EXPECT_EQ(Rows(bd, "SELECT Marca, Media FROM zor_PV_Viaturas"), (Table{{"REN", "6"}}));
+}
+
+TEST_F(ViaturasTest, WalksByPlateAlone) {
+  for (const char* plate : {"B", "A", "C"}) testing_support::AddVehicle(bd, plate);
+  std::string walk;
+  while (viatura.LerProximo()) walk += viatura.Matricula;
+  EXPECT_EQ(walk, "ABC");
+  EXPECT_EQ(viatura.Matricula, "C");
+  EXPECT_TRUE(viatura.LerPrimeiro());
+  EXPECT_FALSE(viatura.LerAnterior());
+  EXPECT_EQ(viatura.Matricula, "A");
+  EXPECT_TRUE(viatura.LerUltimo());
+  EXPECT_EQ(viatura.Matricula, "C");
+}
+
+TEST_F(ViaturasTest, GoesWithEverythingThatHangsOnIt) {
+  testing_support::AddVehicle(bd, "A");
+  testing_support::AddVehicle(bd, "B");
+  testing_support::AddExpenseTypes(bd);
+  for (const char* plate : {"A", "B"})
+    testing_support::AddExpense(bd, plate, Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
+  bd->statements.clear();
+  viatura.Matricula = "A";
+  EXPECT_TRUE(viatura.Anular());
+  std::vector<std::string> expected;
+  for (const char* table :
+       {"Viaturas", "Acessorios", "Seguros", "Multas", "Sinistros", "Revisoes", "Gastos", "Inspecoes"})
+    expected.push_back("Delete  From zor_PV_" + std::string(table) + "  WHERE (Matricula ='A' )");
+  EXPECT_EQ(bd->statements, expected);
+  EXPECT_EQ(Rows(bd, "SELECT Matricula FROM zor_PV_Gastos"), (Table{{"B"}}));
+}
+
+TEST_F(ViaturasTest, ThePickerLeavesOutWhatDoesNotResolve) {
+  testing_support::AddVehicle(bd, "A");  // its model code is empty
+  host.NextLookup("");
+  EXPECT_EQ(viatura.MostraLista(), "");
+  EXPECT_TRUE(host.lookups.back().rows.empty());
+  bd->ExecutarSql("", "INSERT INTO zor_PV_Modelos (Codigo, Nome) VALUES ('', 'Sem modelo')");
+  host.NextLookup("A");
+  EXPECT_EQ(viatura.MostraLista(), "A");
+  EXPECT_EQ(host.lookups.back().rows, (Table{{"A", "Renault", "Sem modelo"}}));
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
