@@ -1,11 +1,13 @@
 #pragma once
 
-#include "host/data_access.h"
+#include <memory>
+
+#include "embedded/database.h"
 
 namespace console {
 
-/// Fills an empty database with demonstration data, written through the entities. Error 457 when it isn't
-/// empty.
-void FillDemo(const zorCrmParvel::DataAccessRef& bd);
+/// Fills an empty database with a demonstration fleet, written through the entities, with dates relative to
+/// today. All of it or nothing. Error 457 when the database isn't empty.
+void FillDemo(const std::shared_ptr<embedded::Database>& database);
 
 }  // namespace console
