@@ -40,4 +40,9 @@ Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::string& Matricu
   return Soma(bd, Matricula, &clAcessorios::LerAcessorios);
 }
 
+Currency SomaCustoSemRevisoes(const DataAccessRef& bd, const std::string& Matricula) {
+  return SomaCustoGastos(bd, Matricula) + SomaCustoAcessorios(bd, Matricula) +
+         SomaCustoInspecoes(bd, Matricula);
+}
+
 }  // namespace zorCrmParvel::Tools

@@ -13,4 +13,7 @@ platform::Currency SomaCustoRevisoes(const DataAccessRef& bd, const std::string&
 platform::Currency SomaCustoInspecoes(const DataAccessRef& bd, const std::string& Matricula);
 platform::Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::string& Matricula);
 
+/// Expenses, accessories and inspections together.
+platform::Currency SomaCustoSemRevisoes(const DataAccessRef& bd, const std::string& Matricula);
+
 }  // namespace zorCrmParvel::Tools

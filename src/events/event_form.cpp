@@ -89,9 +89,22 @@ void EventForm::Limparform() {
     if (campo.Index() != 0) campo.Text.clear();
   });
   Titulo.Each([](platform::Label& titulo) { titulo.Caption.clear(); });
-  DTPicker1.Value = platform::Date::Parse(platform::FormatDate(platform::Now(), textos_.formatoData));
+  DTPicker1.Value = DataDoDia();
   if (TipoMostrar == 1) btLista[textos_.listaViaturas].Enabled = false;
   Alterado = false;
+}
+
+platform::Date EventForm::DataDoDia() const {
+  return platform::Date::Parse(platform::FormatDate(platform::Now(), textos_.formatoData));
+}
+
+void EventForm::LimparParaOMesmoVeiculo() {
+  Limparform();
+  Campo[1].SetFocus();
+}
+
+bool EventForm::Continuar(const char* primeira, const char* segunda) {
+  return Tools::Mensagem("", Tools::DuasFrases(primeira, segunda), Tools::kOkCancelar) != platform::kCancel;
 }
 
 void EventForm::Recomecar() {
@@ -122,10 +135,10 @@ void EventForm::Anular(std::int32_t id, const std::string& matricula) {
   if (entidade_->Anular()) DepoisDeAnular();
 }
 
-void EventForm::ActualizaViatura(Currency total) {
+void EventForm::ActualizaViatura(const std::string& matricula, Currency total) const {
   clViaturas viatura;
   viatura.bd = mybd;
-  viatura.Matricula = Matricula;
+  viatura.Matricula = matricula;
   viatura.Ler();
   viatura.CustoTotal = total;
   viatura.CustoMedioKmT = Tools::CustoPorKm(total, viatura.KmActual);
@@ -156,11 +169,7 @@ void EventForm::Navega(int indice, std::int32_t& id) {
 void EventForm::btNavega_Click(int indice) {
   std::int32_t id = 0;
   Navega(indice, id);
-  if (Alterado) {
-    const std::string pergunta =
-        Tools::DuasFrases("A informação relativa à Ficha foi alterada.", "Pretende gravar?");
-    if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Gravar();
-  }
+  if (Alterado && Continuar("A informação relativa à Ficha foi alterada.", "Pretende gravar?")) Gravar();
   entidade_->Id = id;
   entidade_->Ler();
   Matricula = entidade_->Codigo;
@@ -170,9 +179,13 @@ void EventForm::btNavega_Click(int indice) {
   Alterado = false;
 }
 
+void EventForm::btConf_Click() {
+  Gravar();
+  Recomecar();
+}
+
 void EventForm::btAnular_Click() {
-  const std::string pergunta = Tools::DuasFrases(textos_.perguntaAnular, "Pretende continuar?");
-  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular(Seg_Id, Matricula);
+  if (Continuar(textos_.perguntaAnular, "Pretende continuar?")) Anular(Seg_Id, Matricula);
   Recomecar();
 }
 

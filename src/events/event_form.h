@@ -86,7 +86,9 @@ class EventForm : public Ficha {
 
   // Building the screen.
   void Linha(const std::vector<CampoDoEvento>& campos);
-  void LinhaDaData(const char* legenda, const char* dica);
+  void LinhaDaData(platform::DTPicker& data, const char* legenda, const char* dica);
+  /// A row with a control of the event's own; a change of it counts as one of the record.
+  void LinhaDeControlo(platform::Control& controlo, const char* legenda);
 
   // What an event does in its own way.
   virtual const char* RotinaCarrega() const = 0;
@@ -97,6 +99,7 @@ class EventForm : public Ficha {
   /// After the vehicle of the record in hand, or of a new one, was read.
   virtual void GuardarDaViatura(const class clViaturas& viatura);
   virtual void Limparform();
+  /// After the record was written.
   virtual void DepoisDeGravar() = 0;
   virtual void DepoisDeAnular() {}
   /// The rule of a field that is neither the plate nor a reference.
@@ -107,12 +110,20 @@ class EventForm : public Ficha {
   /// True when leaving a field runs its rule.
   virtual bool ComRegras() const { return true; }
   virtual platform::Control& PrimeiroCampo() { return Campo[1]; }
+  virtual void btConf_Click();
   virtual void btAnular_Click();
 
   void Form_Load() override { Limparform(); }
   void Gravar();
-  /// Writes a new total on the vehicle in hand, and its cost per km.
-  void ActualizaViatura(platform::Currency total);
+  /// True when the user goes on after a message of two sentences.
+  static bool Continuar(const char* primeira, const char* segunda);
+  const char* perguntaAnular() const { return textos_.perguntaAnular; }
+  /// Today, or now, as far as the ficha's date shows it.
+  platform::Date DataDoDia() const;
+  /// Empties the screen and goes to the first field, as fichas opened from a vehicle do after a save.
+  void LimparParaOMesmoVeiculo();
+  /// Writes a new total on a vehicle, and its cost per km.
+  void ActualizaViatura(const std::string& matricula, platform::Currency total) const;
   EventEntity& entidade() const { return *entidade_; }
   /// Empties the screen for the next record, as the buttons do.
   void Recomecar();

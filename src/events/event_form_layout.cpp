@@ -1,5 +1,8 @@
 // How an event ficha is put together: its controls, their places and their events.
 #include "events/event_form.h"
+
+#include <algorithm>
+
 #include "platform/runtime_error.h"
 
 namespace zorCrmParvel {
@@ -64,13 +67,24 @@ void EventForm::Linha(const std::vector<CampoDoEvento>& campos) {
   layout.head.rows.push_back(linha);
 }
 
-void EventForm::LinhaDaData(const char* legenda, const char* dica) {
-  constexpr int kLegendaDaData = 99;
-  DTPicker1.CustomFormat = textos_.formatoData;
-  DTPicker1.ToolTipText = dica;
-  TabBefore(DTPicker1, botoes.btConf);
-  Legenda.Add(*this, "Legenda", kLegendaDaData).Caption = legenda;
-  layout.head.rows.push_back({{.caption = &Legenda[kLegendaDaData], .field = &DTPicker1}});
+void EventForm::LinhaDaData(platform::DTPicker& data, const char* legenda, const char* dica) {
+  data.CustomFormat = textos_.formatoData;
+  data.ToolTipText = dica;
+  data.Change = [this] { Alterado = true; };
+  data.KeyPress = [this](int& keyCode) {
+    if (keyCode != platform::kKeyEnter && keyCode != platform::kKeyEscape) return;
+    SendKeys(keyCode == platform::kKeyEnter ? "{TAB}" : "+{TAB}");
+    keyCode = platform::kKeyNone;
+  };
+  LinhaDeControlo(data, legenda);
+}
+
+void EventForm::LinhaDeControlo(platform::Control& controlo, const char* legenda) {
+  constexpr int kPrimeiraLegenda = 50;  // beyond the numbers of the fields
+  const int indice = std::max(kPrimeiraLegenda, Legenda.UBound() + 1);
+  TabBefore(controlo, botoes.btConf);
+  Legenda.Add(*this, "Legenda", indice).Caption = legenda;
+  layout.head.rows.push_back({{.caption = &Legenda[indice], .field = &controlo}});
 }
 
 void EventForm::LigarCampo(zor_input& campo) {
@@ -87,17 +101,8 @@ void EventForm::LigarCampo(zor_input& campo) {
 }
 
 void EventForm::LigarEventos() {
-  DTPicker1.Change = [this] { Alterado = true; };
-  DTPicker1.KeyPress = [this](int& keyCode) {
-    if (keyCode != platform::kKeyEnter && keyCode != platform::kKeyEscape) return;
-    SendKeys(keyCode == platform::kKeyEnter ? "{TAB}" : "+{TAB}");
-    keyCode = platform::kKeyNone;
-  };
   btArquivo.Click = [this] { btArquivo_Click(); };
-  botoes.btConf.Click = [this] {
-    Gravar();
-    Recomecar();
-  };
+  botoes.btConf.Click = [this] { btConf_Click(); };
   botoes.btCancelar.Click = [this] { Recomecar(); };
   botoes.btAnular.Click = [this] { btAnular_Click(); };
   botoes.btSair.Click = [this] { Unload(); };

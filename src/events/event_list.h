@@ -48,4 +48,34 @@ class VwLstGastos : public EventList {
   VwLstGastos();
 };
 
+class VwLstInspecoes : public EventList {
+ public:
+  VwLstInspecoes();
+};
+
+class VwLstRevisoes : public EventList {
+ public:
+  VwLstRevisoes();
+};
+
+class VwLstMultas : public EventList {
+ public:
+  VwLstMultas();
+};
+
+class VwLstSinistros : public EventList {
+ public:
+  VwLstSinistros();
+};
+
+class VwLstSeguros : public EventList {
+ public:
+  VwLstSeguros();
+};
+
+class VwLstAcessorios : public EventList {
+ public:
+  VwLstAcessorios();
+};
+
 }  // namespace zorCrmParvel

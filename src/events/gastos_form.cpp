@@ -56,7 +56,7 @@ std::vector<Referencia> Referencias() {
 
 Gastos::Gastos() : EventForm(kTextos, std::make_unique<clGastos>(), Referencias()) {
   Linha({{kMatricula, "Matrícula", "Matrícula da Viatura.", 10}});
-  LinhaDaData("Data", "Data da aquisicão.");
+  LinhaDaData(DTPicker1, "Data", "Data da aquisicão.");
   Linha({{kTipoGasto, "Tipo Gasto", "Tipo de Gasto.", 25}});
   Linha({{kMotorista, "Motorista", "Motorista.", 25}});
   Linha({{kViagem, "Viagem", "Viagem.", 50}});
@@ -170,9 +170,7 @@ void Gastos::DepoisDeGravar() {
                            resumo_.TotalCustoComb + resumo_.TotalCustoOutros +
                                Tools::SomaCustoAcessorios(mybd, matricula) +
                                Tools::SomaCustoInspecoes(mybd, matricula));
-  if (TipoMostrar != 1) return;
-  Limparform();
-  Campo[1].SetFocus();
+  if (TipoMostrar == 1) LimparParaOMesmoVeiculo();
 }
 
 void Gastos::DepoisDeAnular() {

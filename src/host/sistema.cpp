@@ -4,7 +4,13 @@
 
 #include "documents/arquivo_form.h"
 #include "events/event_list.h"
+#include "events/acessorios_form.h"
 #include "events/gastos_form.h"
+#include "events/inspecoes_form.h"
+#include "events/multas_form.h"
+#include "events/revisoes_form.h"
+#include "events/seguros_form.h"
+#include "events/sinistros_form.h"
 #include "masterdata/code_table_form.h"
 #include "masterdata/code_table_list.h"
 #include "masterdata/tipos_gastos_form.h"
@@ -39,7 +45,13 @@ constexpr std::array kLists = {
     ListKey{"TiposManut", &NovaLista<VwLstTiposManut>},
     ListKey{"TiposSeguro", &NovaLista<VwLstTiposSeguro>},
     ListKey{"Viagens", &NovaLista<VwLstViagens>},
+    ListKey{"Apolices", &NovaLista<VwLstSeguros>},
+    ListKey{"Sinistros", &NovaLista<VwLstSinistros>},
+    ListKey{"Multas", &NovaLista<VwLstMultas>},
     ListKey{"Gastos", &NovaLista<VwLstGastos>},
+    ListKey{"Revisoes", &NovaLista<VwLstRevisoes>},
+    ListKey{"Acessorios", &NovaLista<VwLstAcessorios>},
+    ListKey{"Inspecoes", &NovaLista<VwLstInspecoes>},
 };
 
 const ListKey* FindList(const std::string& name) {
@@ -56,6 +68,12 @@ void Register(const char* name) {
 }  // namespace
 
 Sistema::Sistema() {
+  Register<Multas>("Multas");
+  Register<Inspecoes>("Inspecoes");
+  Register<Acessorios>("Acessorios");
+  Register<Sinistros>("Sinistros");
+  Register<Seguros>("Seguros");
+  Register<Revisoes>("Revisoes");
   Register<Gastos>("Gastos");
   Register<Categorias>("Categorias");
   Register<Departamentos>("Departamentos");

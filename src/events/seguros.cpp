@@ -1,0 +1,73 @@
+#include "events/seguros.h"
+
+#include "masterdata/code_table.h"
+
+namespace zorCrmParvel {
+namespace {
+
+const TabelaDeEventos kSeguros{
+    .tabela = "zor_PV_Seguros",
+    .id = "Seg_Id",
+    .data = "Validade",
+    .tituloLista = "Seguros",
+    .sqlLista =
+        " SELECT  zor_PV_Seguros.Seg_Id as ' ',zor_PV_Seguros.Matricula AS Matrícula, "
+        "zor_PV_TiposSeguro.Nome "
+        "AS 'Tipo Seguro', zor_PV_Seguros.Apolice AS 'Apólice' FROM zor_PV_Seguros INNER JOIN "
+        "zor_PV_TiposSeguro ON zor_PV_Seguros.TipoSeguro = zor_PV_TiposSeguro.Codigo",
+    .listaPorViatura = true,
+    .larguraLista = 6000,
+    .colunasLista = {1000, 1000, 3000, 1500},
+    .tituloMapa = "Listagem de Seguros",
+    .sqlMapa = "SELECT Codigo AS Código AS Nome FROM zor_PV_Seguros order by Codigo",
+};
+
+}  // namespace
+
+clSeguros::clSeguros() : EventEntity(kSeguros) {}
+
+void clSeguros::LerCampos(const Row& row) {
+  Companhia = row.text("Companhia");
+  TipoSeguro = row.text("TipoSeguro");
+  Apolice = row.text("Apolice");
+  Validade = row.date("Validade");
+  Premio = row.currency("Premio");
+  Franquia = row.currency("Franquia");
+  Modalidade = row.integer("Modalidade");
+  Codigo = row.text("Matricula");
+  DataInicio = row.date("DataInicio");
+  Inactiva = row.integer("Inactiva");
+  Coberturas = row.text("Coberturas");
+  Seg_Id = row.number("Seg_Id");
+}
+
+void clSeguros::EscreverCampos(Row& row) const {
+  row.cut("TipoSeguro", TipoSeguro);
+  row.cut("Companhia", Companhia);
+  row.cut("Apolice", Apolice);
+  row.put("Validade", Validade);
+  row.put("Premio", Premio);
+  row.put("Franquia", Franquia);
+  row.put("Modalidade", Modalidade);
+  row.put("DataInicio", DataInicio);
+  row.put("Inactiva", Inactiva);
+  row.put("Coberturas", Coberturas);
+}
+
+RecordsetRef clSeguros::LerApolices() {
+  Statement statement = "SELECT *  From zor_PV_Seguros";
+  if (!Codigo.empty()) statement << " WHERE     (Matricula = N'" << value(Codigo) << "')";
+  statement << " Order by Matricula,Inactiva,Validade ";
+  return Abrir(statement);
+}
+
+bool clSeguros::ValidarCompanhia(std::string& Descr) {
+  clCompanhias companhia;
+  companhia.bd = bd;
+  companhia.Codigo = Companhia;
+  const bool found = companhia.Ler();
+  Descr = companhia.Descrição;
+  return found;
+}
+
+}  // namespace zorCrmParvel

@@ -1,0 +1,286 @@
+#include <gtest/gtest.h>
+
+#include "events/acessorios_form.h"
+#include "events/event_list.h"
+#include "events/gastos_form.h"
+#include "events/inspecoes_form.h"
+#include "events/multas_form.h"
+#include "events/revisoes_form.h"
+#include "events/seguros_form.h"
+#include "events/sinistros_form.h"
+#include "host/sistema.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+class EventsTest : public testing::Test {
+ protected:
+  EventsTest() {
+    testing_support::AddVehicle(bd, "12-AB-34", 20000);
+    testing_support::AddDriver(bd, "1", "Ana");
+    testing_support::AddExpenseTypes(bd);
+    bd->ExecutarSql("", "INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
+    bd->ExecutarSql("", "INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'Localizador')");
+  }
+  template <typename F>
+  void Open(F& form, int tipoMostrar = 1) {
+    form.mybd = bd;
+    form.TipoMostrar = tipoMostrar;
+    form.Matricula = tipoMostrar == 1 ? "12-AB-34" : "";
+    form.Load();
+    if (tipoMostrar == 1) form.Carrega(0);
+  }
+  template <typename F>
+  void Save(int costField, const std::string& cost) {
+    F form;
+    Open(form);
+    form.Campo[costField].Text = cost;
+    Press(form.botoes.btConf);
+  }
+  std::string Total() {
+    const Table rows = Rows(bd, "SELECT CustoTotal, CustoMedioKmT FROM zor_PV_Viaturas");
+    return rows.at(0)[0] + " " + rows.at(0)[1];
+  }
+
+  testing_support::ScriptedHost host;
+  Sistema sistema;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+};
+
+TEST_F(EventsTest, TheTotalDependsOnTheFichaThatComputedItLast) {
+  Save<Acessorios>(8, "100");
+  EXPECT_EQ(Total(), "100 0,005");
+  Save<Inspecoes>(2, "30");
+  EXPECT_EQ(Total(), "130 0,0065");
+  Save<Revisoes>(4, "1000");
+  EXPECT_EQ(Total(), "1130 0,0565") << "revisions count when a revision is saved";
+  Save<Inspecoes>(2, "1");
+  EXPECT_EQ(Total(), "131 0,0066") << "and are left out by every other ficha";
+  Revisoes revisao;
+  Open(revisao);
+  revisao.Anular(99, "12-AB-34");
+  EXPECT_EQ(Total(), "1131 0,0566");
+  Acessorios acessorio;
+  Open(acessorio);
+  acessorio.Anular(1, "12-AB-34");
+  EXPECT_EQ(Total(), "31 0,0016");
+  Save<Gastos>(6, "5");
+  EXPECT_EQ(Total(), "31 0")
+      << "an expense without a type is in no total, and without fuel the vehicle is at 0 km";
+  Save<Multas>(4, "700");
+  Save<Sinistros>(5, "800");
+  EXPECT_EQ(Total(), "31 0") << "fines and accidents cost the vehicle nothing";
+  EXPECT_EQ(Rows(bd, "SELECT KmActual, DataPrxRev FROM zor_PV_Viaturas"), (Table{{"0", "NULL"}}));
+}
+
+TEST_F(EventsTest, ReferencesAreCheckedEachInItsOwnWords) {
+  const auto leave = [&](EventForm& form, const char* message, bool titled) {
+    SCOPED_TRACE(message);
+    form.UserGoesTo(form.Campo[1]);
+    host.ExpectBox(message);
+    form.UserKey(platform::kKeyTab);
+    EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+    EXPECT_EQ(host.boxes.back().title, titled ? "Informação" : "");
+  };
+  Revisoes revisao;
+  Open(revisao);
+  leave(revisao, "Tipo Manutenção não existente!", false);
+  Acessorios acessorio;
+  Open(acessorio);
+  leave(acessorio, "Tipo Acessório não existente!", false);
+  Multas multa;
+  Open(multa);
+  leave(multa, "Motorista não existente!", false);
+  Sinistros sinistro;
+  Open(sinistro);
+  leave(sinistro, "Motorista não existente!", false);
+  Type(sinistro.Campo[1], "1");
+  sinistro.UserKey(platform::kKeyTab);
+  EXPECT_EQ(sinistro.Titulo[7].Caption, "Ana");
+}
+
+TEST_F(EventsTest, AnEmptyOrUnknownPlateHoldsTheFocus) {
+  Inspecoes form;
+  Open(form, 0);
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  host.ExpectBox("Viatura não existente!");
+  Type(form.Campo[0], "NADA");
+  form.UserKey(platform::kKeyTab);
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Marca='PERDIDA'");
+  form.Titulo[7].Caption = "antiga";
+  Type(form.Campo[0], "12-AB-34");
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.Titulo[7].Caption, "") << "a lost make clears its label";
+  EXPECT_EQ(form.Matricula, "12-AB-34");
+  Press(form.botoes.btSair);
+  EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(EventsTest, RecordsGoToTheDatabaseAndBack) {
+  Multas multa;
+  Open(multa);
+  Type(multa.Campo[1], "1");
+  multa.Campo[4].Text = "120,5";
+  multa.UserToggles(multa.Check1);
+  Press(multa.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT Motorista, ValorMulta, Responsabilidade, Data FROM zor_PV_Multas"),
+            (Table{{"1", "120,5", "1", "15-03-2024"}}));
+  EXPECT_EQ(multa.Check1.Value, 0);
+  multa.Carrega(1);
+  EXPECT_EQ(multa.Check1.Value, 1);
+  EXPECT_EQ(multa.Campo[4].Text, "120,5");
+
+  Sinistros sinistro;
+  Open(sinistro);
+  sinistro.Campo[4].Text = "A1, km 32";
+  sinistro.Campo[5].Text = "99";
+  Press(sinistro.botoes.btConf);
+  sinistro.Carrega(1);
+  EXPECT_EQ(sinistro.Campo[4].Text, "A1, km 32");
+
+  Acessorios acessorio;
+  Open(acessorio);
+  Type(acessorio.Campo[1], "GPS");
+  Press(acessorio.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT DataVal FROM zor_PV_Acessorios"), (Table{{"15-03-2024"}}))
+      << "an untouched validity is today";
+  acessorio.Carrega(1);
+  acessorio.UserPicksDate(acessorio.DTPicker2, platform::Variant::Null{});
+  Press(acessorio.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT DataVal FROM zor_PV_Acessorios"), (Table{{"NULL"}}));
+}
+
+TEST_F(EventsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
+  const struct {
+    int first, last;
+    const char* cost;
+    const char* distance;
+    const char* perKm;
+  } cases[] = {{10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
+               {5000, 5000, "1234,5", "Acessório com 0 Km", "Custo/Km 1.234,50 €"},
+               {1000, 0, "100", "Acessório com -1.000 Km", "Custo/Km -0,10 €"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.distance);
+    clAcessorios acessorio;
+    acessorio.bd = bd;
+    acessorio.Codigo = "12-AB-34";
+    acessorio.KmInicial = c.first;
+    acessorio.KmFinal = c.last;
+    acessorio.Custo = platform::Currency::Parse(c.cost);
+    acessorio.Escrever();
+    acessorio.LerUltimo();
+    Acessorios form;
+    Open(form, 0);
+    form.Carrega(acessorio.Id);
+    EXPECT_EQ(form.Titulo[12].Caption, c.distance);
+    EXPECT_EQ(form.Titulo[13].Caption, c.perKm);
+    acessorio.Anular();
+  }
+}
+
+TEST_F(EventsTest, InspectionsOfAVehicleBeginAtTheDate) {
+  Inspecoes form;
+  Open(form);
+  Press(form.botoes.btCancelar);
+  EXPECT_EQ(form.ActiveControl(), &form.DTPicker1);
+  EXPECT_FALSE(form.btLista[1].Enabled);
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+}
+
+TEST_F(EventsTest, ReportsThatTheServerRejectsSaySoAndTheFichaGoesOn) {
+  Revisoes form;
+  Open(form);
+  form.UserGoesTo(form.Campo[3]);
+  try {
+    form.UserKey(platform::kKeyF7);
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kStatementRefused);
+    EXPECT_NE(error.description().find("'AS'"), std::string::npos);
+  }
+  form.Campo[4].Text = "5";
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT Custo FROM zor_PV_Revisoes"), (Table{{"5"}}));
+}
+
+TEST_F(EventsTest, FinesOfAllVehiclesAreOfferedEvenOnOneVehiclesFicha) {
+  testing_support::AddVehicle(bd, "99-ZZ-99");
+  clMultas multa;
+  multa.bd = bd;
+  multa.Codigo = "99-ZZ-99";
+  multa.Motorista = "1";
+  multa.Escrever();
+  Multas form;
+  Open(form);
+  host.NextLookup("1");
+  Press(form.btLista[0]);
+  EXPECT_EQ(host.lookups.back().rows.size(), 1U);
+  EXPECT_EQ(form.Matricula, "99-ZZ-99");
+}
+
+class GridForm : public platform::Form {
+ public:
+  SGGrid grid{*this, "Grelha"};
+};
+
+TEST_F(EventsTest, EachListShowsEditsAndRemovesItsOwn) {
+  Save<Revisoes>(4, "10");
+  Save<Inspecoes>(2, "20");
+  Save<Multas>(4, "30");
+  Save<Sinistros>(5, "40");
+  Save<Seguros>(4, "50");
+  Save<Acessorios>(8, "60");
+  const struct {
+    const char* key;
+    const char* caption;
+    std::vector<std::string> headings;
+    const char* totalAfterRemoval;
+  } lists[] = {
+      {"Multas", "Multas", {"Matrícula", "Marca", "Motorista", "Data "}, "80"},
+      {"Sinistros", "Sinistros", {"Matrícula", "Marca", "Motorista", "Data Sinistro"}, "80"},
+      {"Apolices", "Apólices", {"Matrícula", "Companhia", "Apólice", "Data Validade", "Estado"}, "80"},
+      {"Revisoes", "Revisões", {"Matrícula", "Marca", "Data", "Tipo Revisão"}, "80"},
+      {"Acessorios",
+       "Acessórios",
+       {"Matrícula", "Marca", "Data", "Tipo Acessório", "Km. Iniciais", "Km. Finais"},
+       "20"},
+      {"Inspecoes", "Inspecções", {"Matrícula", "Marca", "Data"}, "0"}};
+  for (const auto& c : lists) {
+    SCOPED_TRACE(c.key);
+    sistema.ICrmSistema_ZorDataAccess = bd;
+    const auto list = sistema.MostraListas(c.key);
+    ASSERT_NE(list, nullptr);
+    GridForm window;
+    list->ICrmVwList_GridMaster(&window.grid);
+    list->ICrmVwList_Iniciar();
+    ASSERT_EQ(list->ICrmVwList_NumeroItens(), 1);
+    std::vector<std::string> headings;
+    for (const auto& column : window.grid.Columns())
+      if (!column.hidden) headings.push_back(column.caption);
+    EXPECT_EQ(headings, c.headings);
+    GridRow row = window.grid.RowAt(0);
+    host.NextForm([&](platform::Form& form) {
+      EXPECT_EQ(form.Caption, c.caption);
+      EXPECT_EQ(dynamic_cast<EventForm&>(form).Campo[0].Text, "12-AB-34");
+    });
+    list->ICrmVwList_Editar(&row);
+    list->ICrmVwList_Remover(&row);
+    EXPECT_EQ(list->ICrmVwList_NumeroItens(), 0);
+    EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas").at(0)[0], c.totalAfterRemoval);
+  }
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

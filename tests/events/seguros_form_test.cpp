@@ -1,0 +1,176 @@
+#include "events/seguros_form.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+const char* const kRenewal = "Vai proceder à renovação da Apólice!\n\rPretende continuar?";
+const char* const kRemoval = "Vai proceder à anulação da Apólice!\n\rPretende continuar?";
+
+class SegurosTest : public testing::Test {
+ protected:
+  SegurosTest() {
+    testing_support::AddVehicle(bd, "12-AB-34");
+    bd->ExecutarSql("", "INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo Seguros')");
+    bd->ExecutarSql("",
+                    "INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'Responsabilidade civil')");
+    form.mybd = bd;
+    form.Load();
+  }
+  void Add(int modalidade, Date validade, int inactiva = 0) {
+    clSeguros seguro;
+    seguro.bd = bd;
+    seguro.Codigo = "12-AB-34";
+    seguro.Companhia = "TEJO";
+    seguro.TipoSeguro = "RC";
+    seguro.Apolice = "A-1";
+    seguro.Premio = 300;
+    seguro.Modalidade = static_cast<std::int16_t>(modalidade);
+    seguro.Validade = validade;
+    seguro.DataInicio = validade.AddMonths(-12);
+    seguro.Inactiva = static_cast<std::int16_t>(inactiva);
+    seguro.Escrever();
+  }
+  Table Policies() {
+    return Rows(bd, "SELECT Seg_Id, DataInicio, Validade, Modalidade, Inactiva, Premio FROM zor_PV_Seguros");
+  }
+
+  testing_support::ScriptedHost host;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Seguros form;
+};
+
+TEST_F(SegurosTest, BeginsHalfYearlyAndOpenFromToday) {
+  EXPECT_EQ(form.Combo1.ListIndex, 1);
+  EXPECT_EQ(form.Combo1.List[1], "Semestral");
+  EXPECT_EQ(form.Check1.Value, 0);
+  EXPECT_EQ(form.DTPicker1.Value.ToDate(), Date::FromParts(2024, 3, 15));
+  EXPECT_EQ(form.DTPicker2.Value.ToDate(), Date::FromParts(2024, 3, 15));
+}
+
+TEST_F(SegurosTest, FieldsCheckThemselvesWhateverWasPressed) {
+  Type(form.Campo[0], "12-AB-34");
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.Titulo[9].Caption, "Renault");
+  EXPECT_EQ(form.Matricula, "") << "a policy's plate isn't taken before it is loaded";
+  for (const char* message : {"Companhia não existente!", "Companhia não existente!"}) {
+    host.ExpectBox(message);
+    form.UserGoesTo(form.Campo[3]);
+  }
+  EXPECT_EQ(host.boxes.back().title, "Informação");
+  form.UserTypes(form.Campo[1], "tejo");
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.Titulo[7].Caption, "Tejo Seguros");
+  host.ExpectBox("Tipo de Seguro não existente!");
+  form.UserKey(platform::kKeyTab);
+}
+
+TEST_F(SegurosTest, RenewalClosesTheOldPolicyAndBeginsWhereItEnded) {
+  const struct {
+    int modalidade;
+    Date end;
+    const char* newEnd;
+  } cases[] = {{0, Date::FromParts(2024, 2, 29), "28-02-2025"},
+               {1, Date::FromParts(2024, 3, 31), "30-09-2024"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.newEnd);
+    bd->ExecutarSql("", "Delete zor_PV_Seguros");
+    Add(c.modalidade, c.end);
+    const std::int32_t id = platform::Variant(Policies()[0][0]).ToLong();
+    form.Carrega(id);
+    host.ExpectBox(kRenewal, platform::kOk);
+    Press(form.btRenovar);
+    EXPECT_EQ(form.Seg_Id, 0);
+    Press(form.botoes.btConf);
+    const Table policies = Policies();
+    ASSERT_EQ(policies.size(), 2U);
+    EXPECT_EQ(policies[0][4], "1");
+    EXPECT_EQ(policies[1][1], policies[0][2]) << "the two overlap by a day";
+    EXPECT_EQ(policies[1][2], c.newEnd);
+    EXPECT_EQ(policies[1][4], "0");
+  }
+}
+
+TEST_F(SegurosTest, ARenewalCanBeDroppedOrCarriedOverAMove) {
+  Add(0, Date::FromParts(2024, 5, 1));
+  Add(0, Date::FromParts(2024, 6, 1));
+  form.Carrega(1);
+  host.ExpectBox(kRenewal, platform::kCancel);
+  Press(form.btRenovar);
+  EXPECT_EQ(form.Seg_Id, 1);
+  host.ExpectBox(kRenewal, platform::kOk);
+  Press(form.btRenovar);
+  Press(form.botoes.btCancelar);
+  EXPECT_EQ(Policies().size(), 2U);
+
+  form.Carrega(1);
+  host.ExpectBox(kRenewal, platform::kOk);
+  Press(form.btRenovar);
+  Press(form.botoes.btNavega[3]);
+  EXPECT_EQ(form.Seg_Id, 2);
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Policies()[0][4], "1") << "a move doesn't end the renewal: the old policy is closed all the same";
+}
+
+TEST_F(SegurosTest, RenewingABlankFichaInsertsTwoPolicies) {
+  Type(form.Campo[0], "12-AB-34");
+  host.ExpectBox(kRenewal, platform::kOk);
+  Press(form.btRenovar);
+  form.Campo[0].Text = "12-AB-34";
+  Press(form.botoes.btConf);
+  const Table policies = Policies();
+  ASSERT_EQ(policies.size(), 2U);
+  EXPECT_EQ(policies[0][4] + policies[1][4], "10");
+}
+
+TEST_F(SegurosTest, ARemovalClosesAFichaOpenedOnItsOwn) {
+  Add(0, Date::FromParts(2024, 5, 1));
+  form.Carrega(1);
+  host.ExpectBox(kRemoval, platform::kCancel);
+  Press(form.botoes.btAnular);
+  EXPECT_TRUE(form.IsClosed()) << "also after Cancel";
+  EXPECT_EQ(Policies().size(), 1U);
+
+  Seguros fromVehicle;
+  fromVehicle.mybd = bd;
+  fromVehicle.TipoMostrar = 1;
+  fromVehicle.Matricula = "12-AB-34";
+  fromVehicle.Load();
+  fromVehicle.Carrega(1);
+  host.ExpectBox(kRemoval, platform::kOk);
+  Press(fromVehicle.botoes.btAnular);
+  EXPECT_FALSE(fromVehicle.IsClosed());
+  EXPECT_EQ(fromVehicle.ActiveControl(), &fromVehicle.Campo[1]);
+  EXPECT_TRUE(Policies().empty());
+}
+
+TEST_F(SegurosTest, TheListReadPutsOpenPoliciesFirst) {
+  Add(0, Date::FromParts(2024, 1, 1), 1);
+  Add(0, Date::FromParts(2024, 5, 1));
+  clSeguros seguro;
+  seguro.bd = bd;
+  for (const char* plate : {"", "12-AB-34"}) {
+    seguro.Codigo = plate;
+    const RecordsetRef rows = seguro.LerApolices();
+    ASSERT_EQ(rows->RecordCount(), 2);
+    EXPECT_EQ(rows->Fields("Seg_Id").Value().ToLong(), 2);
+  }
+  std::string name;
+  seguro.Companhia = "TEJO";
+  EXPECT_TRUE(seguro.ValidarCompanhia(name));
+  EXPECT_EQ(name, "Tejo Seguros");
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
