@@ -31,7 +31,9 @@ void FillDemo(const std::shared_ptr<embedded::Database>& database) {
   embedded::Database::Batch batch(*database);
   DemoDice dice;
   FillDemoTables(database);
-  FillDemoFleet(database, FillDemoDrivers(database, dice), dice);
+  const auto drivers = FillDemoDrivers(database, dice);
+  FillDemoFleet(database, drivers, dice);
+  FillDemoEvents(database, drivers, dice);
   batch.Commit();
 }
 

@@ -32,4 +32,8 @@ std::vector<std::string> FillDemoDrivers(const zorCrmParvel::DataAccessRef& bd, 
 void FillDemoFleet(const zorCrmParvel::DataAccessRef& bd, const std::vector<std::string>& drivers,
                    DemoDice& dice);
 
+/// The other events of every vehicle that there is, spread around today so that something is always due.
+void FillDemoEvents(const zorCrmParvel::DataAccessRef& bd, const std::vector<std::string>& drivers,
+                    DemoDice& dice);
+
 }  // namespace console

@@ -10,8 +10,12 @@ struct Kind {
   std::unique_ptr<ImportTarget> (*make)(const zorCrmParvel::DataAccessRef&);
 };
 
-constexpr std::array kKinds = {Kind{"viaturas", &MakeVehicleImport}, Kind{"motoristas", &MakeDriverImport},
-                               Kind{"gastos", &MakeExpenseImport}};
+constexpr std::array kKinds = {
+    Kind{"viaturas", &MakeVehicleImport},    Kind{"motoristas", &MakeDriverImport},
+    Kind{"gastos", &MakeExpenseImport},      Kind{"apolices", &MakePolicyImport},
+    Kind{"revisoes", &MakeRevisionImport},   Kind{"inspecoes", &MakeInspectionImport},
+    Kind{"multas", &MakeFineImport},         Kind{"sinistros", &MakeAccidentImport},
+    Kind{"acessorios", &MakeAccessoryImport}};
 
 }  // namespace
 

@@ -159,5 +159,45 @@ TEST_F(ImportTest, VehiclesAndDriversThatExistStayAsTheyAre) {
             (Table{{"Ana", "NULL"}, {"Zé", "01-01-2030"}}));
 }
 
+TEST_F(ImportTest, EveryEventHasItsColumnsCodesAndTotals) {
+  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
+  bd->ExecutarSql("", "INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo')");
+  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'RC')");
+  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'GPS')");
+  const struct {
+    const char* what;
+    const char* csv;  // a good row, then one with a code that doesn't exist
+    const char* refused;
+    const char* total;
+  } files[] = {
+      {"revisoes",
+       "Matricula;Data;TipoManut;Km;Custo\n12-AB-34;01-02-2024;OLEO;10500;100\n"
+       "12-AB-34;01-02-2024;NADA;1;1\n",
+       "TipoManut: Tipo Manutenção não existente!", "100"},
+      {"inspecoes", "Matricula;Data;Km;Custo\n12-AB-34;01-02-2024;10500;30\n99-ZZ-99;01-02-2024;1;1\n",
+       "Matricula: Viatura não existente!", "30"},
+      {"acessorios",
+       "Matricula;Data;TipoAcessorio;Custo;DataVal\n12-AB-34;01-02-2024;GPS;50;\n"
+       "12-AB-34;01-02-2024;X;1;\n",
+       "TipoAcessorio: Tipo Acessório não existente!", "80"},
+      {"apolices",
+       "Matricula;Validade;Companhia;TipoSeguro;Apolice;Premio\n12-AB-34;01-02-2025;TEJO;RC;A1;300\n"
+       "12-AB-34;01-02-2025;TEJO;XX;A1;300\n",
+       "TipoSeguro: Tipo de Seguro não existente!", "80"},
+      {"multas", "Matricula;Data;Motorista;ValorMulta\n12-AB-34;01-02-2024;1;60\n12-AB-34;01-02-2024;9;60\n",
+       "Motorista: Motorista não existente!", "80"},
+      {"sinistros",
+       "Matricula;Data;Motorista;LocalAc;Custo\n12-AB-34;01-02-2024;1;A1;60\n"
+       "12-AB-34;01-02-2024;9;A1;60\n",
+       "Motorista: Motorista não existente!", "80"}};
+  for (const auto& f : files) {
+    SCOPED_TRACE(f.what);
+    EXPECT_EQ(Import(f.what, f.csv).added, 1);
+    EXPECT_EQ(report.str(), "linha 3, " + std::string(f.refused) + "\n");
+    EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas")[0][0], f.total);
+    EXPECT_EQ(Import(f.what, f.csv).known, 1) << "a second run adds nothing";
+  }
+}
+
 }  // namespace
 }  // namespace console
