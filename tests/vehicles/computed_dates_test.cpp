@@ -1,0 +1,114 @@
+#include "vehicles/computed_dates.h"
+
+#include <gtest/gtest.h>
+
+#include "events/inspecoes.h"
+#include "platform/runtime_error.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+
+Date D(const char* text) { return Date::Parse(text); }
+
+TEST(RoadTax, EndsWithTheMonthOfRegistration) {
+  const struct {
+    int month;
+    const char* today;
+    const char* due;
+  } cases[] = {{12, "01-01-2024", "31-12-2024"}, {12, "31-12-2024", "31-12-2024"},
+               {3, "31-03-2024", "31-03-2024"},  {3, "01-04-2024", "31-03-2025"},
+               {2, "15-01-2024", "29-02-2024"},  {2, "15-03-2024", "28-02-2025"},
+               {4, "10-04-2024", "30-04-2024"}};
+  for (const auto& c : cases) EXPECT_EQ(FimDoPrazoDoSelo(c.month, D(c.today)), D(c.due)) << c.today;
+}
+
+class InspectionTest : public testing::Test {
+ protected:
+  /// The next inspection, "dd-mm-yyyy in n"; "error n" when the rule fails.
+  std::string Next(const char* category, const char* registered, const char* today,
+                   const char* last = nullptr, std::string text = "", std::int16_t days = 0) {
+    host.clock = D(today);
+    bd->ExecutarSql("", "Delete zor_PV_Inspecoes");
+    if (last != nullptr) {
+      clInspecoes inspecao;
+      inspecao.bd = bd;
+      inspecao.Codigo = "A";
+      for (const char* date : {last, "01-01-2001"}) {
+        inspecao.Id = 0;
+        inspecao.Data = D(date);
+        inspecao.Escrever();
+      }
+    }
+    try {
+      Tools::ProximaInspecao("A", static_cast<std::int16_t>(D(registered).year()), D(registered), days, text,
+                             category, bd);
+    } catch (const platform::RuntimeError& error) {
+      return "error " + std::to_string(error.number());
+    }
+    return text + " in " + std::to_string(days);
+  }
+
+  testing_support::ScriptedHost host;
+  platform::Ref<testing_support::RecordingDataAccess> bd =
+      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+};
+
+TEST_F(InspectionTest, FollowsTheTableOfCategories) {
+  const struct {
+    const char* category;
+    const char* registered;
+    const char* today;
+    const char* next;
+  } cases[] = {
+      {"LIGM", "15-03-2020", "10-03-2021", "15-03-2022 in 370"},
+      {"RLIG", "15-03-2020", "15-03-2022", "15-03-2022 in 0"},
+      {"LIGM", "15-03-2020", "16-03-2023", "15-03-2024 in 365"},
+      {"LIGP", "15-03-2020", "16-03-2024", "15-03-2024 in -1"},
+      {"LIGP", "15-03-2015", "15-03-2024", "15-03-2024 in 0"},
+      {"LIGP", "15-03-2015", "16-03-2024", "15-03-2025 in 364"},
+      {"PREB", "15-03-2023", "01-01-2024", "15-03-2024 in 74"},
+      {"PREB", "15-03-2022", "15-03-2024", "15-03-2024 in 0"},
+      {"PREB", "15-03-2022", "16-03-2024", "15-03-2025 in 364"},
+      {"PESP", "10-08-2020", "09-08-2024", "10-08-2027 in 1096"},
+      {"PESM", "10-08-2020", "11-08-2024", "10-08-2028 in 1460"},
+      {"PESP", "10-08-2016", "10-08-2024", "10-08-2024 in 0"},
+      {"RSRB", "10-08-2016", "11-08-2024", "10-02-2025 in 183"},
+      {"TESC", "10-03-2016", "11-09-2024", "10-03-2025 in 180"},
+      {"LIGTP", "10-03-2016", "10-09-2024", "10-09-2024 in 0"},
+      {"PESP", "10-03-2016", "01-10-2024", "10-03-2025 in 160"},
+      {"PESP", "31-08-2016", "01-09-2024", "28-02-2025 in 180"},
+      {"PESP", "31-03-2016", "30-09-2024", "30-09-2024 in 0"},
+      {"LIGM", "29-02-2020", "01-01-2022", "28-02-2022 in 58"},
+      {"LIGP", "29-02-2020", "01-01-2024", "29-02-2024 in 59"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Next(c.category, c.registered, c.today), c.next)
+        << c.category << ' ' << c.registered << ' ' << c.today;
+}
+
+TEST_F(InspectionTest, TheLastInspectionMovesTheBase) {
+  EXPECT_EQ(Next("LIGM", "15-03-2020", "10-06-2024", "20-11-2023"), "15-03-2025 in 278");
+  EXPECT_EQ(bd->statements.back(),
+            "SELECT MAX([Data]) AS Ultima FROM [zor_PV_Inspecoes] WHERE Matricula='A '");
+  EXPECT_EQ(Next("LIGM", "29-02-2020", "10-06-2024", "20-11-2023"), "error 13")
+      << "no 29th of February in 2023";
+  EXPECT_EQ(Next("LIGM", "29-02-2020", "10-03-2025", "20-11-2024"), "28-02-2026 in 355");
+}
+
+TEST_F(InspectionTest, AnUnknownCategoryChangesNothing) {
+  EXPECT_EQ(Next("ligm", "15-03-2020", "10-03-2021", nullptr, "antes", 77), "antes in 77");
+}
+
+TEST_F(InspectionTest, WithoutARowTheRuleGoesOnWithTheTextThatCame) {
+  EXPECT_EQ(Next("PESP", "10-03-2016", "11-06-2024"), "error 13");
+  EXPECT_EQ(Next("PESP", "10-03-2016", "11-06-2024", nullptr, "05-11-2025"), "10-05-2025 in 333")
+      << "the day of the other vehicle's date is taken for the month";
+  EXPECT_EQ(Next("PESP", "10-03-2016", "11-06-2024", nullptr, "15-11-2025"), "error 13");
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
