@@ -10,6 +10,8 @@
 
 namespace embedded {
 
+class Engine;
+
 struct OpenOptions {
   /// The clock behind getdate(); empty: the system's local time.
   std::function<platform::Date()> clock;
@@ -30,9 +32,25 @@ class Database : public zorCrmParvel::DataAccess {
 
   /// The file's path as it was given.
   const std::string& path() const;
-  /// Writes a consistent copy of the database to a new file. Error -2147467259 when the file exists or can't be
-  /// written.
+  /// Writes a consistent copy of the database to a new file. Error -2147467259 when the file exists or can't
+  /// be written.
   void CopyTo(const std::string& file);
+
+  /// Everything written while it lives is kept by `Commit` at once, or not at all. One at a time; other
+  /// processes can't write meanwhile.
+  class Batch {
+   public:
+    /// Error -2147467259 when another process holds a write.
+    explicit Batch(Database& database);
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    void Commit();
+
+   private:
+    std::shared_ptr<Engine> engine_;
+    bool open_ = true;
+  };
 
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
 
@@ -42,7 +60,6 @@ class Database : public zorCrmParvel::DataAccess {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
-  class Engine;
   explicit Database(std::shared_ptr<Engine> engine);
   std::shared_ptr<Engine> engine_;
 };

@@ -201,6 +201,18 @@ void Form::UserSelectsRow(SGGrid& grid, long row) {
   DeliverKeys();
 }
 
+bool Form::UserEditsCell(SGGrid& grid, long row, const std::string& text) {
+  if (grid.EditableColumn.empty()) return false;
+  UserSelectsRow(grid, row);
+  if (grid.Row() != row) return false;
+  Handling handling(*this);
+  bool cancel = false;
+  if (grid.ValidateEdit) grid.ValidateEdit(row, text, cancel);
+  if (!cancel) grid.SetCell(row, grid.EditableColumn, text);
+  DeliverKeys();
+  return !cancel;
+}
+
 void Form::UserCommands(SGGrid& grid, long row, long command) {
   UserSelectsRow(grid, row);
   Handling handling(*this);

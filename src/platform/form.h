@@ -56,6 +56,8 @@ class Form {
   void UserSelectsTab(TabControl& tabs, int index);
   void UserSelectsRow(SGGrid& grid, long row);
   void UserDoubleClicks(SGGrid& grid, long row);
+  /// The user typed a text into the grid's editable column. False when it was refused.
+  bool UserEditsCell(SGGrid& grid, long row, const std::string& text);
   /// A command of the grid's context menu, on a row.
   void UserCommands(SGGrid& grid, long row, long command);
   /// The window's own close button: a plain unload.

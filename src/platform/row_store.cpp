@@ -6,14 +6,17 @@
 namespace platform {
 
 std::size_t RowStore::AddRow() {
-  if (rows_ % kRowsPerBlock == 0) blocks_.push_back(std::make_unique<Cell[]>(kRowsPerBlock * columns_));
+  if (rows_ == 0) {
+    first_ = std::make_unique<Cell[]>(kFirstRows * columns_);
+  } else if (rows_ >= kFirstRows && (rows_ - kFirstRows) % kRowsPerBlock == 0) {
+    blocks_.push_back(std::make_unique<Cell[]>(kRowsPerBlock * columns_));
+  }
   return rows_++;
 }
 
 void RowStore::Put(std::size_t row, std::size_t column, const Cell& cell) {
   const bool block = !cell.IsNull() && (cell.type() == FieldType::kText || cell.type() == FieldType::kBytes);
-  Cell& place = blocks_[row / kRowsPerBlock][(row % kRowsPerBlock) * columns_ + column];
-  place = block ? Cell::Block(cell.type(), Keep(cell.block())) : cell;
+  Place(row, column) = block ? Cell::Block(cell.type(), Keep(cell.block())) : cell;
 }
 
 void RowStore::Put(std::size_t row, std::size_t column, FieldType type, const Variant& value) {

@@ -21,18 +21,23 @@ class RowStore {
   /// Sets one cell, copying text and bytes into the store. A replaced text keeps its memory until the end.
   void Put(std::size_t row, std::size_t column, const Cell& cell);
   void Put(std::size_t row, std::size_t column, FieldType type, const Variant& value);
-  const Cell& At(std::size_t row, std::size_t column) const {
-    return blocks_[row / kRowsPerBlock][(row % kRowsPerBlock) * columns_ + column];
-  }
+  const Cell& At(std::size_t row, std::size_t column) const { return Place(row, column); }
 
  private:
-  static constexpr std::size_t kRowsPerBlock = 256;  // few, so that reading one row stays cheap
-  static constexpr std::size_t kLargestTextBlock = 64 * 1024;
+  static constexpr std::size_t kFirstRows = 16;  // few, so that reading one row stays cheap
+  static constexpr std::size_t kRowsPerBlock = 256;
+  static constexpr std::size_t kLargestTextBlock = 65536;
 
+  Cell& Place(std::size_t row, std::size_t column) const {
+    if (row < kFirstRows) return first_[row * columns_ + column];
+    const std::size_t rest = row - kFirstRows;
+    return blocks_[rest / kRowsPerBlock][rest % kRowsPerBlock * columns_ + column];
+  }
   std::string_view Keep(std::string_view data);
 
   std::size_t columns_;
   std::size_t rows_ = 0;
+  std::unique_ptr<Cell[]> first_;
   std::vector<std::unique_ptr<Cell[]>> blocks_;
   std::vector<std::unique_ptr<char[]>> texts_;
   char* free_ = nullptr;

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "embedded/collation.h"
+
+/// What the benches need of SQLite's own interface, on a file that the engine made.
+namespace bench {
+
+/// A folder that goes when the bench ends.
+class Folder {
+ public:
+  explicit Folder(const std::string& name) : path_(std::filesystem::temp_directory_path() / name) {
+    std::filesystem::remove_all(path_);
+    std::filesystem::create_directories(path_);
+  }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  std::string File() const { return (path_ / "bench.parvel").string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+struct Closer {
+  void operator()(sqlite3* connection) const { sqlite3_close(connection); }
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using ConnectionPtr = std::unique_ptr<sqlite3, Closer>;
+using StatementPtr = std::unique_ptr<sqlite3_stmt, Closer>;
+
+inline void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+/// Set up as the engine's connection is: the same order, durable commits, no locks between threads.
+inline ConnectionPtr Connect(const std::string& file) {
+  sqlite3* connection = nullptr;
+  Require(sqlite3_open_v2(file.c_str(), &connection, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) ==
+          SQLITE_OK);
+  embedded::RegisterCollation(connection);
+  Require(sqlite3_exec(connection, "PRAGMA synchronous = FULL; PRAGMA cache_size = -16384", nullptr, nullptr,
+                       nullptr) == SQLITE_OK);
+  return ConnectionPtr(connection);
+}
+
+inline StatementPtr Prepare(sqlite3* connection, const char* sql) {
+  sqlite3_stmt* statement = nullptr;
+  Require(sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) ==
+          SQLITE_OK);
+  return StatementPtr(statement);
+}
+
+/// Rows of zor_PV_Marcas: codes M10000, M10001, … and names.
+inline void FillCodes(const std::string& file, int rows) {
+  const ConnectionPtr connection = Connect(file);
+  const std::string sql =
+      "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " + std::to_string(rows) +
+      ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM n";
+  Require(sqlite3_exec(connection.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
+}
+
+}  // namespace bench

@@ -1,0 +1,85 @@
+#include "embedded/database.h"
+
+#include <chrono>
+#include <ctime>
+
+#include "embedded/database_file.h"
+#include "embedded/engine.h"
+#include "embedded/schema.h"
+
+namespace schema {
+extern const char* const kTables;
+}
+
+namespace embedded {
+namespace {
+
+platform::Date LocalTime() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm parts{};
+  localtime_r(&now, &parts);
+  return platform::Date::FromParts(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
+                                   parts.tm_min, std::min(parts.tm_sec, 59));
+}
+
+class EngineConnection : public platform::Connection {
+ public:
+  explicit EngineConnection(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
+  platform::RecordsetRef Execute(const std::string& statement) override {
+    return engine_->Open(statement, Plan::Use::kRead);
+  }
+
+ private:
+  std::shared_ptr<Engine> engine_;
+};
+
+}  // namespace
+
+Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::~Database() = default;
+
+std::shared_ptr<Database> Database::Open(const std::string& path, OpenOptions options) {
+  Schema tables = Schema::Parse(options.schema.empty() ? schema::kTables : options.schema);
+  SqliteConnection connection = OpenDatabaseFile(path, tables.version, options.busyTimeout);
+  BringUpToDate(connection, tables, path);
+  UseWriteAheadLog(connection);
+  Clock clock = options.clock ? std::move(options.clock) : Clock(&LocalTime);
+  auto engine =
+      std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog), std::move(clock));
+  return std::shared_ptr<Database>(new Database(std::move(engine)));
+}
+
+const std::string& Database::path() const { return engine_->path(); }
+
+void Database::CopyTo(const std::string& file) { engine_->CopyTo(file); }
+
+Database::Batch::Batch(Database& database) : engine_(database.engine_) { engine_->BeginBatch(); }
+
+Database::Batch::~Batch() {
+  if (open_) engine_->AbandonBatch();
+}
+
+void Database::Batch::Commit() {
+  engine_->CommitBatch();
+  open_ = false;
+}
+
+bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
+  connection = platform::MakeRef<EngineConnection>(engine_);
+  return true;
+}
+
+bool Database::Execute(const std::string& statement) {
+  engine_->Run(statement);
+  return true;
+}
+
+zorCrmParvel::RecordsetRef Database::OpenForEditing(const std::string& statement) {
+  return engine_->Open(statement, Plan::Use::kEdit);
+}
+
+zorCrmParvel::RecordsetRef Database::OpenForReading(const std::string& statement) {
+  return engine_->Open(statement, Plan::Use::kRead);
+}
+
+}  // namespace embedded

@@ -1,0 +1,67 @@
+#include "embedded/ddl.h"
+
+#include <algorithm>
+
+#include "embedded/server_error.h"
+#include "embedded/sqlite.h"
+#include "platform/text.h"
+
+namespace embedded {
+namespace {
+
+int KeyPlace(const tsql::Table& table, const std::string& column) {
+  for (std::size_t i = 0; i < table.primaryKey.size(); ++i)
+    if (platform::EqualsIgnoringCase(table.primaryKey[i], column)) return static_cast<int>(i + 1);
+  return 0;
+}
+
+std::string KeySql(std::vector<DeclaredColumn> columns) {
+  std::erase_if(columns,
+                [](const DeclaredColumn& column) { return column.keyPlace == 0 || column.IsNumbered(); });
+  std::sort(columns.begin(), columns.end(),
+            [](const DeclaredColumn& a, const DeclaredColumn& b) { return a.keyPlace < b.keyPlace; });
+  std::string key;
+  for (const DeclaredColumn& column : columns) key += (key.empty() ? "" : ", ") + QuotedName(column.name);
+  return key.empty() ? "" : ", PRIMARY KEY (" + key + ")";
+}
+
+}  // namespace
+
+std::vector<DeclaredColumn> DeclaredColumns(const tsql::Table& table) {
+  std::vector<DeclaredColumn> columns;
+  for (const tsql::Column& column : table.columns) {
+    DeclaredColumn declared{column.name, column.type.ToText(), !column.nullable,
+                            KeyPlace(table, column.name)};
+    if (column.identity) {
+      if (declared.keyPlace != 1 || table.primaryKey.size() != 1)
+        Refuse("Identity column '" + column.name + "' of table '" + table.name +
+               "' must be its primary key.");
+      declared.type = "INTEGER";
+    }
+    columns.push_back(std::move(declared));
+  }
+  return columns;
+}
+
+std::string ColumnSql(const DeclaredColumn& column) {
+  std::string sql = QuotedName(column.name) + " ";
+  sql += column.IsNumbered() ? "INTEGER PRIMARY KEY AUTOINCREMENT" : QuotedName(column.type);
+  if (column.type.find("char") != std::string::npos) sql += " COLLATE SERVER";
+  return sql + (column.notNull ? " NOT NULL" : "");
+}
+
+std::string CreateTableSql(const std::string& table, const std::vector<DeclaredColumn>& columns) {
+  std::string list;
+  for (const DeclaredColumn& column : columns) list += (list.empty() ? "" : ", ") + ColumnSql(column);
+  return "CREATE TABLE " + QuotedName(table) + " (" + list + KeySql(columns) + ")";
+}
+
+std::string CreateIndexSql(const tsql::Index& index) {
+  std::string columns;
+  for (const std::string& column : index.columns)
+    columns += (columns.empty() ? "" : ", ") + QuotedName(column);
+  return std::string(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + QuotedName(index.name) +
+         " ON " + QuotedName(index.table) + " (" + columns + ")";
+}
+
+}  // namespace embedded

@@ -1,0 +1,100 @@
+#include "embedded/engine.h"
+
+#include "embedded/database_file.h"
+#include "embedded/edit_recordset.h"
+#include "embedded/select_recordset.h"
+#include "platform/runtime_error.h"
+
+namespace embedded {
+namespace {
+
+constexpr std::size_t kMostWrites = 128;
+
+/// Ends a run however it goes.
+class RunGuard {
+ public:
+  explicit RunGuard(const SqliteStatement& statement) : statement_(statement) {}
+  ~RunGuard() { statement_.Reset(); }
+  RunGuard(const RunGuard&) = delete;
+  RunGuard& operator=(const RunGuard&) = delete;
+
+ private:
+  const SqliteStatement& statement_;
+};
+
+}  // namespace
+
+Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock)
+    : path_(std::move(path)),
+      connection_(std::move(connection)),
+      catalog_(std::move(catalog)),
+      clock_(std::move(clock)),
+      plans_(connection_.get(), catalog_) {}
+
+platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use) {
+  Settle();
+  Plan& plan = plans_.Begin(statement, use, clock_);
+  if (!plan.reads()) {
+    Run(statement);
+    return platform::MakeRef<platform::MemoryRecordset>();
+  }
+  if (use == Plan::Use::kEdit) return EditRecordset::Start(shared_from_this(), plan);
+  return SelectRecordset::Start(shared_from_this(), plan);
+}
+
+void Engine::Run(const std::string& statement) {
+  Settle();
+  Plan& plan = plans_.Begin(statement, Plan::Use::kRead, clock_);
+  if (!plan.reads()) RequireInPlace();
+  const RunGuard guard(plan.rows());
+  while (plan.rows().Step()) {
+  }
+}
+
+int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*)>& bind) {
+  Settle();
+  RequireInPlace();
+  auto found = writes_.find(sql);
+  if (found == writes_.end()) {
+    if (writes_.size() == kMostWrites) writes_.clear();
+    found = writes_.emplace(sql, SqliteStatement(connection_.get(), sql)).first;
+  }
+  const RunGuard guard(found->second);
+  bind(found->second.get());
+  found->second.Step();
+  return sqlite3_changes(connection_.get());
+}
+
+void Engine::BeginBatch() {
+  Settle();
+  RequireInPlace();
+  batch_.emplace(connection_);
+}
+
+void Engine::CommitBatch() {
+  Settle();
+  batch_->Commit();
+  batch_.reset();
+}
+
+void Engine::CopyTo(const std::string& file) {
+  Settle();
+  CopyDatabase(connection_, file);
+}
+
+void Engine::Settle() {
+  if (reading_ != nullptr) reading_->ReadToEnd();
+}
+
+// A file that was removed can still be written to, but nobody would ever find what is written.
+void Engine::RequireInPlace() const {
+  int moved = 0;
+  sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  if (moved != 0)
+    throw platform::RuntimeError(
+        platform::kEngineFailure, path_,
+        "O ficheiro da base de dados já não está no seu lugar: foi movido ou apagado. Nada foi "
+        "gravado. O que está aberto ainda se pode guardar com \"Ficheiro > Guardar cópia…\".");
+}
+
+}  // namespace embedded

@@ -1,0 +1,69 @@
+#include <charconv>
+
+#include "embedded/select_compiler.h"
+#include "embedded/server_error.h"
+#include "platform/text.h"
+
+// ORDER BY: a name is first one of the select list, then one of the tables.
+namespace embedded {
+
+std::string SelectCompiler::OrderBy(const tsql::Select& select, const Core& first) {
+  const bool fromItemsAlone = select.cores.size() > 1 || first.distinct;
+  std::string sql;
+  for (const tsql::OrderItem& item : select.orderBy) {
+    sql += sql.empty() ? " ORDER BY " : ", ";
+    sql += OrderTerm(*item.expression, first, fromItemsAlone) + (item.descending ? " DESC" : "");
+  }
+  return sql;
+}
+
+std::string SelectCompiler::OrderTerm(const tsql::Expression& expression, const Core& first,
+                                      bool fromItemsAlone) {
+  const auto term = [&first](std::size_t item) {
+    const bool text = first.items[item].value.kind == Kind::kText;
+    return "c" + std::to_string(item) + (text ? " COLLATE SERVER" : "");
+  };
+  if (const auto* column = std::get_if<tsql::ColumnRef>(&expression.node)) {
+    if (column->table.empty())
+      if (const auto item = FindItem(column->name, first)) return term(*item);
+    if (fromItemsAlone) {
+      const std::string resolved = first.scope.Resolve(*column).sql;
+      for (std::size_t i = 0; i < first.items.size(); ++i)
+        if (first.items[i].value.sql == resolved) return term(i);
+    }
+  } else if (const auto* literal = std::get_if<tsql::Literal>(&expression.node)) {
+    return term(OrderPosition(*literal, first));
+  }
+  if (fromItemsAlone)
+    Refuse(
+        "ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT or "
+        "EXCEPT "
+        "operator, or if SELECT DISTINCT is specified.");
+  ExpressionCompiler expressions(first.scope, parameters_);
+  return Collated(expressions.Value(expression));
+}
+
+/// A number in the clause is the place of a column.
+std::size_t SelectCompiler::OrderPosition(const tsql::Literal& literal, const Core& first) {
+  std::size_t position = 0;
+  std::from_chars(literal.value.data(), literal.value.data() + literal.value.size(), position);
+  if (literal.kind != tsql::Literal::Kind::kInteger)
+    Refuse("A constant expression was encountered in the ORDER BY list.");
+  if (position < 1 || position > first.items.size())
+    Refuse("The ORDER BY position number " + literal.value +
+           " is out of range of the number of items in the select list.");
+  return position - 1;
+}
+
+std::optional<std::size_t> SelectCompiler::FindItem(const std::string& name, const Core& core) {
+  std::optional<std::size_t> found;
+  for (std::size_t i = 0; i < core.items.size(); ++i) {
+    if (!platform::EqualsIgnoringCase(core.items[i].name, name)) continue;
+    if (found && core.items[*found].value.sql != core.items[i].value.sql)
+      Refuse("Ambiguous column name '" + name + "'.");
+    if (!found) found = i;
+  }
+  return found;
+}
+
+}  // namespace embedded

@@ -1,0 +1,84 @@
+#include "embedded/collation.h"
+
+#include <algorithm>
+#include <random>
+
+#include "engine_fixture.h"
+
+namespace embedded_tests {
+namespace {
+
+int Sign(int value) { return (value > 0) - (value < 0); }
+int Compare(const std::string& a, const std::string& b) {
+  return Sign(embedded::ServerCollation::Instance().Compare(a, b));
+}
+
+std::vector<std::string> RandomTexts(std::size_t count) {
+  const std::vector<std::string> pieces = {"a", "A", "b", "B",    "z",        "0", "9", " ",   "-", "_",
+                                           "'", ".", "/", "\x01", "\t",       "á", "Á", "ã",   "ç", "é",
+                                           "ß", "l", "·", "€",    "\xcc\x81", "n", "ñ", "\xff"};
+  std::mt19937 random(7);
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t kinds = i % 2 == 0 ? 15 : pieces.size();  // every other text is plain ASCII
+    std::string text;
+    for (std::size_t length = random() % 7; length > 0; --length) text += pieces[random() % kinds];
+    texts.push_back(text);
+  }
+  return texts;
+}
+
+TEST(Collation, IgnoresCaseAndTrailingBlanksAndCountsAccents) {
+  const std::vector<std::string> ascending = {"",  "-",  "0",  "00-AA-01", "10", "9", "a",
+                                              "á", "ab", "aç", "b",        "É1", "f", "Z"};
+  for (std::size_t i = 0; i + 1 < ascending.size(); ++i)
+    EXPECT_EQ(Compare(ascending[i], ascending[i + 1]), -1) << i;
+  for (const auto& [a, b] : std::vector<std::pair<std::string, std::string>>{{"ab ", "AB"},
+                                                                             {"", "   "},
+                                                                             {"ÁGUA", "água  "},
+                                                                             {"a b", "A B"},
+                                                                             {"a\xcc\x81", "á"},
+                                                                             {"a\x01", "a"}})
+    EXPECT_EQ(Compare(a, b), 0) << a << "|" << b;
+  EXPECT_EQ(Compare(" a", "a"), -1);
+}
+
+// A foreign character in front sends both texts to the full rules.
+TEST(Collation, ShortWayAgreesWithTheRules) {
+  const auto texts = RandomTexts(600);
+  for (const std::string& a : texts)
+    for (const std::string& b : texts) ASSERT_EQ(Compare(a, b), Compare("€" + a, "€" + b)) << a << "|" << b;
+}
+
+TEST(Collation, IsOneOrderOfAllTexts) {
+  auto texts = RandomTexts(300);
+  std::sort(texts.begin(), texts.end(), [](const auto& a, const auto& b) { return Compare(a, b) < 0; });
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    for (std::size_t j = 0; j < texts.size(); ++j) {
+      ASSERT_EQ(Compare(texts[i], texts[j]), -Compare(texts[j], texts[i]));
+      if (i < j) {
+        ASSERT_LE(Compare(texts[i], texts[j]), 0);
+      }
+    }
+}
+
+class CollationInTables : public EngineTest {};
+
+TEST_F(CollationInTables, KeysOrderAndSearch) {
+  for (const char* code : {"b", "Á", "a ", "C", "10", "9"})
+    Run(std::string("INSERT INTO Codigos (Codigo) VALUES (N'") + code + "')");
+  EXPECT_EQ(Rows("SELECT Codigo FROM Codigos ORDER BY codigo"),
+            (Table{{"10"}, {"9"}, {"a "}, {"Á"}, {"b"}, {"C"}}));
+  EXPECT_EQ(Value("SELECT Codigo FROM Codigos WHERE Codigo = 'A'"), "a ");
+  EXPECT_EQ(
+      ErrorOf([&] { Run("INSERT INTO Codigos (Codigo) VALUES ('B  ')"); }),
+      "-2147217873: Violation of PRIMARY KEY constraint 'PK_Codigos'. Cannot insert duplicate key in object "
+      "'Codigos'.");
+  EXPECT_EQ(Value("SELECT MAX(Codigo + '') AS x FROM Codigos"), "C");
+  EXPECT_EQ(
+      Rows("SELECT Codigo FROM Codigos WHERE Codigo > 'a' AND Codigo < 'zzzzzzzzzzzz' ORDER BY Codigo DESC"),
+      (Table{{"C"}, {"b"}, {"Á"}}));
+}
+
+}  // namespace
+}  // namespace embedded_tests

@@ -1,0 +1,202 @@
+#include <sys/stat.h>
+
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "embedded/sqlite.h"
+#include "engine_fixture.h"
+
+namespace embedded_tests {
+namespace {
+
+namespace fs = std::filesystem;
+using embedded::Database;
+using embedded::SqliteConnection;
+using zorCrmParvel::DataAccessRef;
+
+constexpr int kCreate = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+
+std::string Contents(const std::string& file) {
+  std::stringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+void WriteContents(const std::string& file, const std::string& contents) {
+  std::ofstream(file, std::ios::binary) << contents;
+}
+
+class FileTest : public testing::Test {
+ protected:
+  std::shared_ptr<Database> Open(const char* schema = kSchema) {
+    return Database::Open(file_, Options(schema));
+  }
+  static void Add(const std::shared_ptr<Database>& database, const std::string& code) {
+    database->ExecutarSql("", ("INSERT INTO Codigos (Codigo) VALUES ('" + code + "')").c_str());
+  }
+  static Table Codes(const std::shared_ptr<Database>& database) {
+    return testing_support::Rows(DataAccessRef(database), "SELECT Codigo FROM Codigos ORDER BY Codigo");
+  }
+  /// Opening fails with these words in its text, changes no byte and leaves nothing beside the file.
+  void ExpectRefused(const std::string& words, const char* schema = kSchema) {
+    const std::string before = Contents(file_);
+    const std::string error = ErrorOf([&] { Open(schema); });
+    EXPECT_EQ(error.substr(0, 13), "-2147467259: ");
+    EXPECT_NE(error.find(words), std::string::npos) << error;
+    EXPECT_EQ(Contents(file_), before);
+    EXPECT_FALSE(fs::exists(file_ + "-wal") || fs::exists(file_ + "-shm") || fs::exists(file_ + "-journal"));
+  }
+
+  TemporaryFolder folder_;
+  std::string file_ = folder_.File("frota#1 50%.parvel");
+};
+
+TEST_F(FileTest, KeepsItsRowsAndWritesNothingWhenItIsUpToDate) {
+  WriteContents(file_, "");  // an empty file becomes a database
+  Add(Open(), "A1");
+  const std::string before = Contents(file_);
+  EXPECT_EQ(Codes(Open()), (Table{{"A1"}}));
+  EXPECT_EQ(Contents(file_), before);
+  EXPECT_FALSE(fs::exists(file_ + "-wal"));
+  EXPECT_EQ(Open()->path(), file_);
+}
+
+TEST_F(FileTest, RefusesWhatIsNoDatabaseOfThisProgram) {
+  WriteContents(file_, "\x89PNG\r\n\x1a\n" + std::string(5000, 'x'));
+  ExpectRefused("não é uma base de dados");
+  WriteContents(file_, "SQLite");
+  ExpectRefused("não é uma base de dados");
+  WriteContents(file_, std::string("SQLite format 3\0", 16) + std::string(4080, '\xff'));
+  ExpectRefused("outro programa");
+  fs::remove(file_);
+  for (const char* mark : {"", "PRAGMA application_id = 99;", "PRAGMA journal_mode = WAL;"}) {
+    SqliteConnection(file_, kCreate).Execute(std::string(mark) + "CREATE TABLE notas (texto)");
+    ExpectRefused("outro programa");
+    fs::remove(file_);
+  }
+  fs::create_directory(file_);
+  EXPECT_NE(ErrorOf([&] { Open(); }).find("é uma pasta"), std::string::npos);
+  file_ = folder_.File("nada/frota.parvel");
+  EXPECT_NE(ErrorOf([&] { Open(); }).find("não existe"), std::string::npos);
+}
+
+TEST_F(FileTest, RefusesADatabaseOfALaterVersionOrDamaged) {
+  Add(Open("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK PRIMARY KEY "
+           "(Codigo));"),
+      "A");
+  ExpectRefused("é da versão 12 e este programa só conhece até à versão 3. Actualize o programa");
+  WriteContents(file_, Contents(file_).substr(0, 4096 + 100));
+  ExpectRefused("danificada", "-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NULL);");
+}
+
+TEST_F(FileTest, OpensAReadOnlyFileForReading) {
+  Add(Open(), "A");
+  ASSERT_EQ(chmod(file_.c_str(), 0444), 0);
+  const std::string before = Contents(file_);
+  const auto database = Open();
+  EXPECT_EQ(Codes(database), (Table{{"A"}}));
+  EXPECT_NE(ErrorOf([&] { Add(database, "B"); }).find("só permite leitura"), std::string::npos);
+  EXPECT_NE(
+      ErrorOf([&] { Open("-- versão 4\nCREATE TABLE Outra (Codigo int NULL);"); }).find("versão anterior"),
+      std::string::npos);
+  EXPECT_EQ(Contents(file_), before);
+}
+
+TEST_F(FileTest, TwoProgramsSeeOneAnothersWrites) {
+  const auto one = Open();
+  const auto two = Open();
+  for (int i = 1000; i < 1200; ++i) Add(one, std::to_string(i));
+  RecordsetRef unread;
+  two->AbrirLeitura("", "SELECT Codigo FROM Codigos", unread);
+  Add(one, "novo");
+  EXPECT_EQ(Codes(two).size(), 201u);  // though an older recordset of it has not been read to its end
+  EXPECT_EQ(unread->RecordCount(), 200);
+  Add(two, "outro");
+  EXPECT_EQ(Codes(one).size(), 202u);
+}
+
+TEST_F(FileTest, ManyProgramsMayCreateOneDatabaseAtOnce) {
+  std::vector<std::string> errors(8);
+  std::vector<std::thread> threads;
+  threads.reserve(errors.size());
+  for (std::string& error : errors)
+    threads.emplace_back([&error, this] {
+      embedded::OpenOptions options = Options();
+      options.busyTimeout = std::chrono::seconds(20);
+      error = ErrorOf([&] { Database::Open(file_, options); });
+    });
+  for (std::thread& thread : threads) thread.join();
+  for (const std::string& error : errors) EXPECT_EQ(error, "");
+  EXPECT_EQ(Codes(Open()), Table{});
+}
+
+TEST_F(FileTest, ALockedDatabaseRefusesTheWriteInTime) {
+  const auto database = Open();
+  const SqliteConnection other(file_, kCreate);
+  other.Execute("BEGIN IMMEDIATE");
+  EXPECT_EQ(ErrorOf([&] { Add(database, "A"); }),
+            "-2147467259: A base de dados está ocupada por outro programa e nada foi gravado. Espere um "
+            "momento e tente "
+            "de novo.");
+  EXPECT_EQ(Codes(database), Table{});
+  other.Execute("COMMIT");
+  Add(database, "A");
+  EXPECT_EQ(Codes(database), (Table{{"A"}}));
+}
+
+TEST_F(FileTest, AMovedFileRefusesWritesButCanStillBeCopied) {
+  const auto database = Open();
+  Add(database, "A");
+  RecordsetRef rows;
+  database->AbrirEdicao("SELECT Codigo FROM Codigos", rows);
+  for (const bool replaced : {false, true}) {
+    fs::remove(file_);
+    if (replaced) WriteContents(file_, "outra coisa");
+    EXPECT_NE(ErrorOf([&] { Add(database, "B"); }).find("Guardar cópia"), std::string::npos);
+    rows->Fields("Codigo").SetValue("C");
+    EXPECT_NE(ErrorOf([&] { rows->Update(); }).find("já não está no seu lugar"), std::string::npos);
+  }
+  EXPECT_EQ(Contents(file_), "outra coisa");
+  const std::string copy = folder_.File("cópia.parvel");
+  database->CopyTo(copy);
+  EXPECT_EQ(Codes(Database::Open(copy, Options())), (Table{{"A"}}));
+}
+
+TEST(Failures, SayWhatToDo) {
+  for (const auto& [code, words] : std::vector<std::pair<int, const char*>>{
+           {SQLITE_FULL, "O disco está cheio e nada foi gravado. Liberte espaço"},
+           {SQLITE_IOERR_FSYNC, "O disco falhou"},
+           {SQLITE_CANTOPEN, "Verifique o caminho"},
+           {SQLITE_CORRUPT, "reponha a última cópia"},
+           {SQLITE_NOTADB, "Escolha outro ficheiro"},
+           {SQLITE_NOMEM, "Não há memória"}}) {
+    const int failure = code;
+    const std::string error = ErrorOf([&] { embedded::RaiseSqlite(nullptr, failure); });
+    EXPECT_EQ(error.substr(0, 13), "-2147467259: ");
+    EXPECT_NE(error.find(words), std::string::npos) << error;
+  }
+}
+
+TEST_F(FileTest, CopiesAreDatabasesOfTheirOwn) {
+  const auto database = Open();
+  Add(database, "A");
+  RecordsetRef unread;
+  database->AbrirLeitura("", "SELECT Codigo FROM Codigos", unread);
+  const std::string copy = folder_.File("cópia 'de' 2024.parvel");
+  database->CopyTo(copy);
+  Add(database, "B");
+  const auto copied = Database::Open(copy, Options());
+  Add(copied, "C");
+  EXPECT_EQ(Codes(copied), (Table{{"A"}, {"C"}}));
+  const std::string before = Contents(copy);
+  EXPECT_NE(ErrorOf([&] { database->CopyTo(copy); }).find("já existe"), std::string::npos);
+  EXPECT_EQ(Contents(copy), before);
+  EXPECT_NE(ErrorOf([&] { database->CopyTo(folder_.File("nada/x")); }).find("não pôde ser escrita"),
+            std::string::npos);
+  Database::Open(":memory:", Options())->CopyTo(folder_.File("memória.parvel"));
+  EXPECT_EQ(Codes(Database::Open(folder_.File("memória.parvel"), Options())), Table{});
+}
+
+}  // namespace
+}  // namespace embedded_tests

@@ -1,0 +1,96 @@
+#include "engine_fixture.h"
+
+namespace embedded_tests {
+namespace {
+
+class SelectRecordsetTest : public EngineTest {
+ protected:
+  static std::size_t ReadOn(const RecordsetRef& rows) {
+    std::size_t count = 0;
+    for (; !rows->Eof(); rows->MoveNext()) ++count;
+    return count;
+  }
+};
+
+TEST_F(SelectRecordsetTest, ReadsRowsAsTheyAreAskedFor) {
+  AddCodes(300);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos ORDER BY Codigo");
+  EXPECT_LT(rows->RowsAtHand(), 10u);
+  EXPECT_EQ(rows->RecordCount(), 300);
+  EXPECT_LT(rows->RowsAtHand(), 10u);
+  EXPECT_EQ(rows->CellAt(120, 0).block(), "C1121");
+  EXPECT_LT(rows->RowsAtHand(), 250u);
+  EXPECT_EQ(rows->Fields("codigo").Value().ToText(), "C1001");
+  rows->MoveLast();
+  EXPECT_EQ(rows->Fields("codigo").Value().ToText(), "C1300");
+  EXPECT_EQ(rows->RecordCount(), 300);
+}
+
+TEST_F(SelectRecordsetTest, ShowsTheTableAsItWasWhenItWasOpened) {
+  AddCodes(300);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos ORDER BY Codigo");
+  const RecordsetRef counted = Open("SELECT Nome FROM Codigos");
+  Run("DELETE FROM Codigos WHERE Codigo > 'C1001'");
+  EXPECT_EQ(counted->RecordCount(), 300);
+  EXPECT_EQ(ReadOn(rows), 300u);
+  EXPECT_EQ(Open("SELECT Nome FROM Codigos")->RecordCount(), 1);
+}
+
+TEST_F(SelectRecordsetTest, OneShapeIsOpenManyTimesAtOnce) {
+  AddCodes(150);
+  const RecordsetRef outer = Open("SELECT Codigo FROM Codigos WHERE Codigo > 'C0'");
+  const RecordsetRef other = Open("SELECT Codigo FROM Codigos WHERE Codigo > 'C1100'");
+  std::size_t found = 0;
+  for (; !outer->Eof(); outer->MoveNext())
+    found +=
+        Rows("SELECT Codigo FROM Codigos WHERE Codigo > '" + outer->Fields("Codigo").Value().ToText() + "'")
+            .size();
+  EXPECT_EQ(found, 150u * 149u / 2u);
+  EXPECT_EQ(ReadOn(other), 50u);
+}
+
+TEST_F(SelectRecordsetTest, AFailureComesWithTheRowThatCouldNotBeRead) {
+  for (int km = 90; km >= 0; --km) Run("INSERT INTO Tudo (Km) VALUES (" + std::to_string(km) + ")");
+  EXPECT_EQ(ErrorOf([&] { Open("SELECT 1 / (Km - 90) AS x FROM Tudo ORDER BY Id"); }),
+            "-2147217900: Divide by zero error encountered.");
+  for (const bool interrupted : {false, true}) {
+    const RecordsetRef rows = Open("SELECT 90 / Km AS x FROM Tudo ORDER BY Id");
+    if (interrupted) Run("DELETE FROM Codigos");
+    for (int i = 0; i < 89; ++i) rows->MoveNext();
+    EXPECT_EQ(rows->Fields("x").Value().ToLong(), 90);
+    EXPECT_EQ(ErrorOf([&] {
+                rows->MoveNext();
+                rows->Eof();
+              }),
+              "-2147217900: Divide by zero error encountered.");
+  }
+}
+
+TEST_F(SelectRecordsetTest, OutlivesItsDatabase) {
+  AddCodes(200);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos");
+  const RecordsetRef edited = Edit("SELECT Codigo, Nome FROM Codigos WHERE Codigo = 'C1001'");
+  platform::Ref<platform::Connection> connection;
+  database_->ObterLigacao(connection);
+  database_.reset();
+  EXPECT_EQ(ReadOn(rows), 200u);
+  edited->Fields("Nome").SetValue("depois");
+  edited->Update();
+  EXPECT_EQ(
+      connection->Execute("SELECT Nome FROM Codigos WHERE Codigo = 'C1001'")->Fields("Nome").Value().ToText(),
+      "depois");
+}
+
+TEST_F(SelectRecordsetTest, ManyShapesPushOutTheOldOnes) {
+  AddCodes(1);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos");
+  for (int i = 0; i < 600; ++i)
+    ASSERT_EQ(Rows("SELECT Nome AS n" + std::to_string(i) + " FROM Codigos WHERE Codigo = 'C1001'").size(),
+              1u);
+  for (int i = 0; i < 20; ++i)
+    ASSERT_LE(Rows("SELECT TOP " + std::to_string(i) + " Nome FROM Codigos").size(), 1u);
+  EXPECT_EQ(ReadOn(rows), 1u);
+}
+
+}  // namespace
+}  // namespace embedded_tests
