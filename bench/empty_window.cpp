@@ -8,7 +8,9 @@ namespace {
 
 class EmptyWindow : public QMainWindow {
  protected:
-  void paintEvent(QPaintEvent*) override { QTimer::singleShot(0, qApp, &QCoreApplication::quit); }
+  void paintEvent(QPaintEvent*) override {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+  }
 };
 
 }  // namespace

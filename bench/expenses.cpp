@@ -4,8 +4,10 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <string>
 
@@ -13,6 +15,7 @@
 #include "console/import.h"
 #include "documents/arquivo_digital.h"
 #include "embedded/database.h"
+#include "embedded/functions.h"
 #include "events/gastos_form.h"
 #include "host/sistema.h"
 #include "masterdata/tipos_gastos.h"
@@ -45,6 +48,7 @@ class Fleet {
       batch.Commit();
     }
     connection_ = bench::Connect(folder_.File());
+    embedded::RegisterFunctions(connection_.get());
     const std::string sql = "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
                             std::to_string(vehicles * expenses) +
                             ") INSERT INTO zor_PV_Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, "
@@ -162,7 +166,7 @@ class StepByStatements {
 };
 
 std::string StepByStatements::Key(const std::string& compare) {
-  return "tsql_left(Matricula || '000000000000000 ', 15) || tsql_date_text(Data, 102) COLLATE SERVER " +
+  return "sv_left(Matricula || '000000000000000 ', 15) || sv_date_text(Data, 102) COLLATE SERVER " +
          compare + " 'V100000000000002084.01.30'";
 }
 

@@ -16,7 +16,7 @@ class Rivals {
 
   /// `calls` of each way make one sample.
   template <typename Subject, typename Baseline>
-  void Compare(const std::string& what, double limit, int calls, Subject subject, Baseline baseline) {
+  void Compare(const std::string& what, double limit, int calls, const Subject& subject, const Baseline& baseline) {
     std::vector<double> subjects;
     std::vector<double> baselines;
     for (int sample = 0; sample < samples_ + kWarmUps; ++sample) {
@@ -54,7 +54,7 @@ class Rivals {
   };
 
   template <typename Way>
-  static double Time(int calls, Way way) {
+  static double Time(int calls, const Way& way) {
     const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < calls; ++i) way();
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin).count() /

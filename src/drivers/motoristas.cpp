@@ -1,5 +1,6 @@
 #include "drivers/motoristas.h"
 
+#include "host/fotos.h"
 #include "platform/runtime_error.h"
 
 namespace zorCrmParvel {
@@ -178,5 +179,13 @@ RecordsetRef clMotoristas::LerMotoristas() {
   bd->AbrirLeitura("", "SELECT *  From zor_Funcionarios", rs);
   return rs;
 }
+
+bool clMotoristas::Foto_Add(const std::string& ficheiro) {
+  return Fotos::Foto_Add(Fotos::kMotoristas, bd, Codigo, ficheiro);
+}
+
+bool clMotoristas::Foto_Del() { return Fotos::Foto_Del(Fotos::kMotoristas, bd, Codigo); }
+
+std::string clMotoristas::Foto_Get() { return Fotos::Foto_Get(Fotos::kMotoristas, bd, Codigo); }
 
 }  // namespace zorCrmParvel

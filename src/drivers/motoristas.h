@@ -55,6 +55,10 @@ class clMotoristas : public CodeTableWithList {
   bool Ler() override;
   /// Removes the driver and the licence classes. False when the database refused either.
   bool Anular() override;
+  // The driver's photo, as in `Fotos`.
+  bool Foto_Add(const std::string& ficheiro);
+  bool Foto_Del();
+  std::string Foto_Get();
   /// All drivers, in no order. The caller closes the rows.
   RecordsetRef LerMotoristas();
 

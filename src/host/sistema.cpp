@@ -2,7 +2,12 @@
 
 #include <array>
 
+#include "alerts/alert_list.h"
+#include "alerts/alert_rules.h"
 #include "documents/arquivo_form.h"
+#include "documents/attach_form.h"
+#include "drivers/motoristas_form.h"
+#include "drivers/motoristas_list.h"
 #include "events/event_list.h"
 #include "events/acessorios_form.h"
 #include "events/gastos_form.h"
@@ -15,6 +20,9 @@
 #include "masterdata/code_table_list.h"
 #include "masterdata/tipos_gastos_form.h"
 #include "platform/host.h"
+#include "vehicles/actual_list.h"
+#include "vehicles/viaturas_form.h"
+#include "vehicles/viaturas_list.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -28,6 +36,14 @@ std::unique_ptr<ICrmVwList> NovaLista(const DataAccessRef& bd) {
   return lista;
 }
 
+template <std::int16_t Tipo>
+std::unique_ptr<ICrmVwList> NovaListaPeriodica(const DataAccessRef& bd) {
+  auto lista = std::make_unique<VwLstActual>();
+  lista->mybd = bd;
+  lista->Tipo = Tipo;
+  return lista;
+}
+
 struct ListKey {
   const char* key;
   ListMaker make;
@@ -35,6 +51,7 @@ struct ListKey {
 
 /// The lists by their keys, in the order in which keys are tried.
 constexpr std::array kLists = {
+    ListKey{"Viaturas", &NovaLista<VwLstViaturas>},
     ListKey{"Categorias", &NovaLista<VwLstCategorias>},
     ListKey{"Marcas", &NovaLista<VwLstMarcas>},
     ListKey{"Modelos", &NovaLista<VwLstModelos>},
@@ -45,6 +62,7 @@ constexpr std::array kLists = {
     ListKey{"TiposManut", &NovaLista<VwLstTiposManut>},
     ListKey{"TiposSeguro", &NovaLista<VwLstTiposSeguro>},
     ListKey{"Viagens", &NovaLista<VwLstViagens>},
+    ListKey{"Motoristas", &NovaLista<VwLstMotoristas>},
     ListKey{"Apolices", &NovaLista<VwLstSeguros>},
     ListKey{"Sinistros", &NovaLista<VwLstSinistros>},
     ListKey{"Multas", &NovaLista<VwLstMultas>},
@@ -52,6 +70,15 @@ constexpr std::array kLists = {
     ListKey{"Revisoes", &NovaLista<VwLstRevisoes>},
     ListKey{"Acessorios", &NovaLista<VwLstAcessorios>},
     ListKey{"Inspecoes", &NovaLista<VwLstInspecoes>},
+    ListKey{"AlertasViat", &NovaLista<VwLstAlertasViat>},
+    ListKey{"AlertasAp", &NovaLista<VwLstAlertas>},
+    ListKey{"AlertasRev", &NovaLista<VwLstAlertasRev>},
+    ListKey{"AlertasInsp", &NovaLista<VwLstAlertasInsp>},
+    ListKey{"AlertasMot", &NovaLista<VwLstAlertasMot>},
+    ListKey{"AlertasAcess", &NovaLista<VwLstAlertasAcess>},
+    ListKey{"Tacografos", &NovaListaPeriodica<1>},
+    ListKey{"TacMot", &NovaListaPeriodica<2>},
+    ListKey{"Selo", &NovaListaPeriodica<3>},
 };
 
 const ListKey* FindList(const std::string& name) {
@@ -68,6 +95,8 @@ void Register(const char* name) {
 }  // namespace
 
 Sistema::Sistema() {
+  Register<Viaturas>("Viaturas");
+  Register<Motoristas>("Motoristas");
   Register<Multas>("Multas");
   Register<Inspecoes>("Inspecoes");
   Register<Acessorios>("Acessorios");
@@ -86,6 +115,7 @@ Sistema::Sistema() {
   Register<Viagens>("Viagens");
   Register<Marcas>("Marcas");
   Register<frmArquivo>("frmArquivo");
+  Register<frm_Attach>("frm_Attach");
 }
 
 std::vector<std::string> Sistema::ChavesDasListas() {
@@ -118,12 +148,25 @@ void Sistema::Calendario(zorCrmParvel::Calendario& calendario) {
   myCalendario_->AfterRemover = say("After remover");
 }
 
-// No family of alerts has landed: none has rows, so that each check leaves the answer as it came.
-void Sistema::VerificaAlertasMotoristas(bool& /*Alerta*/) {}
-void Sistema::VerificaAlertasInspecoes(bool& /*Alerta*/) {}
-void Sistema::VerificaAlertasRevisoes(bool& /*Alerta*/) {}
-void Sistema::VerificaAlertasAcessorios(bool& /*Alerta*/) {}
-void Sistema::VerificaAlertasApolices(bool& /*Alerta*/) {}
+void Sistema::VerificaAlertasMotoristas(bool& Alerta) {
+  Tools::VerificaAlertasMotoristas(ICrmSistema_ZorDataAccess, Alerta);
+}
+
+void Sistema::VerificaAlertasInspecoes(bool& Alerta) {
+  Tools::VerificaAlertasInspecoes(ICrmSistema_ZorDataAccess, Alerta);
+}
+
+void Sistema::VerificaAlertasRevisoes(bool& Alerta) {
+  Tools::VerificaAlertasRevisoes(ICrmSistema_ZorDataAccess, Alerta);
+}
+
+void Sistema::VerificaAlertasAcessorios(bool& Alerta) {
+  Tools::VerificaAlertasAcessorios(ICrmSistema_ZorDataAccess, Alerta);
+}
+
+void Sistema::VerificaAlertasApolices(bool& Alerta) {
+  Tools::VerificaAlertasApolices(ICrmSistema_ZorDataAccess, Alerta);
+}
 
 void Sistema::ICrmSistema_AlertasAdd(RecordsetRef& alertas) {
   using Check = void (Sistema::*)(bool&);

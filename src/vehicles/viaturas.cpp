@@ -1,5 +1,6 @@
 #include "vehicles/viaturas.h"
 
+#include "host/fotos.h"
 #include "platform/dialogs.h"
 
 namespace zorCrmParvel {
@@ -179,5 +180,13 @@ std::string clViaturas::MostraLista() {
   lista.Coluna(3).Width = 2500;
   return lista.Escolhe();
 }
+
+bool clViaturas::Foto_Add(const std::string& ficheiro) {
+  return Fotos::Foto_Add(Fotos::kViaturas, bd, Matricula, ficheiro);
+}
+
+bool clViaturas::Foto_Del() { return Fotos::Foto_Del(Fotos::kViaturas, bd, Matricula); }
+
+std::string clViaturas::Foto_Get() { return Fotos::Foto_Get(Fotos::kViaturas, bd, Matricula); }
 
 }  // namespace zorCrmParvel

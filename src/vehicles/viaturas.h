@@ -67,6 +67,10 @@ class clViaturas {
   RecordsetRef LerViaturas();
   /// The plate that the user picks, empty when none. Vehicles with a lost make or model aren't offered.
   std::string MostraLista();
+  // The vehicle's photo, by the plate; see host/fotos.h.
+  bool Foto_Add(const std::string& ficheiro);
+  bool Foto_Del();
+  std::string Foto_Get();
 
  private:
   Statement Seleccao() const;

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QTemporaryDir>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/host.h"
+
+class QSettings;
+class QWidget;
+
+namespace desktop {
+
+class FormDialog;
+
+/// The outside as a window: boxes, dialogs and fichas over the main window.
+class DesktopHost : public platform::Host {
+ public:
+  /// The settings keep sizes and places of fichas; they outlive the host.
+  explicit DesktopHost(QSettings& settings);
+  ~DesktopHost() override;
+
+  /// The window that everything opens over; null while there is none.
+  void SetMainWindow(QWidget* window) { main_window_ = window; }
+
+  int MsgBox(const std::string& text, int style, const std::string& title) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& initial) override;
+  std::optional<std::string> OpenFile(const platform::FileDialog& dialog) override;
+  void ShowModal(platform::Form& form, platform::Form* owner) override;
+  std::string ShowLookup(platform::ListaPesquisa& list) override;
+  void ShowReport(platform::MapaListagem& report) override;
+  /// Says so in a box when the system has no viewer for the document.
+  void OpenDocument(const std::string& path) override;
+  std::string TemporaryFolder() override;
+  platform::Date Now() override;
+
+ private:
+  QWidget* Front() const;
+  void SyncFichas();
+
+  QSettings& settings_;
+  QWidget* main_window_ = nullptr;
+  std::vector<FormDialog*> open_;
+  std::unique_ptr<QTemporaryDir> temporary_;
+};
+
+/// The file filters of a dialog, "description|pattern;pattern|…", as Qt spells them.
+QStringList FileFilters(const std::string& filter);
+
+}  // namespace desktop

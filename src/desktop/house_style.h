@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace desktop {
+
+/// Fusion, drawn flat: buttons, headings and bars without gradients, one accent for what has the keyboard and
+/// for the main button of a window.
+class HouseStyle : public QProxyStyle {
+ public:
+  HouseStyle();
+
+  /// Makes a button the main one of its window.
+  static void SetAccent(QWidget* button);
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget = nullptr) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget = nullptr) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget = nullptr) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
+                  const QWidget* widget = nullptr) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget = nullptr) const override;
+  /// The program's own signs; those of message boxes in the accent, for red and yellow are for alerts.
+  QIcon standardIcon(StandardPixmap icon, const QStyleOption* option = nullptr,
+                     const QWidget* widget = nullptr) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
+                QStyleHintReturn* returned = nullptr) const override;
+};
+
+}  // namespace desktop

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace desktop {
+
+/// Paints the items of lists: the chosen one in the accent where the keyboard is, in a soft shade of it
+/// elsewhere.
+class ItemPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ protected:
+  /// Fills the background of a chosen item, and gives its text the colour that goes with it.
+  static void PaintChosen(QPainter& painter, QStyleOptionViewItem& item);
+};
+
+/// Paints the cells of tables: the row's alert band with its mark as well, and a thin line below.
+class CellPainter : public ItemPainter {
+ public:
+  using ItemPainter::ItemPainter;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+}  // namespace desktop

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+class QSettings;
+
+namespace desktop {
+
+class TableView;
+
+/// What is remembered of one list between two runs: widths of columns, sort and search.
+class ListMemory {
+ public:
+  ListMemory(QSettings& settings, const QString& list) : settings_(settings), list_(list) {}
+
+  /// Gives a table with its columns what was kept, if anything.
+  void Restore(TableView& table) const;
+  void Keep(const TableView& table) const;
+
+ private:
+  QString Key(const char* name) const;
+  void Store(const char* name, const QVariant& value) const;
+
+  QSettings& settings_;
+  QString list_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,132 @@
+#include "desktop/lookup_dialog.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+
+#include "desktop/house_style.h"
+#include "desktop/look.h"
+#include "desktop/sources.h"
+#include "desktop/table_view.h"
+#include "desktop/text.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kLines = 16;
+
+}  // namespace
+
+LookupDialog::LookupDialog(platform::ListaPesquisa& list, QWidget* parent)
+    : QDialog(parent),
+      list_(list),
+      search_(new QLineEdit(this)),
+      table_(new TableView(std::make_unique<DialogSource>(list), true, this)),
+      count_(new QLabel(this)),
+      choose_(new QPushButton(QStringLiteral("&Escolher"), this)) {
+  setWindowTitle(ToQt(list.Titulo));
+  Build();
+  search_->installEventFilter(this);
+  table_->installEventFilter(this);
+  connect(search_, &QLineEdit::textChanged, this, &LookupDialog::Narrow);
+  connect(table_, &TableView::RowOpened, this, &LookupDialog::Choose);
+  table_->Refresh();
+  SizeToColumns();
+  Narrow({});
+  search_->setFocus();
+}
+
+void LookupDialog::Build() {
+  auto* column = new QVBoxLayout(this);
+  const int margin = WideGap(this);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(Gap(this));
+  search_->setPlaceholderText(QStringLiteral("Procurar…"));
+  search_->setClearButtonEnabled(true);
+  column->addWidget(search_);
+  column->addWidget(table_, 1);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(Gap(this));
+  SetMuted(count_);
+  buttons->addWidget(count_, 1);
+  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
+  cancel->setAutoDefault(false);
+  choose_->setDefault(true);
+  HouseStyle::SetAccent(choose_);
+  buttons->addWidget(cancel);
+  buttons->addWidget(choose_);
+  column->addLayout(buttons);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(choose_, &QPushButton::clicked, this, &LookupDialog::Choose);
+}
+
+/// Columns have the widths that the list gives, or what their first rows need.
+void LookupDialog::SizeToColumns() {
+  std::map<std::string, float> widths;
+  table_->horizontalHeader()->setResizeContentsPrecision(kLines);
+  for (std::size_t column : table_->grid().source().VisibleColumns()) {
+    const int section = static_cast<int>(column);
+    const int needed = static_cast<QAbstractItemView*>(table_)->sizeHintForColumn(section);
+    const int given = table_->columnWidth(section);
+    widths[table_->grid().source().Columns()[column].key] =
+        ToTwips(std::max(given, std::min(needed + Gap(this), given * 2)), this);
+  }
+  table_->SetUserWidths(widths);
+  int width = 0;
+  for (std::size_t column : table_->grid().source().VisibleColumns())
+    width += table_->columnWidth(static_cast<int>(column));
+  width = std::max(width, FromTwips(static_cast<float>(list_.Largura), this));
+  width += table_->verticalScrollBar()->sizeHint().width() + 2 * (table_->frameWidth() + WideGap(this));
+  const int height = table_->verticalHeader()->defaultSectionSize() * kLines + Em(this) * 6;
+  resize(QSize(width, height).boundedTo(screen()->availableSize()));
+}
+
+void LookupDialog::Narrow(const QString& text) {
+  table_->Search(text);
+  const RowOrder& order = table_->grid().order();
+  if (table_->CurrentRow() < 0 && order.Count() > 0) table_->SetCurrentRow(order.RowAt(0));
+  choose_->setEnabled(table_->CurrentRow() >= 0);
+  ShowCount();
+}
+
+void LookupDialog::ShowCount() {
+  const long shown = table_->grid().order().Count();
+  const long all = table_->grid().source().Rows();
+  count_->setText(shown == all ? Counted(all, QStringLiteral("registo"), QStringLiteral("registos"))
+                               : QStringLiteral("%1 de %2").arg(shown).arg(all));
+}
+
+void LookupDialog::Choose() {
+  if (table_->CurrentRow() >= 0) accept();
+}
+
+std::string LookupDialog::Key() const {
+  const long row = table_->CurrentRow();
+  return row < 0 ? std::string() : list_.Linhas()->CellAt(static_cast<std::size_t>(row), 0).ToText();
+}
+
+/// Arrows move in the rows while typing goes on in the search; typing in the rows goes to the search.
+bool LookupDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  auto* key = static_cast<QKeyEvent*>(event);
+  if (watched == search_) {
+    const bool moves = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up ||
+                       key->key() == Qt::Key_PageDown || key->key() == Qt::Key_PageUp;
+    return moves && QApplication::sendEvent(table_, event);
+  }
+  const QString text = key->text();
+  if (watched != table_ || text.isEmpty() || !text.front().isPrint() ||
+      key->modifiers() & Qt::ControlModifier)
+    return false;
+  search_->setFocus();
+  return QApplication::sendEvent(search_, event);
+}
+
+}  // namespace desktop

@@ -1,0 +1,93 @@
+#include <QApplication>
+#include <QLocale>
+#include <QTimer>
+#include <iostream>
+
+#include "desktop/desktop_host.h"
+#include "desktop/house_style.h"
+#include "desktop/main_window.h"
+#include "desktop/picture.h"
+#include "desktop/portuguese.h"
+#include "desktop/start_up.h"
+#include "desktop/text.h"
+
+namespace {
+
+using namespace desktop;
+
+constexpr int kFailure = 3;
+
+/// Ends the program when the window has been painted once.
+class UntilPainted : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+    return false;
+  }
+};
+
+int RunWindow(QApplication& application, const Options& options) {
+  QSettings settings;
+  DesktopHost host(settings);
+  const platform::HostInstallation installation(host);
+  std::unique_ptr<Workspace> workspace = OpenOrAsk(DatabaseFor(options, settings), settings, nullptr);
+  if (workspace == nullptr) return 0;
+  if (options.demo) workspace->FillDemo();
+  MainWindow window(settings);
+  host.SetMainWindow(&window);
+  window.Open(std::move(workspace));
+  if (!options.list.isEmpty()) window.ShowList(FromQt(options.list).c_str());
+  UntilPainted until_painted;
+  if (options.until_painted) window.installEventFilter(&until_painted);
+  window.show();
+  return application.exec();
+}
+
+/// Nobody is there to answer: a database that can't be used is an error, and nothing is remembered.
+int RunPicture(const Options& options) {
+  if (options.dark) UseDarkColors();
+  QTemporaryDir forgotten;
+  QSettings settings(forgotten.filePath(QStringLiteral("retrato.ini")), QSettings::IniFormat);
+  DesktopHost host(settings);
+  const platform::HostInstallation installation(host);
+  auto workspace = std::make_unique<Workspace>(FromQt(DatabaseFor(options, settings)));
+  if (options.demo) workspace->FillDemo();
+  MainWindow window(settings);
+  host.SetMainWindow(&window);
+  window.Open(std::move(workspace));
+  window.ShowList(options.list.isEmpty() ? "Marcas" : FromQt(options.list).c_str());
+  window.show();
+  if (TakePicture(window, options)) return 0;
+  std::cerr << "Não foi possível escrever " << FromQt(options.picture) << ".\n";
+  return kFailure;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QStringList words;
+  for (int i = 1; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
+  Options options;
+  if (const std::optional<Reply> reply = ReadOptions(words, options)) {
+    (reply->exit_code == 0 ? std::cout : std::cerr) << FromQt(reply->text);
+    return reply->exit_code;
+  }
+  if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+
+  int arguments = 1;  // the words are the program's own, not Qt's
+  QApplication application(arguments, argv);
+  QApplication::setOrganizationName(QStringLiteral("parvel"));
+  QApplication::setApplicationName(QStringLiteral("parvel-desktop"));
+  QApplication::setStyle(new HouseStyle);
+  QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
+  PortugueseTexts texts;
+  QCoreApplication::installTranslator(&texts);
+  try {
+    return options.picture.isEmpty() ? RunWindow(application, options) : RunPicture(options);
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return kFailure;
+  }
+}

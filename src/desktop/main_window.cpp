@@ -1,0 +1,284 @@
+#include "desktop/main_window.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+
+#include "desktop/help_page.h"
+#include "desktop/look.h"
+#include "desktop/main_actions.h"
+#include "desktop/sidebar.h"
+#include "desktop/text.h"
+#include "host/form_catalog.h"
+#include "platform/host.h"
+
+namespace desktop {
+namespace {
+
+constexpr char kPlace[] = "janela/lugar";
+constexpr char kSplit[] = "janela/lado";
+constexpr char kList[] = "janela/lista";
+constexpr int kMessageTime = 8000;  // milliseconds
+
+const char* DatabaseFilter() { return "Bases de dados (*.db);;Todos os ficheiros (*)"; }
+
+}  // namespace
+
+QString AskForDatabase(QWidget* parent) {
+  QFileDialog dialog(parent, QStringLiteral("Abrir base de dados"), {}, QString::fromUtf8(DatabaseFilter()));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString AskForNewDatabase(QWidget* parent) {
+  QFileDialog dialog(parent, QStringLiteral("Nova base de dados"), QStringLiteral("frota.db"),
+                     QString::fromUtf8(DatabaseFilter()));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("db"));
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+MainWindow::MainWindow(QSettings& settings)
+    : settings_(settings),
+      actions_(new MainActions(this)),
+      sidebar_(new Sidebar(this)),
+      splitter_(new QSplitter(this)),
+      place_(new QWidget(this)),
+      count_(new QLabel(this)),
+      file_(new QLabel(this)) {
+  setWindowTitle(QStringLiteral("Gestão de frota"));
+  Build();
+  Connect();
+  ConnectList();
+  FillFichas();
+  Update();
+  resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(screen()->availableSize()));
+  restoreGeometry(settings_.value(kPlace).toByteArray());
+  splitter_->restoreState(settings_.value(kSplit).toByteArray());
+}
+
+MainWindow::~MainWindow() { delete page_; }
+
+void MainWindow::Build() {
+  auto* row = new QHBoxLayout(place_);
+  row->setContentsMargins(0, 0, 0, 0);
+  place_->setBackgroundRole(QPalette::Base);
+  place_->setAutoFillBackground(true);
+  splitter_->addWidget(sidebar_);
+  splitter_->addWidget(place_);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->setCollapsible(1, false);
+  splitter_->setHandleWidth(1);
+  setCentralWidget(splitter_);
+  for (QLabel* label : {count_, file_}) label->setTextFormat(Qt::PlainText);
+  count_->setContentsMargins(WideGap(this), 0, 0, 0);
+  file_->setContentsMargins(0, 0, WideGap(this), 0);
+  statusBar()->addWidget(count_);
+  statusBar()->addPermanentWidget(file_);
+  statusBar()->setSizeGripEnabled(false);
+  actions_->search->installEventFilter(this);
+}
+
+void MainWindow::Connect() {
+  connect(actions_->open, &QAction::triggered, this, &MainWindow::AskAndOpen);
+  connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
+  connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
+  connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
+  connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
+  connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
+  connect(actions_->switch_side, &QAction::triggered, this, &MainWindow::SwitchSide);
+  connect(actions_->record_menu, &QMenu::aboutToShow, this, &MainWindow::UpdateRecordMenu);
+  connect(actions_->find, &QAction::triggered, this, [this] {
+    actions_->search->setFocus();
+    actions_->search->selectAll();
+  });
+  connect(sidebar_, &Sidebar::Chosen, this,
+          [this](const ListEntry* entry, bool to_work) { Show(*entry, to_work); });
+}
+
+void MainWindow::ConnectList() {
+  const auto run = [this](QAction* action, void (ListPage::*verb)()) {
+    connect(action, &QAction::triggered, this, [this, verb] {
+      if (page_ != nullptr) (page_->*verb)();
+    });
+  };
+  run(actions_->add, &ListPage::New);
+  run(actions_->edit, &ListPage::Edit);
+  run(actions_->remove, &ListPage::Remove);
+  run(actions_->reload, &ListPage::Load);
+  run(actions_->print, &ListPage::Print);
+  run(actions_->export_list, &ListPage::Export);
+  run(actions_->reset_columns, &ListPage::ResetColumns);
+  connect(actions_->search, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (page_ != nullptr && page_->SearchText() != text) page_->Search(text);
+  });
+}
+
+void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
+  delete std::exchange(page_, nullptr);
+  workspace_ = std::move(workspace);
+  const QString last = settings_.value(kList).toString();
+  const ListEntry* entry = FindList(FromQt(last).c_str());
+  if (entry == nullptr || !zorCrmParvel::Sistema::TemLista(entry->key)) entry = nullptr;
+  for (const ListEntry& list : AllLists())
+    if (entry == nullptr && zorCrmParvel::Sistema::TemLista(list.key)) entry = &list;
+  if (entry != nullptr) Show(*entry, true);
+  Update();
+}
+
+void MainWindow::ShowList(const char* key) {
+  const ListEntry* entry = FindList(key);
+  if (entry != nullptr && zorCrmParvel::Sistema::TemLista(key)) Show(*entry, true);
+}
+
+void MainWindow::Show(const ListEntry& entry, bool to_work) {
+  if (workspace_ == nullptr) return;
+  if (page_ == nullptr || &page_->entry() != &entry) {
+    delete std::exchange(page_, nullptr);
+    page_ = new ListPage(workspace_->sistema(), entry, settings_, place_);
+    place_->layout()->addWidget(page_);
+    page_->show();
+    page_->table().installEventFilter(this);
+    connect(page_, &ListPage::Changed, this, &MainWindow::Update);
+    connect(page_, &ListPage::SearchCleared, actions_->search, &QLineEdit::clear);
+    connect(page_, &ListPage::Told, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kMessageTime); });
+    sidebar_->Mark(entry);
+    actions_->search->setText(page_->SearchText());
+    const QString key = QString::fromUtf8(entry.key);
+    if (settings_.value(kList) != key) settings_.setValue(kList, key);
+  }
+  if (to_work) page_->TakeFocus();
+  Update();
+}
+
+/// Brings commands, counts and titles in step with the list shown.
+void MainWindow::Update() {
+  const bool open = page_ != nullptr;
+  actions_->add->setEnabled(open && page_->Can(kNewCommand));
+  actions_->edit->setEnabled(open && page_->Can(kEditCommand));
+  actions_->remove->setEnabled(open && page_->Can(kRemoveCommand));
+  actions_->print->setEnabled(open && page_->Can(kPrintCommand));
+  actions_->export_list->setEnabled(open && page_->Can(kPrintCommand));
+  for (QAction* action : {actions_->reload, actions_->find, actions_->reset_columns, actions_->copy})
+    action->setEnabled(open);
+  actions_->search->setEnabled(open);
+  count_->setText(open ? page_->CountText() : QString());
+  const QString path = workspace_ != nullptr ? ToQt(workspace_->database().path()) : QString();
+  file_->setText(QFileInfo(path).fileName());
+  file_->setToolTip(PlainToolTip(path));
+  setWindowTitle(open ? page_->Title() + QStringLiteral(" — Gestão de frota")
+                      : QStringLiteral("Gestão de frota"));
+}
+
+void MainWindow::UpdateRecordMenu() {
+  QMenu& menu = *actions_->record_menu;
+  menu.clear();
+  menu.addActions({actions_->add, actions_->edit, actions_->remove});
+  if (page_ == nullptr) return;
+  menu.addSeparator();
+  for (const platform::MenuItem& item : page_->commands().menu().Items()) {
+    if (IsStandard(item.id) || !item.visible) continue;
+    QAction* action = menu.addAction(ToQt(item.caption));
+    action->setEnabled(item.enabled && page_->table().CurrentRow() >= 0);
+    connect(action, &QAction::triggered, page_, [this, id = item.id] { page_->Run(id); });
+  }
+}
+
+void MainWindow::FillFichas() {
+  const zorCrmParvel::Sistema names;  // fills the catalogue of fichas
+  const char* group = nullptr;
+  for (const ListEntry& entry : AllLists()) {
+    if (entry.ficha == nullptr || !zorCrmParvel::FormCatalog::Shared().Has(entry.ficha)) continue;
+    if (group != nullptr && group != entry.group) actions_->ficha_menu->addSeparator();
+    group = entry.group;
+    QAction* action = actions_->ficha_menu->addAction(QString::fromUtf8(entry.title));
+    connect(action, &QAction::triggered, this, [this, ficha = entry.ficha] {
+      if (workspace_ == nullptr) return;
+      Guarded(this, [&] { workspace_->sistema().MostraFicha(ficha); });
+      page_->Load();
+    });
+  }
+}
+
+void MainWindow::SwitchSide() {
+  if (page_ == nullptr || page_->isAncestorOf(focusWidget()))
+    sidebar_->setFocus();
+  else
+    page_->TakeFocus();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (watched == actions_->search) return SearchKey(key);
+  return page_ != nullptr && watched == &page_->table() && ListKey(key);
+}
+
+/// Keys that belong to the rows alone: elsewhere they have their usual meaning.
+bool MainWindow::ListKey(int key) {
+  if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    actions_->edit->trigger();
+  else if (key == Qt::Key_Delete)
+    actions_->remove->trigger();
+  else
+    return false;
+  return true;
+}
+
+bool MainWindow::SearchKey(int key) {
+  const bool clears = key == Qt::Key_Escape;
+  if (!clears && key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down) return false;
+  if (clears) actions_->search->clear();
+  if (page_ != nullptr) page_->TakeFocus();
+  return true;
+}
+
+void MainWindow::AskAndOpen() {
+  const QString file = AskForDatabase(this);
+  if (!file.isEmpty()) OpenFile(file);
+}
+
+void MainWindow::AskAndCreate() {
+  const QString file = AskForNewDatabase(this);
+  if (file.isEmpty()) return;
+  if (!QFileInfo::exists(file)) return OpenFile(file);
+  ShowMessage(this, QStringLiteral("O ficheiro %1 já existe.\nEscolha outro nome.").arg(file),
+              platform::kOkOnly | platform::kExclamation, QStringLiteral("Nova base de dados"));
+}
+
+/// A database that can't be opened leaves the one that is.
+void MainWindow::OpenFile(const QString& file) {
+  Guarded(this, [&] {
+    Open(std::make_unique<Workspace>(FromQt(file)));
+    settings_.setValue(kDatabaseSetting, file);
+  });
+}
+
+void MainWindow::AskAndCopy() {
+  QFileDialog dialog(this, QStringLiteral("Guardar cópia"), QStringLiteral("cópia.db"),
+                     QString::fromUtf8(DatabaseFilter()));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("db"));
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString file = dialog.selectedFiles().value(0);
+  if (Guarded(this, [&] { workspace_->database().CopyTo(FromQt(file)); }))
+    statusBar()->showMessage(QStringLiteral("Cópia escrita em %1").arg(file), kMessageTime);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  settings_.setValue(kPlace, saveGeometry());
+  settings_.setValue(kSplit, splitter_->saveState());
+  event->accept();
+}
+
+}  // namespace desktop

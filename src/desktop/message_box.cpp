@@ -1,0 +1,140 @@
+#include "desktop/message_box.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+#include <vector>
+
+#include "desktop/text.h"
+#include "platform/host.h"
+#include "platform/runtime_error.h"
+
+namespace desktop {
+namespace {
+
+struct BoxButton {
+  int answer;
+  const char* text;
+  QMessageBox::ButtonRole role;
+};
+
+constexpr BoxButton kOkButton{platform::kOk, "OK", QMessageBox::AcceptRole};
+constexpr BoxButton kCancelButton{platform::kCancel, "Cancelar", QMessageBox::RejectRole};
+constexpr BoxButton kYesButton{platform::kYes, "&Sim", QMessageBox::YesRole};
+constexpr BoxButton kNoButton{platform::kNo, "&Não", QMessageBox::NoRole};
+
+/// The buttons by the lowest bits of a style; the last one declines.
+std::vector<BoxButton> ButtonsOf(int style) {
+  switch (style & 0xF) {
+    case platform::kOkCancel:
+      return {kOkButton, kCancelButton};
+    case platform::kYesNoCancel:
+      return {kYesButton, kNoButton, kCancelButton};
+    case platform::kYesNo:
+      return {kYesButton, kNoButton};
+    default:
+      return {kOkButton};
+  }
+}
+
+QMessageBox::Icon IconOf(int style) {
+  switch (style & 0xF0) {
+    case platform::kQuestion:
+      return QMessageBox::Question;
+    case platform::kExclamation:
+      return QMessageBox::Warning;
+    case platform::kInformation:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+std::size_t DefaultOf(int style, std::size_t buttons) {
+  const std::size_t wanted = style & platform::kDefaultButton3   ? 2
+                             : style & platform::kDefaultButton2 ? 1
+                                                                 : 0;
+  return std::min(wanted, buttons - 1);
+}
+
+struct Advice {
+  int number;
+  const char* text;
+};
+
+constexpr Advice kAdvice[] = {
+    {platform::kOverflow, "Um número é grande de mais. Corrija-o e tente de novo."},
+    {platform::kTypeMismatch,
+     "Um dos campos não tem o número ou a data que devia ter. Corrija-o e tente de novo."},
+    {platform::kFileNotFound, "O ficheiro não existe."},
+    {platform::kInvalidUseOfNull, "Falta um valor no registo lido."},
+    {platform::kMultipleStep,
+     "Um dos textos é mais comprido do que o campo permite. Encurte-o e tente de novo."},
+    {platform::kStatementRefused,
+     "A base de dados não aceita um dos textos. Retire os apóstrofos (') dos campos e tente de novo."},
+    {platform::kConstraint, "A base de dados recusou o registo, que não respeita as suas regras."},
+};
+
+QString Headline(const platform::RuntimeError& error) {
+  for (const Advice& advice : kAdvice)
+    if (advice.number == error.number()) return QString::fromUtf8(advice.text);
+  if (error.number() == platform::kEngineFailure) return WithLineBreaks(ToQt(error.description()));
+  return QStringLiteral("A operação não foi concluída.");
+}
+
+}  // namespace
+
+int ShowMessage(QWidget* parent, const QString& text, int style, const QString& title) {
+  QMessageBox box(parent);
+  box.setWindowTitle(title);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(WithLineBreaks(text));
+  box.setIcon(IconOf(style));
+
+  const std::vector<BoxButton> buttons = ButtonsOf(style);
+  std::vector<QPushButton*> shown;
+  for (const BoxButton& button : buttons)
+    shown.push_back(box.addButton(QString::fromUtf8(button.text), button.role));
+  box.setDefaultButton(shown[DefaultOf(style, shown.size())]);
+  box.setEscapeButton(shown.back());
+  box.exec();
+  for (std::size_t i = 0; i < shown.size(); ++i)
+    if (box.clickedButton() == shown[i]) return buttons[i].answer;
+  return buttons.back().answer;
+}
+
+ErrorText Describe(const std::exception& error) {
+  if (const auto* known = dynamic_cast<const platform::RuntimeError*>(&error)) {
+    QString details = QStringLiteral("Erro %1").arg(known->number());
+    const QString text = WithLineBreaks(ToQt(known->description()));
+    const QString headline = Headline(*known);
+    if (!text.isEmpty() && text != headline) details += QStringLiteral(": ") + text;
+    if (!known->source().empty()) details += QStringLiteral("\nOrigem: ") + ToQt(known->source());
+    return {headline, details};
+  }
+  return {QStringLiteral("A operação não foi concluída."), QStringLiteral("Erro: ") + ToQt(error.what())};
+}
+
+void ShowError(QWidget* parent, const std::exception& error) { ShowError(parent, Describe(error)); }
+
+void ShowError(QWidget* parent, const ErrorText& text) {
+  QMessageBox box(parent);
+  box.setWindowTitle(QStringLiteral("Erro"));
+  box.setTextFormat(Qt::PlainText);
+  box.setIcon(QMessageBox::Warning);
+  box.setText(text.headline + QStringLiteral("\n\n") + text.details);
+  box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+  box.exec();
+}
+
+bool Guarded(QWidget* parent, const std::function<void()>& act) {
+  try {
+    act();
+    return true;
+  } catch (const std::exception& error) {
+    ShowError(parent, error);
+    return false;
+  }
+}
+
+}  // namespace desktop

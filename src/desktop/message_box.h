@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <functional>
+
+class QWidget;
+
+namespace desktop {
+
+/// A modal message box by the module's style bits; the answer by the module's numbers. Closing it, or Escape,
+/// is the answer that declines.
+int ShowMessage(QWidget* parent, const QString& text, int style, const QString& title);
+
+/// An error as the user reads it: what went wrong and what to do, then number, text and source.
+struct ErrorText {
+  QString headline;
+  QString details;
+};
+ErrorText Describe(const std::exception& error);
+
+/// Shows an error in a box of its own.
+void ShowError(QWidget* parent, const ErrorText& text);
+void ShowError(QWidget* parent, const std::exception& error);
+
+/// The boundary of an event: runs what the user set off; an error is shown and goes no further. False when
+/// there was one.
+bool Guarded(QWidget* parent, const std::function<void()>& act);
+
+}  // namespace desktop

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+namespace desktop {
+
+/// What the program was called with.
+struct Options {
+  QString database;  // empty: the usual one
+  bool demo = false;
+  QString picture;  // a file: the window is painted into it, and the program ends
+  QString list;
+  QString ficha;
+  bool first_record = false;   // the picture shows the ficha of the first row
+  bool dark = false;           // the picture is in the dark colours
+  bool until_painted = false;  // the program ends when the window has been painted once
+};
+
+/// A text for the terminal instead of a window: help, version, or what is wrong with the call.
+struct Reply {
+  QString text;
+  int exit_code = 0;
+};
+
+/// Reads the call's words (without the program's name). A reply means that no window is wanted.
+std::optional<Reply> ReadOptions(const QStringList& words, Options& options);
+
+}  // namespace desktop

@@ -1,0 +1,89 @@
+#include "desktop/picture.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QTimer>
+
+#include "desktop/look.h"
+#include "desktop/main_window.h"
+#include "desktop/text.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kWidth = 84;  // in lines of text
+constexpr int kHeight = 46;
+
+/// A dialog with a plain frame and title: there is no window manager to give it one.
+void PaintDialog(QPainter& painter, QWidget& dialog, const QPoint& place) {
+  const QPalette palette = dialog.palette();
+  const QRect inside(place, dialog.size());
+  const QRect bar = inside.adjusted(0, -Em(&dialog) * 2, 0, -inside.height());
+  painter.fillRect(bar, Blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.12));
+  painter.setPen(palette.color(QPalette::WindowText));
+  painter.drawText(bar, Qt::AlignCenter, dialog.windowTitle());
+  painter.drawPixmap(place, dialog.grab());
+  painter.setPen(Blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.4));
+  painter.drawRect(bar.united(inside).adjusted(-1, -1, 0, 0));
+}
+
+/// The window's picture with the dialogs that are open over it.
+QImage Paint(MainWindow& window) {
+  QPixmap picture = window.grab();
+  QPainter painter(&picture);
+  for (QWidget* dialog : QApplication::topLevelWidgets()) {
+    if (!dialog->isVisible() || !dialog->isModal()) continue;
+    const QSize room = (window.size() - dialog->size()) / 2;
+    PaintDialog(painter, *dialog, {room.width(), room.height()});
+  }
+  painter.end();
+  return picture.toImage();
+}
+
+void CloseDialogs() {
+  while (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
+}
+
+}  // namespace
+
+void UseDarkColors() {
+  QPalette palette;
+  const QColor window(38, 40, 43);
+  const QColor text(232, 232, 232);
+  const QColor muted(140, 142, 145);
+  palette.setColor(QPalette::Window, window);
+  palette.setColor(QPalette::Base, QColor(28, 30, 32));
+  palette.setColor(QPalette::AlternateBase, window);
+  palette.setColor(QPalette::Button, QColor(56, 59, 63));
+  palette.setColor(QPalette::ToolTipBase, window);
+  palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::PlaceholderText, muted);
+  for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, muted);
+  }
+  QApplication::setPalette(palette);
+}
+
+bool TakePicture(MainWindow& window, const Options& options) {
+  window.resize(Em(&window) * kWidth, Em(&window) * kHeight);
+  QImage picture;
+  const auto take = [&] {
+    QApplication::processEvents();
+    picture = Paint(window);
+    CloseDialogs();
+  };
+  if (options.first_record || !options.ficha.isEmpty()) {
+    QTimer::singleShot(0, &window, take);
+    if (options.first_record)
+      window.page()->Edit();
+    else
+      window.workspace()->sistema().MostraFicha(FromQt(options.ficha));
+  }
+  if (picture.isNull()) take();
+  return picture.save(options.picture);
+}
+
+}  // namespace desktop

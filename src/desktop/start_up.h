@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <memory>
+
+#include "desktop/options.h"
+#include "desktop/workspace.h"
+
+namespace desktop {
+
+/// The database that a call asks for: the one named, the demonstration, the one chosen last time, or the
+/// usual one. Throws when there is no place for the usual one.
+QString DatabaseFor(const Options& options, const QSettings& settings);
+
+/// Opens a database. When it can't be used, says why and asks for another one until one opens; null when the
+/// user would rather leave. A database chosen so is remembered.
+std::unique_ptr<Workspace> OpenOrAsk(QString file, QSettings& settings, QWidget* parent);
+
+}  // namespace desktop

@@ -1,0 +1,60 @@
+#include "desktop/table_control_views.h"
+
+#include "desktop/look.h"
+#include "desktop/sources.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kFewestLines = 8;
+
+TableView* MakeTable(std::unique_ptr<TableSource> source, QWidget* parent) {
+  auto* table = new TableView(std::move(source), false, parent);
+  table->setMinimumHeight(Em(table) * kFewestLines);
+  table->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  return table;
+}
+
+}  // namespace
+
+GridView::GridView(platform::SGGrid& grid, UserActs& acts, QWidget* parent)
+    : ControlView(grid, acts), grid_(grid), table_(MakeTable(std::make_unique<GridSource>(grid), parent)) {
+  connect(table_, &TableView::RowChosen, this, [this](long row) {
+    if (!this->acts().IsSyncing()) this->acts().Act([&] { this->acts().form().UserSelectsRow(grid_, row); });
+  });
+  connect(table_, &TableView::RowOpened, this,
+          [this](long row) { this->acts().Act([&] { this->acts().form().UserDoubleClicks(grid_, row); }); });
+}
+
+void GridView::SyncContent() {
+  if (revision_ != grid_.Revision()) {
+    table_->Refresh();
+    revision_ = grid_.Revision();
+  }
+  if (table_->CurrentRow() != grid_.Row()) table_->SetCurrentRow(grid_.Row());
+  table_->setEnabled(grid_.Enabled);
+}
+
+FlexGridView::FlexGridView(platform::MSFlexGrid& grid, UserActs& acts, QWidget* parent)
+    : ControlView(grid, acts), grid_(grid), table_(MakeTable(std::make_unique<FlexSource>(grid), parent)) {
+  connect(table_, &TableView::RowChosen, this, [this](long row) {
+    if (this->acts().IsSyncing() || row < 0) return;
+    this->acts().Act([&] {
+      if (!this->acts().form().UserGoesTo(grid_)) return;
+      grid_.Row = static_cast<int>(row) + grid_.FixedRows;
+      if (grid_.Click) grid_.Click();
+    });
+  });
+}
+
+void FlexGridView::SyncContent() {
+  if (revision_ != grid_.Revision()) {
+    table_->Refresh();
+    revision_ = grid_.Revision();
+  }
+  const long row = grid_.Row - grid_.FixedRows;
+  if (table_->CurrentRow() != row) table_->SetCurrentRow(row);
+  table_->setEnabled(grid_.Enabled);
+}
+
+}  // namespace desktop

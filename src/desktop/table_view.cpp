@@ -1,0 +1,145 @@
+#include "desktop/table_view.h"
+
+#include <QEvent>
+#include <QHeaderView>
+
+#include "desktop/item_painter.h"
+#include "desktop/look.h"
+#include "desktop/message_box.h"
+
+namespace desktop {
+TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent)
+    : QTableView(parent), model_(new GridModel(std::move(source), this)) {
+  setModel(model_);
+  setItemDelegate(new CellPainter(this));
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setShowGrid(false);
+  setWordWrap(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setMinimumSectionSize(Em(this) * 2);
+  horizontalHeader()->setSectionsClickable(sortable);
+  if (sortable) connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TableView::ClickedHeading);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int section, int, int width) { ResizedColumn(section, width); });
+  connect(this, &QTableView::doubleClicked, this,
+          [this](const QModelIndex& index) { Q_EMIT RowOpened(model_->order().RowAt(index.row())); });
+  // Cells are read while the table is painted: no box may open before that has ended.
+  model_->on_error = [this](const std::exception& error) {
+    QTimer::singleShot(0, this, [this, text = Describe(error)] { ShowError(this, text); });
+  };
+  connect(&read_ahead_, &QTimer::timeout, this, [this] {
+    if (!model_->ReadAhead()) read_ahead_.stop();
+  });
+  ApplyColumns();
+}
+
+void TableView::Refresh() {
+  read_ahead_.stop();
+  KeepRow([this] { model_->Refresh(); });
+  ApplyColumns();
+  read_ahead_.start(0);
+}
+
+void TableView::SortBy(std::optional<desktop::SortBy> sort) {
+  KeepRow([&] { model_->Sort(sort); });
+  ApplyColumns();
+}
+
+void TableView::Search(const QString& text) {
+  KeepRow([&] { model_->Search(text); });
+  ApplyColumns();
+}
+
+long TableView::CurrentRow() const {
+  const QModelIndex current = currentIndex();
+  return current.isValid() ? model_->order().RowAt(current.row()) : -1;
+}
+
+void TableView::SetCurrentRow(long row) {
+  const long place = row < 0 ? -1 : model_->order().PlaceOf(row);
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  if (place < 0 || visible.empty()) {
+    setCurrentIndex({});
+    return;
+  }
+  setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
+}
+
+void TableView::SetUserWidths(std::map<std::string, float> widths) {
+  widths_ = std::move(widths);
+  ApplyColumns();
+}
+
+void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!arranging_ && current.row() != previous.row()) Q_EMIT RowChosen(CurrentRow());
+}
+
+void TableView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange && model_ != nullptr) ApplyColumns();
+}
+
+void TableView::ApplyColumns() {
+  arranging_ = true;
+  verticalHeader()->setMinimumSectionSize(Em(this));
+  verticalHeader()->setDefaultSectionSize(Em(this) * 7 / 4);
+  const auto& columns = model_->source().Columns();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const int section = static_cast<int>(i);
+    const auto own = widths_.find(columns[i].key);
+    setColumnHidden(section, columns[i].hidden);
+    if (columns[i].hidden) continue;
+    const int heading = fontMetrics().horizontalAdvance(columns[i].caption) + 2 * Em(this);
+    const float twips = own != widths_.end() ? own->second : columns[i].width;
+    setColumnWidth(section,
+                   own != widths_.end() ? FromTwips(twips, this) : std::max(heading, FromTwips(twips, this)));
+  }
+  const auto& sort = model_->order().sort();
+  horizontalHeader()->setSortIndicatorShown(sort.has_value());
+  if (sort)
+    horizontalHeader()->setSortIndicator(
+        static_cast<int>(sort->column),
+        sort->direction == SortDirection::kAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
+  arranging_ = false;
+}
+
+void TableView::ClickedHeading(int section) {
+  const auto column = static_cast<std::size_t>(section);
+  const auto& sort = model_->order().sort();
+  if (!sort || sort->column != column)
+    SortBy(desktop::SortBy{column, SortDirection::kAscending});
+  else if (sort->direction == SortDirection::kAscending)
+    SortBy(desktop::SortBy{column, SortDirection::kDescending});
+  else
+    SortBy(std::nullopt);
+  Q_EMIT SortChanged();
+}
+
+void TableView::ResizedColumn(int section, int width) {
+  const auto column = static_cast<std::size_t>(section);
+  const auto& columns = model_->source().Columns();
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  if (arranging_ || width == 0 || column >= columns.size() || visible.empty() || column == visible.back())
+    return;
+  widths_[columns[column].key] = ToTwips(width, this);
+  Q_EMIT WidthsChanged();
+}
+
+void TableView::KeepRow(const std::function<void()>& change) {
+  const long row = CurrentRow();
+  arranging_ = true;
+  change();
+  if (row < model_->source().Rows()) SetCurrentRow(row);
+  arranging_ = false;
+  if (CurrentRow() != row) Q_EMIT RowChosen(CurrentRow());
+}
+
+}  // namespace desktop

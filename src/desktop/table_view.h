@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QTableView>
+#include <QTimer>
+#include <map>
+#include <string>
+
+#include "desktop/grid_model.h"
+
+namespace desktop {
+
+/// The one table of the program: lists, grids of fichas, lookups. Rows are chosen whole, columns have the
+/// widths of their source, the last one takes what is left.
+class TableView : public QTableView {
+  Q_OBJECT
+
+ public:
+  /// With `sortable`, a click on a heading sorts, a second one turns the order round, a third restores the
+  /// table's own.
+  TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent);
+
+  GridModel& grid() const { return *model_; }
+  /// Looks at the source anew and keeps the widths that the user gave.
+  void Refresh();
+  void SortBy(std::optional<desktop::SortBy> sort);
+  void Search(const QString& text);
+
+  /// The source's row that is chosen, -1 when none is.
+  long CurrentRow() const;
+  /// Chooses a row of the source; one that isn't shown leaves nothing chosen.
+  void SetCurrentRow(long row);
+
+  /// Widths that the user gave, in twips by the column's key.
+  std::map<std::string, float> UserWidths() const { return widths_; }
+  void SetUserWidths(std::map<std::string, float> widths);
+
+ Q_SIGNALS:
+  void RowChosen(long row);
+  /// Double click on a row.
+  void RowOpened(long row);
+  void SortChanged();
+  void WidthsChanged();
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void ApplyColumns();
+  void ClickedHeading(int section);
+  void ResizedColumn(int section, int width);
+  void KeepRow(const std::function<void()>& change);
+
+  GridModel* model_;
+  QTimer read_ahead_;
+  std::map<std::string, float> widths_;
+  bool arranging_ = false;
+};
+
+}  // namespace desktop

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace desktop {
+
+/// Texts of the module are UTF-8, those of the window UTF-16.
+inline QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+/// A message of the module with its line breaks, in whatever order of characters, as single ones.
+QString WithLineBreaks(const QString& text);
+
+/// A tool tip that shows the text as it stands, also when it looks like markup.
+QString PlainToolTip(const QString& text);
+
+/// A text for searching: no difference of case, accents, hyphens and blanks is left.
+QString Folded(QStringView text);
+
+/// A count with its noun: "1 registo", "1.250 registos".
+QString Counted(long count, const QString& singular, const QString& plural);
+
+}  // namespace desktop

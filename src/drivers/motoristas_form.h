@@ -1,0 +1,92 @@
+#pragma once
+
+#include <string>
+
+#include "drivers/motoristas.h"
+#include "host/ficha.h"
+
+namespace zorCrmParvel {
+
+/// The ficha of a driver: five tabs, the grid of licence classes, a photo. A move to another driver saves the
+/// one that is left, changed or not; every button that ends a record empties the screen for the next.
+class Motoristas : public Ficha {
+ public:
+  Motoristas();
+
+  /// True: opened for one given driver, whose code can't be changed.
+  void Edicao(bool valor) { Edicao_ = valor; }
+  void CarregaFicha(const std::string& codigo) override;
+  void Definir(std::string_view membro, const platform::Variant& valor) override;
+
+  DataAccessRef bdSal;      // the personnel database, read when `UsaPessoal` is on
+  bool UsaPessoal = false;  // the personnel link
+
+  platform::ControlArray<platform::Label> Legenda;
+  platform::ControlArray<platform::Frame> Frame5;
+  platform::ControlArray<platform::zor_input> Campo;
+  platform::ControlArray<platform::PushButton> btLista;
+  platform::TabControl SSTab1;
+  platform::ControlArray<platform::DTPicker> DTPicker1;
+  platform::ComboBox Combo1;  // licence class of the record
+  platform::CheckBox Check1;  // out of service
+  platform::SGGrid Grelha;    // the licence classes with their dates
+  platform::MonthView MonthView1;
+  platform::ShowImg ShowImg1;
+  platform::PushButton PicAdd;
+  platform::PushButton PicDel;
+  platform::PushButton btArquivo;
+  BotoesDaFicha botoes;
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  // Putting the screen together.
+  platform::LayoutField NovoCampo(int indice, int separador, const char* legenda, const char* dica,
+                                  int maxlength);
+  platform::LayoutField NovaData(int indice, int separador, const char* legenda, const char* dica);
+  platform::LayoutField ComLegenda(platform::Control& controlo, const char* legenda);
+  void DisporIdentificacao();
+  void DisporDocumentos();
+  void LigarEventos();
+
+  // The record.
+  void LerFicha();
+  void Gravar();
+  void Limparform();
+  void Anular();
+  void Recomecar();
+  void Navega(int indice, std::string& codigo);
+  platform::Date DataOuZero(int indice) const;
+  void MostrarData(int indice, platform::Date data);
+  void MostrarDataOuHoje(int indice, platform::Date data);
+  void FixarCodigo();
+
+  // The licence classes.
+  void Act_Grelha();
+  void LerCartas();
+  void GravarCartas();
+  void GravarCarta(int tipo);
+  void ValidarDataDaCarta(const std::string& texto, bool& cancel);
+  void EscolherDataDaCarta(platform::Date data, const char* recusa);
+  void LigarGrelha();
+
+  void AdicionarFoto();
+  void CarregaFoto();
+
+  void Campo_Validate(int indice, bool& cancel);
+  void Campo_KeyPress(int indice, int& keyCode);
+  void SSTab1_Click();
+  void Escondeframes5();
+  void btAnular_Click();
+  void btNavega_Click(int indice);
+  void btLista_Click(int indice);
+  void btArquivo_Click();
+
+  clMotoristas motorista_;
+  bool Edicao_ = false;
+  bool Alterado_ = false;
+  bool Validar_ = false;
+};
+
+}  // namespace zorCrmParvel

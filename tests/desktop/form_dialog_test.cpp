@@ -1,0 +1,183 @@
+#include "desktop/form_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QTest>
+
+#include "sample_form.h"
+#include "user.h"
+
+namespace desktop_test {
+namespace {
+
+using desktop::FormDialog;
+
+class FormDialogTest : public testing::Test {
+ protected:
+  FormDialogTest() {
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  }
+
+  QLineEdit& Line(const platform::zor_input& field) {
+    return *qobject_cast<QLineEdit*>(dialog.WidgetOf(field));
+  }
+  bool HasFocus(const platform::Control& control) { return dialog.focusWidget() == dialog.WidgetOf(control); }
+  void FillCode() {
+    Type(dialog, "0012");
+    Press(dialog, Qt::Key_Tab);
+  }
+
+  Desk desk;
+  SampleForm form;
+  FormDialog dialog{form, desk.settings, nullptr};
+};
+
+TEST_F(FormDialogTest, TypingReachesTheFormAndNumbersAreShownByTheirMaskWhenLeft) {
+  FillCode();
+  EXPECT_EQ(form.code.Text, "0012");
+  ASSERT_TRUE(HasFocus(form.name));
+  Press(dialog, Qt::Key_Return);
+  ASSERT_TRUE(HasFocus(form.cost));
+  Type(dialog, "1234,5");
+  EXPECT_EQ(Line(form.cost).text(), "1234,5");
+  Press(dialog, Qt::Key_Tab);
+  EXPECT_EQ(Line(form.cost).text(), "1.234,500");
+  EXPECT_EQ(form.cost.Text, "1234,5");
+  Press(dialog, Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_EQ(Line(form.cost).text(), "1234,5");
+}
+
+TEST_F(FormDialogTest, AFieldThatRefusesToBeLeftKeepsTheFocusWhateverTheUserTries) {
+  Press(dialog, Qt::Key_Tab);
+  EXPECT_TRUE(HasFocus(form.code));
+  Click(*dialog.WidgetOf(form.name));
+  EXPECT_TRUE(HasFocus(form.code));
+  Click(*dialog.WidgetOf(form.fuel));
+  EXPECT_TRUE(HasFocus(form.code));
+  EXPECT_FALSE(qobject_cast<QCheckBox*>(dialog.WidgetOf(form.fuel))->isChecked());
+  ClickButton(dialog, "Confirmar");
+  EXPECT_EQ(form.confirmed, 0);
+  Type(dialog, "x");
+  EXPECT_EQ(form.code.Text, "x");
+  Click(*dialog.WidgetOf(form.name));
+  EXPECT_TRUE(HasFocus(form.name));
+}
+
+TEST_F(FormDialogTest, AButtonThatDoesNotValidateLeavesAnEmptyField) {
+  ClickButton(dialog, "Sair");
+  EXPECT_TRUE(form.IsClosed());
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(FormDialogTest, EscapeIsTheFormsToDecide) {
+  FillCode();
+  Press(dialog, Qt::Key_Escape);
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_TRUE(HasFocus(form.code));
+  Press(dialog, Qt::Key_Escape);
+  EXPECT_TRUE(form.IsClosed());
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(FormDialogTest, TheWindowsOwnButtonUnloadsTheForm) {
+  dialog.close();
+  EXPECT_TRUE(form.IsClosed());
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(FormDialogTest, TheListOfAFieldFillsItAndMovesOn) {
+  desk.script.Next([](QWidget& lookup) {
+    EXPECT_EQ(lookup.windowTitle(), "Motoristas");
+    Type(lookup, "mariajose");
+    Press(lookup, Qt::Key_Return);
+  });
+  Press(dialog, Qt::Key_F3);
+  EXPECT_EQ(form.code.Text, "0012");
+  EXPECT_EQ(Line(form.code).text(), "0012");
+  EXPECT_TRUE(HasFocus(form.name));
+}
+
+TEST_F(FormDialogTest, AnErrorIsShownWithNumberAndSourceAndTheWindowGoesOn) {
+  FillCode();
+  desk.script.Answer("OK");
+  ClickButton(dialog, "Falhar");
+  ASSERT_EQ(desk.script.boxes.size(), 1);
+  for (const char* part : {"Erro 13", "Type mismatch", "Amostra.Gravar"})
+    EXPECT_TRUE(desk.script.boxes[0].contains(part)) << part << " in " << desk.script.boxes[0].toStdString();
+  EXPECT_TRUE(dialog.isVisible());
+  Click(*dialog.WidgetOf(form.name));
+  Type(dialog, "Maria");
+  EXPECT_EQ(form.name.Text, "Maria");
+}
+
+TEST_F(FormDialogTest, ATextTooLongIsRefusedWithANotice) {
+  Type(dialog, "ab");
+  Paste(dialog, QString(10'000, 'x'));
+  EXPECT_EQ(form.code.Text, "ab");
+  EXPECT_EQ(Line(form.code).text(), "ab");
+  EXPECT_TRUE(dialog.NoticeText().startsWith("Máximo de 10 caracteres")) << dialog.NoticeText().toStdString();
+  EXPECT_TRUE(dialog.NoticeText().contains("não foi aceite"));
+  Type(dialog, "c");
+  EXPECT_EQ(form.code.Text, "abc");
+  EXPECT_TRUE(dialog.NoticeText().isEmpty());
+}
+
+TEST_F(FormDialogTest, APastedLineBreakDoesNotGetIntoASingleLine) {
+  Paste(dialog, "ab\r\n");
+  EXPECT_EQ(form.code.Text, "ab");
+}
+
+TEST_F(FormDialogTest, AMnemonicPressesThroughTheForm) {
+  FillCode();
+  Press(dialog, Qt::Key_C, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return form.confirmed == 1; }));
+  EXPECT_TRUE(HasFocus(form.confirm));
+  Press(dialog, Qt::Key_Return);
+  EXPECT_EQ(form.confirmed, 2);
+}
+
+TEST_F(FormDialogTest, ChoicesReachTheFormAndTheFormsAnswerIsShown) {
+  FillCode();
+  form.fuel.Click = [this] {
+    form.description.Caption = "combustível";
+    form.name.Enabled = false;
+    form.kind.Visible = false;
+  };
+  auto* kind = qobject_cast<QComboBox*>(dialog.WidgetOf(form.kind));
+  for (int i = 0; i < 3; ++i) Press(dialog, Qt::Key_Tab);
+  ASSERT_TRUE(HasFocus(form.kind));
+  Press(dialog, Qt::Key_End);
+  EXPECT_EQ(form.kind.ListIndex, 1);
+
+  auto* date = qobject_cast<QDateTimeEdit*>(dialog.WidgetOf(form.date));
+  EXPECT_EQ(date->text(), "15-03-2024");
+  Click(*date->findChild<QLineEdit*>());
+  Press(dialog, Qt::Key_Home);
+  Press(dialog, Qt::Key_Up);
+  EXPECT_EQ(form.date.Value, platform::Variant(platform::Date::FromParts(2024, 3, 16)));
+
+  Click(*dialog.WidgetOf(form.fuel));
+  EXPECT_EQ(form.fuel.Value, 1);
+  EXPECT_FALSE(dialog.WidgetOf(form.name)->isEnabled());
+  EXPECT_TRUE(kind->isHidden());
+}
+
+TEST_F(FormDialogTest, SizeAndPlaceAreRememberedByTheFormsName) {
+  dialog.resize(dialog.width() + 60, dialog.height() + 40);
+  const QSize size = dialog.size();
+  dialog.close();
+  {
+    SampleForm once;
+    FormDialog(once, desk.settings, nullptr).resize(size);
+  }
+  SampleForm again;
+  EXPECT_EQ(FormDialog(again, desk.settings, nullptr).size(), size);
+}
+
+}  // namespace
+}  // namespace desktop_test

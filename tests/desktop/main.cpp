@@ -1,0 +1,19 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLocale>
+
+#include "desktop/house_style.h"
+#include "desktop/portuguese.h"
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  QApplication application(argc, argv);
+  QApplication::setStyle(new desktop::HouseStyle);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
+  desktop::PortugueseTexts texts;
+  QCoreApplication::installTranslator(&texts);
+  return RUN_ALL_TESTS();
+}

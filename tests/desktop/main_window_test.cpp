@@ -1,0 +1,219 @@
+#include "desktop/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "desktop/csv.h"
+#include "desktop/main_actions.h"
+#include "desktop/message_page.h"
+#include "desktop/report_dialog.h"
+#include "masterdata/code_table.h"
+#include "pdf.h"
+#include "user.h"
+
+namespace desktop_test {
+namespace {
+
+using desktop::ListPage;
+using desktop::MainWindow;
+using desktop::MessagePage;
+using desktop::Workspace;
+
+class MainWindowTest : public testing::Test {
+ protected:
+  MainWindowTest() {
+    window.Open(std::make_unique<Workspace>(":memory:"));
+    desk.host.SetMainWindow(&window);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+
+  void AddBrands() {
+    zorCrmParvel::clMarcas brand;
+    brand.bd = window.workspace()->sistema().ICrmSistema_ZorDataAccess;
+    for (const auto& [code, name] :
+         {std::pair{"REN", "Renault"}, {"CIT", "Citroën"}, {"MB", "Mercedes-Benz"}}) {
+      brand.Codigo = code;
+      brand.Descrição = name;
+      brand.Escrever();
+    }
+    window.ShowList("Marcas");
+    window.page()->Load();
+  }
+
+  ListPage& page() { return *window.page(); }
+  QStringList Codes() {
+    QStringList codes;
+    const auto* model = page().table().model();
+    for (int row = 0; row < model->rowCount(); ++row) codes << model->index(row, 0).data().toString();
+    return codes;
+  }
+  QString Chosen() { return page().table().currentIndex().siblingAtColumn(0).data().toString(); }
+  MessagePage& Message() { return *page().findChild<MessagePage*>(); }
+  void ClickHeading(int column) {
+    QHeaderView* header = page().table().horizontalHeader();
+    QTest::mouseClick(
+        header->viewport(), Qt::LeftButton, {},
+        {header->sectionViewportPosition(column) + header->sectionSize(column) / 2, header->height() / 2});
+  }
+
+  Desk desk;
+  MainWindow window{desk.settings};
+};
+
+TEST_F(MainWindowTest, AListShowsItsRowsAndTheirNumber) {
+  AddBrands();
+  EXPECT_EQ(Codes(), (QStringList{"CIT", "MB", "REN"}));
+  EXPECT_EQ(page().CountText(), "3 registos · 1 seleccionado");
+  EXPECT_TRUE(window.windowTitle().startsWith("Marcas"));
+  EXPECT_TRUE(page().table().hasFocus());
+}
+
+TEST_F(MainWindowTest, AnEmptyListOffersTheFirstRecordWhichItsFichaMakes) {
+  window.ShowList("Marcas");
+  EXPECT_EQ(Message().Headline(), "A lista está vazia.");
+  ASSERT_TRUE(Message().button()->isVisible());
+  desk.script.Next([](QWidget& ficha) {
+    Type(ficha, "OPEL");
+    Press(ficha, Qt::Key_Return);
+    Type(ficha, "Opel");
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  });
+  Click(*Message().button());
+  EXPECT_EQ(Codes(), QStringList{"OPEL"});
+  EXPECT_TRUE(page().table().isVisible());
+}
+
+TEST_F(MainWindowTest, AnApostropheIsRefusedWithAdviceAndTheFichaGoesOn) {
+  window.ShowList("Marcas");
+  desk.script.Next([this](QWidget& ficha) {
+    desk.script.Answer("OK");
+    Type(ficha, "O'P");
+    Press(ficha, Qt::Key_Return);
+    Press(ficha, Qt::Key_A, Qt::ControlModifier);
+    Type(ficha, "OP");
+    Press(ficha, Qt::Key_Return);
+    Type(ficha, "Opel");
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  });
+  window.actions().add->trigger();
+  ASSERT_EQ(desk.script.boxes.size(), 1);
+  EXPECT_TRUE(desk.script.boxes[0].contains("apóstrofos")) << desk.script.boxes[0].toStdString();
+  EXPECT_EQ(Codes(), QStringList{"OP"});
+}
+
+TEST_F(MainWindowTest, EnterEditsTheChosenRecordAndKeepsItChosen) {
+  AddBrands();
+  Press(window, Qt::Key_Down);
+  ASSERT_EQ(Chosen(), "MB");
+  desk.script.Next([](QWidget& ficha) {
+    Press(ficha, Qt::Key_Return);
+    Press(ficha, Qt::Key_A, Qt::ControlModifier);
+    Type(ficha, "Mercedes");
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  });
+  Press(window, Qt::Key_Return);
+  EXPECT_EQ(Chosen(), "MB");
+  EXPECT_EQ(page().table().currentIndex().siblingAtColumn(1).data(), "Mercedes");
+}
+
+TEST_F(MainWindowTest, RemovingAsksByNameAndGoesOnToTheNextRecord) {
+  AddBrands();
+  Press(window, Qt::Key_Down);
+  desk.script.Answer("Não");
+  Press(window, Qt::Key_Delete);
+  EXPECT_TRUE(desk.script.boxes[0].contains("MB – Mercedes-Benz")) << desk.script.boxes[0].toStdString();
+  EXPECT_EQ(Codes().size(), 3);
+  desk.script.Answer("Sim");
+  Press(window, Qt::Key_Delete);
+  EXPECT_EQ(Codes(), (QStringList{"CIT", "REN"}));
+  EXPECT_EQ(Chosen(), "REN");
+}
+
+TEST_F(MainWindowTest, SearchingNarrowsWhileTypingAndEscapeGivesTheRowsBack) {
+  AddBrands();
+  window.actions().find->trigger();
+  Type(window, "mercedes b");
+  EXPECT_EQ(Codes(), QStringList{"MB"});
+  EXPECT_EQ(page().CountText(), "1 de 3 · 1 seleccionado");
+  Type(window, "x");
+  EXPECT_TRUE(Message().Headline().contains("Nenhum registo"));
+  Press(window, Qt::Key_Escape);
+  EXPECT_EQ(Codes().size(), 3);
+  EXPECT_TRUE(page().table().hasFocus());
+}
+
+TEST_F(MainWindowTest, HeadingsSortTurnRoundAndRestore) {
+  AddBrands();
+  ClickHeading(1);
+  EXPECT_EQ(Codes(), (QStringList{"CIT", "MB", "REN"}));
+  ClickHeading(1);
+  EXPECT_EQ(Codes(), (QStringList{"REN", "MB", "CIT"}));
+  EXPECT_EQ(Chosen(), "CIT");
+  ClickHeading(1);
+  EXPECT_EQ(Codes(), (QStringList{"CIT", "MB", "REN"}));
+}
+
+TEST_F(MainWindowTest, ListSortSearchAndWidthsAreRemembered) {
+  AddBrands();
+  ClickHeading(1);
+  ClickHeading(1);
+  page().table().setColumnWidth(0, 222);
+  window.actions().search->setText("r");
+  const QStringList shown = Codes();
+  auto workspace = std::make_unique<Workspace>(":memory:");
+  workspace->FillDemo();
+  MainWindow again(desk.settings);
+  again.Open(std::move(workspace));
+  ASSERT_STREQ(again.page()->entry().key, "Marcas");
+  EXPECT_EQ(again.actions().search->text(), "r");
+  EXPECT_EQ(again.page()->table().columnWidth(0), 222);
+  const auto& sort = again.page()->table().grid().order().sort();
+  ASSERT_TRUE(sort.has_value());
+  EXPECT_EQ(*sort, (desktop::SortBy{1, desktop::SortDirection::kDescending}));
+}
+
+TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
+  AddBrands();
+  window.actions().search->setText("e");
+  desk.script.Next([this](QWidget& report) {
+    const QString file = desk.folder.filePath("marcas.pdf");
+    ASSERT_TRUE(dynamic_cast<desktop::ReportDialog&>(report).WritePdf(file));
+    const QString text = PdfText(file);
+    for (const char* part : {"Marcas", "Designação", "Citroën", "Mercedes-Benz"})
+      EXPECT_TRUE(text.contains(part)) << part << " in " << text.toStdString();
+  });
+  window.actions().print->trigger();
+
+  const QString csv = desk.folder.filePath("marcas.csv");
+  desktop::WriteCsv(csv, page().table().grid().source(), page().table().grid().order());
+  QFile file(csv);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll().toStdString(),
+            "\xEF\xBB\xBF"
+            "Código;Designação\r\nCIT;Citroën\r\nMB;Mercedes-Benz\r\nREN;Renault\r\n");
+}
+
+TEST(ListPageTest, AListThatCannotBeReadSaysWhyInItsPlace) {
+  Desk desk;
+  zorCrmParvel::Sistema without_database;
+  ListPage page(without_database, *desktop::FindList("Marcas"), desk.settings, nullptr);
+  const auto& message = *page.findChild<MessagePage*>();
+  EXPECT_EQ(message.Headline(), "Não foi possível ler a lista.");
+  EXPECT_TRUE(message.Details().contains("Marcas::Iniciar")) << message.Details().toStdString();
+  EXPECT_FALSE(page.Can(desktop::kNewCommand));
+  page.Load();
+  EXPECT_EQ(message.Headline(), "Não foi possível ler a lista.");
+}
+
+}  // namespace
+}  // namespace desktop_test

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/dialogs.h"
+#include "platform/form.h"
+#include "platform/host.h"
+
+namespace desktop_test {
+
+/// Answers any statement with three drivers.
+class Drivers : public platform::Connection {
+ public:
+  platform::RecordsetRef Execute(const std::string&) override {
+    auto rows = std::make_shared<platform::MemoryRecordset>();
+    rows->Append("Código", platform::FieldType::kText, 10);
+    rows->Append("Nome", platform::FieldType::kText, 50);
+    rows->Open();
+    for (const auto& [code, name] :
+         {std::pair{"0001", "António Leão"}, {"0012", "Maria-José Santos"}, {"0020", "Zé"}}) {
+      rows->AddNew();
+      rows->Fields("Código").SetValue(code);
+      rows->Fields("Nome").SetValue(name);
+      rows->Update();
+    }
+    return platform::RecordsetRef(std::shared_ptr<platform::Recordset>(rows));
+  }
+};
+
+inline platform::ListaPesquisa DriverLookup() {
+  platform::ListaPesquisa lookup;
+  lookup.Ligacao = platform::MakeRef<Drivers>();
+  lookup.Titulo = "Motoristas";
+  lookup.Carrega();
+  lookup.Coluna(1).Width = 1000;
+  lookup.Coluna(2).Width = 3000;
+  return lookup;
+}
+
+/// A form with one control of each kind and the rules of a record screen: a code that must not be left empty,
+/// a list behind it, Escape that steps back and leaves.
+class SampleForm : public platform::Form {
+ public:
+  SampleForm() {
+    Name = "Amostra";
+    Caption = "Amostra de ficha";
+    code.maxlength = 10;
+    code.Validate = [this](bool& cancel) { cancel = code.Text.empty(); };
+    code.PedidoLista = [this] {
+      code.Text = DriverLookup().Escolhe();
+      SendKeys("{TAB}");
+    };
+    cost.formato_campo = platform::zor_input::kNumero;
+    cost.formato = "###,###.##0";
+    kind.List = {"Terceiros", "Todos os riscos"};
+    date.Value = platform::Date::FromParts(2024, 3, 15);
+    confirm.Caption = "&Confirmar";
+    confirm.Click = [this] { ++confirmed; };
+    fail.Caption = "&Falhar";
+    fail.Click = [] { throw platform::RuntimeError(platform::kTypeMismatch, "Amostra.Gravar"); };
+    leave.Caption = "&Sair";
+    leave.CausesValidation = false;
+    leave.Click = [this] { Unload(); };
+    for (platform::zor_input* field : {&code, &name})
+      field->KeyPress = [this, field](int& key) {
+        if (key != platform::kKeyEscape) return;
+        key = platform::kKeyNone;
+        if (field == &code)
+          Unload();
+        else
+          SendKeys("+{TAB}");
+      };
+    title.Caption = "Código";
+    layout.head.rows = {{{.caption = &title, .field = &code, .description = &description}},
+                        {{.field = &name}},
+                        {{.field = &cost}, {.field = &fuel}},
+                        {{.field = &kind}, {.field = &date}}};
+    layout.actions = {&confirm, &fail, &leave};
+    layout.accent = &confirm;
+    Load();
+  }
+
+  platform::Label title{*this, "Titulo", 0};
+  platform::zor_input code{*this, "Campo", 0};
+  platform::Label description{*this, "Titulo", 1};
+  platform::zor_input name{*this, "Campo", 1};
+  platform::zor_input cost{*this, "Campo", 2};
+  platform::CheckBox fuel{*this, "Check1"};
+  platform::ComboBox kind{*this, "Combo1"};
+  platform::DTPicker date{*this, "DTPicker1"};
+  platform::PushButton confirm{*this, "btConf"};
+  platform::PushButton fail{*this, "btFalhar"};
+  platform::PushButton leave{*this, "btSair"};
+  int confirmed = 0;
+};
+
+}  // namespace desktop_test

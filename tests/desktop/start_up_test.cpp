@@ -1,0 +1,103 @@
+#include "desktop/start_up.h"
+
+#include <gtest/gtest.h>
+
+#include <QFileDialog>
+#include <QImage>
+
+#include "desktop/main_window.h"
+#include "user.h"
+
+namespace desktop_test {
+namespace {
+
+using desktop::OpenOrAsk;
+using desktop::Options;
+using desktop::Reply;
+
+class StartUpTest : public testing::Test {
+ protected:
+  StartUpTest() {
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    EXPECT_TRUE(image.save(picture));
+  }
+
+  void ChooseFile(const QString& file) {
+    desk.script.Next([file](QWidget& window) {
+      auto* dialog = qobject_cast<QFileDialog*>(&window);
+      ASSERT_NE(dialog, nullptr);
+      dialog->selectFile(file);
+      QMetaObject::invokeMethod(dialog, "accept");
+    });
+  }
+
+  Desk desk;
+  const QString picture = desk.folder.filePath("fotografia.png");
+};
+
+TEST_F(StartUpTest, APictureIsNoDatabaseAndTheUserMayLeave) {
+  QFile file(picture);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray before = file.readAll();
+  desk.script.Answer("Sair");
+  EXPECT_EQ(OpenOrAsk(picture, desk.settings, nullptr), nullptr);
+  EXPECT_TRUE(desk.script.boxes[0].contains("Não foi possível abrir a base de dados."));
+  file.seek(0);
+  EXPECT_EQ(file.readAll(), before);
+}
+
+TEST_F(StartUpTest, ANewDatabaseInItsPlaceIsOpenedAndRemembered) {
+  const QString fresh = desk.folder.filePath("nova.db");
+  desk.script.Answer("Criar nova…");
+  ChooseFile(fresh);
+  const auto workspace = OpenOrAsk(picture, desk.settings, nullptr);
+  ASSERT_NE(workspace, nullptr);
+  EXPECT_TRUE(QFile::exists(fresh));
+  EXPECT_EQ(desktop::DatabaseFor({}, desk.settings), fresh);
+  Options named;
+  named.database = "outra.db";
+  EXPECT_EQ(desktop::DatabaseFor(named, desk.settings), "outra.db");
+}
+
+TEST_F(StartUpTest, OpeningAnUnusableFileFromTheWindowKeepsTheDatabaseThatIsOpen) {
+  desktop::MainWindow window(desk.settings);
+  window.Open(std::make_unique<desktop::Workspace>(":memory:"));
+  const auto* before = window.workspace();
+  ChooseFile(picture);
+  desk.script.Answer("OK");
+  QMetaObject::invokeMethod(&window, [&] {
+    for (QAction* action : window.findChildren<QAction*>())
+      if (action->text().startsWith("&Abrir base")) action->trigger();
+  });
+  EXPECT_EQ(window.workspace(), before);
+  EXPECT_NE(window.page(), nullptr);
+}
+
+TEST(OptionsTest, WordsAreReadAndWrongOnesAnswered) {
+  Options options;
+  EXPECT_FALSE(desktop::ReadOptions({"--db", "a.db", "--demo", "--lista", "Marcas"}, options));
+  EXPECT_EQ(options.database, "a.db");
+  EXPECT_TRUE(options.demo);
+  EXPECT_EQ(options.list, "Marcas");
+
+  struct Case {
+    QStringList words;
+    int code;
+    const char* text;
+  };
+  const Case cases[] = {{{"--help"}, 0, "--retrato"},
+                        {{"--version"}, 0, PARVEL_VERSION},
+                        {{"--db"}, 2, "Falta o valor de --db"},
+                        {{"--nada"}, 2, "Não se conhece a opção --nada"}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    const std::optional<Reply> reply = desktop::ReadOptions(c.words, options);
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->exit_code, c.code);
+    EXPECT_TRUE(reply->text.contains(c.text)) << reply->text.toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace desktop_test

@@ -1,0 +1,197 @@
+#include "drivers/motoristas_form.h"
+
+#include <gtest/gtest.h>
+
+#include "drivers/licence_classes.h"
+#include "drivers/motoristas_list.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+const char* const kRemoval = "Vai proceder à anulação do Motorista!\n\rPretende continuar?";
+
+class MotoristasFormTest : public testing::Test {
+ protected:
+  MotoristasFormTest() {
+    testing_support::AddDriver(bd, "1", "Ana");
+    testing_support::AddDriver(bd, "2", "Zé");
+    form.mybd = bd;
+    form.Load();
+  }
+  void GoTo(const std::string& code) {
+    form.UserGoesTo(form.Campo[0]);
+    Type(form.Campo[0], code);
+    form.UserKey(platform::kKeyTab);
+  }
+  Table Names() { return Rows(bd, "SELECT Codigo, Nome FROM zor_Funcionarios ORDER BY Codigo"); }
+  Table Classes() { return Rows(bd, "SELECT Motorista, TipoCarta, DataValidade FROM zor_CartasCond"); }
+
+  testing_support::ScriptedHost host;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Motoristas form;
+};
+
+TEST_F(MotoristasFormTest, AnUnknownCodeBeginsANewDriver) {
+  GoTo("1");
+  EXPECT_EQ(form.Campo[1].Text, "Ana");
+  GoTo("7");
+  EXPECT_EQ(form.Campo[0].Text, "7");
+  EXPECT_EQ(form.Campo[1].Text, "") << "the fields of the last driver are cleared";
+  Type(form.Campo[1], "Nova");
+  form.UserPicksDate(form.DTPicker1[2], Date::FromParts(2030, 1, 2));
+  form.UserSelectsTab(form.SSTab1, 2);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[15]);
+  form.UserPicksDate(form.DTPicker1[6], platform::Variant::Null{});
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Rows(bd,
+                 "SELECT Nome, ValCartaoCid, DataCartaoCid, ValidadePassa, DataValBI FROM zor_Funcionarios "
+                 "WHERE Codigo='7'"),
+            (Table{{"Nova", "02-01-2030", "00:00:00", "NULL", "15-03-2024"}}));
+  EXPECT_EQ(form.Campo[0].Text, "");
+}
+
+TEST_F(MotoristasFormTest, AnEmptyCodeHoldsTheFocus) {
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(MotoristasFormTest, EveryFieldComesBackInItsPlace) {
+  GoTo("1");
+  for (int i = 2; i <= 19; ++i) form.Campo[i].Text = "t" + std::to_string(i);
+  for (int i = 0; i <= 10; ++i) form.DTPicker1[i].Value = Date::FromParts(2025, 1, 1 + i);
+  form.Combo1.ListIndex = 4;
+  form.Check1.Value = 1;
+  Press(form.botoes.btConf);
+  GoTo("1");
+  for (int i = 2; i <= 19; ++i) EXPECT_EQ(form.Campo[i].Text, "t" + std::to_string(i));
+  for (int i = 0; i <= 10; ++i)
+    EXPECT_EQ(form.DTPicker1[i].Value.ToDate(), Date::FromParts(2025, 1, 1 + i)) << i;
+  EXPECT_EQ(form.Combo1.ListIndex, 4);
+  EXPECT_EQ(form.Check1.Value, 1);
+}
+
+TEST_F(MotoristasFormTest, AMoveSavesWhoIsLeft) {
+  GoTo("2");
+  form.Campo[1].Text = "José";
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(form.Campo[0].Text, "2") << "the last driver is saved and shown again";
+  EXPECT_EQ(form.Campo[1].Text, "José");
+  Press(form.botoes.btNavega[0]);
+  EXPECT_EQ(form.Campo[1].Text, "Ana");
+  EXPECT_EQ(Names(), (Table{{"1", "Ana"}, {"2", "José"}}));
+}
+
+TEST_F(MotoristasFormTest, ARemovalClearsTheScreenOnBothAnswers) {
+  GoTo("2");
+  host.ExpectBox(kRemoval, platform::kCancel);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(form.Campo[0].Text, "");
+  EXPECT_EQ(Names().size(), 2U);
+  GoTo("2");
+  host.ExpectBox(kRemoval, platform::kOk);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Names(), (Table{{"1", "Ana"}}));
+}
+
+TEST_F(MotoristasFormTest, LicenceClassesAreTypedPickedAndTakenAway) {
+  GoTo("1");
+  form.UserSelectsTab(form.SSTab1, 1);
+  ASSERT_EQ(form.Grelha.RowCount(), 10);
+  EXPECT_TRUE(form.UserEditsCell(form.Grelha, 0, "15-03-2024")) << "today passes when it is typed";
+  host.ExpectBox("A Data de Validade não pode ser inferior à data dia!");
+  EXPECT_FALSE(form.UserEditsCell(form.Grelha, 1, "14-03-2024"));
+  host.ExpectBox("Data inválida!");
+  EXPECT_FALSE(form.UserEditsCell(form.Grelha, 1, "31-02-2025"));
+
+  form.UserSelectsRow(form.Grelha, 3);
+  EXPECT_TRUE(form.MonthView1.Visible);
+  host.ExpectBox("A data de Validade não pode ser inferior à data dia!");
+  form.UserClicksDate(form.MonthView1, Date::FromParts(2024, 3, 15));
+  EXPECT_FALSE(form.MonthView1.Visible) << "today is too early in the calendar";
+  form.UserSelectsRow(form.Grelha, 4);
+  form.UserClicksDate(form.MonthView1, Date::FromParts(2030, 5, 6));
+  form.UserSelectsRow(form.Grelha, 5);
+  form.UserGoesTo(form.MonthView1);
+  form.MonthView1.Value = Date::FromParts(2024, 3, 1);
+  host.ExpectBox("A Data de Validade não pode ser inferior à data dia!");
+  form.UserKey(platform::kKeyEnter);
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Classes(), (Table{{"1", "0", "15-03-2024"}, {"1", "4", "06-05-2030"}}));
+
+  GoTo("1");
+  EXPECT_EQ(form.Grelha.CellText(4, 0), TiposCarta()[4]);
+  EXPECT_EQ(form.Grelha.CellText(4, 1), "06-05-2030");
+  form.UserSelectsTab(form.SSTab1, 1);
+  form.UserEditsCell(form.Grelha, 4, "");
+  form.UserEditsCell(form.Grelha, 0, "01-01-2031");
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Classes(), (Table{{"1", "0", "01-01-2031"}}));
+  GoTo("2");
+  EXPECT_EQ(form.Grelha.CellText(0, 1), "") << "the classes are the driver's own";
+}
+
+TEST_F(MotoristasFormTest, ThePersonnelLinkDecidesWhoExists) {
+  form.UsaPessoal = true;
+  form.bdSal = bd;
+  host.ExpectBox("Deve preencher o funcionário na aplicação de Pessoal");
+  GoTo("1");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_FALSE(form.Campo[1].Enabled);
+  bd->ExecutarSql(
+      "",
+      "INSERT INTO Func1 (Nfunc, Nome, Morada, Localid, CdPostal, NFiscal, DtNasc, BI, Emissao, "
+      "Telefone, Telemove, Email, Passpo, NUMERO_CARTAO_CIDADAO) VALUES ('9', 'Eva', '', '', '', '', "
+      "'1990.01.01', '', '', '', '', '', '', '')");
+  GoTo("9");
+  EXPECT_EQ(form.Campo[1].Text, "Eva");
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Names().back(), (std::vector<std::string>{"9", "Eva"}));
+}
+
+TEST_F(MotoristasFormTest, TheListButtonOfThePostalCodePicksADriverAllTheSame) {
+  GoTo("1");
+  host.NextLookup("2");
+  Press(form.btLista[7]);
+  EXPECT_EQ(form.Campo[7].Text, "2");
+}
+
+TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
+  class GridForm : public platform::Form {
+   public:
+    SGGrid grid{*this, "Grelha"};
+  } window;
+  VwLstMotoristas list;
+  list.mybd = bd;
+  list.ICrmVwList_GridMaster(&window.grid);
+  list.ICrmVwList_Iniciar();
+  EXPECT_EQ(window.grid.Columns()[1].caption, "Nome");
+  GridRow row = window.grid.RowAt(1);
+  host.NextForm([](platform::Form& shown) {
+    auto& ficha = dynamic_cast<Motoristas&>(shown);
+    EXPECT_EQ(ficha.Campo[1].Text, "Zé");
+    EXPECT_FALSE(ficha.Campo[0].Enabled);
+    EXPECT_EQ(ficha.ActiveControl(), &ficha.Campo[1]);
+    Press(ficha.botoes.btConf);
+    EXPECT_TRUE(ficha.Campo[0].Enabled) << "after a save the ficha is free for the next driver";
+  });
+  list.ICrmVwList_Editar(&row);
+  bd->ExecutarSql("", "INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ('2', 1)");
+  list.ICrmVwList_Remover(&row);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 1);
+  EXPECT_TRUE(Classes().empty());
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
