@@ -166,8 +166,8 @@ class StepByStatements {
 };
 
 std::string StepByStatements::Key(const std::string& compare) {
-  return "sv_left(Matricula || '000000000000000 ', 15) || sv_date_text(Data, 102) COLLATE SERVER " +
-         compare + " 'V100000000000002084.01.30'";
+  return "sv_left(Matricula || '000000000000000 ', 15) || sv_date_text(Data, 102) COLLATE SERVER " + compare +
+         " 'V100000000000002084.01.30'";
 }
 
 long PeakKilobytes() {

@@ -16,7 +16,8 @@ class Rivals {
 
   /// `calls` of each way make one sample.
   template <typename Subject, typename Baseline>
-  void Compare(const std::string& what, double limit, int calls, const Subject& subject, const Baseline& baseline) {
+  void Compare(const std::string& what, double limit, int calls, const Subject& subject,
+               const Baseline& baseline) {
     std::vector<double> subjects;
     std::vector<double> baselines;
     for (int sample = 0; sample < samples_ + kWarmUps; ++sample) {

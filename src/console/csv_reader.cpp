@@ -39,15 +39,15 @@ bool IsNumberLike(std::string_view text) {
 /// What one field tells of the decimal mark: a mark that doesn't stand before exactly three digits, or the
 /// last of two kinds, is one. 0 when it tells nothing.
 char DecimalOf(std::string_view text) {
-  if (!IsNumberLike(text)) return 0;
+  if (!IsNumberLike(text)) return '\0';
   const auto comma = text.rfind(',');
   const auto point = text.rfind('.');
-  if (comma == std::string_view::npos && point == std::string_view::npos) return 0;
+  if (comma == std::string_view::npos && point == std::string_view::npos) return '\0';
   if (comma != std::string_view::npos && point != std::string_view::npos) return comma > point ? ',' : '.';
   const char mark = comma != std::string_view::npos ? ',' : '.';
   const auto at = comma != std::string_view::npos ? comma : point;
   if (std::count(text.begin(), text.end(), mark) > 1) return mark == ',' ? '.' : ',';  // it groups
-  return text.size() - at - 1 == 3 ? 0 : mark;
+  return text.size() - at - 1 == 3 ? '\0' : mark;
 }
 
 char SeparatorOf(std::string_view header) {
@@ -163,7 +163,7 @@ std::string RegionalNumber(std::string_view text, char decimal) {
   const std::string trimmed = platform::Trim(text);
   const auto point = std::min(trimmed.find(decimal), trimmed.size());
   const auto firstDigit = trimmed.find_first_not_of("+-");
-  if (firstDigit == std::string::npos || firstDigit > 1) return {};
+  if (firstDigit > 1) return {};  // nor when there is none
   std::string number = trimmed.substr(0, firstDigit);
   std::size_t sinceGroup = 0;
   bool grouped = false;

@@ -5,6 +5,8 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "console/alerts_command.h"
+#include "console/attachments_command.h"
 #include "console/console_host.h"
 #include "console/demo.h"
 #include "console/import.h"
@@ -33,6 +35,8 @@ struct Options {
   std::string file;
   std::string what;
   bool simulate = false;
+  AlertsOptions alerts;
+  std::int16_t kind = 0;
 };
 
 class Program {
@@ -81,6 +85,20 @@ class Program {
     out_ << result.added << (options_.simulate ? " entrariam, " : " novos, ") << result.known
          << " já existiam, " << result.refused << " recusados\n";
     return result.refused == 0 ? kDone : kRefused;
+  }
+
+  int Alerts() {
+    const std::string& family = options_.alerts.family;
+    if (!family.empty() && !IsAlertFamily(family)) {
+      err_ << "Não há a família «" << family << "». Pode ser: " << AlertFamilyNames() << ".\n";
+      return kUsage;
+    }
+    return PrintAlerts(Open(), options_.alerts, out_, err_);
+  }
+
+  int Attachments() {
+    PrintAttachments(Open(), options_.kind, options_.key, options_.file, out_);
+    return kDone;
   }
 
   int Copy() {
@@ -169,7 +187,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   app.fallthrough();
   Translate(app);
   app.footer(
-      "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco.\n"
+      "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco,\n"
+      "10 há alertas.\n"
       "Sem --db, a base de dados é parvel/frota.db na pasta de dados do utilizador.");
 
   auto* lista = comando("lista", "Mostra uma lista; sem chave, as chaves das listas.");
@@ -177,6 +196,21 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   auto* csv = lista->add_flag("--csv", options.csv, "Em CSV, separado por ponto e vírgula.");
   lista->add_flag("--json", options.json, "Em JSON.")->excludes(csv);
   lista->callback([&] { command = [&] { return program.PrintOneList(); }; });
+
+  auto* alertas = comando("alertas", "Mostra o que está a vencer ou vencido, em todas as listas de alertas.");
+  alertas->add_flag("--json", options.alerts.json, "Em JSON, um membro por família.");
+  alertas->add_option("--familia", options.alerts.family, "Só uma família: " + AlertFamilyNames() + ".")
+      ->type_name("NOME");
+  alertas->add_option("--ics", options.alerts.calendar, "Escreve também um calendário com as datas.")
+      ->type_name("FICHEIRO");
+  alertas->callback([&] { command = [&] { return program.Alerts(); }; });
+
+  auto* anexos = comando("anexos", "Mostra os ficheiros anexados a um registo.");
+  anexos->add_option("tipo", options.kind, "Tipo do registo, um número.")->type_name("")->required();
+  anexos->add_option("código", options.key, "Código do registo.")->type_name("")->required();
+  anexos->add_option("--juntar", options.file, "Anexa antes este ficheiro, pelo seu caminho.")
+      ->type_name("FICHEIRO");
+  anexos->callback([&] { command = [&] { return program.Attachments(); }; });
 
   auto* demo = comando("demo", "Enche uma base de dados vazia com dados de demonstração.");
   demo->callback([&] { command = [&] { return program.Demo(); }; });

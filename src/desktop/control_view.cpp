@@ -15,15 +15,18 @@ namespace desktop {
 
 void ControlView::Sync() {
   QWidget* shown = widget();
-  const bool visible = IsShown(control_);
+  const bool visible = IsShown();
   if (shown->isHidden() == visible) shown->setVisible(visible);
   const QString tip = PlainToolTip(ToQt(control_.ToolTipText));
   if (shown->toolTip() != tip) shown->setToolTip(tip);
   SyncContent();
 }
 
-bool IsShown(const platform::Control& control) {
-  return control.Visible && (control.Container == nullptr || control.Container->Visible);
+/// Frames of pages that aren't turned to are hidden by the form; the widgets keep their places there, so that
+/// the window is large enough for all pages from the start.
+bool ControlView::IsShown() const {
+  const bool elsewhere = tabs_ != nullptr && tabs_->Tab != page_;
+  return control_.Visible && (control_.Container == nullptr || control_.Container->Visible || elsewhere);
 }
 
 std::unique_ptr<ControlView> MakeControlView(platform::Control& control, UserActs& acts, QWidget* parent) {

@@ -37,6 +37,11 @@ class ControlView : public QObject {
   virtual QWidget* focusWidget() const { return widget(); }
   /// Shows what the control holds.
   void Sync();
+  /// Tells that the control stands on a page of tabs.
+  void SetPage(const platform::TabControl* tabs, int page) {
+    tabs_ = tabs;
+    page_ = page;
+  }
 
  protected:
   virtual void SyncContent() = 0;
@@ -44,12 +49,13 @@ class ControlView : public QObject {
   bool IsActive() const { return acts_.form().ActiveControl() == &control_; }
 
  private:
+  bool IsShown() const;
+
   platform::Control& control_;
   UserActs& acts_;
+  const platform::TabControl* tabs_ = nullptr;
+  int page_ = 0;
 };
-
-/// True when neither the control nor the frame it is in is hidden.
-bool IsShown(const platform::Control& control);
 
 /// The view for a control of any kind; null for frames and for kinds that are nothing to look at.
 std::unique_ptr<ControlView> MakeControlView(platform::Control& control, UserActs& acts, QWidget* parent);

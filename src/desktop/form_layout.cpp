@@ -22,7 +22,8 @@ using platform::LayoutRow;
 using platform::PushButton;
 
 bool IsEmpty(const LayoutBlock& block) {
-  return block.grid == nullptr && block.picture == nullptr && block.rows.empty() && block.buttons.empty();
+  return block.grid == nullptr && block.calendar == nullptr && block.picture == nullptr &&
+         block.rows.empty() && block.buttons.empty();
 }
 
 bool IsEmpty(const Layout& layout) {
@@ -59,6 +60,7 @@ template <typename View>
 View* FormLayout::Make(Control* control, QWidget* parent) {
   std::unique_ptr<ControlView> view = MakeControlView(*control, acts_, parent);
   auto* made = dynamic_cast<View*>(view.get());
+  if (view && page_ >= 0) view->SetPage(acts_.form().layout.tabs, page_);
   if (view) views_.push_back(std::move(view));
   return made;
 }
@@ -93,11 +95,13 @@ QWidget* FormLayout::Tabs(const Layout& layout) {
   const int margin = WideGap(window_);
   for (std::size_t i = 0; i < layout.tabs->Captions.size(); ++i) {
     auto* page = new QWidget(tabs);
+    page_ = static_cast<int>(i);
     QLayout* content = Block(i < layout.pages.size() ? layout.pages[i] : LayoutBlock{}, page);
     content->setContentsMargins(margin, margin, margin, margin);
     page->setLayout(content);
     tabs->addTab(page, QString::fromStdString(layout.tabs->Captions[i]));
   }
+  page_ = -1;
   return tabs;
 }
 
@@ -108,6 +112,7 @@ QLayout* FormLayout::Block(const LayoutBlock& block, QWidget* parent) {
   sides->setSpacing(WideGap(window_));
   at_left_ = block.grid == nullptr;
   if (block.grid != nullptr) sides->addWidget(Plain(block.grid, parent), 3);
+  if (block.calendar != nullptr) sides->addWidget(Plain(block.calendar, parent), 0, Qt::AlignTop);
   if (!block.rows.empty()) sides->addLayout(Fields(block, parent), block.grid != nullptr ? 2 : 3);
   if (block.picture != nullptr) sides->addWidget(Plain(block.picture, parent), 2);
   column->addLayout(sides, 1);

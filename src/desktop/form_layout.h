@@ -45,6 +45,7 @@ class FormLayout {
   std::vector<std::unique_ptr<ControlView>> views_;
   std::vector<QWidget*> captions_;  // of the first column of all blocks that begin at the left
   bool at_left_ = true;
+  int page_ = -1;  // of the tabs, while it is laid out
 };
 
 }  // namespace desktop

@@ -92,6 +92,16 @@ QVariant GridModel::BandData(long row, int role) const {
   return band->bold ? QVariant(font) : QVariant();
 }
 
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  const bool edits = index.isValid() && editable_ && *editable_ == static_cast<std::size_t>(index.column());
+  return QAbstractTableModel::flags(index) | (edits ? Qt::ItemIsEditable : Qt::NoItemFlags);
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role != Qt::EditRole || !on_edit || value.toString() == data(index, role).toString()) return false;
+  return on_edit(order_.RowAt(index.row()), value.toString());
+}
+
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const TableColumn& column = source_->Columns()[static_cast<std::size_t>(section)];

@@ -30,11 +30,17 @@ class GridModel : public QAbstractTableModel {
   /// Reads further rows until the time of one idle slice is used; false when all are at hand.
   bool ReadAhead();
 
+  /// The one column that the user can type into; nothing for none.
+  void SetEditable(std::optional<std::size_t> column) { editable_ = column; }
+  /// Told what was typed into a row; false refuses it.
+  std::function<bool(long row, const QString& text)> on_edit;
   std::function<void(const std::exception&)> on_error;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
@@ -43,6 +49,7 @@ class GridModel : public QAbstractTableModel {
 
   std::unique_ptr<TableSource> source_;
   RowOrder order_;
+  std::optional<std::size_t> editable_;
   mutable bool failed_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "desktop/look.h"
 #include "desktop/sources.h"
+#include "desktop/text.h"
 
 namespace desktop {
 namespace {
@@ -24,11 +25,17 @@ GridView::GridView(platform::SGGrid& grid, UserActs& acts, QWidget* parent)
   });
   connect(table_, &TableView::RowOpened, this,
           [this](long row) { this->acts().Act([&] { this->acts().form().UserDoubleClicks(grid_, row); }); });
+  table_->grid().on_edit = [this](long row, const QString& text) {
+    bool taken = false;
+    this->acts().Act([&] { taken = this->acts().form().UserEditsCell(grid_, row, FromQt(text)); });
+    return taken;
+  };
 }
 
 void GridView::SyncContent() {
   if (revision_ != grid_.Revision()) {
     table_->Refresh();
+    table_->SetEditableColumn(grid_.EditableColumn);
     revision_ = grid_.Revision();
   }
   if (table_->CurrentRow() != grid_.Row()) table_->SetCurrentRow(grid_.Row());
@@ -39,11 +46,8 @@ FlexGridView::FlexGridView(platform::MSFlexGrid& grid, UserActs& acts, QWidget* 
     : ControlView(grid, acts), grid_(grid), table_(MakeTable(std::make_unique<FlexSource>(grid), parent)) {
   connect(table_, &TableView::RowChosen, this, [this](long row) {
     if (this->acts().IsSyncing() || row < 0) return;
-    this->acts().Act([&] {
-      if (!this->acts().form().UserGoesTo(grid_)) return;
-      grid_.Row = static_cast<int>(row) + grid_.FixedRows;
-      if (grid_.Click) grid_.Click();
-    });
+    this->acts().Act(
+        [&] { this->acts().form().UserSelectsRow(grid_, static_cast<int>(row) + grid_.FixedRows); });
   });
 }
 

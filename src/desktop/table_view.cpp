@@ -72,6 +72,11 @@ void TableView::SetCurrentRow(long row) {
   setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
 }
 
+void TableView::SetEditableColumn(const std::string& key) {
+  model_->SetEditable(model_->source().FindColumn(key));
+  setEditTriggers(key.empty() ? NoEditTriggers : DoubleClicked | EditKeyPressed | AnyKeyPressed);
+}
+
 void TableView::SetUserWidths(std::map<std::string, float> widths) {
   widths_ = std::move(widths);
   ApplyColumns();

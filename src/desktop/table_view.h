@@ -30,6 +30,9 @@ class TableView : public QTableView {
   /// Chooses a row of the source; one that isn't shown leaves nothing chosen.
   void SetCurrentRow(long row);
 
+  /// The column that the user can type into, by its key; empty for none.
+  void SetEditableColumn(const std::string& key);
+
   /// Widths that the user gave, in twips by the column's key.
   std::map<std::string, float> UserWidths() const { return widths_; }
   void SetUserWidths(std::map<std::string, float> widths);

@@ -52,8 +52,8 @@ void Form::DeliverKeys() {
   }
 }
 
-/// Tells the control of the key; false when it swallowed it. A step back that a handler sent isn't told: it comes
-/// from Escape, which leaves the field unchecked.
+/// Tells the control of the key; false when it swallowed it. A step back that a handler sent isn't told: it
+/// comes from Escape, which leaves the field unchecked.
 bool Form::PressTab() {
   int code = kKeyTab;
   if (active_ != nullptr && active_->KeyPress) active_->KeyPress(code);
@@ -224,6 +224,14 @@ void Form::UserDoubleClicks(SGGrid& grid, long row) {
   UserSelectsRow(grid, row);
   Handling handling(*this);
   if (grid.Row() == row && grid.DoubleClick) grid.DoubleClick(row);
+  DeliverKeys();
+}
+
+void Form::UserSelectsRow(MSFlexGrid& grid, int row) {
+  if (!UserGoesTo(grid)) return;
+  Handling handling(*this);
+  grid.Row = row;
+  if (grid.Click) grid.Click();
   DeliverKeys();
 }
 

@@ -56,6 +56,7 @@ class Form {
   void UserSelectsTab(TabControl& tabs, int index);
   void UserSelectsRow(SGGrid& grid, long row);
   void UserDoubleClicks(SGGrid& grid, long row);
+  void UserSelectsRow(MSFlexGrid& grid, int row);
   /// The user typed a text into the grid's editable column. False when it was refused.
   bool UserEditsCell(SGGrid& grid, long row, const std::string& text);
   /// A command of the grid's context menu, on a row.

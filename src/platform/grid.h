@@ -116,11 +116,11 @@ class SGGrid : public Control {
 
   std::function<void(long row)> RowChange;
   std::function<void(long row)> DoubleClick;
-  std::string EditableColumn;                       // key of the column that the user can type into, if any
+  std::string EditableColumn;  // key of the column that the user can type into, if any
   /// The user typed a text into a cell; Cancel keeps what the cell held.
   std::function<void(long row, const std::string& text, bool& Cancel)> ValidateEdit;
-  PopUpMenu* PopUp = nullptr;                       // the rows' context menu, the form's own
-  std::function<void(long command)> PopUpCommand;   // a command of it was chosen on the current row
+  PopUpMenu* PopUp = nullptr;                      // the rows' context menu, the form's own
+  std::function<void(long command)> PopUpCommand;  // a command of it was chosen on the current row
 
   /// Counts the changes of content and set-up, for whoever draws the grid.
   int Revision() const { return revision_; }

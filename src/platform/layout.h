@@ -24,7 +24,7 @@ using LayoutRow = std::vector<LayoutField>;
 struct LayoutBlock {
   Control* grid = nullptr;
   ShowImg* picture = nullptr;
-  MonthView* calendar = nullptr;         // beside the grid
+  MonthView* calendar = nullptr;  // beside the grid
   std::vector<LayoutRow> rows;
   std::vector<PushButton*> buttons;
 };

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/list_frame.h"
+
+namespace zorCrmParvel {
+
+/// A band's style on the grid.
+struct EstiloDeAlerta {
+  const char* nome;
+  std::uint32_t cor;  // 0xRRGGBB
+};
+
+/// What a list sets on one of its columns beyond the common.
+struct AcertoDeColuna {
+  const char* coluna;
+  const char* formato;  // mask
+  bool escondida;
+  const char* marca;
+};
+
+/// What tells one alert list from another.
+struct ListaDeAlertas {
+  const char* titulo;  // also the head of the error source
+  RecordsetRef (*linhas)(const DataAccessRef& bd);
+  std::vector<EstiloDeAlerta> estilos;
+  std::vector<ColunaDeLista> colunas;
+  std::vector<AcertoDeColuna> acertos;
+  std::vector<platform::FormatCondition> condicoes;  // the first that a row meets colours it
+  const char* chave;                                 // column that holds the key of a row's ficha
+  const char* ficha;                                 // by its name in the catalogue
+  const char* rotina;                                // of the ficha, takes the key
+};
+
+/// What is due, found anew with every start. Rows are coloured by their band and open the ficha of what they
+/// speak of; they can't be added or removed.
+class AlertList : public ListFrame {
+ public:
+  explicit AlertList(const ListaDeAlertas& lista) : lista_(lista) {}
+
+  /// Opens the row's ficha, where it is known, and finds the rows anew.
+  void ICrmVwList_Editar(GridRow* row) override;
+  void ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) override;
+
+ protected:
+  std::string Titulo() const override { return lista_.titulo; }
+  RecordsetRef AbrirLinhas() override { return lista_.linhas(mybd); }
+  const std::vector<ColunaDeLista>& Colunas() const override { return lista_.colunas; }
+  void PreencheGrid(const RecordsetRef& linhas) override;
+
+  /// A column of the grid that is set up without rows.
+  struct ColunaSolta {
+    const char* nome;
+    const char* legenda;
+    float largura;  // twips
+    int limite;     // characters
+    const char* formato = "";
+    bool escondida = false;
+  };
+  /// Sets the master grid up without rows: a heading style, the list's own styles, columns and the bands of
+  /// `Dias`.
+  void PreparaGrelha(const std::vector<ColunaSolta>& colunas);
+  void PreparaGrelhaDeMotoristas();
+
+ private:
+  const ListaDeAlertas& lista_;
+};
+
+class VwLstAlertas : public AlertList {
+ public:
+  VwLstAlertas();
+};
+
+class VwLstAlertasRev : public AlertList {
+ public:
+  VwLstAlertasRev();
+};
+
+class VwLstAlertasViat : public AlertList {
+ public:
+  VwLstAlertasViat();
+};
+
+class VwLstAlertasInsp : public AlertList {
+ public:
+  VwLstAlertasInsp();
+  /// Another set-up of the grid, for hosts that fill it themselves.
+  void Act_GrelhaInsp();
+};
+
+class VwLstAlertasMot : public AlertList {
+ public:
+  VwLstAlertasMot();
+  /// Another set-up of the grid, for hosts that fill it themselves.
+  void Act_GrelhaMot() { PreparaGrelhaDeMotoristas(); }
+};
+
+class VwLstAlertasAcess : public AlertList {
+ public:
+  VwLstAlertasAcess();
+  /// The set-up of the drivers' grid, whose columns aren't those of this list's rows.
+  void Act_GrelhaMot() { PreparaGrelhaDeMotoristas(); }
+};
+
+}  // namespace zorCrmParvel

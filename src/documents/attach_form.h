@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "documents/attach.h"
+#include "host/ficha.h"
+
+namespace zorCrmParvel {
+
+/// The files attached to one record, with a preview of pictures. Whoever opens it sets `mybd`, `Codigo` and
+/// `Tipo` and calls `mostra`.
+class frm_Attach : public Ficha {
+ public:
+  frm_Attach();
+
+  std::string Codigo;     // code of the record
+  std::int16_t Tipo = 0;  // kind of the record
+
+  /// Lists the files and shows the form until the user leaves it.
+  void mostra();
+  /// Members by name: `Codigo`, `Tipo`, `mostra`.
+  void Definir(std::string_view membro, const platform::Variant& valor) override;
+  void Chamar(std::string_view rotina, const platform::Variant& argumento) override;
+
+  platform::MSFlexGrid Grelha;  // row 0 is the heading
+  platform::ShowImg Imagem;
+  platform::PushButton btView;
+  platform::PushButton btAdd;
+  platform::PushButton btRemove;
+  platform::PushButton btExit;
+
+ protected:
+  void Form_Load() override { ids_.clear(); }
+
+ private:
+  void Toolbar1_ButtonClick(std::string_view key);
+  void PreparaEcra();
+  void CarregaInfo();
+  void InsereFicheiro();
+  void Adicionar_Ficheiro(const std::string& ficheiro);
+  void ApagarFicheiros();
+  void PreviewFile();
+  void Grelha_Click();
+  bool TemFicheiroEscolhido();
+
+  clAttach attach_;
+  std::vector<std::int32_t> ids_;  // by the grid's rows
+};
+
+}  // namespace zorCrmParvel

@@ -1,0 +1,248 @@
+// What the user does on the vehicle's ficha: fields left, keys, buttons and tabs.
+#include "host/form_catalog.h"
+#include "host/tools.h"
+#include "platform/host.h"
+#include "platform/text.h"
+#include "vehicles/viaturas_fields.h"
+#include "vehicles/viaturas_form.h"
+#include "vehicles/viaturas_tabs.h"
+
+namespace zorCrmParvel {
+
+using platform::Variant;
+
+void Viaturas::Campo_Validate(int indice, bool& cancel) {
+  if (indice == 0) {
+    if (platform::Trim(Campo[0].Text).empty()) return;
+    viatura_.Matricula = Campo[0].Text;
+    viatura_.bd = mybd;
+    if (viatura_.Ler()) LerTudo();
+  } else if (indice == 3) {
+    CopiarKmIniciais();
+  } else if (indice == 24) {
+    ValidarAno(cancel);
+  } else if (const CodigoDaViatura* codigo = CodigoDoCampo(indice)) {
+    if (codigo->opcional && Campo[indice].Text.empty()) return;
+    const auto tabela = codigo->nova();
+    if (LerReferencia(indice, *tabela)) {
+      Titulo[codigo->titulo].Caption = tabela->Descrição;
+      return;
+    }
+    Tools::Mensagem("", codigo->inexistente, Tools::kAviso);
+    cancel = true;
+  }
+}
+
+/// The odometer starts at the initial km, until the first expense moves it.
+void Viaturas::CopiarKmIniciais() {
+  std::string& actuais = Campo[8].Text;
+  if (Tools::TextoParaMoeda(actuais) == 0) actuais = Campo[3].Text;
+}
+
+void Viaturas::ValidarAno(bool& cancel) {
+  const std::string& texto = Campo[24].Text;
+  if (texto.empty()) {
+    Tools::Mensagem("", "Campo obrigatório!", Tools::kAviso);
+    cancel = true;
+    return;
+  }
+  const platform::Currency ano = Tools::TextoParaMoeda(texto);
+  if (ano >= 1951 && ano < platform::Today().year()) return;
+  Tools::Mensagem("", "Valor inválido!", Tools::kAviso);
+  cancel = true;
+}
+
+void Viaturas::Campo_KeyPress(int indice, int& keyCode) {
+  if (keyCode != platform::kKeyEscape) return;
+  SendKeys("+{TAB}");
+  keyCode = platform::kKeyNone;
+  if (indice == 0) Unload();
+}
+
+void Viaturas::Campo_PedidoFicha(int indice) {
+  const CodigoDaViatura* codigo = CodigoDoCampo(indice);
+  if (codigo == nullptr || codigo->ficha == nullptr) return;
+  const auto ficha = FormCatalog::Shared().Make(codigo->ficha);
+  if (!ficha) return;
+  ficha->mybd = mybd;
+  ficha->Load();
+  ficha->CarregaFicha(Campo[indice].Text);
+  ficha->ShowModal();
+}
+
+void Viaturas::Recomecar() {
+  Limparform();
+  Campo[0].Text.clear();
+  Campo[0].SetFocus();
+}
+
+void Viaturas::btNavega_Click(int indice) {
+  std::string matricula = Campo[0].Text;
+  Navega(indice, matricula);
+  Gravar();
+  CarregaViatura(matricula);
+}
+
+void Viaturas::btAnular_Click() {
+  const std::string pergunta =
+      Tools::DuasFrases("Vai proceder à anulação da Viatura!", "Pretende continuar?");
+  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular();
+  Edicao = false;
+  Recomecar();
+}
+
+void Viaturas::btLista_Click(int indice) {
+  std::string escolha;
+  if (indice == 0) {
+    viatura_.bd = mybd;
+    escolha = viatura_.MostraLista();
+  } else if (const CodigoDaViatura* codigo = CodigoDoCampo(indice)) {
+    const auto tabela = codigo->nova();
+    tabela->bd = mybd;
+    escolha = tabela->MostraLista();
+  }
+  if (escolha.empty()) return Campo[indice].SetFocus();
+  Campo[indice].Text = escolha;
+  Campo[indice].SelectAll();
+  Campo[indice].SetFocus();
+  SendKeys("{TAB}");
+}
+
+void Viaturas::btArquivo_Click(int indice) {
+  // The document classes of DUC, policies, leasing, inspections, revisions, accidents, fines, accessories and
+  // expenses.
+  constexpr std::array<int, 9> kClasses = {300, 304, 307, 302, 301, 305, 306, 308, 303};
+  if (Campo[0].Text.empty()) return;
+  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
+  if (!arquivo) return;
+  arquivo->mybd = mybd;
+  arquivo->Definir("Numero", Campo[0].Text);
+  arquivo->Definir("Tipo", kClasses.at(static_cast<std::size_t>(indice)));
+  arquivo->Load();
+  arquivo->Chamar("mostra", Variant());
+  arquivo->ShowModal();
+}
+
+void Viaturas::PicDel_Click() {
+  viatura_.bd = mybd;
+  viatura_.Matricula = Campo[0].Text;
+  if (viatura_.Foto_Del()) ShowImg1.Clear();
+}
+
+void Viaturas::MostrarSeparador(int indice) {
+  SSTab1.Tab = indice;
+  Separador.Each([=](platform::Frame& frame) { frame.Visible = frame.Index() == indice; });
+}
+
+void Viaturas::SSTab1_Click() {
+  MostrarSeparador(SSTab1.Tab);
+  switch (SSTab1.Tab) {
+    case kIdentificacao:
+      return;
+    case kDUC:
+      return DTPicker1[3].SetFocus();
+    case kLeasing:
+      return Campo[20].SetFocus();
+    case kObs:
+      return Campo[16].SetFocus();
+    default:
+      break;
+  }
+  for (const SeparadorDeEventos& separador : SeparadoresDeEventos())
+    if (separador.indice == SSTab1.Tab) (this->*separador.grelha).SetFocus();
+}
+
+// The tabs of events.
+
+void Viaturas::Act_Grelha(const SeparadorDeEventos& separador) {
+  platform::SGGrid& grelha = this->*separador.grelha;
+  grelha.SetRow(-1);
+  grelha.ClearColumns();
+  grelha.SetRowCount(30);
+  grelha.ClearStyles();
+  platform::GridStyle& titulos = grelha.AddStyle("Heading");
+  titulos.fontName = "Verdana";
+  titulos.fontSize = 8;
+  for (const ColunaDaGrelha& coluna : separador.colunas)
+    grelha.AddColumn(coluna.chave, coluna.titulo, coluna.largura).format = coluna.formato;
+  grelha.AddColumn(kColunaId, kColunaId, 0).hidden = true;
+}
+
+void Viaturas::Ler(const SeparadorDeEventos& separador) {
+  platform::SGGrid& grelha = this->*separador.grelha;
+  const RecordsetRef rs = separador.eventos(mybd, Campo[0].Text);
+  const Row row(*rs);
+  const long linhas = grelha.RowCount();
+  grelha.Redraw = false;
+  grelha.SetRow(-1);
+  grelha.SetRowCount(0);  // drops what another vehicle left; the grid doesn't shrink
+  grelha.SetRowCount(linhas);
+  for (long linha = 0; !rs->Eof(); rs->MoveNext(), ++linha) {
+    if (linha == grelha.RowCount() - 1) grelha.SetRowCount(linha + 2);
+    for (const ColunaDaGrelha& coluna : separador.colunas) {
+      const Variant valor = row.value(coluna.origem);
+      grelha.SetCell(linha, coluna.chave, coluna.converter ? coluna.converter(valor, mybd) : valor);
+    }
+    grelha.SetCell(linha, kColunaId, row.value(separador.origemId));
+  }
+  grelha.Redraw = true;
+  rs->Close();
+  if (separador.indice == kInspeccao) MostrarProximaInspecao();
+}
+
+void Viaturas::LinhaEscolhida(const SeparadorDeEventos& separador, long linha) {
+  if (linha < 0) return;
+  const platform::SGGrid& grelha = this->*separador.grelha;
+  if (grelha.CellText(linha, grelha.ColumnIndex(separador.preenchida)).empty()) return Limpar(separador);
+  Dados(separador, grelha.CellValue(linha, grelha.ColumnIndex(kColunaId)).ToLong());
+}
+
+void Viaturas::Dados(const SeparadorDeEventos& separador, std::int32_t id) {
+  if (!separador.dados(*this, id)) return Limpar(separador);
+  Campo[separador.campoId].Text = std::to_string(id);
+}
+
+void Viaturas::Limpar(const SeparadorDeEventos& separador) {
+  for (int campo : separador.campos) Campo[campo].Text.clear();
+  Campo[separador.campoId].Text.clear();
+  DTPicker1[separador.data].Value = platform::Today();
+  if (separador.indice == kApolices) Combo1.ListIndex = 1;
+  if (separador.indice != kAcessorios) return;
+  Titulo[2].Caption.clear();
+  Titulo[51].Caption.clear();
+}
+
+void Viaturas::Editar(const SeparadorDeEventos& separador) {
+  const auto ficha = FormCatalog::Shared().Make(separador.ficha);
+  if (!ficha) return;
+  const std::string& chave = Campo[separador.campoId].Text;
+  const Variant id = chave.empty() ? std::int32_t{0} : Variant(chave).ToLong();
+  ficha->mybd = mybd;
+  ficha->Definir("TipoMostrar", std::int16_t{1});
+  ficha->Definir("Matricula", Campo[0].Text);
+  ficha->Definir("Seg_Id", id);
+  ficha->Load();
+  ficha->Chamar(separador.carrega, id);
+  ficha->ShowModal();
+
+  Act_Grelha(separador);
+  Ler(separador);
+  MostrarSeparador(separador.indice);
+  aRegressar_ = true;  // the details stay on the event shown last until a row is chosen
+  (this->*separador.grelha).SetFocus();
+  aRegressar_ = false;
+  if (separador.mudaValores) MostrarValores();
+}
+
+/// The figures that events compute: a save writes what the screen shows.
+void Viaturas::MostrarValores() {
+  viatura_.bd = mybd;
+  viatura_.Matricula = Campo[0].Text;
+  if (!viatura_.Ler()) return;
+  for (int campo : {8, 7, 6, 5, 4}) {
+    const auto propriedade = kCamposDaViatura[static_cast<std::size_t>(campo)].numero;
+    Campo[campo].Text = (viatura_.*propriedade).ToText();
+  }
+}
+
+}  // namespace zorCrmParvel

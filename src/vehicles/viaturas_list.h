@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/list_frame.h"
+
+namespace zorCrmParvel {
+
+class Viaturas;
+
+/// The list of all vehicles, those out of service too. A vehicle whose codes are lost is listed without their
+/// names.
+class VwLstViaturas : public ListFrame {
+ public:
+  void ICrmVwList_Editar(GridRow* row) override;
+  void ICrmVwList_Novo() override;
+  void ICrmVwList_Remover(GridRow* row) override;
+  /// Removes a vehicle with its events, after a warning for each kind that it has; an answer but OK keeps
+  /// all. Without events nothing is asked: whoever calls has asked already.
+  void AnularViatura(const std::string& matricula);
+
+ protected:
+  std::string Titulo() const override { return "Viaturas"; }
+  RecordsetRef AbrirLinhas() override;
+  const std::vector<ColunaDeLista>& Colunas() const override;
+
+ private:
+  std::unique_ptr<Viaturas> NovaFicha() const;
+};
+
+}  // namespace zorCrmParvel

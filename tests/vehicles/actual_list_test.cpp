@@ -1,0 +1,135 @@
+#include "vehicles/actual_list.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::Rows;
+using Table = std::vector<std::vector<std::string>>;
+
+class ActualListTest : public testing::Test {
+ protected:
+  class GridForm : public platform::Form {
+   public:
+    SGGrid Grelha{*this, "Grelha"};
+  };
+
+  ActualListTest() {
+    host.clock = platform::Date::FromParts(2024, 4, 10);
+    testing_support::AddVehicle(bd, "A");
+    list.mybd = bd;
+    list.ICrmVwList_GridMaster(&form.Grelha);
+  }
+  void Sql(const std::string& statement) { bd->ExecutarSql("", statement.c_str()); }
+  void Start(std::int16_t tipo) {
+    list.Tipo = tipo;
+    list.ICrmVwList_Iniciar();
+  }
+  void Command(long row, long command = 945) {
+    form.Grelha.SetRow(row);
+    PopUpMenu menu;
+    menu.Command = command;
+    list.ICrmVwList_ExecutePopUpViewListEdit(menu);
+  }
+  std::string Shown(long row, std::size_t column) { return form.Grelha.CellText(row, column); }
+
+  testing_support::ScriptedHost host;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  GridForm form;
+  VwLstActual list;
+};
+
+TEST_F(ActualListTest, ListsWhatIsInServiceAndHasADeviceOrACard) {
+  testing_support::AddVehicle(bd, "B");
+  testing_support::AddVehicle(bd, "C");
+  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1 WHERE Matricula<>'B'");
+  Sql("UPDATE zor_PV_Viaturas SET Inactiva=1 WHERE Matricula='C'");
+  testing_support::AddDriver(bd, "1", "Ana");
+  testing_support::AddDriver(bd, "2", "Rui");
+  Sql("UPDATE zor_Funcionarios SET NoCartaoCondutor='9' WHERE Codigo='2'");
+  Start(1);
+  ASSERT_EQ(list.ICrmVwList_NumeroItens(), 1);
+  EXPECT_EQ(Shown(0, 0), "A");
+  EXPECT_EQ(form.Grelha.Column("DtDescarga").caption, "Próxima Descarga");
+  Start(2);
+  ASSERT_EQ(list.ICrmVwList_NumeroItens(), 1);
+  EXPECT_EQ(Shown(0, 1), "Rui");
+  Start(3);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
+  EXPECT_EQ(form.Grelha.Column("DataSelo").caption, "Pagamento até ");
+  Start(4);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2) << "an unknown kind leaves the grid alone";
+  Sql("UPDATE zor_PV_Viaturas SET Marca='PERDIDA'");
+  Start(3);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 0);
+}
+
+TEST_F(ActualListTest, ADownloadMovesOnFromTheDateShown) {
+  testing_support::AddDriver(bd, "1", "Ana");
+  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, Obs='fica', DtDescarga='2023.01.10'");
+  Sql("UPDATE zor_Funcionarios SET NoCartaoCondutor='9', DtDescarga='2024.02.10'");
+  Start(1);
+  Command(0);
+  EXPECT_EQ(Shown(0, 2), "06-02-2023") << "a late download stays late";
+  EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Viaturas"), (Table{{"fica"}}));
+  Start(2);
+  Command(0);
+  EXPECT_EQ(Shown(0, 2), "08-03-2024");
+  EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_Funcionarios"), (Table{{"Ana"}}));
+  Sql("UPDATE zor_Funcionarios SET DtDescarga=NULL");
+  Start(2);
+  try {
+    Command(0);
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kTypeMismatch);
+  }
+}
+
+TEST_F(ActualListTest, RoadTaxMovesToTheEndOfItsPeriod) {
+  const struct {
+    const char* registered;
+    const char* tax;
+    const char* paid;
+    Table after;  // DataMatricula, DataSelo, SeloPago
+  } cases[] = {
+      {"2015.03.07", "2023.03.31", "1", {{"07-03-2015", "31-03-2025", "False"}}},
+      {"2015.05.07", "2023.05.31", "1", {{"07-05-2015", "31-05-2024", "False"}}},
+      {"2015.05.07", "2024.05.31", "1", {{"07-05-2015", "31-05-2024", "True"}}},
+      {"2015.03.07", "1899.12.30", "1", {{"31-03-2025", "00:00:00", "False"}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.registered) + " " + c.tax);
+    Sql(std::string("UPDATE zor_PV_Viaturas SET DataMatricula='") + c.registered + "', DataSelo='" + c.tax +
+        "', SeloPago=" + c.paid);
+    Start(3);
+    Command(0);
+    EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago FROM zor_PV_Viaturas"), c.after);
+    EXPECT_EQ(Shown(0, 2), c.after[0][1]);
+  }
+}
+
+TEST_F(ActualListTest, OnlyItsCommandOnADataRowDoesAnything) {
+  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, DtDescarga='2024.01.10'");
+  Start(1);
+  Command(-1);
+  Command(0, 901);
+  EXPECT_EQ(Rows(bd, "SELECT DtDescarga FROM zor_PV_Viaturas"), (Table{{"10-01-2024"}}));
+
+  PopUpMenu menu;
+  for (long id : {900, 901, 902, 800}) menu.Add(id, "x");
+  list.ICrmVwList_BeforePopUpViewListEdit(menu);
+  std::string visible;
+  for (const platform::MenuItem& item : menu.Items())
+    if (item.visible) visible += item.caption + std::to_string(item.id);
+  EXPECT_EQ(visible, "Actualizar945");
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

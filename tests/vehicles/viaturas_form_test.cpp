@@ -1,0 +1,324 @@
+#include "vehicles/viaturas_form.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "events/acessorios.h"
+#include "events/inspecoes.h"
+#include "events/multas.h"
+#include "events/revisoes.h"
+#include "events/seguros.h"
+#include "events/sinistros.h"
+#include "host/sistema.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+#include "vehicles/viaturas_tabs.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using platform::Date;
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+constexpr const char* kPlate = "12-AB-34";
+
+class ViaturasFormTest : public testing::Test {
+ protected:
+  ViaturasFormTest() {
+    for (const char* table : {"Marcas", "Modelos", "Categorias", "Departamentos", "Companhias"})
+      bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Codigo, Nome) VALUES ('C1', 'Nome em ",
+                           fixed(table), "')"});
+    form.mybd = bd;
+    form.Load();
+  }
+  void Leave(int field, const std::string& text) {
+    Type(form.Campo[field], text);
+    form.UserKey(platform::kKeyTab);
+  }
+  void OpenLocked(const std::string& plate) {
+    form.Edicao = true;
+    form.CarregaViatura(plate);
+  }
+  template <typename E>
+  void AddEvent() {
+    E evento;
+    evento.bd = bd;
+    evento.Codigo = kPlate;
+    evento.Escrever();
+  }
+  void AddOneOfEachEvent() {
+    testing_support::AddExpenseTypes(bd);
+    testing_support::AddExpense(bd, kPlate, Date::FromParts(2024, 1, 1), "PORTAGEM", "1", "2", 3);
+    AddEvent<clAcessorios>();
+    AddEvent<clSeguros>();
+    AddEvent<clSinistros>();
+    AddEvent<clMultas>();
+    AddEvent<clRevisoes>();
+    AddEvent<clInspecoes>();
+  }
+  Table Plates() { return Rows(bd, "SELECT Matricula FROM zor_PV_Viaturas order by Matricula"); }
+
+  testing_support::ScriptedHost host;  // 15-03-2024
+  Sistema sistema;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Viaturas form;
+};
+
+TEST_F(ViaturasFormTest, AVehicleIsTypedFromNothing) {
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.ActiveControl(), &form.Check1) << "an empty plate is left without a word";
+  form.UserGoesTo(form.Campo[0]);
+  Leave(0, kPlate);
+  Type(form.Campo[1], "c1");
+  host.NextForm([](platform::Form& ficha) { EXPECT_EQ(ficha.Caption, "Marcas"); });
+  form.UserKey(platform::kKeyF4);
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.Titulo[13].Caption, "Nome em Marcas");
+  host.NextLookup("C1");
+  form.UserKey(platform::kKeyF3);
+  EXPECT_EQ(form.Titulo[14].Caption, "Nome em Modelos");
+  EXPECT_EQ(form.ActiveControl(), &form.SSTab1);
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[10]) << "the first field of the first tab";
+  Leave(10, "C1");
+  Leave(13, "C1");
+  Leave(11, "Ana");
+  Leave(3, "12500");
+  EXPECT_EQ(form.Campo[8].Text, "12500");
+  form.UserPicksDate(form.DTPicker1[12], platform::Variant::Null{});
+  form.UserSelectsTab(form.SSTab1, kDUC);
+  EXPECT_EQ(form.ActiveControl(), &form.DTPicker1[3]);
+  form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2020, 2, 10));
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2025, 2, 28));
+  form.UserToggles(form.chkBxSeloPago);
+  Leave(24, "2020");
+  form.UserChooses(form.Combo2, 3);
+  form.UserSelectsTab(form.SSTab1, kLeasing);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[20]);
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[2]) << "no leasing company is needed";
+  Type(form.Campo[22], "350,75");
+  form.UserSelectsTab(form.SSTab1, kObs);
+  Type(form.Campo[16], "nova");
+  form.UserToggles(form.Check1);
+  Press(form.botoes.btConf);
+  EXPECT_EQ(Rows(bd,
+                 "SELECT Matricula, Marca, Modelo, Departamento, Categoria, Responsavel, KmInicial, "
+                 "KmActual, Mensalidade, AnoMatricula, Combustivel, Inactiva, Tacografo, Obs "
+                 "FROM zor_PV_Viaturas"),
+            (Table{{kPlate, "c1", "C1", "C1", "C1", "Ana", "12500", "12500", "350,75", "2020", "3", "1", "0",
+                    "nova"}}));
+  EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago, DtDescarga, DataPrxRev FROM zor_PV_Viaturas"),
+            (Table{{"10-02-2020", "28-02-2025", "True", "00:00:00", "15-03-2024"}}));
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_EQ(form.Campo[0].Text + form.Campo[16].Text + form.Titulo[13].Caption, "");
+  EXPECT_EQ(form.SSTab1.Tab, kIdentificacao);
+
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.Campo[22].Text, "350,75");
+  EXPECT_EQ(form.Campo[22].DisplayText(), "350,75");
+  EXPECT_EQ(form.Campo[8].DisplayText(), "12.500");
+  EXPECT_EQ(form.Titulo[27].Caption, "Nome em Categorias");
+  EXPECT_EQ(form.DTPicker1[12].Value, platform::Variant(Date())) << "shown as it stands";
+  EXPECT_EQ(form.chkBxSeloPago.Value, 1);
+}
+
+TEST_F(ViaturasFormTest, FieldsHoldTheFocusInTheirOwnWords) {
+  const struct {
+    int tab;
+    int field;
+    const char* text;
+    const char* message;  // empty: the field is left
+  } cases[] = {
+      {kIdentificacao, 1, "", "Marca não existente!"},
+      {kIdentificacao, 1, "NADA", "Marca não existente!"},
+      {kIdentificacao, 10, "NADA", "Departamento não existente!"},
+      {kIdentificacao, 12, "NADA", "Modelo não existente!"},
+      {kIdentificacao, 13, "", "Categoria não existente!"},
+      {kLeasing, 20, "NADA", "Companhia não existente!"},
+      {kLeasing, 20, "", ""},
+      {kDUC, 24, "", "Campo obrigatório!"},
+      {kDUC, 24, "1950", "Valor inválido!"},
+      {kDUC, 24, "1951", ""},
+      {kDUC, 24, "2023", ""},
+      {kDUC, 24, "2024", "Valor inválido!"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.text) + c.message);
+    Viaturas ficha;
+    ficha.mybd = bd;
+    ficha.Load();
+    ficha.UserSelectsTab(ficha.SSTab1, c.tab);
+    Type(ficha.Campo[c.field], c.text);
+    if (*c.message != '\0') host.ExpectBox(c.message);
+    ficha.UserKey(platform::kKeyTab);
+    EXPECT_EQ(ficha.ActiveControl() == &ficha.Campo[c.field], *c.message != '\0');
+  }
+  for (const auto& box : host.boxes) EXPECT_EQ(box.style, 64);
+}
+
+TEST_F(ViaturasFormTest, InitialKmBecomeTheCurrentOnesUntilThereAreSome) {
+  const char* cases[][3] = {
+      {"500", "", "500"}, {"500", "0", "500"}, {"500", "0,00", "500"}, {"500", "1", "1"}};
+  for (const auto& [initial, current, after] : cases) {
+    SCOPED_TRACE(current);
+    form.Campo[8].Text = current;
+    form.UserGoesTo(form.Campo[3]);
+    Leave(3, "");
+    form.Campo[8].Text = current;
+    form.UserGoesTo(form.Campo[3]);
+    Leave(3, initial);
+    EXPECT_EQ(form.Campo[8].Text, after);
+  }
+}
+
+TEST_F(ViaturasFormTest, AKnownPlateReplacesWhatIsThereAndANewOneKeepsIt) {
+  testing_support::AddVehicle(bd, kPlate, 700);
+  Type(form.Campo[3], "999");
+  Type(form.Campo[0], "99-ZZ-99");
+  form.UserGoesTo(form.Campo[3]);
+  EXPECT_EQ(form.Campo[3].Text, "999");
+  Type(form.Campo[0], kPlate);
+  form.UserGoesTo(form.Campo[3]);
+  EXPECT_EQ(form.Campo[3].Text, "700");
+  form.UserGoesTo(form.Campo[0]);
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(ViaturasFormTest, ArrowsSaveTheVehicleThatIsLeft) {
+  testing_support::AddVehicle(bd, "A");
+  testing_support::AddVehicle(bd, "B");
+  form.CarregaViatura("A");
+  form.UserSelectsTab(form.SSTab1, kObs);
+  Type(form.Campo[16], "mudada");
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(form.Campo[0].Text, "B");
+  EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Viaturas WHERE Matricula='A'"), (Table{{"mudada"}}));
+  form.Campo[16].Text = "última";
+  Press(form.botoes.btNavega[2]);
+  EXPECT_EQ(form.Campo[0].Text, "B");
+  EXPECT_EQ(form.Campo[16].Text, "última") << "past the last it is saved and read again";
+  Press(form.botoes.btNavega[1]);
+  EXPECT_EQ(form.Campo[0].Text, "A");
+  form.Campo[3].Text = "muitos";
+  EXPECT_THROW(Press(form.botoes.btNavega[3]), platform::RuntimeError);
+  EXPECT_EQ(form.Campo[0].Text + form.Campo[3].Text, "Amuitos") << "a text in a number stops the move";
+  Press(form.botoes.btCancelar);
+  Press(form.botoes.btNavega[0]);
+  EXPECT_EQ(Plates(), (Table{{""}, {"A"}, {"B"}})) << "from an empty screen, an empty vehicle is saved";
+}
+
+TEST_F(ViaturasFormTest, ARemovalWarnsOfEachKindOfEvent) {
+  const char* const warnings[] = {
+      "Existem Acessórios associados à Viatura!", "Existem Apólices associados à Viatura!",
+      "Existem Sinistros associadas à Viatura!",  "Existem Multas associados à Viatura!",
+      "Existem Revisões associadas à Viatura!",   "Existem Gastos associados à Viatura!",
+      "Existem Inspecções associadas à Viatura!"};
+  const auto expect = [&](int oks, bool refused) {
+    host.ExpectBox("Vai proceder à anulação da Viatura!\n\rPretende continuar?", platform::kOk);
+    for (int i = 0; i < oks; ++i) host.ExpectBox(warnings[i], platform::kOk);
+    if (refused) host.ExpectBox(warnings[oks], platform::kCancel);
+  };
+  testing_support::AddVehicle(bd, kPlate);
+  expect(0, false);
+  form.CarregaViatura(kPlate);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Plates().size(), 1U) << "a vehicle without events is only cleared away";
+  EXPECT_EQ(form.Campo[0].Text, "");
+
+  AddOneOfEachEvent();
+  host.ExpectBox("Vai proceder à anulação da Viatura!\n\rPretende continuar?", platform::kCancel);
+  OpenLocked(kPlate);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(form.Campo[0].Text, "") << "cancelling clears, too";
+  EXPECT_TRUE(form.Campo[0].Enabled);
+
+  expect(3, true);
+  form.CarregaViatura(kPlate);
+  Press(form.botoes.btAnular);
+  EXPECT_EQ(Plates().size(), 1U);
+  expect(7, false);
+  form.CarregaViatura(kPlate);
+  Press(form.botoes.btAnular);
+  for (const auto& box : host.boxes) EXPECT_EQ(box.style, 1 + 64 + 256) << "OK and Cancel, the latter first";
+  EXPECT_TRUE(Plates().empty());
+  EXPECT_TRUE(Rows(bd, "SELECT Id FROM zor_PV_Multas").empty());
+}
+
+TEST_F(ViaturasFormTest, OpenedForOneVehicleThePlateIsFixedUntilASave) {
+  testing_support::AddVehicle(bd, kPlate);
+  OpenLocked(kPlate);
+  EXPECT_FALSE(form.Campo[0].Enabled || form.btLista[0].Enabled);
+  EXPECT_NE(form.ActiveControl(), &form.Campo[0]);
+  Press(form.botoes.btCancelar);
+  EXPECT_FALSE(form.Campo[0].Enabled);
+  EXPECT_EQ(form.Campo[0].Text, "");
+  form.CarregaViatura(kPlate);
+  Press(form.botoes.btConf);
+  EXPECT_FALSE(form.Edicao);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  form.Definir("Edicao", true);
+  form.Chamar("CarregaViatura", kPlate);
+  EXPECT_FALSE(form.Campo[0].Enabled);
+  EXPECT_THROW(form.Chamar("CarregaFicha", kPlate), platform::RuntimeError);
+}
+
+TEST_F(ViaturasFormTest, TheRoadTaxFollowsTheMonthOfRegistration) {
+  testing_support::AddVehicle(bd, kPlate);
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataMatricula='2020.05.10', DataSelo=NULL, SeloPago=1");
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2024, 5, 31));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 0) << "a date that is only computed isn't paid";
+
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataSelo='2021.05.31', SeloPago=1");
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2021, 5, 31)) << "an old date is shown";
+  form.UserSelectsTab(form.SSTab1, kDUC);
+  form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2020, 5, 11));
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2024, 5, 31));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 0);
+  form.UserToggles(form.chkBxSeloPago);
+  form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2020, 5, 12));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 1) << "the same day stays paid";
+
+  form.ProximaInspTeste();
+  EXPECT_EQ(form.Titulo[67].Caption, "Próxima Inspecção, até 12-05-2026");
+  EXPECT_EQ(form.Titulo[63].Caption, "Faltam .... 788 dias");
+}
+
+TEST_F(ViaturasFormTest, ThePhotoIsKeptAtOnceAndGoesWithoutAQuestion) {
+  namespace fs = std::filesystem;
+  std::string name = (fs::temp_directory_path() / "parvel-viaturas-XXXXXX").string();
+  const fs::path folder = mkdtemp(name.data());
+  host.temporaryFolder = folder.string() + "/";
+  const std::string file = (folder / "x.jpg").string();
+  platform::WriteFile(file, "imagem");
+  Type(form.Campo[0], kPlate);  // a plate that has no row yet
+  host.AnswerFile(std::nullopt);
+  Press(form.PicAdd);
+  EXPECT_EQ(form.ShowImg1.Shown(), "");
+  host.AnswerFile(file);
+  Press(form.PicAdd);
+  EXPECT_TRUE(platform::FileExists(form.ShowImg1.Shown()));
+  Press(form.botoes.btCancelar);
+  EXPECT_EQ(form.ShowImg1.Shown(), "");
+  testing_support::AddVehicle(bd, kPlate);
+  form.CarregaViatura(kPlate);
+  EXPECT_NE(form.ShowImg1.Shown(), "");
+  Press(form.PicDel);
+  EXPECT_EQ(form.ShowImg1.Shown(), "");
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.ShowImg1.Shown(), "");
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

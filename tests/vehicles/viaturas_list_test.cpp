@@ -1,0 +1,106 @@
+#include "vehicles/viaturas_list.h"
+
+#include <gtest/gtest.h>
+
+#include "events/multas.h"
+#include "host/sistema.h"
+#include "platform/runtime_error.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+#include "vehicles/viaturas_form.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::Press;
+using testing_support::Rows;
+using testing_support::Type;
+using Table = std::vector<std::vector<std::string>>;
+
+class ViaturasListTest : public testing::Test {
+ protected:
+  ViaturasListTest() {
+    for (const char* plate : {"B", "A"}) testing_support::AddVehicle(bd, plate);
+    list.mybd = bd;
+    list.ICrmVwList_GridMaster(&window.grid);
+    list.ICrmVwList_Iniciar();
+  }
+  Table Shown() const {
+    Table rows;
+    for (long row = 0; row < window.grid.RowCount(); ++row) {
+      rows.emplace_back();
+      for (std::size_t i = 0; i < window.grid.Columns().size(); ++i)
+        rows.back().push_back(window.grid.CellText(row, i));
+    }
+    return rows;
+  }
+
+  class Window : public platform::Form {
+   public:
+    SGGrid grid{*this, "Grelha"};
+  };
+  testing_support::ScriptedHost host;
+  Sistema sistema;
+  DataAccessRef bd = testing_support::MemoryDatabase();
+  Window window;
+  VwLstViaturas list;
+};
+
+TEST_F(ViaturasListTest, ShowsEveryVehicleWithTheNamesThatItsCodesHave) {
+  bd->ExecutarSql("",
+                  "UPDATE zor_PV_Viaturas SET Inactiva=1, Responsavel='Ana', Marca='PERDIDA' WHERE "
+                  "Matricula='B'");
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Responsavel=NULL WHERE Matricula='A'");
+  list.ICrmVwList_Iniciar();
+  EXPECT_EQ(Shown(), (Table{{"A", "Renault", "", "", ""}, {"B", "", "", "Ana", ""}}));
+  EXPECT_EQ(window.grid.Column("Responsavel").caption, "Responsável");
+  EXPECT_EQ(sistema.ChavesDasListas().front(), "Viaturas");
+}
+
+TEST_F(ViaturasListTest, OpensAVehicleWithItsPlateFixedAndANewOneFree) {
+  GridRow row = window.grid.RowAt(1);
+  host.NextForm([&](platform::Form& form) {
+    auto& ficha = dynamic_cast<Viaturas&>(form);
+    EXPECT_EQ(ficha.Campo[0].Text, "B");
+    EXPECT_FALSE(ficha.Campo[0].Enabled);
+  });
+  list.ICrmVwList_Editar(&row);
+  host.NextForm([&](platform::Form& form) {
+    auto& ficha = dynamic_cast<Viaturas&>(form);
+    Type(ficha.Campo[0], "C");
+    Press(ficha.botoes.btConf);
+  });
+  list.ICrmVwList_Novo();
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 3) << "the list has been read again";
+}
+
+TEST_F(ViaturasListTest, RemovesWithoutAQuestionUnlessThereAreEvents) {
+  list.ICrmVwList_Remover(nullptr);
+  GridRow group(window.grid, 0, true);
+  list.ICrmVwList_Remover(&group);
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
+  GridRow row = window.grid.RowAt(0);
+  list.ICrmVwList_Remover(&row);
+  EXPECT_EQ(Shown(), (Table{{"B", "Renault", "", "", ""}}));
+
+  testing_support::AddExpenseTypes(bd);
+  testing_support::AddExpense(bd, "B", host.clock, "PORTAGEM", "1", "2", 3);
+  for (const char* table : {"Acessorios", "Seguros", "Sinistros", "Multas", "Revisoes", "Inspecoes"})
+    bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Matricula) VALUES ('B')"});
+  const char* const kinds[] = {"Acessórios", "Apólices", "Sinistros", "Multas",
+                               "Revisões",   "Gastos",   "Inspecções"};
+  for (std::size_t refused : {0U, 3U, 6U, 7U}) {
+    SCOPED_TRACE(refused);
+    EXPECT_EQ(Rows(bd, "SELECT Matricula FROM zor_PV_Viaturas").size(), 1U);
+    for (std::size_t i = 0; i <= refused && i < std::size(kinds); ++i)
+      host.ExpectBox("Existem " + std::string(kinds[i]) + " associados à Viatura!",
+                     i == refused ? platform::kCancel : platform::kOk);
+    list.ICrmVwList_Remover(&row);
+  }
+  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 0);
+  EXPECT_TRUE(Rows(bd, "SELECT Id FROM zor_PV_Sinistros").empty());
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
