@@ -9,8 +9,8 @@ namespace console {
 
 struct AlertsOptions {
   bool json = false;
-  std::string family = {};  // one family alone, by its word; empty for all six
-  std::string calendar;     // file for the calendar of due dates; empty for none
+  std::string family = {};    // one family alone, by its word; empty for all six
+  std::string calendar = {};  // file for the calendar of due dates; empty for none
 };
 
 /// The words that `AlertsOptions::family` takes, for help texts.
