@@ -152,6 +152,7 @@ void FillDemoEvents(const DataAccessRef& bd, const std::vector<std::string>& dri
   while (viatura.LerProximo()) {
     viatura.Ler();
     History(viatura, drivers, dice).Write();
+    viatura.KmPrxRev = viatura.KmActual + Currency(dice.Roll(-2, 40) * 500);
     viatura.CustoTotal = Tools::SomaCustoSemRevisoes(bd, viatura.Matricula);
     viatura.CustoMedioKmT = Tools::CustoPorKm(viatura.CustoTotal, viatura.KmActual);
     viatura.Escrever();

@@ -133,7 +133,6 @@ class Vehicle {
   void PlanAhead() {
     const bool heavy = std::string_view(profile_.categoria).rfind("PES", 0) == 0;
     viatura_.DataPrxRev = today_.AddDays(dice_.Roll(-15, 240));
-    viatura_.KmPrxRev = km_ + kDaysOfHistory * profile_.kmPerDay + dice_.Roll(-2, 20) * 500;
     viatura_.DataPrxInsp = today_.AddDays(dice_.Roll(5, 360));
     viatura_.Tacografo = heavy ? 1 : 0;
     viatura_.DtDescarga = today_.AddDays(dice_.Roll(-4, 27));

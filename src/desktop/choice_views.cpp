@@ -48,6 +48,7 @@ void ComboBoxView::SyncContent() {
 
 TabView::TabView(platform::TabControl& tabs, UserActs& acts, QWidget* parent)
     : ControlView(tabs, acts), tabs_(tabs), shown_(new QTabWidget(parent)) {
+  shown_->setDocumentMode(true);
   connect(shown_, &QTabWidget::currentChanged, this, [this](int index) {
     if (!this->acts().IsSyncing())
       this->acts().Act([&] { this->acts().form().UserSelectsTab(tabs_, index); });

@@ -97,7 +97,11 @@ void PickerView::SyncContent() {
   const QString mask = ToQtDateMask(picker_.CustomFormat);
   if (edit_->displayFormat() != mask) edit_->setDisplayFormat(mask);
   if (edit_->dateTime() != moment) edit_->setDateTime(moment);
-  edit_->setEnabled(picker_.Enabled && (date != nullptr || check_ == nullptr));
+  const bool editable = picker_.Enabled && (date != nullptr || check_ == nullptr);
+  if (edit_->isEnabled() != editable) {
+    edit_->setEnabled(editable);
+    SetLocked(edit_, !editable);
+  }
   if (check_ == nullptr) return;
   check_->setChecked(date != nullptr);
   check_->setEnabled(picker_.Enabled);

@@ -1,5 +1,6 @@
 #include "desktop/form_dialog.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,6 +39,12 @@ int ModelKey(int key) {
     default:
       return platform::kKeyNone;
   }
+}
+
+/// The field in which a cell of a table is typed, and which ends that by itself.
+bool IsCellEditor(const QWidget* widget) {
+  const QWidget* viewport = widget != nullptr ? widget->parentWidget() : nullptr;
+  return viewport != nullptr && qobject_cast<QAbstractItemView*>(viewport->parentWidget()) != nullptr;
 }
 
 }  // namespace
@@ -142,6 +149,7 @@ bool FormDialog::Pressed(ControlView& view) {
 }
 
 bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
+  if (IsCellEditor(focusWidget())) return false;
   const int key = ModelKey(event.key());
   const bool turns = event.key() == Qt::Key_PageDown || event.key() == Qt::Key_PageUp;
   if (turns && event.modifiers() == Qt::ControlModifier) return TurnPage(event.key() == Qt::Key_PageDown);

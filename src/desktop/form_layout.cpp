@@ -49,6 +49,11 @@ Layout PlainColumn(const std::vector<Control*>& controls) {
   return layout;
 }
 
+bool HoldsNotes(const LayoutField& field) {
+  const auto* input = dynamic_cast<const platform::zor_input*>(field.field);
+  return input != nullptr && input->tipo_campo == 1;
+}
+
 /// Fields that may grow to the right, and with the window.
 bool Grows(const QWidget* widget) { return widget->maximumWidth() > widget->minimumWidth(); }
 
@@ -79,10 +84,7 @@ void FormLayout::Build(QLabel* notice) {
   column->setSpacing(Gap(window_));
 
   if (!IsEmpty(layout.head)) {
-    QLayout* head = Block(layout.head, window_);
-    // What stands above the tabs is aligned with what is in them.
-    if (layout.tabs != nullptr) head->setContentsMargins(margin, 0, margin, 0);
-    column->addLayout(head, layout.tabs == nullptr ? 1 : 0);
+    column->addLayout(Block(layout.head, window_), layout.tabs == nullptr ? 1 : 0);
   }
   if (layout.tabs != nullptr) column->addWidget(Tabs(layout), 1);
   AlignCaptions();
@@ -92,12 +94,11 @@ void FormLayout::Build(QLabel* notice) {
 
 QWidget* FormLayout::Tabs(const Layout& layout) {
   QTabWidget* tabs = Make<TabView>(layout.tabs, window_)->tabs();
-  const int margin = WideGap(window_);
   for (std::size_t i = 0; i < layout.tabs->Captions.size(); ++i) {
     auto* page = new QWidget(tabs);
     page_ = static_cast<int>(i);
     QLayout* content = Block(i < layout.pages.size() ? layout.pages[i] : LayoutBlock{}, page);
-    content->setContentsMargins(margin, margin, margin, margin);
+    content->setContentsMargins(0, WideGap(window_), 0, 0);
     page->setLayout(content);
     tabs->addTab(page, QString::fromStdString(layout.tabs->Captions[i]));
   }
@@ -114,8 +115,17 @@ QLayout* FormLayout::Block(const LayoutBlock& block, QWidget* parent) {
   if (block.grid != nullptr) sides->addWidget(Plain(block.grid, parent), 3);
   if (block.calendar != nullptr) sides->addWidget(Plain(block.calendar, parent), 0, Qt::AlignTop);
   if (!block.rows.empty()) sides->addLayout(Fields(block, parent), block.grid != nullptr ? 2 : 3);
-  if (block.picture != nullptr) sides->addWidget(Plain(block.picture, parent), 2);
+  if (block.picture != nullptr) sides->addLayout(Picture(block, parent));
   column->addLayout(sides, 1);
+  if (block.picture == nullptr && !block.buttons.empty()) column->addLayout(Buttons(block.buttons, parent));
+  return column;
+}
+
+/// A picture with the buttons of its block below it.
+QLayout* FormLayout::Picture(const LayoutBlock& block, QWidget* parent) {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(Gap(window_));
+  column->addWidget(Plain(block.picture, parent), 1);
   if (!block.buttons.empty()) column->addLayout(Buttons(block.buttons, parent));
   return column;
 }
@@ -128,9 +138,15 @@ QLayout* FormLayout::Fields(const LayoutBlock& block, QWidget* parent) {
   for (const LayoutRow& row : block.rows) widest = std::max(widest, row.size());
   const int columns = static_cast<int>(widest) * 2;
   int line = 0;
-  for (const LayoutRow& row : block.rows) Row(row, line++, columns, *grid, parent);
+  bool grows = false;
+  for (const LayoutRow& row : block.rows) {
+    Row(row, line, columns, *grid, parent);
+    const bool notes = std::any_of(row.begin(), row.end(), &HoldsNotes);
+    grid->setRowStretch(line++, notes ? 1 : 0);
+    grows = grows || notes;
+  }
   grid->setColumnStretch(columns - 1, 1);
-  grid->setRowStretch(line, 1);
+  if (!grows) grid->setRowStretch(line, 1);
   return grid;
 }
 
@@ -140,7 +156,8 @@ void FormLayout::Row(const LayoutRow& row, int line, int columns, QGridLayout& g
     if (row[i].caption != nullptr) {
       QWidget* caption = Plain(row[i].caption, parent);
       if (column == 0 && at_left_) captions_.push_back(caption);
-      grid.addWidget(caption, line, column, Qt::AlignLeft | Qt::AlignVCenter);
+      grid.addWidget(caption, line, column,
+                     Qt::AlignLeft | (HoldsNotes(row[i]) ? Qt::AlignTop : Qt::AlignVCenter));
     }
     const bool last = i + 1 == row.size();
     grid.addLayout(Field(row[i], parent), line, column + 1, 1, last ? columns - column - 1 : 1);
@@ -153,6 +170,7 @@ QLayout* FormLayout::Field(const LayoutField& field, QWidget* parent) {
   bool grows = field.description != nullptr;
   if (field.field != nullptr) {
     QWidget* shown = Plain(field.field, parent);
+    if (field.caption != nullptr) shown->setAccessibleName(QString::fromStdString(field.caption->Caption));
     const bool wide = Grows(shown) && shown->sizePolicy().horizontalPolicy() == QSizePolicy::Expanding;
     cell->addWidget(shown, wide && !grows ? 1 : 0);
     grows = grows || wide;

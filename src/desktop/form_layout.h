@@ -6,14 +6,11 @@
 
 #include "desktop/control_view.h"
 
-class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QLayout;
 
 namespace desktop {
-
-class ControlViews;
 
 /// Lays a form's controls out by its own description: captions in one column, fields in the next, both
 /// aligned through the whole window. A form without a description gets a plain column of its controls.
@@ -32,6 +29,7 @@ class FormLayout {
   QWidget* Plain(platform::Control* control, QWidget* parent);
 
   QLayout* Block(const platform::LayoutBlock& block, QWidget* parent);
+  QLayout* Picture(const platform::LayoutBlock& block, QWidget* parent);
   QLayout* Fields(const platform::LayoutBlock& block, QWidget* parent);
   void Row(const platform::LayoutRow& row, int line, int columns, QGridLayout& grid, QWidget* parent);
   QLayout* Field(const platform::LayoutField& field, QWidget* parent);

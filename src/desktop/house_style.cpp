@@ -72,6 +72,22 @@ void DrawHeading(const QStyleOption& option, QPainter& painter) {
   painter.fillRect(BottomLine(option.rect), Blend(fill, palette.color(QPalette::Text), 0.35));
 }
 
+/// A page's tab: the one that is turned to stands on a line of the accent, filled where it has the keyboard.
+void DrawTab(const QStyleOption& option, QPainter& painter) {
+  const QPalette& palette = option.palette;
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const QColor window = palette.color(QPalette::Window);
+  if (selected && option.state.testFlag(QStyle::State_HasFocus))
+    painter.fillRect(option.rect, Blend(window, Accent(palette), 0.2));
+  else if (!selected && option.state.testFlag(QStyle::State_MouseOver))
+    painter.fillRect(option.rect, Blend(window, palette.color(QPalette::WindowText), 0.06));
+  const int thick = std::max(2, option.fontMetrics.height() / 7);
+  if (selected)
+    painter.fillRect(option.rect.adjusted(0, option.rect.height() - thick, 0, 0), Accent(palette));
+  else
+    painter.fillRect(BottomLine(option.rect), LineColor(palette));
+}
+
 void DrawBar(const QStyleOption& option, QPainter& painter) {
   painter.fillRect(option.rect, option.palette.window());
   painter.fillRect(BottomLine(option.rect), LineColor(option.palette));
@@ -100,6 +116,8 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       return DrawButton(*option, *painter, IsAccent(widget));
     case PE_PanelButtonTool:
       return DrawToolButton(*option, *painter);
+    case PE_FrameTabBarBase:
+      return painter->fillRect(BottomLine(option->rect), LineColor(option->palette));
     case PE_FrameFocusRect:
     case PE_FrameStatusBarItem:
       return;
@@ -134,6 +152,8 @@ void HouseStyle::drawControl(ControlElement element, const QStyleOption* option,
       return painter->fillRect(option->rect, option->palette.base());
     case CE_ToolBar:
       return DrawBar(*option, *painter);
+    case CE_TabBarTabShape:
+      return DrawTab(*option, *painter);
     case CE_PushButtonLabel: {
       const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
       if (button == nullptr || !IsAccent(widget) || !option->state.testFlag(State_Enabled)) break;
@@ -148,6 +168,7 @@ void HouseStyle::drawControl(ControlElement element, const QStyleOption* option,
 }
 
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  if (metric == PM_TabBarTabShiftVertical) return 0;
   // Headings and cells leave the same room at their sides, so that they stand in one line.
   if (widget != nullptr && metric == PM_HeaderMargin) return Gap(widget);
   if (qobject_cast<const QAbstractItemView*>(widget) != nullptr && metric == PM_FocusFrameHMargin)
@@ -181,6 +202,9 @@ QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option
   QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
   if (widget == nullptr) return result;
   if (type == CT_PushButton) result.rwidth() += Gap(widget);
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (type == CT_LineEdit && frame != nullptr && frame->lineWidth == 0)
+    return result;  // inside another field
   // Fields and buttons side by side are of one height.
   if (type == CT_PushButton || type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox)
     result.setHeight(std::max(result.height(), Em(widget) * 7 / 4));
@@ -208,6 +232,7 @@ QIcon HouseStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, 
 int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
   if (hint == SH_EtchDisabledText) return 0;
+  if (hint == SH_Header_ArrowAlignment) return Qt::AlignRight | Qt::AlignVCenter;
   if (hint == SH_ItemView_ActivateItemOnSingleClick) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);
 }

@@ -13,19 +13,21 @@
 namespace desktop {
 namespace {
 
-constexpr int kWidestField = 46;    // characters; longer texts scroll
-constexpr int kNarrowestField = 4;  // characters
+constexpr int kWidestField = 46;  // characters; longer texts scroll
+constexpr int kNarrowestField = 4;
+constexpr int kNarrowLongField = 24;  // the least that fields for longer texts show
+constexpr int kNumberField = 10;
 constexpr int kNoteLines = 3;
 
-/// A locked field reads like text on paper: no field to type in, but no less legible.
-void LookLocked(QWidget& widget, bool locked) {
-  QPalette palette;
-  if (locked) {
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-    palette.setColor(QPalette::Disabled, QPalette::Text, MutedText(palette));
+/// Several lines, which grow with the window from the few that they begin with.
+class Notes : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+  QSize sizeHint() const override {
+    const int frame = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    return {QPlainTextEdit::sizeHint().width(), fontMetrics().lineSpacing() * kNoteLines + frame};
   }
-  widget.setPalette(palette);
-}
+};
 
 /// A pasted text without the line breaks that a single line can't show.
 QString OneLine(const QString& text) {
@@ -46,22 +48,23 @@ void InputView::MakeLine(QWidget* parent) {
   line_ = new QLineEdit(parent);
   line_->setAcceptDrops(false);
   if (field_.Numeric()) line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  if (field_.maxlength > 0 && field_.maxlength <= kWidestField)
+  if (field_.Numeric() && field_.maxlength == 0)
+    line_->setFixedWidth(WidthFor(kNumberField, line_));
+  else if (field_.maxlength > 0 && field_.maxlength <= kWidestField)
     line_->setFixedWidth(WidthFor(field_.maxlength, line_));
   else
-    line_->setMinimumWidth(WidthFor(kWidestField, line_));
+    line_->setMinimumWidth(WidthFor(kNarrowLongField, line_));
   connect(line_, &QLineEdit::textEdited, this, &InputView::Typed);
   connect(line_, &QLineEdit::selectionChanged, this, &InputView::SelectionMoved);
   connect(line_, &QLineEdit::cursorPositionChanged, this, &InputView::SelectionMoved);
 }
 
 void InputView::MakeNotes(QWidget* parent) {
-  notes_ = new QPlainTextEdit(parent);
+  notes_ = new Notes(parent);
   notes_->setAcceptDrops(false);
   notes_->setTabChangesFocus(true);
-  notes_->setMinimumWidth(WidthFor(kWidestField, notes_));
-  const int frame = 2 * (notes_->frameWidth() + static_cast<int>(notes_->document()->documentMargin()));
-  notes_->setMinimumHeight(notes_->fontMetrics().lineSpacing() * kNoteLines + frame);
+  notes_->setMinimumWidth(WidthFor(kNarrowLongField, notes_));
+  notes_->setMinimumHeight(notes_->sizeHint().height());
   notes_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::MinimumExpanding);
   connect(notes_, &QPlainTextEdit::textChanged, this, [this] {
     if (!acts().IsSyncing()) Typed(notes_->toPlainText());
@@ -117,7 +120,7 @@ void InputView::ShowState(bool editable) {
   QWidget* shown = widget();
   if (shown->isEnabled() == editable) return;
   shown->setEnabled(editable);
-  LookLocked(*shown, !editable);
+  SetLocked(shown, !editable);
 }
 
 void InputView::Typed(const QString& text) {

@@ -97,6 +97,15 @@ QColor LineColor(const QPalette& palette) {
 
 void SetMuted(QWidget* label) { new MutedColor(label); }
 
+void SetLocked(QWidget* field, bool locked) {
+  QPalette palette;
+  if (locked) {
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    palette.setColor(QPalette::Disabled, QPalette::Text, MutedText(palette));
+  }
+  field->setPalette(palette);
+}
+
 void SetTitleFont(QWidget* widget, double factor) {
   QFont font = widget->font();
   font.setPointSizeF(font.pointSizeF() * factor);

@@ -31,6 +31,8 @@ QColor LineColor(const QPalette& palette);
 
 /// Gives a label the muted colour, and keeps it when the palette changes.
 void SetMuted(QWidget* label);
+/// A locked field reads like text on paper: nothing to type into, but no less legible.
+void SetLocked(QWidget* field, bool locked);
 /// Gives a widget a font larger by a factor, and bold.
 void SetTitleFont(QWidget* widget, double factor);
 

@@ -67,18 +67,7 @@ void LookupDialog::Build() {
   connect(choose_, &QPushButton::clicked, this, &LookupDialog::Choose);
 }
 
-/// Columns have the widths that the list gives, or what their first rows need.
 void LookupDialog::SizeToColumns() {
-  std::map<std::string, float> widths;
-  table_->horizontalHeader()->setResizeContentsPrecision(kLines);
-  for (std::size_t column : table_->grid().source().VisibleColumns()) {
-    const int section = static_cast<int>(column);
-    const int needed = static_cast<QAbstractItemView*>(table_)->sizeHintForColumn(section);
-    const int given = table_->columnWidth(section);
-    widths[table_->grid().source().Columns()[column].key] =
-        ToTwips(std::max(given, std::min(needed + Gap(this), given * 2)), this);
-  }
-  table_->SetUserWidths(widths);
   int width = 0;
   for (std::size_t column : table_->grid().source().VisibleColumns())
     width += table_->columnWidth(static_cast<int>(column));

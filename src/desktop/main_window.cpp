@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <functional>
 
 #include "desktop/help_page.h"
 #include "desktop/look.h"
@@ -105,9 +106,9 @@ void MainWindow::Connect() {
 }
 
 void MainWindow::ConnectList() {
-  const auto run = [this](QAction* action, void (ListPage::*verb)()) {
+  const auto run = [this](QAction* action, const std::function<void(ListPage&)>& verb) {
     connect(action, &QAction::triggered, this, [this, verb] {
-      if (page_ != nullptr) (page_->*verb)();
+      if (page_ != nullptr) verb(*page_);
     });
   };
   run(actions_->add, &ListPage::New);

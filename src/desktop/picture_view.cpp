@@ -25,8 +25,8 @@ QPixmap ReadPicture(const QString& file) {
 }  // namespace
 
 PictureFrame::PictureFrame(QWidget* parent) : QWidget(parent) {
-  setMinimumSize(Em(this) * 8, Em(this) * 6);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setMinimumSize(sizeHint());
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
 
 void PictureFrame::Show(QPixmap picture) {
@@ -34,15 +34,18 @@ void PictureFrame::Show(QPixmap picture) {
   update();
 }
 
-QSize PictureFrame::sizeHint() const { return {Em(this) * 16, Em(this) * 12}; }
+QSize PictureFrame::sizeHint() const { return {Em(this) * 14, Em(this) * 6}; }
 
 void PictureFrame::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(LineColor(palette()));
-  painter.setBrush(palette().base());
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  if (picture_.isNull()) return;
-  const QSize size = picture_.size().scaled(this->size() - QSize(2, 2), Qt::KeepAspectRatio);
+  if (picture_.isNull()) {
+    painter.setPen(LineColor(palette()));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(MutedText(palette()));
+    painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Sem imagem"));
+    return;
+  }
+  const QSize size = picture_.size().scaled(this->size(), Qt::KeepAspectRatio);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size),
                      picture_);

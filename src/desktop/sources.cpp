@@ -42,8 +42,12 @@ void GridSource::Refresh() {
 }
 
 QString GridSource::Text(long row, std::size_t column) const { return ToQt(grid_.CellText(row, column)); }
+
+/// Straight from the recordset: the grid would count the rows for each cell.
 platform::Variant GridSource::Value(long row, std::size_t column) const {
-  return grid_.CellValue(row, column);
+  const platform::RecordsetRef& source = grid_.DataSource();
+  if (!source) return grid_.CellValue(row, column);
+  return source->CellAt(static_cast<std::size_t>(row), column).ToVariant();
 }
 
 std::optional<RowBand> GridSource::BandOf(long row) const {

@@ -1,5 +1,8 @@
 #include "desktop/table_control_views.h"
 
+#include <QScrollBar>
+#include <algorithm>
+
 #include "desktop/look.h"
 #include "desktop/sources.h"
 #include "desktop/text.h"
@@ -8,12 +11,21 @@ namespace desktop {
 namespace {
 
 constexpr int kFewestLines = 8;
+constexpr int kWidest = 28;  // in heights of a line
 
 TableView* MakeTable(std::unique_ptr<TableSource> source, QWidget* parent) {
   auto* table = new TableView(std::move(source), false, parent);
   table->setMinimumHeight(Em(table) * kFewestLines);
   table->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   return table;
+}
+
+/// Room for all columns, within reason.
+void KeepColumnsInSight(TableView& table) {
+  int width = 2 * table.frameWidth() + table.verticalScrollBar()->sizeHint().width();
+  for (std::size_t column : table.grid().source().VisibleColumns())
+    width += table.columnWidth(static_cast<int>(column));
+  table.setMinimumWidth(std::min(width, Em(&table) * kWidest));
 }
 
 }  // namespace
@@ -36,6 +48,7 @@ void GridView::SyncContent() {
   if (revision_ != grid_.Revision()) {
     table_->Refresh();
     table_->SetEditableColumn(grid_.EditableColumn);
+    KeepColumnsInSight(*table_);
     revision_ = grid_.Revision();
   }
   if (table_->CurrentRow() != grid_.Row()) table_->SetCurrentRow(grid_.Row());

@@ -1,5 +1,7 @@
 #include "desktop/table_view.h"
 
+#include <QAbstractItemDelegate>
+
 #include <QEvent>
 #include <QHeaderView>
 
@@ -103,17 +105,31 @@ void TableView::ApplyColumns() {
     setColumnHidden(section, columns[i].hidden);
     if (columns[i].hidden) continue;
     const int heading = fontMetrics().horizontalAdvance(columns[i].caption) + 2 * Em(this);
-    const float twips = own != widths_.end() ? own->second : columns[i].width;
-    setColumnWidth(section,
-                   own != widths_.end() ? FromTwips(twips, this) : std::max(heading, FromTwips(twips, this)));
+    const int given = FromTwips(own != widths_.end() ? own->second : columns[i].width, this);
+    setColumnWidth(section, own != widths_.end() ? given : std::max(heading, WideEnough(section, given)));
   }
   const auto& sort = model_->order().sort();
   horizontalHeader()->setSortIndicatorShown(sort.has_value());
+  // Qt points downwards for an ascending order; here the arrow rises with the values.
+  const bool ascending = sort && sort->direction == SortDirection::kAscending;
   if (sort)
-    horizontalHeader()->setSortIndicator(
-        static_cast<int>(sort->column),
-        sort->direction == SortDirection::kAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    horizontalHeader()->setSortIndicator(static_cast<int>(sort->column),
+                                         ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
   arranging_ = false;
+}
+
+// Plates and dates are shown whole even where the list is a little narrow for them; long names are not waited
+// for.
+int TableView::WideEnough(int section, int width) const {
+  constexpr int kRowsLookedAt = 30;
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  int wanted = width;
+  for (int row = 0; row < std::min(kRowsLookedAt, model_->rowCount()); ++row) {
+    const QModelIndex index = model_->index(row, section);
+    wanted = std::max(wanted, itemDelegateForIndex(index)->sizeHint(option, index).width() + 1);
+  }
+  return wanted <= width * 3 / 2 ? wanted : width;
 }
 
 void TableView::ClickedHeading(int section) {

@@ -51,6 +51,7 @@ class TableView : public QTableView {
  private:
   void ApplyColumns();
   void ClickedHeading(int section);
+  int WideEnough(int section, int width) const;
   void ResizedColumn(int section, int width);
   void KeepRow(const std::function<void()>& change);
 

@@ -12,7 +12,6 @@
 namespace zorCrmParvel {
 
 using platform::Currency;
-using platform::PushButton;
 using platform::Variant;
 using platform::zor_input;
 

@@ -120,6 +120,7 @@ Sistema::Sistema() {
 
 std::vector<std::string> Sistema::ChavesDasListas() {
   std::vector<std::string> keys;
+  keys.reserve(kLists.size());
   for (const ListKey& list : kLists) keys.emplace_back(list.key);
   return keys;
 }

@@ -53,10 +53,9 @@ void Statement::Verify() const {
   bool inLiteral = false;
   std::size_t at = 0;
   for (const Value& v : values_) {
-    inLiteral ^= std::count(text_.begin() + static_cast<std::ptrdiff_t>(at),
-                            text_.begin() + static_cast<std::ptrdiff_t>(v.begin), '\'') %
-                     2 !=
-                 0;
+    const auto quotes = std::count(text_.begin() + static_cast<std::ptrdiff_t>(at),
+                                   text_.begin() + static_cast<std::ptrdiff_t>(v.begin), '\'');
+    if (quotes % 2 != 0) inLiteral = !inLiteral;
     if (!StaysInside(v, inLiteral)) Refuse(v);
     at = v.begin + v.length;
   }

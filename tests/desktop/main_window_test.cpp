@@ -203,6 +203,27 @@ TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
             "Código;Designação\r\nCIT;Citroën\r\nMB;Mercedes-Benz\r\nREN;Renault\r\n");
 }
 
+TEST_F(MainWindowTest, ADatabaseThatIsGoneIsToldAndTheWindowGoesOn) {
+  const QString file = desk.folder.filePath("frota.db");
+  window.Open(std::make_unique<Workspace>(file.toStdString()));
+  window.ShowList("Marcas");
+  ASSERT_TRUE(QFile::remove(file));
+  desk.script.Next([this](QWidget& ficha) {
+    desk.script.Answer("OK");
+    Type(ficha, "OPEL");
+    Press(ficha, Qt::Key_Return);
+    Type(ficha, "Opel");
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  });
+  window.actions().add->trigger();
+  ASSERT_FALSE(desk.script.boxes.isEmpty());
+  EXPECT_TRUE(desk.script.boxes[0].contains("já não está no seu lugar"))
+      << desk.script.boxes[0].toStdString();
+  window.actions().reload->trigger();
+  EXPECT_TRUE(window.isEnabled());
+}
+
 TEST(ListPageTest, AListThatCannotBeReadSaysWhyInItsPlace) {
   Desk desk;
   zorCrmParvel::Sistema without_database;
