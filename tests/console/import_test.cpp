@@ -141,7 +141,7 @@ TEST_F(ImportTest, VehiclesAndDriversThatExistStayAsTheyAre) {
       "AA-00-BB;REN;1.500;2020;01-02-2020;1\n"
       "AA-00-CC;NADA;1;2020;01-02-2020;0\n"
       "AA-00-DD;REN;1;2024;01-02-2020;0\n"
-      "AA-00-EE-XXX;REN;1;2020;01-02-2020;0\n"
+      "AA-00-EE-RRR;REN;1;2020;01-02-2020;0\n"
       "AA-00-FF;REN;1;;01-02-2020;0\n";
   const ImportResult result = Import("viaturas", vehicles);
   EXPECT_EQ(result.added, 1);

@@ -55,10 +55,10 @@ TEST_F(CodeTableTest, WritesReadsAndRemoves) {
   Write("ren ", "Renault S.A.");  // the same code to the database: only the name changes
   EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
             (std::vector<std::vector<std::string>>{{"REN", "Renault S.A."}}));
-  marca.Codigo = "XXX";
+  marca.Codigo = "NADA";
   EXPECT_FALSE(marca.Ler());
   EXPECT_EQ(marca.Descrição, "");
-  EXPECT_EQ(marca.Codigo, "XXX");
+  EXPECT_EQ(marca.Codigo, "NADA");
   EXPECT_TRUE(marca.Anular()) << "removing nothing is no failure";
   marca.Codigo = "REN";
   EXPECT_TRUE(marca.Ler());
