@@ -93,6 +93,7 @@ int ShowMessage(QWidget* parent, const QString& text, int style, const QString& 
 
   const std::vector<BoxButton> buttons = ButtonsOf(style);
   std::vector<QPushButton*> shown;
+  shown.reserve(buttons.size());
   for (const BoxButton& button : buttons)
     shown.push_back(box.addButton(QString::fromUtf8(button.text), button.role));
   box.setDefaultButton(shown[DefaultOf(style, shown.size())]);

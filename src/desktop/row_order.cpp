@@ -10,7 +10,6 @@
 namespace desktop {
 namespace {
 
-using platform::Currency;
 using platform::Date;
 using platform::Variant;
 

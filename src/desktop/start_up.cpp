@@ -29,7 +29,7 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   while (true) {
     box.exec();
     if (box.clickedButton() != other && box.clickedButton() != create) return {};
-    const QString file = box.clickedButton() == other ? AskForDatabase(parent) : AskForNewDatabase(parent);
+    QString file = box.clickedButton() == other ? AskForDatabase(parent) : AskForNewDatabase(parent);
     if (!file.isEmpty()) return file;
   }
 }
@@ -38,9 +38,9 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
 
 QString DatabaseFor(const Options& options, const QSettings& settings) {
   if (!options.database.isEmpty()) return options.database;
-  const QString chosen = settings.value(kDatabaseSetting).toString();
+  QString chosen = settings.value(kDatabaseSetting).toString();
   if (!options.demo && !chosen.isEmpty()) return chosen;
-  const QString usual = ToQt(console::DefaultDatabasePath());
+  QString usual = ToQt(console::DefaultDatabasePath());
   return options.demo ? QFileInfo(usual).path() + QLatin1Char('/') + QLatin1String(kDemoFile) : usual;
 }
 
