@@ -100,9 +100,10 @@ QString ListPage::Title() const {
 }
 
 bool ListPage::Can(StandardCommand command) const {
-  if (failure_ || !commands_.Has(command)) return false;
-  return command == kNewCommand ||
-         (command == kPrintCommand ? table_->grid().order().Count() > 0 : table_->CurrentRow() >= 0);
+  if (failure_) return false;
+  // Printing is the window's own affair, whether or not the list offers it in its menu.
+  if (command == kPrintCommand) return table_->grid().order().Count() > 0;
+  return commands_.Has(command) && (command == kNewCommand || table_->CurrentRow() >= 0);
 }
 
 QString ListPage::CountText() const {

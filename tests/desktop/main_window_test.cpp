@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 
@@ -201,6 +202,16 @@ TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
   EXPECT_EQ(file.readAll().toStdString(),
             "\xEF\xBB\xBF"
             "Código;Designação\r\nCIT;Citroën\r\nMB;Mercedes-Benz\r\nREN;Renault\r\n");
+}
+
+TEST_F(MainWindowTest, AWorkListOffersItsOwnCommandInsteadOfTheStandardOnes) {
+  window.ShowList("Selo");
+  EXPECT_FALSE(window.actions().add->isEnabled());
+  EXPECT_FALSE(Message().button()->isVisible());
+  Q_EMIT window.actions().record_menu->aboutToShow();
+  QStringList commands;
+  for (const QAction* action : window.actions().record_menu->actions()) commands << action->text();
+  EXPECT_TRUE(commands.contains("Actualizar")) << commands.join(", ").toStdString();
 }
 
 TEST_F(MainWindowTest, ADatabaseThatIsGoneIsToldAndTheWindowGoesOn) {
