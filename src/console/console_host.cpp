@@ -1,6 +1,5 @@
 #include "console/console_host.h"
 
-#include <ctime>
 #include <filesystem>
 #include <ostream>
 
@@ -37,12 +36,6 @@ void ConsoleHost::OpenDocument(const std::string& path) { messages_ << path << '
 
 std::string ConsoleHost::TemporaryFolder() { return std::filesystem::temp_directory_path().string() + "/"; }
 
-platform::Date ConsoleHost::Now() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return platform::Date::FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
-                                   local.tm_min, std::min(local.tm_sec, 59));
-}
+platform::Date ConsoleHost::Now() { return platform::SystemTime(); }
 
 }  // namespace console

@@ -4,7 +4,9 @@
 #include <unordered_map>
 
 #include "console/import.h"
+#include "events/expense_figures.h"
 #include "platform/runtime_error.h"
+#include "vehicles/viaturas.h"
 
 namespace console {
 
@@ -44,5 +46,25 @@ class Codes {
 inline void RefuseApostrophe(const char* column, const std::string& text) {
   if (text.find('\'') != std::string::npos) throw Refusal{column, "Não pode ter apóstrofos."};
 }
+
+/// The plates of a file, each looked up once.
+class Plates {
+ public:
+  explicit Plates(const zorCrmParvel::DataAccessRef& bd) { vehicle_.bd = bd; }
+  /// Throws Refusal unless the vehicle exists.
+  void Require(const std::string& plate) {
+    RefuseApostrophe("Matricula", plate);
+    const auto [place, fresh] = known_.try_emplace(plate, false);
+    if (fresh) {
+      vehicle_.Matricula = plate;
+      place->second = vehicle_.Ler();
+    }
+    if (!place->second) throw Refusal{"Matricula", zorCrmParvel::RegrasDeGastos::kViaturaInexistente};
+  }
+
+ private:
+  zorCrmParvel::clViaturas vehicle_;
+  std::unordered_map<std::string, bool> known_;
+};
 
 }  // namespace console

@@ -81,7 +81,8 @@ struct EventImport {
 template <typename Entity>
 class EventTarget : public ImportTarget {
  public:
-  EventTarget(const DataAccessRef& bd, EventImport<Entity> import) : bd_(bd), import_(std::move(import)) {
+  EventTarget(const DataAccessRef& bd, EventImport<Entity> import)
+      : bd_(bd), import_(std::move(import)), plates_(bd) {
     columns_ = {{"Matricula", ColumnKind::kText, 10, true}, {import_.date, ColumnKind::kDate, 0, true}};
     if (import_.notes != nullptr) columns_.push_back({import_.notes, ColumnKind::kText, 150});
     for (const auto& field : import_.fields) columns_.push_back(field.column);
@@ -90,8 +91,7 @@ class EventTarget : public ImportTarget {
   const std::vector<ImportColumn>& Columns() const override { return columns_; }
 
   Outcome Store(const ImportRow& row) override {
-    RefuseApostrophe("Matricula", row.text("Matricula"));
-    if (!HasVehicle(row.text("Matricula"))) throw Refusal{"Matricula", "Viatura não existente!"};
+    plates_.Require(row.text("Matricula"));
     Entity event;
     event.bd = bd_;
     event.Codigo = row.text("Matricula");
@@ -119,17 +119,6 @@ class EventTarget : public ImportTarget {
   }
 
  private:
-  bool HasVehicle(const std::string& plate) {
-    const auto [place, fresh] = vehicles_.try_emplace(plate, false);
-    if (fresh) {
-      clViaturas viatura;
-      viatura.bd = bd_;
-      viatura.Matricula = plate;
-      place->second = viatura.Ler();
-    }
-    return place->second;
-  }
-
   void CheckCode(const CodeRule<Entity>& rule, const ImportRow& row, const Entity& event) {
     if (!row.given(rule.column)) return;
     const std::string& code = event.*rule.code;
@@ -166,7 +155,7 @@ class EventTarget : public ImportTarget {
   DataAccessRef bd_;
   EventImport<Entity> import_;
   std::vector<ImportColumn> columns_;
-  std::unordered_map<std::string, bool> vehicles_;
+  Plates plates_;
   std::unordered_map<std::string, bool> codes_;
   std::set<std::string> touched_;
 };

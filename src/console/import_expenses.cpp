@@ -17,7 +17,9 @@ using platform::Currency;
 
 class ExpenseTarget : public ImportTarget {
  public:
-  explicit ExpenseTarget(const DataAccessRef& bd) : bd_(bd), drivers_(bd), trips_(bd) { gasto_.bd = bd; }
+  explicit ExpenseTarget(const DataAccessRef& bd) : bd_(bd), plates_(bd), drivers_(bd), trips_(bd) {
+    gasto_.bd = bd;
+  }
 
   const std::vector<ImportColumn>& Columns() const override {
     static const std::vector<ImportColumn> columns = {{"Matricula", ColumnKind::kText, 10, true},
@@ -34,9 +36,9 @@ class ExpenseTarget : public ImportTarget {
   }
 
   Outcome Store(const ImportRow& row) override {
-    for (const char* column : {"Matricula", "TipoGasto"}) RefuseApostrophe(column, row.text(column));
+    RefuseApostrophe("TipoGasto", row.text("TipoGasto"));
     const Type& type = TypeOf(row.text("TipoGasto"));
-    if (!HasVehicle(row.text("Matricula"))) throw Refusal{"Matricula", RegrasDeGastos::kViaturaInexistente};
+    plates_.Require(row.text("Matricula"));
     if (!type.exists) throw Refusal{"TipoGasto", RegrasDeGastos::kTipoInexistente};
     if (row.given("Motorista"))
       drivers_.Require("Motorista", row.text("Motorista"), RegrasDeGastos::kMotoristaInexistente);
@@ -71,17 +73,6 @@ class ExpenseTarget : public ImportTarget {
       place->second.exists = tipo.Ler();
       place->second.fuel = tipo.Combustivel == 1;
       place->second.price = tipo.CustoUnit;
-    }
-    return place->second;
-  }
-
-  bool HasVehicle(const std::string& plate) {
-    const auto [place, fresh] = vehicles_.try_emplace(plate, false);
-    if (fresh) {
-      clViaturas viatura;
-      viatura.bd = bd_;
-      viatura.Matricula = plate;
-      place->second = viatura.Ler();
     }
     return place->second;
   }
@@ -135,10 +126,10 @@ class ExpenseTarget : public ImportTarget {
 
   DataAccessRef bd_;
   clGastos gasto_;
+  Plates plates_;
   Codes<clMotoristas> drivers_;
   Codes<clViagens> trips_;
   std::unordered_map<std::string, Type> types_;
-  std::unordered_map<std::string, bool> vehicles_;
   std::set<std::string> touched_;
 };
 

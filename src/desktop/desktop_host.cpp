@@ -1,7 +1,6 @@
 #include "desktop/desktop_host.h"
 
 #include <QApplication>
-#include <QDateTime>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -108,10 +107,6 @@ std::string DesktopHost::TemporaryFolder() {
   return FromQt(temporary_->path()) + "/";
 }
 
-platform::Date DesktopHost::Now() {
-  const QDateTime now = QDateTime::currentDateTime();
-  return platform::Date::FromParts(now.date().year(), now.date().month(), now.date().day(), now.time().hour(),
-                                   now.time().minute(), now.time().second());
-}
+platform::Date DesktopHost::Now() { return platform::SystemTime(); }
 
 }  // namespace desktop

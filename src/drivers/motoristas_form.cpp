@@ -1,7 +1,6 @@
 #include "drivers/motoristas_form.h"
 
 #include "drivers/licence_classes.h"
-#include "host/form_catalog.h"
 #include "host/tools.h"
 #include "platform/format.h"
 #include "platform/host.h"
@@ -172,20 +171,7 @@ void Motoristas::Recomecar() {
 void Motoristas::Navega(int indice, std::string& codigo) {
   motorista_.Codigo = codigo;
   motorista_.bd = mybd;
-  switch (indice) {
-    case 0:
-      motorista_.LerPrimeiro();
-      break;
-    case 1:
-      motorista_.LerAnterior();
-      break;
-    case 2:
-      motorista_.LerProximo();
-      break;
-    default:
-      motorista_.LerUltimo();
-      break;
-  }
+  LerPelaSeta(motorista_, indice);
   codigo = motorista_.Codigo;
 }
 
@@ -215,17 +201,7 @@ void Motoristas::btLista_Click(int indice) {
   SendKeys("{TAB}");
 }
 
-void Motoristas::btArquivo_Click() {
-  if (Campo[0].Text.empty()) return;
-  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
-  if (!arquivo) return;
-  arquivo->mybd = mybd;
-  arquivo->Definir("Numero", Campo[0].Text);
-  arquivo->Definir("Tipo", 320);
-  arquivo->Load();
-  arquivo->Chamar("mostra", Variant());
-  arquivo->ShowModal();
-}
+void Motoristas::btArquivo_Click() { AbrirArquivo(Campo[0].Text, 320); }
 
 void Motoristas::Campo_Validate(int indice, bool& cancel) {
   if (indice != 0) return;

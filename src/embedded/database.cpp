@@ -1,8 +1,5 @@
 #include "embedded/database.h"
 
-#include <chrono>
-#include <ctime>
-
 #include "embedded/database_file.h"
 #include "embedded/engine.h"
 #include "embedded/schema.h"
@@ -13,14 +10,6 @@ extern const char* const kTables;
 
 namespace embedded {
 namespace {
-
-platform::Date LocalTime() {
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm parts{};
-  localtime_r(&now, &parts);
-  return platform::Date::FromParts(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
-                                   parts.tm_min, std::min(parts.tm_sec, 59));
-}
 
 class EngineConnection : public platform::Connection {
  public:
@@ -43,7 +32,7 @@ std::shared_ptr<Database> Database::Open(const std::string& path, OpenOptions op
   SqliteConnection connection = OpenDatabaseFile(path, tables.version, options.busyTimeout);
   BringUpToDate(connection, tables, path);
   UseWriteAheadLog(connection);
-  Clock clock = options.clock ? std::move(options.clock) : Clock(&LocalTime);
+  Clock clock = options.clock ? std::move(options.clock) : Clock(&platform::SystemTime);
   auto engine =
       std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog), std::move(clock));
   return std::shared_ptr<Database>(new Database(std::move(engine)));

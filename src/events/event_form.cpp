@@ -148,20 +148,7 @@ void EventForm::Navega(int indice, std::int32_t& id) {
   entidade_->Codigo = Campo[0].Text;
   entidade_->Data = DTPicker1.Value.ToDate();
   entidade_->bd = mybd;
-  switch (indice) {
-    case 0:
-      entidade_->LerPrimeiro();
-      break;
-    case 1:
-      entidade_->LerAnterior();
-      break;
-    case 2:
-      entidade_->LerProximo();
-      break;
-    default:
-      entidade_->LerUltimo();
-      break;
-  }
+  LerPelaSeta(*entidade_, indice);
   id = entidade_->Id;
 }
 
@@ -188,17 +175,7 @@ void EventForm::btAnular_Click() {
   Recomecar();
 }
 
-void EventForm::btArquivo_Click() {
-  if (Campo[0].Text.empty()) return;
-  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
-  if (!arquivo) return;
-  arquivo->mybd = mybd;
-  arquivo->Definir("Numero", Campo[0].Text);
-  arquivo->Definir("Tipo", textos_.classeArquivo);
-  arquivo->Load();
-  arquivo->Chamar("mostra", Variant());
-  arquivo->ShowModal();
-}
+void EventForm::btArquivo_Click() { AbrirArquivo(Campo[0].Text, textos_.classeArquivo); }
 
 void EventForm::ListaDosEventos() {
   entidade_->bd = mybd;

@@ -1,5 +1,7 @@
 #include "host/ficha.h"
 
+#include "host/form_catalog.h"
+
 namespace zorCrmParvel {
 
 using platform::PushButton;
@@ -14,6 +16,18 @@ void Ficha::Definir(std::string_view membro, const platform::Variant&) {
 void Ficha::Chamar(std::string_view rotina, const platform::Variant& argumento) {
   if (rotina != "CarregaFicha") throw RuntimeError(platform::kNoSuchMember, Name + "." + std::string(rotina));
   CarregaFicha(argumento.ToText());
+}
+
+void Ficha::AbrirArquivo(const std::string& numero, int tipo) {
+  if (numero.empty()) return;
+  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
+  if (!arquivo) return;
+  arquivo->mybd = mybd;
+  arquivo->Definir("Numero", numero);
+  arquivo->Definir("Tipo", tipo);
+  arquivo->Load();
+  arquivo->Chamar("mostra", platform::Variant());
+  arquivo->ShowModal();
 }
 
 BotoesDaFicha::BotoesDaFicha(platform::Form& form)

@@ -19,7 +19,24 @@ class Ficha : public platform::Form {
   virtual void Definir(std::string_view membro, const platform::Variant& valor);
   /// Calls a public routine by its name. Error 438 when the ficha has none of this name.
   virtual void Chamar(std::string_view rotina, const platform::Variant& argumento);
+
+ protected:
+  /// Shows the digital archive of a record, by its code and kind. Does nothing without a code.
+  void AbrirArquivo(const std::string& numero, int tipo);
 };
+
+/// The read behind an arrow button: first, previous, next, last by its number. Other numbers read nothing.
+template <typename Entity>
+void LerPelaSeta(Entity& entidade, int indice) {
+  if (indice == 0)
+    entidade.LerPrimeiro();
+  else if (indice == 1)
+    entidade.LerAnterior();
+  else if (indice == 2)
+    entidade.LerProximo();
+  else if (indice == 3)
+    entidade.LerUltimo();
+}
 
 /// The buttons that every ficha has, with their texts: four arrows, and the row that confirms, cancels,
 /// removes and leaves. A ficha gives them their handlers.

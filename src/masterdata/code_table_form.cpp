@@ -108,22 +108,7 @@ void CodeTableForm::Gravar() {
 void CodeTableForm::Navega(int index, std::string& codigo) {
   entidade_->Codigo = codigo;
   entidade_->bd = mybd;
-  switch (index) {
-    case 0:
-      entidade_->LerPrimeiro();
-      break;
-    case 1:
-      entidade_->LerAnterior();
-      break;
-    case 2:
-      entidade_->LerProximo();
-      break;
-    case 3:
-      entidade_->LerUltimo();
-      break;
-    default:
-      break;
-  }
+  LerPelaSeta(*entidade_, index);
   codigo = entidade_->Codigo;
 }
 

@@ -1,8 +1,10 @@
 #include "platform/date.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 #include "platform/regional.h"
@@ -139,6 +141,14 @@ std::string Date::ToText() const {
                                                      "%s%02d:%02d:%02d", blank, hour(), minute(), second()));
   }
   return {text.data(), length};
+}
+
+Date SystemTime() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return Date::FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
+                         std::min(local.tm_sec, 59));  // a leap second isn't a time of the day
 }
 
 std::int64_t DaysBetween(Date a, Date b) { return b.days() - a.days(); }

@@ -51,6 +51,8 @@ class Date {
   std::int64_t seconds_ = 0;
 };
 
+/// The computer's clock, in local time.
+Date SystemTime();
 /// Midnights from `a` to `b`, signed; the time of day does not count.
 std::int64_t DaysBetween(Date a, Date b);
 /// A date compared with one of the texts "00:00:00" or "30-12-1899": both are faces of the zero date.

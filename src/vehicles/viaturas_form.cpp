@@ -152,22 +152,7 @@ void Viaturas::Gravar() {
 void Viaturas::Navega(int indice, std::string& matricula) {
   viatura_.Matricula = matricula;
   viatura_.bd = mybd;
-  switch (indice) {
-    case 0:
-      viatura_.LerPrimeiro();
-      break;
-    case 1:
-      viatura_.LerAnterior();
-      break;
-    case 2:
-      viatura_.LerProximo();
-      break;
-    case 3:
-      viatura_.LerUltimo();
-      break;
-    default:
-      break;
-  }
+  LerPelaSeta(viatura_, indice);
   matricula = viatura_.Matricula;
 }
 

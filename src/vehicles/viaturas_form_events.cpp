@@ -112,15 +112,7 @@ void Viaturas::btArquivo_Click(int indice) {
   // The document classes of DUC, policies, leasing, inspections, revisions, accidents, fines, accessories and
   // expenses.
   constexpr std::array<int, 9> kClasses = {300, 304, 307, 302, 301, 305, 306, 308, 303};
-  if (Campo[0].Text.empty()) return;
-  const auto arquivo = FormCatalog::Shared().Make("frmArquivo");
-  if (!arquivo) return;
-  arquivo->mybd = mybd;
-  arquivo->Definir("Numero", Campo[0].Text);
-  arquivo->Definir("Tipo", kClasses.at(static_cast<std::size_t>(indice)));
-  arquivo->Load();
-  arquivo->Chamar("mostra", Variant());
-  arquivo->ShowModal();
+  AbrirArquivo(Campo[0].Text, kClasses.at(static_cast<std::size_t>(indice)));
 }
 
 void Viaturas::PicDel_Click() {
