@@ -1,6 +1,7 @@
--- versão 1
+-- versão 2
 --
--- The tables of the fleet module, for both engines: run by the embedded engine on a new file, or by hand on a server.
+-- The tables of the fleet module, for both engines: run by the embedded engine on a new file, by `parvel
+-- esquema` on a server.
 -- On a server the database needs a collation that ignores case and keeps accents.
 --
 -- Only keys are NOT NULL: rows come from other programs as well. There are no foreign keys, since a code may be

@@ -120,15 +120,16 @@ bool CsvReader::ReadRow(std::vector<std::string>& row) {
     row.push_back(ToUtf8(std::move(field)));
     field.clear();
   };
-  for (int c = file_.get(); c != std::istream::traits_type::eof(); c = file_.get()) {
+  std::streambuf& file = *file_.rdbuf();
+  for (int c = file.sbumpc(); c != std::istream::traits_type::eof(); c = file.sbumpc()) {
     any = true;
     const char letter = static_cast<char>(c);
     if (letter == '\n') ++line_;
     if (quoted) {
       if (letter != '"')
         field += letter;
-      else if (file_.peek() == '"')
-        field += static_cast<char>(file_.get());
+      else if (file.sgetc() == '"')
+        field += static_cast<char>(file.sbumpc());
       else
         quoted = false;
     } else if (letter == '"' && field.empty()) {

@@ -4,6 +4,7 @@
 
 #include "embedded/server_error.h"
 #include "embedded/sqlite.h"
+#include "embedded/value_kind.h"
 #include "platform/text.h"
 
 namespace embedded {
@@ -23,6 +24,22 @@ std::string KeySql(std::vector<DeclaredColumn> columns) {
   std::string key;
   for (const DeclaredColumn& column : columns) key += (key.empty() ? "" : ", ") + QuotedName(column.name);
   return key.empty() ? "" : ", PRIMARY KEY (" + key + ")";
+}
+
+bool IsWalk(const tsql::Table& table, const tsql::Index& index) {
+  const auto kindAt = [&](std::size_t i) { return KindOf(table.Find(index.columns[i])->type.base); };
+  return index.columns.size() == 2 && kindAt(0) == Kind::kText && kindAt(1) == Kind::kDate;
+}
+
+/// As the statements of the walk compile, for SQLite to know it again.
+std::string WalkKey(const tsql::Index& index) {
+  return "(sv_left((" + QuotedName(index.columns[0]) + " || '000000000000000 '), 15) || sv_date_text(" +
+         QuotedName(index.columns[1]) + ", 102)) COLLATE SERVER";
+}
+
+std::string CreateIndexSql(const std::string& create, const std::string& name, const std::string& table,
+                           const std::string& terms) {
+  return create + QuotedName(name) + " ON " + QuotedName(table) + " (" + terms + ")";
 }
 
 }  // namespace
@@ -56,12 +73,17 @@ std::string CreateTableSql(const std::string& table, const std::vector<DeclaredC
   return "CREATE TABLE " + QuotedName(table) + " (" + list + KeySql(columns) + ")";
 }
 
-std::string CreateIndexSql(const tsql::Index& index) {
+std::vector<SqliteIndex> SqliteIndexes(const tsql::Table& table, const tsql::Index& index) {
   std::string columns;
   for (const std::string& column : index.columns)
     columns += (columns.empty() ? "" : ", ") + QuotedName(column);
-  return std::string(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + QuotedName(index.name) +
-         " ON " + QuotedName(index.table) + " (" + columns + ")";
+  const std::string unique = index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
+  std::vector<SqliteIndex> indexes{{index.name, CreateIndexSql(unique, index.name, table.name, columns)}};
+  if (IsWalk(table, index)) {
+    const std::string name = index.name + "_Percurso";
+    indexes.push_back({name, CreateIndexSql("CREATE INDEX ", name, table.name, WalkKey(index))});
+  }
+  return indexes;
 }
 
 }  // namespace embedded

@@ -18,12 +18,19 @@ struct DeclaredColumn {
   friend bool operator==(const DeclaredColumn&, const DeclaredColumn&) = default;
 };
 
+struct SqliteIndex {
+  std::string name;
+  std::string sql;  // creates it
+};
+
 /// The columns of a table of the catalogue. Error -2147217900 when a column that is numbered is not the whole
 /// key.
 std::vector<DeclaredColumn> DeclaredColumns(const tsql::Table& table);
 /// "name type COLLATE … NOT NULL".
 std::string ColumnSql(const DeclaredColumn& column);
 std::string CreateTableSql(const std::string& table, const std::vector<DeclaredColumn>& columns);
-std::string CreateIndexSql(const tsql::Index& index);
+/// What is to be created for an index: itself, and for one of a text and a date a second index on both in one
+/// text, by which the events of all vehicles are counted from a plate and a day on.
+std::vector<SqliteIndex> SqliteIndexes(const tsql::Table& table, const tsql::Index& index);
 
 }  // namespace embedded

@@ -133,7 +133,22 @@ Typed ExpressionCompiler::Compile(const tsql::Unary& unary) {
 
 Typed ExpressionCompiler::Compile(const tsql::Binary& binary) {
   Typed left = Value(*binary.left);
-  return Arithmetic(binary.op, std::move(left), Value(*binary.right));
+  Typed right = Value(*binary.right);
+  if (left.isColumn && right.kind == Kind::kText) right = Fixed(std::move(right), *binary.right);
+  if (right.isColumn && left.kind == Kind::kText) left = Fixed(std::move(left), *binary.left);
+  return Arithmetic(binary.op, std::move(left), std::move(right));
+}
+
+Typed ExpressionCompiler::Fixed(Typed value, const tsql::Expression& expression) {
+  if (!value.parameter) return value;
+  parameters_[*value.parameter].fixedValue = true;
+  const auto& literal = std::get<tsql::Literal>(expression.node);
+  const bool number = value.kind == Kind::kInt && literal.kind == tsql::Literal::Kind::kInteger;
+  const bool text = value.kind == Kind::kText && literal.value.find('\0') == std::string::npos;
+  if (!writeOut_ || (!number && !text)) return value;
+  value.sql = number ? literal.value : QuotedText(literal.value);
+  value.parameter.reset();
+  return value;
 }
 
 Typed ExpressionCompiler::Compile(const tsql::InList&) { Refuse("Incorrect syntax near the keyword 'IN'."); }

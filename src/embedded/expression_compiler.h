@@ -17,6 +17,9 @@ class ExpressionCompiler {
 
   /// From now on the widths of texts written in the statement are part of the outcome.
   void KeepWidths(bool keep) { keepWidths_ = keep; }
+  /// From now on a text joined to a column, and the length of a LEFT, stand in the SQL themselves: an index
+  /// on an expression serves only the same expression, and a parameter is none.
+  void WriteOut(bool write) { writeOut_ = write; }
 
   Typed Value(const tsql::Expression& expression);
   std::string Condition(const tsql::Expression& expression);
@@ -47,6 +50,8 @@ class ExpressionCompiler {
   Typed Concatenated(const Typed& left, const Typed& right);
   /// Brings values to one kind; the outcome tells it, with the largest width, and whether any may be null.
   Typed Unified(std::vector<Typed>& values);
+  /// A literal whose value is part of the compiled statement; anything else stays as it is.
+  Typed Fixed(Typed value, const tsql::Expression& expression);
   Typed Text(const tsql::Expression& expression) {
     return Coerce(Value(expression), Kind::kText, parameters_);
   }
@@ -65,6 +70,7 @@ class ExpressionCompiler {
   const Scope& scope_;
   Parameters& parameters_;
   bool keepWidths_ = false;
+  bool writeOut_ = false;
   bool inAggregate_ = false;
   bool sawAggregate_ = false;
   std::string loneColumn_;

@@ -50,7 +50,7 @@ Typed ExpressionCompiler::Compile(const tsql::FunctionCall& call) {
 Typed ExpressionCompiler::Left(const tsql::FunctionCall& call) {
   RequireArguments(call, 2);
   Typed text = Text(*call.arguments[0]);
-  const Typed length = Coerce(Value(*call.arguments[1]), Kind::kInt, parameters_);
+  const Typed length = Fixed(Coerce(Value(*call.arguments[1]), Kind::kInt, parameters_), *call.arguments[1]);
   text.sql = Call("sv_left", text.sql, length.sql);
   text.nullable = text.nullable || length.nullable;
   text.isColumn = false;

@@ -34,8 +34,8 @@ class Plan {
   void Begin(const std::string& statement, const std::vector<LiteralSpan>& literals, const Clock& clock);
   /// The statement of the run.
   const SqliteStatement& rows() const { return rows_; }
-  /// Room for one row of the run.
-  std::vector<platform::Cell>& rowInHand() { return rowInHand_; }
+  /// The kinds of the fields, close together for the reading of rows.
+  const std::vector<platform::FieldType>& fieldTypes() const { return fieldTypes_; }
   /// The number of rows of the run that was begun, as they were when it began.
   std::int64_t Count(sqlite3* connection, const tsql::Catalog& catalog);
 
@@ -61,7 +61,7 @@ class Plan {
   std::unique_ptr<Counter> counter_;
   bool reads_ = false;
   std::vector<platform::FieldInfo> fields_;
-  std::vector<platform::Cell> rowInHand_;
+  std::vector<platform::FieldType> fieldTypes_;
   const tsql::Table* table_ = nullptr;
   std::vector<const tsql::Column*> columns_;
 

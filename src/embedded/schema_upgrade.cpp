@@ -130,14 +130,13 @@ void UpgradeTable(const SqliteConnection& connection, const tsql::Table& table) 
     connection.Execute("ALTER TABLE " + QuotedName(table.name) + " ADD COLUMN " + ColumnSql(column));
 }
 
-void UpgradeIndex(const SqliteConnection& connection, const tsql::Index& index) {
-  const std::string wanted = CreateIndexSql(index);
+void UpgradeIndex(const SqliteConnection& connection, const SqliteIndex& index) {
   const auto existing =
       Texts(connection, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE",
             index.name);
-  if (!existing.empty() && existing.front() == wanted) return;
+  if (!existing.empty() && existing.front() == index.sql) return;
   connection.Execute("DROP INDEX IF EXISTS " + QuotedName(index.name));
-  connection.Execute(wanted);
+  connection.Execute(index.sql);
 }
 
 }  // namespace
@@ -145,7 +144,8 @@ void UpgradeIndex(const SqliteConnection& connection, const tsql::Index& index) 
 void UpgradeTables(const SqliteConnection& connection, const tsql::Catalog& catalog) {
   for (const tsql::Table& table : catalog.tables()) UpgradeTable(connection, table);
   for (const tsql::Table& table : catalog.tables())
-    for (const tsql::Index& index : table.indexes) UpgradeIndex(connection, index);
+    for (const tsql::Index& index : table.indexes)
+      for (const SqliteIndex& wanted : SqliteIndexes(table, index)) UpgradeIndex(connection, wanted);
 }
 
 }  // namespace embedded

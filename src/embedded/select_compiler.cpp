@@ -47,6 +47,7 @@ CompiledSelect SelectCompiler::EditableRows(const tsql::Select& select) {
 }
 
 std::string SelectCompiler::Count(const tsql::Select& select) {
+  counting_ = true;
   const std::vector<Core> cores = CompileCores(select);
   const Core& first = cores.front();
   if (cores.size() > 1) return "SELECT count(*) FROM (" + UnionSql(select, cores) + ")";
@@ -63,6 +64,7 @@ SelectCompiler::Core SelectCompiler::CompileCore(const tsql::SelectCore& core) {
   CompileFrom(core, out);
   ExpressionCompiler expressions(out.scope, parameters_);
   if (core.where) {
+    expressions.WriteOut(counting_);
     out.tail += " WHERE " + expressions.Condition(*core.where);
     if (expressions.sawAggregate()) Refuse("An aggregate may not appear in the WHERE clause.");
   }

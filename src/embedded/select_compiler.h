@@ -75,6 +75,7 @@ class SelectCompiler {
 
   const tsql::Catalog& catalog_;
   Parameters& parameters_;
+  bool counting_ = false;
 };
 
 }  // namespace embedded

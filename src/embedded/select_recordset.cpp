@@ -13,27 +13,30 @@ using platform::FieldType;
 
 constexpr std::size_t kMostRowsAhead = 64;
 
-Cell WholeCell(sqlite3_value* value, FieldType type) {
+Cell WholeCell(sqlite3_value* value, int storage, FieldType type) {
   const std::int64_t number = sqlite3_value_int64(value);
   const bool fits = type != FieldType::kLong || number == static_cast<std::int32_t>(number);
-  if (!fits || sqlite3_value_type(value) == SQLITE_FLOAT)
+  if (!fits || storage == SQLITE_FLOAT)
     Refuse("Arithmetic overflow error converting expression to data type int.");
   return Cell::Number(type, number);
 }
 
-/// One column of the current row; text and bytes are SQLite's until the next step. The value's own functions,
-/// which only one thread may use, take half the time of those that name a column.
-Cell CellOf(sqlite3_value* value, FieldType type) {
-  const auto length = [value] { return static_cast<std::size_t>(sqlite3_value_bytes(value)); };
+/// One column of the current row, with its text and bytes kept in the store. The value's own functions, which
+/// only one thread may use, take half the time of those that name a column.
+Cell CellOf(sqlite3_value* value, FieldType type, platform::RowStore& store) {
+  const auto block = [&](const void* data) {
+    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
+    return Cell::Block(type, store.Keep({static_cast<const char*>(data), length}));
+  };
   if (type == FieldType::kText) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text == nullptr ? Cell() : Cell::Block(type, {text, length()});
+    const auto* text = sqlite3_value_text(value);
+    return text == nullptr ? Cell() : block(text);
   }
-  if (sqlite3_value_type(value) == SQLITE_NULL) return {};
+  const int storage = sqlite3_value_type(value);
+  if (storage == SQLITE_NULL) return {};
   if (type == FieldType::kDouble) return Cell::Real(sqlite3_value_double(value));
-  if (type != FieldType::kBytes) return WholeCell(value, type);
-  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
-  return Cell::Block(type, {bytes, length()});
+  if (type != FieldType::kBytes) return WholeCell(value, storage, type);
+  return block(sqlite3_value_blob(value));
 }
 
 }  // namespace
@@ -80,11 +83,12 @@ bool SelectRecordset::ReadRow() {
   try {
     if (plan_->rows().Step()) {
       sqlite3_stmt* statement = plan_->rows().get();
-      std::vector<Cell>& cells = plan_->rowInHand();
-      for (std::size_t i = 0; i < cells.size(); ++i)
-        cells[i] = CellOf(sqlite3_column_value(statement, static_cast<int>(i)), fields_[i].type);
-      const std::size_t row = store().AddRow();
-      for (std::size_t i = 0; i < cells.size(); ++i) store().Put(row, i, cells[i]);
+      const std::vector<FieldType>& types = plan_->fieldTypes();
+      platform::RowStore& rows = store();
+      Cell* cells = rows.NextRow();
+      for (std::size_t i = 0; i < types.size(); ++i)
+        cells[i] = CellOf(sqlite3_column_value(statement, static_cast<int>(i)), types[i], rows);
+      rows.TakeRow();
       RowRead(statement);
       return true;
     }

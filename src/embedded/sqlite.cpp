@@ -143,13 +143,21 @@ void SqliteTransaction::Commit() {
   open_ = false;
 }
 
-std::string QuotedName(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) {
-    if (c == '"') quoted += '"';
+namespace {
+
+std::string Quoted(std::string_view text, char quote) {
+  std::string quoted(1, quote);
+  for (const char c : text) {
+    if (c == quote) quoted += quote;
     quoted += c;
   }
-  return quoted += '"';
+  return quoted += quote;
 }
+
+}  // namespace
+
+std::string QuotedName(std::string_view name) { return Quoted(name, '"'); }
+
+std::string QuotedText(std::string_view text) { return Quoted(text, '\''); }
 
 }  // namespace embedded

@@ -82,5 +82,7 @@ class SqliteTransaction {
 
 /// A name as it stands in SQLite's SQL: "name", quotes doubled.
 std::string QuotedName(std::string_view name);
+/// A text as SQL writes it; it holds no NUL.
+std::string QuotedText(std::string_view text);
 
 }  // namespace embedded

@@ -10,6 +10,9 @@ namespace {
 
 constexpr long kWidestNumber = 30;  // characters of a number's text
 
+/// Characters of a date's text in a style of CONVERT.
+long WidthOfStyle(int style) { return style == 102 ? 10 : kWidestNumber; }
+
 std::string Number(long value) { return std::to_string(value); }
 
 [[noreturn]] void RefuseConversion(Kind from, Kind to) {
@@ -57,7 +60,7 @@ long TextWidth(const Typed& value) { return value.kind == Kind::kText ? value.wi
 
 /// A text cut to the width of its type; a number must fit it.
 Typed Narrowed(Typed text, const Kind from, long width) {
-  if (width >= TextWidth(text) && from == Kind::kText) return text;
+  if (width >= TextWidth(text) && (from == Kind::kText || from == Kind::kDate)) return text;
   const bool cut = from == Kind::kText || from == Kind::kDate;
   text.sql = Call(cut ? "sv_left" : "sv_narrow", text.sql, Number(width));
   text.parameter.reset();
@@ -103,7 +106,7 @@ Typed Convert(Typed value, const tsql::Type& type, std::optional<int> style, Par
   if (from == Kind::kDate && to == Kind::kText) {
     value.sql = Call("sv_date_text", value.sql, Number(style.value_or(0)));
     value.kind = Kind::kText;
-    value.width = kWidestNumber;
+    value.width = WidthOfStyle(style.value_or(0));
     value.isColumn = false;
   } else {
     value = Coerce(std::move(value), to, parameters);

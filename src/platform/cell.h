@@ -8,7 +8,7 @@
 
 namespace platform {
 
-enum class FieldType : std::uint8_t { kBool, kInteger, kLong, kDouble, kCurrency, kDate, kText, kBytes };
+enum class FieldType : std::uint16_t { kBool, kInteger, kLong, kDouble, kCurrency, kDate, kText, kBytes };
 
 /// One cell of a recordset, seen where it is stored: no copy, valid until the recordset closes.
 class Cell {
@@ -32,7 +32,7 @@ class Cell {
     return c;
   }
 
-  bool IsNull() const { return null_; }
+  bool IsNull() const { return null_ != 0; }
   FieldType type() const { return type_; }
   /// The stored number: a count of ten-thousandths for money, of seconds for a date, 0 or 1 for a truth
   /// value.
@@ -45,7 +45,7 @@ class Cell {
   std::string ToText() const;
 
  private:
-  explicit Cell(FieldType type) : null_(false), type_(type) {}
+  explicit Cell(FieldType type) : null_(0), type_(type) {}
 
   union {
     std::int64_t integer_ = 0;
@@ -53,7 +53,7 @@ class Cell {
     const char* data_;
   };
   std::uint32_t length_ = 0;
-  bool null_ = true;
+  std::uint16_t null_ = 1;  // no padding: cells are copied by the million, and whole words go fastest
   FieldType type_ = FieldType::kText;
 };
 

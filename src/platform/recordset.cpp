@@ -90,8 +90,12 @@ std::optional<std::size_t> Recordset::FindField(std::string_view name) const {
 
 Recordset::Field Recordset::Fields(std::string_view name) {
   RequireOpen();
-  const auto index = FindField(name);
+  auto index = std::optional(nextField_);
+  const bool next = nextField_ < fields_.size() && fields_[nextField_].alone &&
+                    EqualsIgnoringCase(fields_[nextField_].name, name);
+  if (!next) index = FindField(name);
   if (!index) throw RuntimeError(kNoSuchField, std::string(name));
+  nextField_ = *index + 1;
   return Field(this, *index);
 }
 
@@ -115,10 +119,10 @@ Variant Recordset::ValueOf(std::size_t column) {
   return store_->At(row_, column).ToVariant();
 }
 
-void Recordset::Assign(std::size_t column, const Variant& value) {
+void Recordset::Assign(std::size_t column, Variant value) {
   RequireRow();
   const FieldInfo& field = fields_[column];
-  Variant converted = ConvertTo(field.type, value);
+  Variant converted = ConvertTo(field.type, std::move(value));
   const auto* text = converted.As<std::string>();
   const bool tooLong = text && field.definedSize < kUnlimitedSize &&
                        Length(*text) > static_cast<std::size_t>(field.definedSize);
@@ -131,7 +135,7 @@ void Recordset::Assign(std::size_t column, const Variant& value) {
 void Recordset::Insert(const Assignments&) { throw RuntimeError(kNotUpdatable); }
 void Recordset::Change(std::size_t, const Assignments&) { throw RuntimeError(kNotUpdatable); }
 
-Variant ConvertTo(FieldType type, const Variant& value) {
+Variant ConvertTo(FieldType type, Variant value) {
   if (value.IsNull()) return value;
   switch (type) {
     case FieldType::kBool:
@@ -147,9 +151,10 @@ Variant ConvertTo(FieldType type, const Variant& value) {
     case FieldType::kDate:
       return value.ToDate();
     case FieldType::kText:
-      return value.ToText();
+      return value.As<std::string>() ? value : Variant(value.ToText());
     case FieldType::kBytes:
-      return value.ToBytes();
+      (void)value.ToBytes();
+      return value;
   }
   return value;
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/cell.h"
@@ -19,6 +20,7 @@ struct FieldInfo {
   FieldType type = FieldType::kText;
   long definedSize = 0;  // characters for text, bytes otherwise
   bool nullable = true;
+  bool alone = false;  // known to share its name with no other field
 };
 
 /// Rows of named fields with one current row. After opening, the first row is current or `Eof` is true at
@@ -34,7 +36,7 @@ class Recordset {
     Variant Value() const { return owner_->ValueOf(index_); }
     /// Stored with the next `Update`. A text longer than the field, or a null that the field refuses, raises
     /// error -2147217887; a value of another kind is converted.
-    void SetValue(const Variant& value) { owner_->Assign(index_, value); }
+    void SetValue(Variant value) { owner_->Assign(index_, std::move(value)); }
 
    private:
     friend class Recordset;
@@ -101,18 +103,19 @@ class Recordset {
   void ForgetAssignments();
   void RequireRow();
   Variant ValueOf(std::size_t column);
-  void Assign(std::size_t column, const Variant& value);
+  void Assign(std::size_t column, Variant value);
 
   std::unique_ptr<RowStore> store_;
   bool open_ = false;
   bool adding_ = false;
   bool pending_ = false;  // `assigned_` holds something
   std::size_t row_ = 0;
+  std::size_t nextField_ = 0;  // after the one found last: fields are mostly asked for in their order
   Assignments assigned_;
 };
 
 /// A value of the type of a field. Null stays null; errors 13 and 6 when it can't be.
-Variant ConvertTo(FieldType type, const Variant& value);
+Variant ConvertTo(FieldType type, Variant value);
 
 /// A recordset with no statement behind it.
 class MemoryRecordset : public Recordset {

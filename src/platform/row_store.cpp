@@ -2,15 +2,28 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 namespace platform {
 
-std::size_t RowStore::AddRow() {
-  if (rows_ == 0) {
-    first_ = std::make_unique<Cell[]>(kFirstRows * columns_);
-  } else if (rows_ >= kFirstRows && (rows_ - kFirstRows) % kRowsPerBlock == 0) {
-    blocks_.push_back(std::make_unique<Cell[]>(kRowsPerBlock * columns_));
+static_assert(std::is_trivially_copyable_v<Cell> && alignof(Cell) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+
+RowStore::Block RowStore::NewBlock(std::size_t rows) const {
+  return std::make_unique_for_overwrite<std::byte[]>(rows * columns_ * sizeof(Cell));
+}
+
+Cell* RowStore::NextRow() {
+  if (rows_ < kFirstRows) {
+    if (first_ == nullptr) first_ = NewBlock(kFirstRows);
+    return CellsOf(first_) + rows_ * columns_;
   }
+  const std::size_t rest = rows_ - kFirstRows;
+  if (rest / kRowsPerBlock == blocks_.size()) blocks_.push_back(NewBlock(kRowsPerBlock));
+  return CellsOf(blocks_.back()) + rest % kRowsPerBlock * columns_;
+}
+
+std::size_t RowStore::AddRow() {
+  std::fill_n(NextRow(), columns_, Cell());
   return rows_++;
 }
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/regional.h"
 #include "platform/runtime_error.h"
@@ -55,7 +56,12 @@ std::int64_t ToWhole(const Variant& v) {
 std::int16_t ToInteger(std::int64_t value) { return Checked<std::int16_t>(value); }
 std::int32_t ToLong(std::int64_t value) { return Checked<std::int32_t>(value); }
 
-std::string Variant::ToText() const {
+std::string Variant::ToText() && {
+  if (auto* text = std::get_if<std::string>(&value_)) return std::move(*text);
+  return std::as_const(*this).ToText();
+}
+
+std::string Variant::ToText() const& {
   return std::visit(Overloaded{
                         [](std::monostate) { return std::string(); },
                         [](Null) -> std::string { throw RuntimeError(kInvalidUseOfNull); },

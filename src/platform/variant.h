@@ -41,7 +41,8 @@ class Variant {
     return std::get_if<T>(&value_);
   }
 
-  std::string ToText() const;
+  std::string ToText() const&;
+  std::string ToText() &&;  // takes a text instead of copying it
   bool ToBool() const;
   std::int16_t ToInteger() const;
   std::int32_t ToLong() const;
