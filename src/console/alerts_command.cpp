@@ -56,12 +56,6 @@ const std::vector<Familia>& Familias() {
   return familias;
 }
 
-/// The form in which the terminal keeps a list's grid; it is never shown.
-class GridForm : public platform::Form {
- public:
-  platform::SGGrid Grelha{*this, "Grelha"};
-};
-
 /// The due dates by their identifiers. One date of one thing is one entry, with all that there is to say.
 class DueDates {
  public:

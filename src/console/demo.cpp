@@ -26,9 +26,9 @@ void RequireEmpty(const DataAccessRef& bd) {
 
 }  // namespace
 
-void FillDemo(const std::shared_ptr<embedded::Database>& database) {
+void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database) {
   RequireEmpty(database);
-  embedded::Database::Batch batch(*database);
+  zorCrmParvel::Batch batch(*database);
   DemoDice dice;
   FillDemoTables(database);
   const auto drivers = FillDemoDrivers(database, dice);

@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include "embedded/database.h"
+#include "host/store.h"
 
 namespace console {
 
 /// Fills an empty database with a demonstration fleet, written through the entities, with dates relative to
 /// today. All of it or nothing. Error 457 when the database isn't empty.
-void FillDemo(const std::shared_ptr<embedded::Database>& database);
+void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database);
 
 }  // namespace console

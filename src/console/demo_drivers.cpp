@@ -66,6 +66,25 @@ void TakePapers(clMotoristas& motorista, DemoDice& dice, Date today) {
   motorista.DtDescarga = today.AddDays(dice.Roll(-3, 27));
 }
 
+/// The classes that the driver's licence names: light vehicles, and for lorries two more.
+void WriteLicences(const clMotoristas& motorista) {
+  RecordsetRef rows;
+  motorista.bd->AbrirEdicao(
+      {"SELECT Motorista, TipoCarta, DataValidade FROM zor_CartasCond WHERE Motorista = N'",
+       value(motorista.Codigo), "'"},
+      rows);
+  Row row(*rows);
+  for (const std::int16_t type : {std::int16_t{0}, std::int16_t{1}, std::int16_t{7}}) {
+    if (type > 0 && motorista.TipoCartaCond != 7) break;
+    rows->AddNew();
+    row.put("Motorista", motorista.Codigo);
+    row.put("TipoCarta", type);
+    row.put("DataValidade", motorista.ValCartaCond);
+    rows->Update();
+  }
+  rows->Close();
+}
+
 }  // namespace
 
 std::vector<std::string> FillDemoDrivers(const DataAccessRef& bd, DemoDice& dice) {
@@ -95,6 +114,7 @@ std::vector<std::string> FillDemoDrivers(const DataAccessRef& bd, DemoDice& dice
     motorista.Inactivo = dice.Roll(1, 15) == 1 ? 1 : 0;
     TakePapers(motorista, dice, today);
     motorista.Escrever();
+    WriteLicences(motorista);
     codes.push_back(motorista.Codigo);
   }
   return codes;

@@ -128,10 +128,10 @@ class ImportReader {
   ImportRow row_;
 };
 
-ImportResult ImportCsv(embedded::Database& database, ImportTarget& target, std::istream& file, bool simulate,
+ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
                        std::ostream& report) {
   ImportReader reader(file, target.Columns());
-  embedded::Database::Batch batch(database);
+  zorCrmParvel::Batch batch(database);
   ImportResult result;
   while (reader.Next()) {
     try {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "console/csv_reader.h"
-#include "embedded/database.h"
+#include "host/store.h"
 #include "platform/currency.h"
 #include "platform/date.h"
 
@@ -83,7 +83,7 @@ struct ImportResult {
 
 /// Imports a CSV file: all rows that pass their rules at once, or nothing when the file can't be read or the
 /// disk fails. The report names each refused row with its line, column and reason. `simulate` stores nothing.
-ImportResult ImportCsv(embedded::Database& database, ImportTarget& target, std::istream& file, bool simulate,
+ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
                        std::ostream& report);
 
 }  // namespace console

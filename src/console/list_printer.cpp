@@ -27,6 +27,12 @@ std::string IsoDate(platform::Date date) {
   return platform::FormatDate(date, midnight ? "yyyy-mm-dd" : "yyyy-mm-dd hh:mm:ss");
 }
 
+/// The zero date stands for none.
+bool IsNoDate(const Variant& value) {
+  const auto* date = value.As<platform::Date>();
+  return date != nullptr && *date == platform::Date();
+}
+
 std::string Padding(std::size_t width, const std::string& text) {
   const std::size_t length = platform::Length(text);
   return std::string(width > length ? width - length : 0, ' ');
@@ -64,7 +70,7 @@ void PrintTable(std::ostream& out, const SGGrid& grid) {
 }
 
 std::string CsvText(const Variant& value) {
-  if (value.IsNull()) return {};
+  if (value.IsNull() || IsNoDate(value)) return {};
   std::string text = value.ToText();
   if (const auto* date = value.As<platform::Date>()) text = IsoDate(*date);
   if (const auto* money = value.As<platform::Currency>()) text = money->ToText('.');
@@ -86,7 +92,7 @@ void PrintCsv(std::ostream& out, const SGGrid& grid) {
 }
 
 nlohmann::ordered_json JsonValue(const Variant& value) {
-  if (value.IsNull() || value.IsEmpty()) return nullptr;
+  if (value.IsNull() || value.IsEmpty() || IsNoDate(value)) return nullptr;
   if (const auto* truth = value.As<bool>()) return *truth;
   if (const auto* date = value.As<platform::Date>()) return IsoDate(*date);
   if (value.As<std::string>()) return value.ToText();

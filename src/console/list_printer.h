@@ -4,8 +4,15 @@
 #include <string>
 
 #include "host/list_view.h"
+#include "platform/form.h"
 
 namespace console {
+
+/// The form in which the terminal keeps a grid; it is never shown.
+class GridForm : public platform::Form {
+ public:
+  platform::SGGrid Grelha{*this, "Grelha"};
+};
 
 enum class Output { kTable, kCsv, kJson };
 

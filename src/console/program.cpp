@@ -8,11 +8,12 @@
 #include "console/alerts_command.h"
 #include "console/attachments_command.h"
 #include "console/console_host.h"
+#include "console/database_choice.h"
 #include "console/demo.h"
 #include "console/import.h"
 #include "console/list_printer.h"
-#include "console/paths.h"
-#include "embedded/database.h"
+#include "console/record_command.h"
+#include "console/server_commands.h"
 #include "host/sistema.h"
 
 namespace console {
@@ -21,20 +22,15 @@ namespace {
 using platform::RuntimeError;
 using zorCrmParvel::Sistema;
 
-/// The form in which the terminal keeps a list's grid; it is never shown.
-class GridForm : public platform::Form {
- public:
-  platform::SGGrid Grelha{*this, "Grelha"};
-};
-
 struct Options {
-  std::string database;
+  DatabaseChoice database;
   std::string key;
   bool csv = false;
   bool json = false;
   std::string file;
   std::string what;
   bool simulate = false;
+  bool apply = false;
   AlertsOptions alerts;
   std::int16_t kind = 0;
 };
@@ -68,7 +64,7 @@ class Program {
   int Demo() {
     const auto database = Open();
     FillDemo(database);
-    out_ << "Dados de demonstração escritos em " << database->path() << '\n';
+    out_ << "Dados de demonstração escritos em " << database->Place() << '\n';
     return kDone;
   }
 
@@ -101,16 +97,30 @@ class Program {
     return kDone;
   }
 
+  int Vehicle() {
+    if (PrintVehicle(Open(), options_.key, options_.json, out_)) return kDone;
+    err_ << "Não há viatura com a matrícula «" << options_.key << "».\n";
+    return kRefused;
+  }
+
+  int Driver() {
+    if (PrintDriver(Open(), options_.key, options_.json, out_)) return kDone;
+    err_ << "Não há motorista com o código «" << options_.key << "».\n";
+    return kRefused;
+  }
+
   int Copy() {
-    Open()->CopyTo(options_.file);
+    OpenFile(options_.database)->CopyTo(options_.file);
     out_ << "Cópia escrita em " << options_.file << '\n';
     return kDone;
   }
 
+  int Schema() { return RunSchemaCommand(options_.database, options_.apply, out_); }
+  int Check() { return RunCheckCommand(options_.database, out_); }
+  int Transfer() { return RunTransferCommand(options_.database, options_.file, out_); }
+
  private:
-  std::shared_ptr<embedded::Database> Open() {
-    return embedded::Database::Open(options_.database.empty() ? DefaultDatabasePath() : options_.database);
-  }
+  std::shared_ptr<zorCrmParvel::Store> Open() { return OpenStore(options_.database); }
 
   int PrintKeys() {
     for (const std::string& key : Sistema().ChavesDasListas()) out_ << key << '\n';
@@ -175,8 +185,19 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   app.option_defaults()->group("Opções");
   app.set_help_flag("-h,--help", "Mostra esta ajuda.");
   app.set_version_flag("--version", "parvel " PARVEL_VERSION, "Mostra a versão.");
-  app.add_option("--db", options.database, "Ficheiro da base de dados, em vez do habitual.")
+  auto* db = app.add_option("--db", options.database.file, "Ficheiro da base de dados, em vez do habitual.")
+                 ->type_name("FICHEIRO");
+  app.add_option("--ligacao", options.database.connection,
+                 "Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.")
+      ->type_name("LIGAÇÃO")
+      ->excludes(db);
+  app.add_option("--senha-ficheiro", options.database.passwordFile,
+                 "Ficheiro, legível só por si, com a senha do servidor.")
       ->type_name("FICHEIRO");
+  app.add_option("--tempo-limite", options.database.timeLimit,
+                 "Segundos que o servidor tem para cada pedido; 0 para esperar sempre.")
+      ->type_name("SEGUNDOS")
+      ->check(CLI::Validator(CLI::NonNegativeNumber).description(""));
   app.require_subcommand(1);
   const auto comando = [&app](const char* nome, const char* texto) {
     auto* novo = app.add_subcommand(nome, texto)->group("Comandos");
@@ -189,13 +210,24 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   app.footer(
       "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco,\n"
       "10 há alertas.\n"
-      "Sem --db, a base de dados é parvel/frota.db na pasta de dados do utilizador.");
+      "Sem --db nem --ligacao, a base de dados é parvel/frota.db na pasta de dados do utilizador.\n"
+      "A senha de um servidor vem da variável PARVEL_SENHA, de --senha-ficheiro, ou é pedida.");
 
   auto* lista = comando("lista", "Mostra uma lista; sem chave, as chaves das listas.");
   lista->add_option("chave", options.key, "Chave da lista, por exemplo Marcas.")->type_name("");
   auto* csv = lista->add_flag("--csv", options.csv, "Em CSV, separado por ponto e vírgula.");
   lista->add_flag("--json", options.json, "Em JSON.")->excludes(csv);
   lista->callback([&] { command = [&] { return program.PrintOneList(); }; });
+
+  auto* viatura = comando("viatura", "Mostra uma viatura com tudo o que lhe aconteceu.");
+  viatura->add_option("matrícula", options.key, "Matrícula da viatura.")->type_name("")->required();
+  viatura->add_flag("--json", options.json, "Em JSON.");
+  viatura->callback([&] { command = [&] { return program.Vehicle(); }; });
+
+  auto* motorista = comando("motorista", "Mostra um motorista com as cartas, gastos, multas e sinistros.");
+  motorista->add_option("código", options.key, "Código do motorista.")->type_name("")->required();
+  motorista->add_flag("--json", options.json, "Em JSON.");
+  motorista->callback([&] { command = [&] { return program.Driver(); }; });
 
   auto* alertas = comando("alertas", "Mostra o que está a vencer ou vencido, em todas as listas de alertas.");
   alertas->add_flag("--json", options.alerts.json, "Em JSON, um membro por família.");
@@ -228,6 +260,19 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
       ->required();
   importar->add_flag("--simular", options.simulate, "Verifica e conta, sem gravar.");
   importar->callback([&] { command = [&] { return program.Import(); }; });
+
+  auto* esquema = comando("esquema", "Mostra como se criam as tabelas; num servidor, as que lá faltam.");
+  esquema->add_flag("--aplicar", options.apply, "Cria no servidor as que faltam, sem tocar nas que há.");
+  esquema->callback([&] { command = [&] { return program.Schema(); }; });
+
+  auto* verificar = comando("verificar", "Liga ao servidor e diz o que lá falta ou é diferente.");
+  verificar->callback([&] { command = [&] { return program.Check(); }; });
+
+  auto* transferir = comando("transferir", "Passa uma base de dados de um ficheiro para o servidor.");
+  transferir->add_option("--de", options.file, "Ficheiro da base de dados a passar.")
+      ->type_name("FICHEIRO")
+      ->required();
+  transferir->callback([&] { command = [&] { return program.Transfer(); }; });
 
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

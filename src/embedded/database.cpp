@@ -42,16 +42,9 @@ const std::string& Database::path() const { return engine_->path(); }
 
 void Database::CopyTo(const std::string& file) { engine_->CopyTo(file); }
 
-Database::Batch::Batch(Database& database) : engine_(database.engine_) { engine_->BeginBatch(); }
-
-Database::Batch::~Batch() {
-  if (open_) engine_->AbandonBatch();
-}
-
-void Database::Batch::Commit() {
-  engine_->CommitBatch();
-  open_ = false;
-}
+void Database::BeginBatch() { engine_->BeginBatch(); }
+void Database::CommitBatch() { engine_->CommitBatch(); }
+void Database::AbandonBatch() { engine_->AbandonBatch(); }
 
 bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
   connection = platform::MakeRef<EngineConnection>(engine_);

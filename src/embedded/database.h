@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/data_access.h"
+#include "host/store.h"
 #include "platform/date.h"
 
 namespace embedded {
@@ -23,7 +23,7 @@ struct OpenOptions {
 
 /// The embedded engine: the data-access contract on one SQLite file, which it creates when it is missing.
 /// Every write is durable when its call returns. Several processes may hold one file.
-class Database : public zorCrmParvel::DataAccess {
+class Database : public zorCrmParvel::Store {
  public:
   /// Opens, creates or upgrades a database; ":memory:" lives in memory. A file that is no database of this
   /// program, is newer than the program, or can't be opened raises error -2147467259 and is left as it was.
@@ -36,22 +36,13 @@ class Database : public zorCrmParvel::DataAccess {
   /// be written.
   void CopyTo(const std::string& file);
 
-  /// Everything written while it lives is kept by `Commit` at once, or not at all. One at a time; other
-  /// processes can't write meanwhile.
-  class Batch {
-   public:
-    /// Error -2147467259 when another process holds a write.
-    explicit Batch(Database& database);
-    ~Batch();
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
-    void Commit();
+  /// Other processes can't write while a batch is under way.
+  using Batch = zorCrmParvel::Batch;
 
-   private:
-    std::shared_ptr<Engine> engine_;
-    bool open_ = true;
-  };
-
+  std::string Place() const override { return path(); }
+  void BeginBatch() override;
+  void CommitBatch() override;
+  void AbandonBatch() override;
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
 
  protected:

@@ -10,7 +10,6 @@
 
 #include "console/list_printer.h"
 #include "console/paths.h"
-#include "platform/form.h"
 
 namespace console {
 namespace {
@@ -64,6 +63,38 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   EXPECT_EQ(nlohmann::json::parse(out.str()).size(), 7U);
 }
 
+TEST_F(ProgramTest, PrintsAVehicleAndADriverWithTheirEvents) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
+  ASSERT_EQ(OnDatabase({"lista", "Viaturas", "--json"}), kDone) << err.str();
+  const std::string plate = nlohmann::json::parse(out.str()).at(0).at("Matricula");
+  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone) << err.str();
+  const auto vehicle = nlohmann::json::parse(out.str());
+  EXPECT_EQ(vehicle["Matricula"], plate);
+  double cost = 0;
+  for (const auto& expense : vehicle["gastos"]) cost += expense["Custo"].get<double>();
+  EXPECT_GT(cost, 0);
+  for (const char* kind : {"apolices", "revisoes", "inspeccoes", "multas", "sinistros", "acessorios"})
+    EXPECT_TRUE(vehicle[kind].is_array()) << kind;
+  const std::string newest = vehicle["gastos"].front()["Data"];
+  EXPECT_GT(newest, vehicle["gastos"].back()["Data"].get<std::string>());
+
+  ASSERT_EQ(OnDatabase({"viatura", plate}), kDone);
+  EXPECT_EQ(out.str().find("Matricula"), 0U) << out.str();
+  EXPECT_NE(out.str().find("Gastos: " + std::to_string(vehicle["gastos"].size()) + "\n"), std::string::npos);
+
+  ASSERT_EQ(OnDatabase({"motorista", "0002", "--json"}), kDone) << err.str();
+  const auto person = nlohmann::json::parse(out.str());
+  EXPECT_EQ(person["Codigo"], "0002");
+  EXPECT_TRUE(person["DataBI"].is_null()) << "the zero date is none";
+  EXPECT_FALSE(person["gastos"].empty());
+  EXPECT_EQ(person["cartas"].at(0)["Classe"], "B    - Ligeiros");
+
+  EXPECT_EQ(OnDatabase({"viatura", "D'OR"}), kRefused);
+  EXPECT_NE(err.str().find("«D'OR»"), std::string::npos);
+  EXPECT_EQ(OnDatabase({"motorista", "ninguém"}), kRefused);
+  EXPECT_EQ(out.str(), "");
+}
+
 TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
   EXPECT_EQ(Parvel({}), kUsage);
   EXPECT_EQ(Parvel({"faz"}), kUsage);
@@ -92,11 +123,6 @@ TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {
   unsetenv("XDG_DATA_HOME");
 }
 
-class GridForm : public platform::Form {
- public:
-  platform::SGGrid grid{*this, "Grelha"};
-};
-
 TEST(ListPrinter, WritesEachKindOfValueForItsReader) {
   auto rows = platform::MakeRef<platform::MemoryRecordset>();
   rows->Append("Nome", platform::FieldType::kText, 50);
@@ -113,12 +139,12 @@ TEST(ListPrinter, WritesEachKindOfValueForItsReader) {
   rows->Fields("Data").SetValue(platform::Date::FromParts(2024, 2, 29, 8, 30));
   rows->Update();
   GridForm form;
-  form.grid.SetDataSource(rows);
-  form.grid.Column("Seg_Id").hidden = true;
-  form.grid.Column("Custo").format = "#,##0.00";
+  form.Grelha.SetDataSource(rows);
+  form.Grelha.Column("Seg_Id").hidden = true;
+  form.Grelha.Column("Custo").format = "#,##0.00";
   const auto print = [&](Output format) {
     std::ostringstream out;
-    PrintList(out, form.grid, format);
+    PrintList(out, form.Grelha, format);
     return out.str();
   };
   EXPECT_EQ(print(Output::kCsv),

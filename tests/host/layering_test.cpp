@@ -25,10 +25,13 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"documents", {"platform", "host"}},
     {"alerts", {"platform", "host", "masterdata", "vehicles", "drivers", "events"}},
     {"embedded", {"platform", "tsql", "host"}},
+    {"sqlserver", {"platform", "tsql", "host"}},
     {"console",
      {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
-      "documents", "embedded"}},
-    {"desktop", {"platform", "host", "host/sistema", "embedded", "console"}},
+      "documents", "embedded", "sqlserver"}},
+    {"desktop",
+     {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "embedded", "sqlserver",
+      "console"}},
 };
 
 std::string RoomOf(const std::string& path) {

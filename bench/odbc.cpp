@@ -1,0 +1,123 @@
+// A code list of 100,000 rows over ODBC: opened, which reads it whole, and each cell looked at; against a
+// bare loop of SQLFetch with bound columns over the same driver (SQLite's, which Debian has).
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "baseline.h"
+#include "rivals.h"
+#include "sqlserver/database.h"
+#include "sqlserver/utf16.h"
+
+namespace {
+
+constexpr int kRows = 100000;
+constexpr std::size_t kWidest = 51;
+constexpr const char* kList =
+    " SELECT zor_PV_Marcas.Codigo AS Codigo, zor_PV_Marcas.Nome AS Nome from zor_PV_Marcas  Order by "
+    "zor_PV_Marcas.Codigo";
+
+/// The baseline's own connection, set up with nothing.
+class BareConnection {
+ public:
+  explicit BareConnection(const std::string& text)
+      : environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE), connection_(SQL_HANDLE_DBC, Prepared()) {
+    std::u16string wide = sqlserver::ToUtf16(text);
+    connection_.Check(SQLDriverConnectW(connection_.get(), nullptr, sqlserver::Wide(wide),
+                                        static_cast<SQLSMALLINT>(wide.size()), nullptr, 0, nullptr,
+                                        SQL_DRIVER_NOPROMPT));
+  }
+  ~BareConnection() { SQLDisconnect(connection_.get()); }
+  BareConnection(const BareConnection&) = delete;
+  BareConnection& operator=(const BareConnection&) = delete;
+  const sqlserver::Handle& get() const { return connection_; }
+
+ private:
+  SQLHANDLE Prepared() const {
+    environment_.Check(SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION,
+                                     reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
+    return environment_.get();
+  }
+
+  sqlserver::Handle environment_;
+  sqlserver::Handle connection_;
+};
+
+class Bench {
+ public:
+  Bench() : folder_("parvel-bench-odbc"), database_(Fill(Text())), bare_(Text()) {}
+
+  void ReadAllCells() {
+    zorCrmParvel::RecordsetRef rows;
+    database_->AbrirLeitura("", kList, rows);
+    bench::Require(rows->RecordCount() == kRows);
+    std::size_t characters = 0;
+    for (std::size_t row = 0; row < kRows; ++row)
+      characters += rows->CellAt(row, 0).block().size() + rows->CellAt(row, 1).block().size();
+    benchmark::DoNotOptimize(characters);
+    rows->Close();
+  }
+
+  void FetchAll() {
+    const sqlserver::OdbcStatement statement(bare_.get());
+    statement.Execute(kList);
+    std::array<std::array<SQLWCHAR, kWidest>, 2> texts{};
+    std::array<SQLLEN, 2> lengths{};
+    for (SQLUSMALLINT i = 0; i < 2; ++i)
+      statement.Check(SQLBindCol(statement.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR,
+                                 texts[i].data(), sizeof texts[i], &lengths[i]));
+    int rows = 0;
+    for (; SQL_SUCCEEDED(SQLFetch(statement.get())); ++rows) benchmark::DoNotOptimize(texts);
+    bench::Require(rows == kRows);
+  }
+
+ private:
+  std::string Text() const { return "Driver=SQLite3;Database=" + folder_.File(); }
+
+  static std::shared_ptr<sqlserver::Database> Fill(const std::string& connection) {
+    sqlserver::OpenOptions options;
+    options.connection = connection;
+    auto database = sqlserver::Database::Open(options);
+    sqlserver::Parameters none;
+    database->session().Write(
+        "CREATE TABLE zor_PV_Marcas (Codigo nvarchar(10) NOT NULL PRIMARY KEY, Nome nvarchar(50))", none);
+    database->session().Write(
+        "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
+            std::to_string(kRows) +
+            ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM "
+            "n",
+        none);
+    return database;
+  }
+
+  bench::Folder folder_;
+  std::shared_ptr<sqlserver::Database> database_;
+  BareConnection bare_;
+};
+
+Bench& Shared() {
+  static Bench bench;
+  return bench;
+}
+
+template <void (Bench::*operation)()>
+void Run(benchmark::State& state) {
+  for (auto _ : state) (Shared().*operation)();
+}
+
+BENCHMARK(Run<&Bench::FetchAll>)->Name("odbc/fetch all")->Unit(benchmark::kMillisecond);
+BENCHMARK(Run<&Bench::ReadAllCells>)->Name("odbc/read all cells")->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  bench::Rivals rivals(20);
+  rivals.Compare(
+      "read all cells / fetch all", 1.3, 1, [] { Shared().ReadAllCells(); }, [] { Shared().FetchAll(); });
+  return rivals.Report();
+}

@@ -1,0 +1,66 @@
+#include "console/server_commands.h"
+
+#include <filesystem>
+#include <ostream>
+#include <stdexcept>
+
+#include "console/program.h"
+#include "sqlserver/schema_script.h"
+#include "sqlserver/table_check.h"
+#include "sqlserver/transfer.h"
+
+namespace schema {
+extern const char* const kTables;
+}
+
+namespace console {
+
+int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out) {
+  if (!choice.IsServer() && !apply) {
+    out << schema::kTables;
+    return kDone;
+  }
+  const auto database = OpenServer(choice);
+  if (!apply) {
+    for (const sqlserver::TableScript& script :
+         sqlserver::LackingTables(database->session(), schema::kTables))
+      for (const std::string& statement : script.statements) out << statement << ";\n\n";
+    return kDone;
+  }
+  const auto created = sqlserver::CreateLackingTables(*database, schema::kTables);
+  for (const std::string& table : created) out << table << ": criada\n";
+  out << (created.empty() ? "Não falta nenhuma tabela em " : "As tabelas que faltavam estão criadas em ")
+      << database->Place() << ".\n";
+  return kDone;
+}
+
+int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out) {
+  const auto database = OpenServer(choice);
+  const auto differences = sqlserver::Differences(database->session(), database->catalog());
+  for (const std::string& difference : differences) out << difference << '\n';
+  if (differences.empty()) {
+    out << "As tabelas de " << database->Place() << " estão como o programa precisa.\n";
+    return kDone;
+  }
+  out << differences.size() << (differences.size() == 1 ? " diferença em " : " diferenças em ")
+      << database->Place() << ". «parvel esquema --aplicar» cria as tabelas que faltam; o resto muda-o quem "
+      << "administra a base de dados.\n";
+  return kRefused;
+}
+
+int RunTransferCommand(const DatabaseChoice& choice, const std::string& file, std::ostream& out) {
+  if (!std::filesystem::exists(file)) throw std::runtime_error("Não há o ficheiro " + file + ".");
+  const auto server = OpenServer(choice);
+  const auto from = embedded::Database::Open(file);
+  long total = 0;
+  sqlserver::Transfer(*from, *server, [&](const sqlserver::TransferredTable& table) {
+    out << table.table << ": " << table.rows << (table.rows == 1 ? " registo" : " registos")
+        << (table.already ? ", já lá estavam" : "") << std::endl;
+    total += table.rows;
+  });
+  out << "Transferido e conferido: " << total << " registos de " << file << " para " << server->Place()
+      << ".\n";
+  return kDone;
+}
+
+}  // namespace console

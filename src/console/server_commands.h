@@ -1,0 +1,20 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "console/database_choice.h"
+
+namespace console {
+
+/// Prints the statements that create the tables: all of them, or, on a server, those that it lacks. `apply`
+/// runs them there. Exit code `kDone`; failures are thrown.
+int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out);
+
+/// Connects and tells what differs from the tables that the program knows. `kRefused` when something does.
+int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out);
+
+/// Copies an embedded database to the server, table by table.
+int RunTransferCommand(const DatabaseChoice& choice, const std::string& file, std::ostream& out);
+
+}  // namespace console

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "host/data_access.h"
+
+namespace zorCrmParvel {
+
+/// A data-access object with what the programs around the module need as well.
+class Store : public DataAccess {
+ public:
+  /// Where the data is, for people.
+  virtual std::string Place() const = 0;
+
+  // Used through `Batch`.
+  virtual void BeginBatch() = 0;
+  virtual void CommitBatch() = 0;
+  virtual void AbandonBatch() = 0;
+};
+
+/// Everything written while it lives is kept by `Commit` at once, or not at all. One at a time; others may
+/// have to wait for it.
+class Batch {
+ public:
+  /// Error -2147467259 when another program holds a write.
+  explicit Batch(Store& store) : store_(store) { store_.BeginBatch(); }
+  ~Batch() {
+    if (open_) store_.AbandonBatch();
+  }
+  Batch(const Batch&) = delete;
+  Batch& operator=(const Batch&) = delete;
+  void Commit() {
+    store_.CommitBatch();
+    open_ = false;
+  }
+
+ private:
+  Store& store_;
+  bool open_ = true;
+};
+
+}  // namespace zorCrmParvel

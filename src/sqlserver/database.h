@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/store.h"
+#include "sqlserver/session.h"
+#include "tsql/catalog.h"
+
+namespace sqlserver {
+
+struct OpenOptions {
+  /// An ODBC connection string or the name of a DSN, without the password.
+  std::string connection;
+  std::string password;
+  Limits limits;
+  /// The tables that statements may open for editing; empty: the program's own.
+  std::string schema;
+};
+
+/// The data-access contract on a Microsoft SQL Server, over ODBC. Statements go as they stand; a recordset is
+/// read to its end when it is opened, so that any number may be open at once and none holds a lock.
+class Database : public zorCrmParvel::Store {
+ public:
+  /// Connects. Error -2147467259, with what to do, when that fails.
+  static std::shared_ptr<Database> Open(const OpenOptions& options);
+
+  /// The database and the server, for people: "frota em servidor".
+  std::string Place() const override { return session_->Place(); }
+  const tsql::Catalog& catalog() const { return *catalog_; }
+  /// The connection itself, for work on the tables.
+  Session& session() { return *session_; }
+
+  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
+  void BeginBatch() override { session_->BeginBatch(); }
+  void CommitBatch() override { session_->CommitBatch(); }
+  void AbandonBatch() override { session_->AbandonBatch(); }
+
+ protected:
+  bool Execute(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForEditing(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
+
+ private:
+  Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog)
+      : session_(std::move(session)), catalog_(std::move(catalog)) {}
+
+  std::shared_ptr<Session> session_;
+  std::shared_ptr<const tsql::Catalog> catalog_;
+};
+
+}  // namespace sqlserver

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "sqlserver/odbc.h"
+
+namespace sqlserver {
+
+/// Where the servers behind ODBC differ. The engine is made for Microsoft SQL Server; SQLite behind its ODBC
+/// driver stands in for it where no server is at hand.
+struct Dialect {
+  /// Run once on a new connection; empty: nothing.
+  const char* sessionSetup;
+  /// Gives the number that the last INSERT of the session made.
+  const char* lastIdentity;
+  /// True when `lastIdentity` may be sent in one text with the INSERT.
+  bool batches;
+  /// True when a row with a number of its own must be announced for an identity column.
+  bool announcesIdentity;
+  /// Gives two truth values: whether the database's texts ignore case, and accents. Empty: no such choice.
+  const char* collationTest;
+  /// Brings a diagnostic into the server's numbers.
+  void (*translate)(Diagnostic& diagnostic);
+
+  /// Chosen by SQL_DBMS_NAME.
+  static const Dialect& Of(std::string_view dbmsName);
+};
+
+/// A name as it stands in a statement: "[name]".
+std::string Bracketed(std::string_view name);
+
+}  // namespace sqlserver

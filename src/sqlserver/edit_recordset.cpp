@@ -1,0 +1,114 @@
+#include "sqlserver/edit_recordset.h"
+
+#include <algorithm>
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "sqlserver/dialect.h"
+
+namespace sqlserver {
+namespace {
+
+using platform::EqualsIgnoringCase;
+using platform::RuntimeError;
+
+constexpr int kRowVanished = -2147217864;
+
+}  // namespace
+
+EditRecordset::EditRecordset(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog,
+                             const std::string& statement)
+    : session_(std::move(session)),
+      catalog_(std::move(catalog)),
+      rows_(EditableRows::Of(statement, *catalog_)) {
+  session_->Read(rows_.statement, [this](ResultReader& result) { Read(result); });
+}
+
+void EditRecordset::Read(ResultReader& result) {
+  Opened(result.fields());
+  result.ReadAll(store());
+  columns_ = rows_.columns;
+  if (columns_.empty())
+    for (const platform::FieldInfo& field : fields_) columns_.push_back(field.name);
+  const std::size_t own = fields_.size() - rows_.addedKeys;
+  keys_.clear();
+  for (const std::string& name : rows_.table->primaryKey) {
+    const auto found = std::find_if(columns_.begin(), columns_.end(),
+                                    [&](const std::string& each) { return EqualsIgnoringCase(each, name); });
+    const auto place = static_cast<std::size_t>(found - columns_.begin());
+    if (found == columns_.end()) columns_.push_back(name);  // one of those added
+    keys_.push_back({place, fields_.at(place)});
+  }
+  fields_.resize(own);
+  for (std::size_t i = 0; i < own; ++i) {
+    const tsql::Column* column = rows_.table->Find(columns_[i]);
+    if (column != nullptr && !column->nullable) fields_[i].nullable = false;
+  }
+}
+
+std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
+  std::vector<std::size_t> assigned;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!values[i]) continue;
+    const tsql::Column* column = rows_.table->Find(columns_[i]);
+    if (columns_[i].empty() || (column != nullptr && column->identity))
+      throw RuntimeError(platform::kMultipleStep, fields_[i].name);
+    assigned.push_back(i);
+  }
+  return assigned;
+}
+
+void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& fields,
+                               const Assignments& values) {
+  for (const std::size_t field : fields) store().Put(row, field, fields_[field].type, *values[field]);
+}
+
+void EditRecordset::Insert(const Assignments& values) {
+  const std::vector<std::size_t> fields = AssignedFields(values);
+  Parameters parameters;
+  std::string names;
+  std::string places;
+  for (const std::size_t field : fields) {
+    names += (names.empty() ? "" : ", ") + Bracketed(columns_[field]);
+    places += places.empty() ? "?" : ", ?";
+    parameters.Add(fields_[field], *values[field]);
+  }
+  const std::string sql = "INSERT INTO " + Bracketed(rows_.table->name) +
+                          (fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
+  const auto& columns = rows_.table->columns;
+  const auto numbered =
+      std::find_if(columns.begin(), columns.end(), [](const tsql::Column& each) { return each.identity; });
+  long number = 0;
+  if (numbered == columns.end())
+    session_->Write(sql, parameters);
+  else
+    number = session_->InsertNumbered(sql, parameters);
+
+  const std::size_t row = store().AddRow();
+  KeepValues(row, fields, values);
+  for (std::size_t i = 0; numbered != columns.end() && i < columns_.size(); ++i)
+    if (EqualsIgnoringCase(columns_[i], numbered->name))
+      store().Put(row, i, platform::Cell::Number(platform::FieldType::kLong, number));
+}
+
+void EditRecordset::Change(std::size_t row, const Assignments& values) {
+  const std::vector<std::size_t> fields = AssignedFields(values);
+  Parameters parameters;
+  std::string sql = "UPDATE " + Bracketed(rows_.table->name) + " SET ";
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    sql += (i == 0 ? "" : ", ") + Bracketed(columns_[fields[i]]) + " = ?";
+    parameters.Add(fields_[fields[i]], *values[fields[i]]);
+  }
+  for (std::size_t i = 0; i < keys_.size(); ++i) {
+    sql += (i == 0 ? " WHERE " : " AND ") + Bracketed(rows_.table->Find(rows_.table->primaryKey[i])->name) +
+           " = ?";
+    parameters.Add(keys_[i].field, store().At(row, keys_[i].place).ToVariant());
+  }
+  if (session_->Write(sql, parameters) == 0)
+    throw RuntimeError(
+        kRowVanished, rows_.table->name,
+        "Row cannot be located for updating. Some values may have been changed since it was last read.");
+  KeepValues(row, fields, values);
+}
+
+}  // namespace sqlserver

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sqlserver {
+
+/// One thing that the driver or the server said of a call.
+struct Diagnostic {
+  std::string state;  // SQLSTATE
+  int native = 0;     // the server's number, 0 when it did not come from the server
+  std::string words;  // without the names of driver and server before it
+};
+
+/// A call to ODBC that failed. It does not leave the room: see `errors.h`.
+class OdbcFailure : public std::runtime_error {
+ public:
+  explicit OdbcFailure(std::vector<Diagnostic> diagnostics)
+      : std::runtime_error("ODBC"), diagnostics_(std::move(diagnostics)) {}
+  const std::vector<Diagnostic>& diagnostics() const { return diagnostics_; }
+
+ private:
+  std::vector<Diagnostic> diagnostics_;
+};
+
+/// An ODBC handle of any kind.
+class Handle {
+ public:
+  /// Error -2147467259 when the driver manager has no memory for one.
+  Handle(SQLSMALLINT kind, SQLHANDLE parent);
+  ~Handle() { SQLFreeHandle(kind_, handle_); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+  SQLHANDLE get() const { return handle_; }
+  /// Raises `OdbcFailure` when a call on the handle failed.
+  void Check(SQLRETURN code) const {
+    if (!SQL_SUCCEEDED(code)) Fail(code);
+  }
+  [[noreturn]] void Fail(SQLRETURN code) const;
+  std::vector<Diagnostic> Diagnostics() const;
+
+ private:
+  SQLSMALLINT kind_;
+  SQLHANDLE handle_ = SQL_NULL_HANDLE;
+};
+
+/// A statement on a connection; it closes its result when it goes.
+class OdbcStatement : public Handle {
+ public:
+  explicit OdbcStatement(const Handle& connection) : Handle(SQL_HANDLE_STMT, connection.get()) {}
+
+  void Set(SQLINTEGER attribute, SQLULEN value) const;
+  /// Sends a text of any length. False when the server said that no row was hit.
+  bool Execute(std::string_view sql) const;
+  SQLSMALLINT Columns() const;
+  /// A numeric property of a result column, 0 when the driver does not know it.
+  SQLLEN Number(SQLUSMALLINT column, SQLUSMALLINT property) const;
+  std::string Text(SQLUSMALLINT column, SQLUSMALLINT property) const;
+};
+
+/// Text as ODBC's wide functions take it.
+SQLWCHAR* Wide(std::u16string& text);
+
+}  // namespace sqlserver

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "sqlserver/connection_text.h"
+#include "sqlserver/dialect.h"
+#include "sqlserver/odbc.h"
+#include "sqlserver/parameters.h"
+#include "sqlserver/result_reader.h"
+
+namespace sqlserver {
+
+struct Limits {
+  /// How long one statement may take; 0: for ever.
+  std::chrono::seconds statement{30};
+  /// How long the server may take to answer a connection.
+  std::chrono::seconds login{15};
+  /// A connection unused for longer is tried before something is written on it.
+  std::chrono::seconds idle{30};
+};
+
+/// The connection to the server. Every call reads its result to the end, so that nothing is under way between
+/// two calls: the server holds no lock for us, and a connection that broke meanwhile is made anew by the next
+/// call. A read that loses the connection is sent once more; a write is not, for it may have been done.
+class Session {
+ public:
+  /// Connects. Error -2147467259 with what to do when that fails.
+  Session(ConnectionText connection, std::string password, Limits limits);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  std::string Place() const { return text_.Place(); }
+  const Dialect& dialect() const { return *dialect_; }
+
+  /// Runs a statement and hands its result to `take`, which may be called a second time when the connection
+  /// was lost in between.
+  void Read(const std::string& sql, const std::function<void(ResultReader&)>& take);
+  /// Runs a statement that writes; the number of rows hit, -1 when the server did not tell.
+  long Write(const std::string& sql, Parameters& parameters);
+  /// Runs an INSERT and returns the number that the server gave the row.
+  long InsertNumbered(const std::string& sql, Parameters& parameters);
+
+  // Writes kept together or not at all. A connection that is lost in between loses all of them.
+  void BeginBatch();
+  void CommitBatch();
+  void AbandonBatch();
+
+ private:
+  class Link;
+  enum class Work { kRead, kWrite, kCommit };
+
+  bool Ready(Work work);
+  void Connect();
+  bool Answers() const;
+  void Do(Work work, const std::function<void(const Link&)>& action);
+  OdbcFailure Translated(const OdbcFailure& failure) const;
+  std::unique_ptr<OdbcStatement> Run(const Link& link, const std::string& sql, Parameters& parameters,
+                                     bool* hit = nullptr) const;
+
+  ConnectionText text_;
+  std::string password_;
+  Limits limits_;
+  Handle environment_;
+  std::unique_ptr<Link> link_;
+  const Dialect* dialect_ = nullptr;
+  bool batch_ = false;
+  std::chrono::steady_clock::time_point lastUse_;
+};
+
+}  // namespace sqlserver

@@ -1,0 +1,112 @@
+#include "sqlserver/table_check.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "sqlserver/dialect.h"
+
+namespace sqlserver {
+namespace {
+
+using platform::FieldType;
+
+struct FoundColumn {
+  platform::FieldInfo field;
+  bool numbered;
+};
+
+FieldType FieldTypeOf(tsql::BaseType type) {
+  switch (type) {
+    case tsql::BaseType::kBit:
+      return FieldType::kBool;
+    case tsql::BaseType::kSmallInt:
+      return FieldType::kInteger;
+    case tsql::BaseType::kInt:
+      return FieldType::kLong;
+    case tsql::BaseType::kMoney:
+      return FieldType::kCurrency;
+    case tsql::BaseType::kFloat:
+      return FieldType::kDouble;
+    case tsql::BaseType::kDateTime:
+      return FieldType::kDate;
+    case tsql::BaseType::kNVarChar:
+      return FieldType::kText;
+    case tsql::BaseType::kVarBinary:
+      return FieldType::kBytes;
+  }
+  return FieldType::kText;
+}
+
+std::string WidthText(long width) {
+  return width >= platform::kUnlimitedSize ? std::string("max") : std::to_string(width);
+}
+
+/// The columns as a statement sees them; nothing when there is no such table.
+std::optional<std::vector<FoundColumn>> ColumnsOf(Session& session, const std::string& table) {
+  std::vector<FoundColumn> found;
+  try {
+    session.Read("SELECT * FROM " + Bracketed(table) + " WHERE 1 = 0", [&](ResultReader& result) {
+      found.clear();
+      for (std::size_t i = 0; i < result.fields().size(); ++i)
+        found.push_back({result.fields()[i], result.IsNumbered(i)});
+    });
+  } catch (const platform::RuntimeError& error) {
+    if (error.number() != platform::kInvalidObject) throw;
+    return {};
+  }
+  return found;
+}
+
+/// What is wrong with a column; empty when nothing is.
+std::string Fault(const tsql::Column& wanted, const std::vector<FoundColumn>& found) {
+  const auto column = std::find_if(found.begin(), found.end(), [&](const FoundColumn& each) {
+    return platform::EqualsIgnoringCase(each.field.name, wanted.name);
+  });
+  if (column == found.end()) return "falta a coluna, que é " + wanted.type.ToText();
+  if (column->field.type != FieldTypeOf(wanted.type.base))
+    return "a coluna é de outro tipo, e devia ser " + wanted.type.ToText();
+  if (wanted.type.width != 0 && column->field.definedSize != wanted.type.width)
+    return "a coluna tem a largura " + WidthText(column->field.definedSize) + ", e devia ter " +
+           WidthText(wanted.type.width);
+  if (wanted.identity && !column->numbered)
+    return "a base de dados não numera a coluna, que devia ser IDENTITY(1,1)";
+  return {};
+}
+
+/// The order of the database's texts.
+void CheckCollation(Session& session, std::vector<std::string>& differences) {
+  if (*session.dialect().collationTest == '\0') return;
+  platform::RowStore answer(2);
+  session.Read(session.dialect().collationTest, [&](ResultReader& result) {
+    answer = platform::RowStore(2);
+    result.ReadAll(answer);
+  });
+  if (answer.rows() == 0) return;
+  if (answer.At(0, 0).integer() == 0)
+    differences.emplace_back("Na base de dados «a» não é igual a «A»: precisa de uma collation com CI.");
+  if (answer.At(0, 1).integer() != 0)
+    differences.emplace_back("Na base de dados «a» é igual a «á»: precisa de uma collation com AS.");
+}
+
+}  // namespace
+
+std::vector<std::string> Differences(Session& session, const tsql::Catalog& catalog) {
+  std::vector<std::string> differences;
+  CheckCollation(session, differences);
+  for (const tsql::Table& table : catalog.tables()) {
+    const auto found = ColumnsOf(session, table.name);
+    if (!found) {
+      differences.push_back(table.name + ": falta a tabela");
+      continue;
+    }
+    for (const tsql::Column& column : table.columns)
+      if (const std::string fault = Fault(column, *found); !fault.empty())
+        differences.push_back(table.name + "." + column.name + ": " + fault);
+  }
+  return differences;
+}
+
+}  // namespace sqlserver

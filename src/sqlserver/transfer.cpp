@@ -1,0 +1,149 @@
+#include "sqlserver/transfer.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "platform/runtime_error.h"
+#include "sqlserver/dialect.h"
+#include "sqlserver/schema_script.h"
+
+namespace sqlserver {
+namespace {
+
+using platform::Cell;
+using platform::FieldType;
+using platform::RuntimeError;
+using zorCrmParvel::DataAccess;
+using zorCrmParvel::fixed;
+using zorCrmParvel::RecordsetRef;
+
+std::string ColumnNames(const tsql::Table& table) {
+  std::string names;
+  for (const tsql::Column& column : table.columns)
+    names += (names.empty() ? "" : ", ") + Bracketed(column.name);
+  return names;
+}
+
+RecordsetRef RowsOf(DataAccess& data, const tsql::Table& table) {
+  RecordsetRef rows;
+  data.AbrirLeitura("", {"SELECT ", fixed(ColumnNames(table)), " FROM ", fixed(Bracketed(table.name))}, rows);
+  return rows;
+}
+
+long CountOf(DataAccess& data, const tsql::Table& table) {
+  RecordsetRef rows;
+  data.AbrirLeitura("", {"SELECT count(*) AS n FROM ", fixed(Bracketed(table.name))}, rows);
+  return rows->Fields("n").Value().ToLong();
+}
+
+/// Adds a cell to a text that is the same for equal rows alone.
+void Append(const Cell& cell, std::string& text) {
+  const auto raw = [&text](const auto& value) {
+    text.append(reinterpret_cast<const char*>(&value), sizeof value);
+  };
+  text += cell.IsNull() ? '0' : '1';
+  if (cell.IsNull()) return;
+  if (cell.type() == FieldType::kText || cell.type() == FieldType::kBytes) {
+    raw(cell.block().size());
+    text += cell.block();
+  } else if (cell.type() == FieldType::kDouble) {
+    raw(cell.real());
+  } else {
+    raw(cell.integer());
+  }
+}
+
+/// The rows of a table in any order, each by the hash of its values.
+std::vector<std::size_t> Fingerprint(DataAccess& data, const tsql::Table& table) {
+  const RecordsetRef rows = RowsOf(data, table);
+  std::vector<std::size_t> hashes;
+  std::string text;
+  for (std::size_t row = 0; row < rows->RowsAtHand() || rows->FetchMore(1); ++row) {
+    text.clear();
+    for (std::size_t i = 0; i < table.columns.size(); ++i) Append(rows->CellAt(row, i), text);
+    hashes.push_back(std::hash<std::string>()(text));
+  }
+  std::sort(hashes.begin(), hashes.end());
+  return hashes;
+}
+
+/// Says whether the rows of a table bring the numbers of its identity column. A connection allows it to one
+/// table at a time.
+void AllowNumbers(Session& session, const tsql::Table& table, const char* onOrOff) {
+  const bool numbered = std::any_of(table.columns.begin(), table.columns.end(),
+                                    [](const tsql::Column& column) { return column.identity; });
+  if (!numbered || !session.dialect().announcesIdentity) return;
+  Parameters none;
+  session.Write("SET IDENTITY_INSERT " + Bracketed(table.name) + " " + onOrOff, none);
+}
+
+void CopyRows(DataAccess& from, Session& to, const tsql::Table& table) {
+  const RecordsetRef rows = RowsOf(from, table);
+  std::string places;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) places += i == 0 ? "?" : ", ?";
+  const std::string sql =
+      "INSERT INTO " + Bracketed(table.name) + " (" + ColumnNames(table) + ") VALUES (" + places + ")";
+  Parameters parameters;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    parameters.Clear();
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+      parameters.Add(rows->FieldList()[i], rows->Fields(i).Value());
+    to.Write(sql, parameters);
+  }
+}
+
+void CopyTable(DataAccess& from, Database& to, const tsql::Table& table) {
+  zorCrmParvel::Batch batch(to);
+  AllowNumbers(to.session(), table, "ON");
+  CopyRows(from, to.session(), table);
+  AllowNumbers(to.session(), table, "OFF");
+  if (Fingerprint(from, table) != Fingerprint(to, table))
+    throw RuntimeError(platform::kEngineFailure, table.name,
+                       "Os registos de " + table.name +
+                           " não ficaram iguais no servidor: a tabela ficou vazia, como estava.");
+  batch.Commit();
+}
+
+void RequireTables(Database& to) {
+  std::string lacking;
+  for (const tsql::Table& table : to.catalog().tables())
+    if (!HasTable(to.session(), table.name)) lacking += (lacking.empty() ? "" : ", ") + table.name;
+  if (!lacking.empty())
+    throw RuntimeError(platform::kInvalidObject, to.Place(),
+                       "Faltam tabelas em " + to.Place() + ": " + lacking +
+                           ". Crie-as com «parvel esquema --aplicar» e repita.");
+}
+
+/// The tables that an earlier run brought. Error 457 when one has other rows.
+std::vector<const tsql::Table*> Brought(DataAccess& from, Database& to) {
+  std::vector<const tsql::Table*> brought;
+  std::string occupied;
+  for (const tsql::Table& table : to.catalog().tables()) {
+    if (CountOf(to, table) == 0) continue;
+    if (Fingerprint(from, table) == Fingerprint(to, table))
+      brought.push_back(&table);
+    else
+      occupied += (occupied.empty() ? "" : ", ") + table.name;
+  }
+  if (!occupied.empty())
+    throw RuntimeError(platform::kKeyInUse, to.Place(),
+                       "Já há outros registos em " + to.Place() + ": " + occupied +
+                           ". Só se transfere para tabelas vazias, e nada foi gravado.");
+  return brought;
+}
+
+}  // namespace
+
+void Transfer(DataAccess& from, Database& to, const std::function<void(const TransferredTable&)>& done) {
+  RequireTables(to);
+  const std::vector<const tsql::Table*> brought = Brought(from, to);
+  for (const tsql::Table& table : to.catalog().tables()) {
+    const bool already = std::find(brought.begin(), brought.end(), &table) != brought.end();
+    const long rows = CountOf(from, table);
+    if (!already && rows > 0) CopyTable(from, to, table);
+    done({table.name, rows, already});
+  }
+}
+
+}  // namespace sqlserver

@@ -1,0 +1,103 @@
+#include "console/server_commands.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "console/password.h"
+#include "console/program.h"
+
+namespace console {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ServerCommandsTest : public testing::Test {
+ protected:
+  ServerCommandsTest() {
+    std::string name = (fs::temp_directory_path() / "parvel-servidor-XXXXXX").string();
+    folder = mkdtemp(name.data());
+    server = "Driver=SQLite3;Database=" + File("servidor.db");
+    unsetenv("PARVEL_SENHA");
+  }
+  ~ServerCommandsTest() override { fs::remove_all(folder); }
+
+  std::string File(const char* name) const { return (folder / name).string(); }
+  int Parvel(const std::vector<std::string>& arguments) {
+    out.str("");
+    err.str("");
+    return console::Run(arguments, out, err);
+  }
+  bool Says(const char* text) const { return (out.str() + err.str()).find(text) != std::string::npos; }
+
+  fs::path folder;
+  std::string server;
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+TEST_F(ServerCommandsTest, TheTablesArePrintedAndThoseThatLackAreTold) {
+  EXPECT_EQ(Parvel({"esquema"}), kDone);
+  EXPECT_EQ(out.str().find("-- versão "), 0U);
+  EXPECT_EQ(Parvel({"--ligacao", server, "esquema"}), kDone);
+  EXPECT_EQ(out.str().find("CREATE TABLE zor_PV_Categorias ("), 0U) << out.str();
+  EXPECT_EQ(Parvel({"--ligacao", server, "verificar"}), kRefused);
+  EXPECT_TRUE(Says("zor_PV_Viaturas: falta a tabela\n")) << out.str();
+  EXPECT_EQ(Parvel({"--ligacao", server, "lista", "Marcas"}), kFailed);
+  EXPECT_TRUE(Says("Invalid object name 'zor_PV_Marcas'. Falta a tabela na base de dados.")) << err.str();
+}
+
+TEST_F(ServerCommandsTest, ATransferNeedsAFileAServerAndItsTables) {
+  EXPECT_EQ(Parvel({"--ligacao", server, "transferir", "--de", File("nada.db")}), kFailed);
+  EXPECT_TRUE(Says("Não há o ficheiro"));
+  EXPECT_FALSE(fs::exists(File("nada.db")));
+  ASSERT_EQ(Parvel({"--db", File("frota.db"), "lista", "Marcas"}), kDone);
+  EXPECT_EQ(Parvel({"--ligacao", server, "transferir", "--de", File("frota.db")}), kFailed);
+  EXPECT_TRUE(Says("Faltam tabelas em ")) << err.str();
+  EXPECT_EQ(Parvel({"transferir", "--de", File("frota.db")}), kFailed);
+  EXPECT_TRUE(Says("Falta o servidor"));
+  EXPECT_EQ(Parvel({"transferir"}), kUsage);
+}
+
+TEST_F(ServerCommandsTest, WrongConnectionsAreTold) {
+  struct Case {
+    std::vector<std::string> arguments;
+    int code;
+    const char* text;
+  };
+  const std::vector<Case> cases = {
+      {{"--db", "a.db", "--ligacao", server, "lista"}, kUsage, "não vão juntas"},
+      {{"--ligacao", server + ";PWD=segredo", "verificar"}, kFailed, "A senha não vai na ligação"},
+      {{"--ligacao", "Driver=NaoHa;Server=srv", "verificar"}, kFailed, "não está instalado nesta máquina"},
+      {{"--ligacao", server, "copia", File("copia.db")}, kFailed, "o próprio servidor que a faz"},
+      {{"--ligacao", server + ";UID=ana", "--senha-ficheiro", File("senha"), "verificar"},
+       kFailed,
+       "Não é possível ler o ficheiro da senha"},
+      {{"--ligacao", server, "--tempo-limite", "-1", "verificar"}, kUsage, "não se entendem"}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(Parvel(c.arguments), c.code);
+    EXPECT_TRUE(Says(c.text)) << err.str();
+    EXPECT_FALSE(Says("segredo"));
+  }
+}
+
+TEST_F(ServerCommandsTest, ThePasswordIsReadFromWhereNobodyElseReads) {
+  std::ofstream(File("senha")) << "seg;redo\r\nresto\n";
+  fs::permissions(File("senha"), fs::perms::owner_read | fs::perms::group_read);
+  EXPECT_THROW(PasswordFromFile(File("senha")), std::runtime_error);
+  fs::permissions(File("senha"), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(KnownPassword(File("senha")), "seg;redo");
+  setenv("PARVEL_SENHA", "do ambiente", 1);
+  EXPECT_EQ(KnownPassword(File("senha")), "do ambiente");
+  unsetenv("PARVEL_SENHA");
+  EXPECT_EQ(KnownPassword(""), std::nullopt);
+  fs::resize_file(File("senha"), 0);
+  EXPECT_THROW(PasswordFromFile(File("senha")), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace console

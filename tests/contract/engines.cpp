@@ -1,0 +1,134 @@
+#include "engines.h"
+
+#include <cstdlib>
+#include <fstream>
+
+#include "embedded/database.h"
+#include "sqlserver/database.h"
+#include "sqlserver/schema_script.h"
+#include "support/recording_data_access.h"
+
+namespace contract_tests {
+namespace {
+
+// The same columns as SQLite declares them; money is kept as text, which alone holds its whole range there.
+constexpr const char* kSqliteTables[] = {
+    "CREATE TABLE PT_Tudo (Id INTEGER PRIMARY KEY AUTOINCREMENT, Nome nvarchar(10), Notas nvarchar(99999), "
+    "Activa bit, Ano smallint, Km int, Valor moneychar, Razao float, Data datetime, Foto varbinary(99999))",
+    "CREATE TABLE PT_Codigos (Codigo nvarchar(10) NOT NULL PRIMARY KEY, Nome nvarchar(50) UNIQUE)"};
+
+/// Tells the driver manager of the SQLite driver in a folder of the test's own, unless a server is tested,
+/// whose driver the machine's own configuration names.
+class DriverManager {
+ public:
+  DriverManager() {
+    if (!ServerConnection().empty()) return;
+    std::ofstream(folder_.File("odbcinst.ini")) << "[SQLite3]\nDriver=libsqlite3odbc.so\n";
+    setenv("ODBCSYSINI", folder_.File("").c_str(), 1);
+    setenv("ODBCINSTINI", "odbcinst.ini", 1);
+  }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+std::shared_ptr<Store> OpenEmbedded(const TemporaryFolder& /*folder*/) {
+  embedded::OpenOptions options;
+  options.schema = kSchema;
+  return embedded::Database::Open(":memory:", options);
+}
+
+sqlserver::OpenOptions OptionsFor(const std::string& connection) {
+  sqlserver::OpenOptions options;
+  options.connection = connection;
+  options.schema = kSchema;
+  const char* password = std::getenv("PARVEL_SENHA");
+  options.password = password == nullptr ? "" : password;
+  return options;
+}
+
+std::shared_ptr<Store> OpenSqlite(const TemporaryFolder& folder) {
+  auto database = sqlserver::Database::Open(OptionsFor(SqliteConnection(folder.File("contrato.db"))));
+  sqlserver::Parameters none;
+  for (const char* table : kSqliteTables) database->session().Write(table, none);
+  return database;
+}
+
+std::shared_ptr<Store> OpenServer(const TemporaryFolder& /*folder*/) {
+  auto database = sqlserver::Database::Open(OptionsFor(ServerConnection()));
+  sqlserver::CreateLackingTables(*database, kSchema);
+  for (const char* table : {"PT_Tudo", "PT_Codigos"})
+    database->ExecutarSql("", {"DELETE FROM ", zorCrmParvel::fixed(table)});
+  return database;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::string name = (std::filesystem::temp_directory_path() / "parvel-odbc-XXXXXX").string();
+  path_ = mkdtemp(name.data());
+}
+
+std::string SqliteConnection(const std::string& file) {
+  static const DriverManager manager;
+  return "Driver=SQLite3;Database=" + file;
+}
+
+std::string ServerConnection() {
+  const char* connection = std::getenv("PARVEL_TEST_ODBC");
+  return connection == nullptr ? "" : connection;
+}
+
+std::vector<Engine> Engines() {
+  const std::string noServer = ServerConnection().empty()
+                                   ? "PARVEL_TEST_ODBC names no server: its own dialect is not tested here."
+                                   : "";
+  return {{"Embedded", true, "", &OpenEmbedded},
+          {"OdbcSqlite", false, "", &OpenSqlite},
+          {"OdbcServer", true, noServer, &OpenServer}};
+}
+
+std::string ErrorOf(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const platform::RuntimeError& error) {
+    return std::to_string(error.number()) + ": " + error.description();
+  }
+  return {};
+}
+
+int NumberOf(const std::function<void()>& act) {
+  const std::string error = ErrorOf(act);
+  return error.empty() ? 0 : std::stoi(error);
+}
+
+void ContractTest::SetUp() {
+  if (!GetParam().missing.empty()) GTEST_SKIP() << GetParam().missing;
+  store_ = GetParam().open(folder_);
+}
+
+RecordsetRef ContractTest::Open(const std::string& statement) const {
+  RecordsetRef rows;
+  store_->AbrirLeitura("", statement.c_str(), rows);
+  return rows;
+}
+
+RecordsetRef ContractTest::Edit(const std::string& statement) const {
+  RecordsetRef rows;
+  store_->AbrirEdicao(statement.c_str(), rows);
+  return rows;
+}
+
+Table ContractTest::Rows(const std::string& statement) const {
+  return testing_support::Rows(zorCrmParvel::DataAccessRef(store_), statement);
+}
+
+void ContractTest::AddCodes(int count) {
+  for (int i = 1; i <= count; ++i) {
+    const std::string number = std::to_string(1000 + i);
+    std::string statement = "INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('C";
+    Run(statement.append(number).append("', 'Nome ").append(number).append("')"));
+  }
+}
+
+}  // namespace contract_tests

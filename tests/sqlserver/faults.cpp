@@ -1,0 +1,89 @@
+#include "faults.h"
+
+#include <dlfcn.h>
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <optional>
+#include <utility>
+
+#include "sqlserver/utf16.h"
+
+namespace sqlserver_tests {
+namespace {
+
+std::deque<Fault> statementFaults;
+std::deque<Fault> connectionFaults;
+std::optional<Fault> current;  // what the failing handle has to say
+int statements = 0;
+int connections = 0;
+
+template <typename Function>
+Function Real(const char* name) {
+  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+/// Takes the first fault when it hits the text.
+bool Hits(std::deque<Fault>& faults, const std::string& text) {
+  current.reset();
+  if (faults.empty() || text.find(faults.front().in) == std::string::npos) return false;
+  current = faults.front();
+  faults.pop_front();
+  return true;
+}
+
+std::string TextOf(const SQLWCHAR* text, SQLINTEGER length) {
+  return sqlserver::ToUtf8({reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(length)});
+}
+
+void Give(const std::string& text, SQLWCHAR* place) {
+  const std::u16string wide = sqlserver::ToUtf16(text);
+  std::memcpy(place, wide.c_str(), (wide.size() + 1) * sizeof(char16_t));
+}
+
+}  // namespace
+
+void FailNextStatement(const Fault& fault) { statementFaults.push_back(fault); }
+void FailNextConnection(const Fault& fault) { connectionFaults.push_back(fault); }
+void ClearFaults() {
+  statementFaults.clear();
+  connectionFaults.clear();
+}
+int StatementsSent() { return std::exchange(statements, 0); }
+int ConnectionsMade() { return std::exchange(connections, 0); }
+
+extern "C" {
+
+SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
+  ++statements;
+  if (Hits(statementFaults, TextOf(text, length))) return SQL_ERROR;
+  return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(handle, text, length);
+}
+
+SQLRETURN SQLDriverConnectW(SQLHDBC handle, SQLHWND window, SQLWCHAR* in, SQLSMALLINT inLength, SQLWCHAR* out,
+                            SQLSMALLINT outRoom, SQLSMALLINT* outLength, SQLUSMALLINT completion) {
+  ++connections;
+  if (Hits(connectionFaults, TextOf(in, inLength))) return SQL_ERROR;
+  return Real<decltype(&SQLDriverConnectW)>("SQLDriverConnectW")(handle, window, in, inLength, out, outRoom,
+                                                                 outLength, completion);
+}
+
+SQLRETURN SQLGetDiagRecW(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, SQLWCHAR* state,
+                         SQLINTEGER* native, SQLWCHAR* words, SQLSMALLINT room, SQLSMALLINT* length) {
+  if (!current)
+    return Real<decltype(&SQLGetDiagRecW)>("SQLGetDiagRecW")(kind, handle, record, state, native, words, room,
+                                                             length);
+  if (record > 1) return SQL_NO_DATA;
+  Give(current->state, state);
+  Give(current->words, words);
+  *native = current->native;
+  *length = static_cast<SQLSMALLINT>(sqlserver::ToUtf16(current->words).size());
+  return SQL_SUCCESS;
+}
+
+}  // extern "C"
+
+}  // namespace sqlserver_tests

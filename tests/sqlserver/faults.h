@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+/// A server whose answers the test sets: the driver manager's functions stand in this program before the real
+/// ones, which they call unless a fault is due.
+namespace sqlserver_tests {
+
+struct Fault {
+  std::string state;
+  int native;
+  std::string words;
+  /// The statements that it hits contain this text; empty: any.
+  std::string in;
+};
+
+/// The next matching statement fails so, before it reaches the driver.
+void FailNextStatement(const Fault& fault);
+/// The next attempt to connect fails so.
+void FailNextConnection(const Fault& fault);
+/// No fault is due any more.
+void ClearFaults();
+
+/// What went to the driver since the last call: statements executed, and connections made.
+int StatementsSent();
+int ConnectionsMade();
+
+}  // namespace sqlserver_tests

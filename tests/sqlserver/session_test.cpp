@@ -1,0 +1,127 @@
+#include "platform/runtime_error.h"
+#include "server_fixture.h"
+#include "support/recording_data_access.h"
+
+namespace sqlserver_tests {
+namespace {
+
+const Fault kLost{"08S01", 0, "[Maker][Driver]Communication link failure", ""};
+
+class SessionTest : public ServerTest {
+ protected:
+  void Write() { Run("INSERT INTO PT_Tudo (Km) VALUES (1)"); }
+};
+
+TEST_F(SessionTest, AReadThatLosesTheConnectionIsSentAgainOnce) {
+  Write();
+  ConnectionsMade();
+  FailNextStatement(kLost);
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+  EXPECT_EQ(ConnectionsMade(), 1);
+  FailNextStatement(kLost);
+  FailNextStatement(kLost);
+  const std::string error = ErrorOf([&] { Count("PT_Tudo"); });
+  EXPECT_NE(error.find("-2147467259: A ligação a "), std::string::npos) << error;
+  EXPECT_NE(error.find("(Communication link failure)"), std::string::npos) << error;
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+}
+
+TEST_F(SessionTest, AWriteThatLosesTheConnectionIsNotSentAgain) {
+  FailNextStatement(kLost);
+  const std::string error = ErrorOf([&] { Write(); });
+  EXPECT_NE(error.find("veja o registo antes de repetir"), std::string::npos) << error;
+  Write();
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+}
+
+TEST_F(SessionTest, ABatchThatLosesTheConnectionIsLostWhole) {
+  EXPECT_EQ(NumberOf([&] {
+              zorCrmParvel::Batch batch(*store_);
+              Write();
+              FailNextStatement(kLost);
+              EXPECT_EQ(NumberOf([&] { Write(); }), platform::kEngineFailure);
+              EXPECT_EQ(NumberOf([&] { Write(); }), platform::kEngineFailure);  // nothing on its own
+              batch.Commit();
+            }),
+            platform::kEngineFailure);
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+  Write();
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+}
+
+TEST_F(SessionTest, AnUnusedConnectionIsTriedBeforeAWrite) {
+  sqlserver::Limits limits;
+  limits.idle = std::chrono::seconds(0);
+  sqlserver::Session session(
+      sqlserver::ConnectionText(contract_tests::SqliteConnection(folder_.File("contrato.db"))), "", limits);
+  ConnectionsMade();
+  FailNextStatement(kLost);  // hits the trial
+  sqlserver::Parameters none;
+  EXPECT_EQ(session.Write("INSERT INTO PT_Tudo (Km) VALUES (1)", none), 1);
+  EXPECT_EQ(ConnectionsMade(), 1);
+}
+
+TEST_F(SessionTest, RoundTripsAreFew) {
+  Run("INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('A', 'um')");
+  StatementsSent();
+  platform::RecordsetRef rows;
+  store_->AbrirLeitura("", "SELECT * FROM PT_Codigos WHERE Codigo = 'A'", rows);
+  EXPECT_EQ(rows->RecordCount(), 1);
+  EXPECT_EQ(StatementsSent(), 1);
+  store_->AbrirEdicao("SELECT * FROM PT_Codigos WHERE Codigo = 'A'", rows);
+  rows->Fields("Nome").SetValue("dois");
+  rows->Update();
+  EXPECT_EQ(StatementsSent(), 2);
+}
+
+TEST_F(SessionTest, FailuresOfStatementsSayWhatToDo) {
+  struct Case {
+    Fault fault;
+    const char* error;
+  };
+  const std::vector<Case> cases = {
+      {{"42S02", 208, "[F][S]Invalid object name 'X'.", ""},
+       "-2147217865: Invalid object name 'X'. Falta a tabela na base de dados."},
+      {{"42S22", 207, "[F][S]Invalid column name 'X'.", ""}, "-2147217904: Invalid column name 'X'."},
+      {{"23000", 2627, "Violation of PRIMARY KEY constraint.", ""},
+       "-2147217873: Violation of PRIMARY KEY constraint."},
+      {{"42000", 229, "The SELECT permission was denied.", ""},
+       "-2147217900: The SELECT permission was denied. O utilizador da ligação não tem permissão"},
+      {{"25000", 3906, "Failed to update database.", ""},
+       "-2147217900: Failed to update database. A base de dados só permite leitura"},
+      {{"22001", 8152, "String or binary data would be truncated.", ""},
+       "-2147217900: String or binary data would be truncated."},
+      {{"40001", 1205, "Deadlocked.", ""}, "-2147467259: Deadlocked. Outro utilizador"},
+      {{"42000", 102, "Incorrect syntax near 'x'.", ""}, "-2147217900: Incorrect syntax near 'x'."},
+      {{"HYT00", 0, "Timeout expired", ""}, "-2147467259: Timeout expired. O servidor não respondeu"}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.error);
+    FailNextStatement(c.fault);
+    EXPECT_EQ(ErrorOf([&] { Count("PT_Tudo"); }).substr(0, std::string(c.error).size()), c.error);
+  }
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+}
+
+TEST_F(SessionTest, FailuresToConnectSayWhatToDoAndKeepThePassword) {
+  sqlserver::OpenOptions options;
+  options.connection = contract_tests::SqliteConnection(folder_.File("contrato.db")) + ";Server=srv;UID=ana";
+  options.password = "segredo";
+  const std::vector<std::pair<Fault, const char*>> cases = {
+      {{"28000", 18456, "Login failed for user 'ana'.", ""}, "recusou o utilizador ou a senha"},
+      {{"42000", 4060, "Cannot open database \"x\".", ""}, "não existe no servidor, ou o utilizador"},
+      {{"08001", 0, "Unable to connect to data source", ""}, "Confirme Server e Port"},
+      {{"HYT00", 0, "Login timeout expired", ""}, "Confirme Server e Port"},
+      {{"01000", 0, "Can't open lib 'x'", ""}, "não está instalado nesta máquina"},
+      {{"IM002", 0, "Data source name not found", ""}, "não está instalado nesta máquina"}};
+  for (const auto& [fault, advice] : cases) {
+    SCOPED_TRACE(advice);
+    FailNextConnection(fault);
+    const std::string error = ErrorOf([&] { sqlserver::Database::Open(options); });
+    EXPECT_NE(error.find("-2147467259: Não foi possível ligar a "), std::string::npos) << error;
+    EXPECT_NE(error.find(advice), std::string::npos) << error;
+    EXPECT_EQ(error.find("segredo"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace sqlserver_tests

@@ -1,0 +1,103 @@
+#include <sys/stat.h>
+
+#include <sstream>
+
+#include "embedded/database.h"
+#include "server_fixture.h"
+#include "sqlserver/schema_script.h"
+#include "sqlserver/table_check.h"
+#include "sqlserver/transfer.h"
+#include "support/recording_data_access.h"
+#include "tsql/parser.h"
+
+namespace sqlserver_tests {
+namespace {
+
+class TablesTest : public ServerTest {
+ protected:
+  TablesTest() {
+    embedded::OpenOptions options;
+    options.schema = kSchema;
+    from_ = embedded::Database::Open(":memory:", options);
+    for (int i = 0; i < 40; ++i)
+      from_->ExecutarSql("",
+                         "INSERT INTO PT_Tudo (Nome, Valor, Razao, Data) VALUES (N'Évora', 12.5, 0.1, "
+                         "'2024.03.01 08:30:00')");
+    from_->ExecutarSql("", "DELETE FROM PT_Tudo WHERE Id < 5");
+    from_->ExecutarSql("", "INSERT INTO PT_Codigos (Codigo) VALUES ('A')");
+  }
+
+  /// What a transfer tells: a word a table, with its rows.
+  std::string Transfer() {
+    std::ostringstream told;
+    sqlserver::Transfer(*from_, database(), [&](const sqlserver::TransferredTable& table) {
+      told << table.table << ' ' << table.rows << (table.already ? " already; " : "; ");
+    });
+    return told.str();
+  }
+  Table Rows(const zorCrmParvel::DataAccessRef& data) {
+    return testing_support::Rows(data, "SELECT Id, Nome, Valor, Razao, Data, Km FROM PT_Tudo ORDER BY Id");
+  }
+
+  std::shared_ptr<embedded::Database> from_;
+};
+
+TEST_F(TablesTest, ATransferBringsAllRowsWithTheirNumbers) {
+  EXPECT_EQ(Transfer(), "PT_Tudo 36; PT_Codigos 1; ");
+  EXPECT_EQ(Rows(zorCrmParvel::DataAccessRef(store_)), Rows(zorCrmParvel::DataAccessRef(from_)));
+  EXPECT_EQ(Transfer(), "PT_Tudo 36 already; PT_Codigos 1 already; ");
+}
+
+TEST_F(TablesTest, AnInterruptedTransferIsRunAgain) {
+  FailNextStatement({"08S01", 0, "Communication link failure", "INSERT INTO [PT_Codigos]"});
+  EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kEngineFailure);
+  EXPECT_EQ(Count("PT_Tudo"), 36);
+  EXPECT_EQ(Transfer(), "PT_Tudo 36 already; PT_Codigos 1; ");
+  Run("DELETE FROM PT_Tudo");
+  FailNextStatement({"42000", 1105, "Could not allocate space.", "INSERT INTO [PT_Tudo]"});
+  EXPECT_NE(ErrorOf([&] { Transfer(); }), "");
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+}
+
+TEST_F(TablesTest, ATransferRefusesTablesWithOtherRows) {
+  Run("INSERT INTO PT_Codigos (Codigo) VALUES ('B')");
+  EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kKeyInUse);
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+  session().Read("DROP TABLE PT_Codigos", [](sqlserver::ResultReader&) {});
+  EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kInvalidObject);
+}
+
+TEST_F(TablesTest, OnlyTablesThatLackAreCreated) {
+  const std::string schema = std::string(kSchema) + R"(-- um comentário; com ponto e vírgula
+CREATE TABLE PT_Nova (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK_PT_Nova PRIMARY KEY (Codigo));
+CREATE INDEX IX_PT_Nova ON PT_Nova (Codigo);
+)";
+  const auto scripts = sqlserver::ScriptsOf(schema);
+  ASSERT_EQ(scripts.size(), 3u);
+  EXPECT_EQ(scripts[1].statements.size(), 2u);
+  Run("INSERT INTO PT_Codigos (Codigo) VALUES ('B')");
+  EXPECT_EQ(sqlserver::CreateLackingTables(database(), schema), std::vector<std::string>{"PT_Nova"});
+  EXPECT_TRUE(sqlserver::CreateLackingTables(database(), schema).empty());
+  EXPECT_EQ(Count("PT_Nova"), 0);
+  EXPECT_EQ(Count("PT_Codigos"), 1);
+}
+
+TEST_F(TablesTest, DifferencesAreTold) {
+  const auto differences = [&](const char* schema) {
+    return sqlserver::Differences(session(), tsql::ParseSchema(schema));
+  };
+  EXPECT_TRUE(differences(kSchema).empty());
+  EXPECT_EQ(
+      differences("CREATE TABLE PT_Codigos (Codigo int IDENTITY(1,1) NOT NULL, Nome nvarchar(60) NULL, Km "
+                  "money NULL, CONSTRAINT K PRIMARY KEY (Codigo)); CREATE TABLE Nada (A int NULL); "
+                  "CREATE TABLE PT_Tudo (Notas nvarchar(9) NULL, Km int IDENTITY(1,1) NOT NULL);"),
+      (std::vector<std::string>{
+          "PT_Codigos.Codigo: a coluna é de outro tipo, e devia ser int",
+          "PT_Codigos.Nome: a coluna tem a largura 50, e devia ter 60",
+          "PT_Codigos.Km: falta a coluna, que é money", "Nada: falta a tabela",
+          "PT_Tudo.Notas: a coluna tem a largura max, e devia ter 9",
+          "PT_Tudo.Km: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)"}));
+}
+
+}  // namespace
+}  // namespace sqlserver_tests

@@ -1,0 +1,81 @@
+#include "sqlserver/values.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "contract/engines.h"
+#include "sqlserver/connection_text.h"
+#include "sqlserver/editable_rows.h"
+#include "sqlserver/utf16.h"
+#include "tsql/parser.h"
+
+namespace sqlserver_tests {
+namespace {
+
+using contract_tests::NumberOf;
+using platform::Currency;
+
+TEST(ServerValuesTest, MoneyIsExactOverItsRange) {
+  const std::vector<std::pair<const char*, std::int64_t>> cases = {{"0", 0},
+                                                                   {"12.5", 125000},
+                                                                   {".5000", 5000},
+                                                                   {"-.0001", -1},
+                                                                   {"7.", 70000},
+                                                                   {"1.00005", 10000},
+                                                                   {"1.00015", 10002},
+                                                                   {"1.000150001", 10002},
+                                                                   {"922337203685477.5807", INT64_MAX},
+                                                                   {"-922337203685477.5808", INT64_MIN}};
+  for (const auto& [text, units] : cases) EXPECT_EQ(sqlserver::MoneyFromText(text), units) << text;
+  for (const std::int64_t units : {INT64_MIN, INT64_C(-1), INT64_C(0), INT64_C(10001), INT64_MAX})
+    EXPECT_EQ(sqlserver::MoneyFromText(sqlserver::MoneyText(Currency::FromTenThousandths(units))), units);
+  for (const char* text : {"922337203685477.5808", "-922337203685477.5809", "99999999999999999999"})
+    EXPECT_EQ(NumberOf([&] { sqlserver::MoneyFromText(text); }), platform::kOverflow) << text;
+  for (const char* text : {"", "-", ".", "1,5", "1e3", "x"})
+    EXPECT_EQ(NumberOf([&] { sqlserver::MoneyFromText(text); }), platform::kTypeMismatch) << text;
+}
+
+TEST(ServerValuesTest, TextGoesThereAndBack) {
+  for (const char* text : {"", "abc", "ação €", "\U0001F697 a\U00010FFFF", "\x7F\u0080\u07FF\u0800\uFFFD"})
+    EXPECT_EQ(sqlserver::ToUtf8(sqlserver::ToUtf16(text)), text);
+  EXPECT_EQ(sqlserver::ToUtf16("\U0001F697").size(), 2u);
+  EXPECT_EQ(sqlserver::ToUtf8(std::u16string{u'a', char16_t{0xD83D}, u'b'}), "a\uFFFDb");
+  EXPECT_EQ(NumberOf([] { sqlserver::ToUtf16("a\xFF"); }), platform::kStatementRefused);
+}
+
+TEST(ConnectionTextTest, ReadsWhatItIsGivenAndRefusesPasswords) {
+  const sqlserver::ConnectionText text(
+      " Driver = {ODBC Driver; 18} ;Server=srv; DATABASE=frota;UID=ana;X={a}}b}");
+  EXPECT_EQ(text.Get("driver"), "ODBC Driver; 18");
+  EXPECT_EQ(text.Get("X"), "a}b");
+  EXPECT_EQ(text.Place(), "frota em srv");
+  EXPECT_EQ(text.ToText(), "Driver={ODBC Driver; 18};Server=srv;DATABASE=frota;UID=ana;X=a}b;");
+  EXPECT_EQ(sqlserver::ConnectionText("frota").WithPassword("a;b}"), "DSN=frota;PWD={a;b}}};");
+  for (const char* bad :
+       {"", " ", "Server=s;PWD=x", "password={x};Server=s", "Server=s;nada", "Driver={x", "Driver={x}y"})
+    EXPECT_EQ(NumberOf([&] { sqlserver::ConnectionText{bad}; }), platform::kEngineFailure) << bad;
+}
+
+TEST(ConnectionTextTest, PartsAreReplacedAndTheOthersStay) {
+  sqlserver::ConnectionText text("Driver=FreeTDS;Server=a;TDS_Version=7.4;UID=ana");
+  text.Set("server", "b");
+  text.Set("UID", "");
+  text.Set("Database", "frota");
+  EXPECT_EQ(text.ToText(), "Driver=FreeTDS;Server=b;TDS_Version=7.4;Database=frota;");
+  EXPECT_FALSE(text.NamesUser());
+}
+
+TEST(EditableRowsTest, TheKeyIsAddedWhereItLacks) {
+  const tsql::Catalog catalog = tsql::ParseSchema(contract_tests::kSchema);
+  const auto of = [&](const char* statement) { return sqlserver::EditableRows::Of(statement, catalog); };
+  EXPECT_EQ(of("Select Nome as 'from' From PT_Codigos x Where x.Nome = ' from '").statement,
+            "Select Nome as 'from' , [x].[Codigo] From PT_Codigos x Where x.Nome = ' from '");
+  for (const char* whole : {"SELECT * FROM PT_Codigos", "SELECT Nome, codigo FROM PT_Codigos"}) {
+    EXPECT_EQ(of(whole).statement, whole);
+    EXPECT_EQ(of(whole).addedKeys, 0u);
+  }
+}
+
+}  // namespace
+}  // namespace sqlserver_tests
