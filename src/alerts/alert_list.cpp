@@ -1,5 +1,7 @@
 #include "alerts/alert_list.h"
 
+#include <algorithm>
+
 #include "host/form_catalog.h"
 
 namespace zorCrmParvel {
@@ -70,6 +72,21 @@ void AlertList::ICrmVwList_Editar(GridRow* row) {
 void AlertList::ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) {
   for (long comando : {kNovo, kRemover})
     if (platform::MenuItem* item = menu.Find(comando)) item->enabled = false;
+}
+
+ContagemDeAlertas AlertList::Contar() {
+  ContagemDeAlertas contagem;
+  Executar("::Contar", [&] {
+    const RecordsetRef linhas = AbrirLinhas();
+    contagem = ContarFaixas(linhas, lista_.condicoes);
+    linhas->Close();
+  });
+  return contagem;
+}
+
+bool AlertList::TemFaixa(Tools::Faixa faixa) const {
+  return std::any_of(lista_.condicoes.begin(), lista_.condicoes.end(),
+                     [faixa](const FormatCondition& c) { return FaixaDoEstilo(c.style) == faixa; });
 }
 
 void AlertList::PreparaGrelha(const std::vector<ColunaSolta>& colunas) {

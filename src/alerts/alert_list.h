@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "alerts/alert_counts.h"
 #include "host/list_frame.h"
 
 namespace zorCrmParvel {
@@ -44,6 +45,10 @@ class AlertList : public ListFrame {
   /// Opens the row's ficha, where it is known, and finds the rows anew.
   void ICrmVwList_Editar(GridRow* row) override;
   void ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) override;
+  /// Finds the rows and counts them by band, without a grid. Errors carry the list's title as their source.
+  ContagemDeAlertas Contar();
+  /// True when rows of the list can be in the band.
+  bool TemFaixa(Tools::Faixa faixa) const;
 
  protected:
   std::string Titulo() const override { return lista_.titulo; }

@@ -5,6 +5,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "desktop/look.h"
 #include "desktop/text.h"
 
 namespace desktop {
@@ -43,7 +44,9 @@ void ComboBoxView::SyncContent() {
     shown_->addItems(entries);
   }
   shown_->setCurrentIndex(combo_.ListIndex);
+  if (shown_->isEnabled() == combo_.Enabled) return;
   shown_->setEnabled(combo_.Enabled);
+  SetLocked(shown_, !combo_.Enabled);
 }
 
 TabView::TabView(platform::TabControl& tabs, UserActs& acts, QWidget* parent)

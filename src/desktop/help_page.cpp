@@ -19,7 +19,7 @@ struct KeyText {
 
 constexpr KeyText kListKeys[] = {
     {"↑ ↓", "Mudar de registo"},
-    {"Enter", "Editar o registo"},
+    {"Enter", "Editar o registo; no início, abrir a lista"},
     {"Ins, Ctrl+N", "Novo registo"},
     {"Del", "Remover o registo, depois de confirmar"},
     {"F5", "Actualizar a lista"},

@@ -182,6 +182,13 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 
 void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+  if (control == CC_ComboBox && !option->state.testFlag(State_Enabled)) {
+    // What can't be chosen from looks like any locked field.
+    QStyleOptionFrame frame;
+    static_cast<QStyleOption&>(frame) = *option;
+    frame.lineWidth = pixelMetric(PM_DefaultFrameWidth, option, widget);
+    return drawPrimitive(PE_PanelLineEdit, &frame, painter, widget);
+  }
   if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
       combo && IsDark(combo->palette)) {
     QStyleOptionComboBox visible(*combo);

@@ -14,25 +14,33 @@ namespace {
 constexpr double kSoftShare = 0.22;
 constexpr double kRowLineShare = 0.1;
 
-bool HasKeyboard(const QStyleOptionViewItem& item) {
-  return item.widget != nullptr && item.widget->hasFocus() && item.state.testFlag(QStyle::State_Active);
+/// True in the first column that is shown of a row with a band: it bears the band's mark.
+bool BearsMark(const QStyleOptionViewItem& item, const QModelIndex& index) {
+  const auto* view = qobject_cast<const QTableView*>(item.widget);
+  if (view == nullptr || !index.data(GridModel::kBandColor).isValid()) return false;
+  const QHeaderView* header = view->horizontalHeader();
+  for (int place = 0; place < header->visualIndex(index.column()); ++place)
+    if (!header->isSectionHidden(header->logicalIndex(place))) return false;
+  return true;
 }
 
-bool IsFirstColumn(const QStyleOptionViewItem& item, const QModelIndex& index) {
-  const auto* view = qobject_cast<const QTableView*>(item.widget);
-  return view != nullptr && view->horizontalHeader()->logicalIndexAt(0) == index.column();
-}
+double MarkSide(const QStyleOptionViewItem& item) { return item.fontMetrics.height() * 0.6; }
+/// From the cell's edge to the end of the mark.
+int MarkWidth(const QStyleOptionViewItem& item) { return static_cast<int>(MarkSide(item) * 1.5); }
 
 /// Draws the band's mark at the left of a row and moves the text behind it.
 void PaintMark(QPainter& painter, QStyleOptionViewItem& item, const QModelIndex& index, const QColor& color) {
-  const double side = item.fontMetrics.height() * 0.6;
-  const double left = item.rect.left() + side / 2;
-  const QRectF square(left, item.rect.center().y() - side / 2, side, side);
+  const double side = MarkSide(item);
+  const QRectF square(item.rect.left() + side / 2, item.rect.center().y() - side / 2, side, side);
   DrawBandMark(painter, square, index.data(GridModel::kBandOrder).toInt(), color);
-  item.rect.setLeft(static_cast<int>(left + side));
+  item.rect.setLeft(item.rect.left() + MarkWidth(item));
 }
 
 }  // namespace
+
+bool ItemPainter::HasKeyboard(const QStyleOptionViewItem& item) {
+  return item.widget != nullptr && item.widget->hasFocus() && item.state.testFlag(QStyle::State_Active);
+}
 
 void ItemPainter::PaintChosen(QPainter& painter, QStyleOptionViewItem& item) {
   const QColor accent = Accent(item.palette);
@@ -51,6 +59,11 @@ void ItemPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyledItemDelegate::paint(painter, item, index);
 }
 
+QSize CellPainter::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QSize size = ItemPainter::sizeHint(option, index);
+  return BearsMark(option, index) ? size + QSize(MarkWidth(option), 0) : size;
+}
+
 void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
   QStyleOptionViewItem item = option;
@@ -63,8 +76,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->fillRect(item.rect, band.value<QColor>());
     item.palette.setColor(QPalette::Text, ReadableOn(band.value<QColor>()));
   }
-  if (band.isValid() && IsFirstColumn(item, index))
-    PaintMark(*painter, item, index, item.palette.color(QPalette::Text));
+  if (BearsMark(item, index)) PaintMark(*painter, item, index, item.palette.color(QPalette::Text));
   QStyledItemDelegate::paint(painter, item, index);
   const QPalette& colors = option.palette;
   painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),

@@ -12,6 +12,8 @@ class ItemPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  protected:
+  /// True when the item's table has the keyboard.
+  static bool HasKeyboard(const QStyleOptionViewItem& item);
   /// Fills the background of a chosen item, and gives its text the colour that goes with it.
   static void PaintChosen(QPainter& painter, QStyleOptionViewItem& item);
 };
@@ -20,6 +22,8 @@ class ItemPainter : public QStyledItemDelegate {
 class CellPainter : public ItemPainter {
  public:
   using ItemPainter::ItemPainter;
+  /// With room for the mark.
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 

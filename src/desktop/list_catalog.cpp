@@ -53,4 +53,6 @@ const ListEntry* FindList(const char* key) {
   return nullptr;
 }
 
+bool IsAlertList(const ListEntry& entry) { return entry.group == kAlerts; }
+
 }  // namespace desktop

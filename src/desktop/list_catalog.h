@@ -17,5 +17,10 @@ struct ListEntry {
 const std::vector<ListEntry>& AllLists();
 /// Null when there is no such key.
 const ListEntry* FindList(const char* key);
+/// True for the lists of what is due.
+bool IsAlertList(const ListEntry& entry);
+
+/// The start page's place among the keys of the lists.
+inline constexpr char kStartPage[] = "Inicio";
 
 }  // namespace desktop

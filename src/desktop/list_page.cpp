@@ -134,6 +134,7 @@ void ListPage::Search(const QString& text) {
 /// The list reloads itself in its verbs, whatever happened in them.
 void ListPage::Verb(const std::function<void()>& verb) {
   ShowAfter([&] { Guarded(window(), verb); });
+  Q_EMIT Worked();
 }
 
 /// Shows the rows that there are after a change, with the record that was chosen before it.

@@ -62,6 +62,8 @@ class ListPage : public QWidget {
   void Told(const QString& text);
   /// The search was taken back by the page itself.
   void SearchCleared();
+  /// A verb of the list has run: records may have changed.
+  void Worked();
 
  private:
   class ListForm;

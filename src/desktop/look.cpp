@@ -101,7 +101,8 @@ void SetLocked(QWidget* field, bool locked) {
   QPalette palette;
   if (locked) {
     palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-    palette.setColor(QPalette::Disabled, QPalette::Text, MutedText(palette));
+    for (auto role : {QPalette::Text, QPalette::ButtonText})
+      palette.setColor(QPalette::Disabled, role, MutedText(palette));
   }
   field->setPalette(palette);
 }

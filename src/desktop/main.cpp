@@ -31,7 +31,7 @@ int RunWindow(QApplication& application, const Options& options) {
   QSettings settings;
   DesktopHost host(settings);
   const platform::HostInstallation installation(host);
-  std::unique_ptr<Workspace> workspace = OpenOrAsk(DatabaseFor(options, settings), settings, nullptr);
+  std::unique_ptr<Workspace> workspace = OpenAtStart(options, settings, nullptr);
   if (workspace == nullptr) return 0;
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);
@@ -51,7 +51,7 @@ int RunPicture(const Options& options) {
   QSettings settings(forgotten.filePath(QStringLiteral("retrato.ini")), QSettings::IniFormat);
   DesktopHost host(settings);
   const platform::HostInstallation installation(host);
-  auto workspace = std::make_unique<Workspace>(FromQt(DatabaseFor(options, settings)));
+  auto workspace = OpenUnasked(options, settings);
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);
   host.SetMainWindow(&window);

@@ -38,6 +38,7 @@ MainActions::MainActions(QMainWindow* window)
     : QObject(window),
       open(Make(window, "&Abrir base de dados…", {QKeySequence("Ctrl+O")}, "Abrir outra base de dados")),
       create(Make(window, "Nova &base de dados…", {}, "Criar uma base de dados vazia")),
+      connect_to(Make(window, "&Ligar a servidor…", {}, "Trabalhar num servidor, ou de novo num ficheiro")),
       copy(Make(window, "&Guardar cópia…", {}, "Guardar uma cópia da base de dados")),
       export_list(Signed(
           Make(window, "&Exportar…", {QKeySequence("Ctrl+E")}, "Exportar a lista para folha de cálculo"),
@@ -66,7 +67,7 @@ MainActions::MainActions(QMainWindow* window)
 void MainActions::BuildMenus() {
   QMenuBar* bar = window_->menuBar();
   QMenu* file = bar->addMenu(QStringLiteral("&Ficheiro"));
-  file->addActions({open, create, copy});
+  file->addActions({open, create, connect_to, copy});
   file->addSeparator();
   file->addActions({export_list, print});
   file->addSeparator();

@@ -17,6 +17,7 @@ class MainActions : public QObject {
 
   QAction* open;
   QAction* create;
+  QAction* connect_to;
   QAction* copy;
   QAction* export_list;
   QAction* print;

@@ -1,7 +1,6 @@
 #include "desktop/main_window.h"
 
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,12 +9,15 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <cstring>
 #include <functional>
 
+#include "desktop/alert_board.h"
 #include "desktop/help_page.h"
 #include "desktop/look.h"
 #include "desktop/main_actions.h"
 #include "desktop/sidebar.h"
+#include "desktop/start_page.h"
 #include "desktop/text.h"
 #include "host/form_catalog.h"
 #include "platform/host.h"
@@ -26,26 +28,8 @@ namespace {
 constexpr char kPlace[] = "janela/lugar";
 constexpr char kSplit[] = "janela/lado";
 constexpr char kList[] = "janela/lista";
-constexpr int kMessageTime = 8000;  // milliseconds
-
-const char* DatabaseFilter() { return "Bases de dados (*.db);;Todos os ficheiros (*)"; }
 
 }  // namespace
-
-QString AskForDatabase(QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Abrir base de dados"), {}, QString::fromUtf8(DatabaseFilter()));
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-QString AskForNewDatabase(QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Nova base de dados"), QStringLiteral("frota.db"),
-                     QString::fromUtf8(DatabaseFilter()));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("db"));
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
 
 MainWindow::MainWindow(QSettings& settings)
     : settings_(settings),
@@ -53,12 +37,16 @@ MainWindow::MainWindow(QSettings& settings)
       sidebar_(new Sidebar(this)),
       splitter_(new QSplitter(this)),
       place_(new QWidget(this)),
+      alerts_(new AlertBoard(this)),
+      start_(new StartPage(*alerts_, place_)),
       count_(new QLabel(this)),
-      file_(new QLabel(this)) {
+      file_(new QLabel(this)),
+      alert_count_(new QLabel(this)) {
   setWindowTitle(QStringLiteral("Gestão de frota"));
   Build();
   Connect();
   ConnectList();
+  ConnectAlerts();
   FillFichas();
   Update();
   resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(screen()->availableSize()));
@@ -71,6 +59,8 @@ MainWindow::~MainWindow() { delete page_; }
 void MainWindow::Build() {
   auto* row = new QHBoxLayout(place_);
   row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(start_);
+  start_->hide();
   place_->setBackgroundRole(QPalette::Base);
   place_->setAutoFillBackground(true);
   splitter_->addWidget(sidebar_);
@@ -79,11 +69,13 @@ void MainWindow::Build() {
   splitter_->setCollapsible(1, false);
   splitter_->setHandleWidth(1);
   setCentralWidget(splitter_);
-  for (QLabel* label : {count_, file_}) label->setTextFormat(Qt::PlainText);
+  for (QLabel* label : {count_, file_, alert_count_}) label->setTextFormat(Qt::PlainText);
   count_->setContentsMargins(WideGap(this), 0, 0, 0);
-  file_->setContentsMargins(0, 0, WideGap(this), 0);
   statusBar()->addWidget(count_);
-  statusBar()->addPermanentWidget(file_);
+  for (QLabel* label : {file_, alert_count_}) {
+    label->setContentsMargins(0, 0, WideGap(this), 0);
+    statusBar()->addPermanentWidget(label);
+  }
   statusBar()->setSizeGripEnabled(false);
   actions_->search->installEventFilter(this);
 }
@@ -91,6 +83,7 @@ void MainWindow::Build() {
 void MainWindow::Connect() {
   connect(actions_->open, &QAction::triggered, this, &MainWindow::AskAndOpen);
   connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
+  connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
   connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
@@ -103,6 +96,16 @@ void MainWindow::Connect() {
   });
   connect(sidebar_, &Sidebar::Chosen, this,
           [this](const ListEntry* entry, bool to_work) { Show(*entry, to_work); });
+  connect(sidebar_, &Sidebar::StartChosen, this, &MainWindow::ShowStart);
+}
+
+void MainWindow::ConnectAlerts() {
+  connect(alerts_, &AlertBoard::Changed, this, [this] {
+    sidebar_->ShowCounts(*alerts_);
+    ShowAlertCount();
+  });
+  connect(start_, &StartPage::ListWanted, this, [this](const ListEntry* entry) { Show(*entry, true); });
+  connect(start_, &StartPage::VehicleWanted, this, [this] { ShowFicha("Viaturas"); });
 }
 
 void MainWindow::ConnectList() {
@@ -114,10 +117,10 @@ void MainWindow::ConnectList() {
   run(actions_->add, &ListPage::New);
   run(actions_->edit, &ListPage::Edit);
   run(actions_->remove, &ListPage::Remove);
-  run(actions_->reload, &ListPage::Load);
   run(actions_->print, &ListPage::Print);
   run(actions_->export_list, &ListPage::Export);
   run(actions_->reset_columns, &ListPage::ResetColumns);
+  connect(actions_->reload, &QAction::triggered, this, &MainWindow::Reload);
   connect(actions_->search, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (page_ != nullptr && page_->SearchText() != text) page_->Search(text);
   });
@@ -125,17 +128,19 @@ void MainWindow::ConnectList() {
 
 void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   delete std::exchange(page_, nullptr);
+  alerts_->Watch(nullptr);
   workspace_ = std::move(workspace);
-  const QString last = settings_.value(kList).toString();
-  const ListEntry* entry = FindList(FromQt(last).c_str());
-  if (entry == nullptr || !zorCrmParvel::Sistema::TemLista(entry->key)) entry = nullptr;
-  for (const ListEntry& list : AllLists())
-    if (entry == nullptr && zorCrmParvel::Sistema::TemLista(list.key)) entry = &list;
-  if (entry != nullptr) Show(*entry, true);
-  Update();
+  alerts_->Watch(&workspace_->sistema());
+  const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
+  if (last != nullptr && zorCrmParvel::Sistema::TemLista(last->key))
+    Show(*last, true);
+  else
+    ShowStart(true);
+  FindAlerts();
 }
 
 void MainWindow::ShowList(const char* key) {
+  if (std::strcmp(key, kStartPage) == 0) return ShowStart(true);
   const ListEntry* entry = FindList(key);
   if (entry != nullptr && zorCrmParvel::Sistema::TemLista(key)) Show(*entry, true);
 }
@@ -144,22 +149,57 @@ void MainWindow::Show(const ListEntry& entry, bool to_work) {
   if (workspace_ == nullptr) return;
   if (page_ == nullptr || &page_->entry() != &entry) {
     delete std::exchange(page_, nullptr);
+    start_->hide();
     page_ = new ListPage(workspace_->sistema(), entry, settings_, place_);
     place_->layout()->addWidget(page_);
     page_->show();
     page_->table().installEventFilter(this);
     connect(page_, &ListPage::Changed, this, &MainWindow::Update);
+    connect(page_, &ListPage::Worked, this, &MainWindow::FindAlerts);
     connect(page_, &ListPage::SearchCleared, actions_->search, &QLineEdit::clear);
-    connect(page_, &ListPage::Told, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kMessageTime); });
+    connect(page_, &ListPage::Told, this, &MainWindow::Tell);
     sidebar_->Mark(entry);
     actions_->search->setText(page_->SearchText());
-    const QString key = QString::fromUtf8(entry.key);
-    if (settings_.value(kList) != key) settings_.setValue(kList, key);
+    Remember(entry.key);
   }
   if (to_work) page_->TakeFocus();
   Update();
 }
+
+void MainWindow::ShowStart(bool to_work) {
+  if (workspace_ == nullptr) return;
+  delete std::exchange(page_, nullptr);
+  if (start_->isHidden()) {
+    start_->show();
+    FindAlerts();
+  }
+  sidebar_->MarkStart();
+  actions_->search->clear();
+  Remember(kStartPage);
+  if (to_work) start_->TakeFocus();
+  Update();
+}
+
+/// What is as it was isn't written: a write waits for the disk.
+void MainWindow::Remember(const char* key) {
+  const QString shown = QString::fromUtf8(key);
+  if (settings_.value(kList) != shown) settings_.setValue(kList, shown);
+}
+
+void MainWindow::ShowFicha(const char* ficha) {
+  if (workspace_ == nullptr) return;
+  Guarded(this, [&] { workspace_->sistema().MostraFicha(ficha); });
+  Reload();
+}
+
+/// Reads what is shown anew, and what is due.
+void MainWindow::Reload() {
+  if (page_ != nullptr) page_->Load();
+  FindAlerts();
+}
+
+/// The start page alone shows what the feed says.
+void MainWindow::FindAlerts() { alerts_->Refresh(page_ == nullptr); }
 
 /// Brings commands, counts and titles in step with the list shown.
 void MainWindow::Update() {
@@ -169,15 +209,22 @@ void MainWindow::Update() {
   actions_->remove->setEnabled(open && page_->Can(kRemoveCommand));
   actions_->print->setEnabled(open && page_->Can(kPrintCommand));
   actions_->export_list->setEnabled(open && page_->Can(kPrintCommand));
-  for (QAction* action : {actions_->reload, actions_->find, actions_->reset_columns, actions_->copy})
-    action->setEnabled(open);
+  for (QAction* action : {actions_->find, actions_->reset_columns}) action->setEnabled(open);
+  actions_->reload->setEnabled(workspace_ != nullptr);
+  actions_->copy->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
   actions_->search->setEnabled(open);
   count_->setText(open ? page_->CountText() : QString());
-  const QString path = workspace_ != nullptr ? ToQt(workspace_->database().path()) : QString();
-  file_->setText(QFileInfo(path).fileName());
+  const QString path = workspace_ != nullptr ? ToQt(workspace_->Place()) : QString();
+  file_->setText(workspace_ != nullptr && workspace_->file() != nullptr ? QFileInfo(path).fileName() : path);
   file_->setToolTip(PlainToolTip(path));
   setWindowTitle(open ? page_->Title() + QStringLiteral(" — Gestão de frota")
                       : QStringLiteral("Gestão de frota"));
+}
+
+void MainWindow::ShowAlertCount() {
+  const std::optional<long> total = alerts_->Total();
+  alert_count_->setText(total ? AlertsCounted(*total) : QString());
+  if (!total && !alerts_->IsBusy()) alert_count_->setText(QStringLiteral("Alertas por ler"));
 }
 
 void MainWindow::UpdateRecordMenu() {
@@ -202,19 +249,17 @@ void MainWindow::FillFichas() {
     if (group != nullptr && group != entry.group) actions_->ficha_menu->addSeparator();
     group = entry.group;
     QAction* action = actions_->ficha_menu->addAction(QString::fromUtf8(entry.title));
-    connect(action, &QAction::triggered, this, [this, ficha = entry.ficha] {
-      if (workspace_ == nullptr) return;
-      Guarded(this, [&] { workspace_->sistema().MostraFicha(ficha); });
-      page_->Load();
-    });
+    connect(action, &QAction::triggered, this, [this, ficha = entry.ficha] { ShowFicha(ficha); });
   }
 }
 
 void MainWindow::SwitchSide() {
-  if (page_ == nullptr || page_->isAncestorOf(focusWidget()))
+  if (place_->isAncestorOf(focusWidget()))
     sidebar_->setFocus();
-  else
+  else if (page_ != nullptr)
     page_->TakeFocus();
+  else
+    start_->TakeFocus();
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -241,39 +286,6 @@ bool MainWindow::SearchKey(int key) {
   if (clears) actions_->search->clear();
   if (page_ != nullptr) page_->TakeFocus();
   return true;
-}
-
-void MainWindow::AskAndOpen() {
-  const QString file = AskForDatabase(this);
-  if (!file.isEmpty()) OpenFile(file);
-}
-
-void MainWindow::AskAndCreate() {
-  const QString file = AskForNewDatabase(this);
-  if (file.isEmpty()) return;
-  if (!QFileInfo::exists(file)) return OpenFile(file);
-  ShowMessage(this, QStringLiteral("O ficheiro %1 já existe.\nEscolha outro nome.").arg(file),
-              platform::kOkOnly | platform::kExclamation, QStringLiteral("Nova base de dados"));
-}
-
-/// A database that can't be opened leaves the one that is.
-void MainWindow::OpenFile(const QString& file) {
-  Guarded(this, [&] {
-    Open(std::make_unique<Workspace>(FromQt(file)));
-    settings_.setValue(kDatabaseSetting, file);
-  });
-}
-
-void MainWindow::AskAndCopy() {
-  QFileDialog dialog(this, QStringLiteral("Guardar cópia"), QStringLiteral("cópia.db"),
-                     QString::fromUtf8(DatabaseFilter()));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("db"));
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString file = dialog.selectedFiles().value(0);
-  if (Guarded(this, [&] { workspace_->database().CopyTo(FromQt(file)); }))
-    statusBar()->showMessage(QStringLiteral("Cópia escrita em %1").arg(file), kMessageTime);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -12,10 +12,13 @@ class QSplitter;
 
 namespace desktop {
 
+class AlertBoard;
 class MainActions;
 class Sidebar;
+class StartPage;
 
-/// The window of the program: lists at the side, the rows of one of them in the middle, commands above.
+/// The window of the program: lists at the side, the rows of one of them or the start page in the middle,
+/// commands above.
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -24,13 +27,15 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(QSettings& settings);
   ~MainWindow() override;
 
-  /// Works on a database from now on, and shows the list that was shown last.
+  /// Works on a database from now on, and shows the list that was shown last, or the start page.
   void Open(std::unique_ptr<Workspace> workspace);
-  /// Shows a list; an unknown key does nothing.
+  /// Shows a list, or the start page by its key; an unknown key does nothing.
   void ShowList(const char* key);
 
-  /// The list shown; null while no database is open.
+  /// The list shown; null on the start page and while no database is open.
   ListPage* page() const { return page_; }
+  StartPage& start() const { return *start_; }
+  AlertBoard& alerts() const { return *alerts_; }
   Workspace* workspace() const { return workspace_.get(); }
   const MainActions& actions() const { return *actions_; }
 
@@ -42,8 +47,17 @@ class MainWindow : public QMainWindow {
   void Build();
   void Connect();
   void ConnectList();
+  void ConnectAlerts();
   void Show(const ListEntry& entry, bool to_work);
+  void ShowStart(bool to_work);
+  void Remember(const char* key);
+  void ShowFicha(const char* ficha);
+  void Reload();
+  void FindAlerts();
+  /// Shows a short text that nobody has to answer.
+  void Tell(const QString& text);
   void Update();
+  void ShowAlertCount();
   void UpdateRecordMenu();
   void FillFichas();
   void SwitchSide();
@@ -51,6 +65,7 @@ class MainWindow : public QMainWindow {
   bool SearchKey(int key);
   void AskAndOpen();
   void AskAndCreate();
+  void AskAndConnect();
   void OpenFile(const QString& file);
   void AskAndCopy();
 
@@ -60,16 +75,12 @@ class MainWindow : public QMainWindow {
   Sidebar* sidebar_;
   QSplitter* splitter_;
   QWidget* place_;
+  AlertBoard* alerts_;
+  StartPage* start_;
   ListPage* page_ = nullptr;
   QLabel* count_;
   QLabel* file_;
+  QLabel* alert_count_;
 };
-
-/// Asks for a database file to open, or for a new one; empty when the user gave up.
-QString AskForDatabase(QWidget* parent);
-QString AskForNewDatabase(QWidget* parent);
-
-/// The setting that keeps the database which the user chose.
-inline constexpr char kDatabaseSetting[] = "basededados";
 
 }  // namespace desktop

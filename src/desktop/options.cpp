@@ -10,11 +10,14 @@ constexpr char kHelp[] = R"(Gestão de frota, em janela.
 Uso: parvel-desktop [opções]
 
   --db FICHEIRO       Base de dados, em vez da habitual; é criada se não existir.
+  --ligacao LIGAÇÃO   Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.
+  --senha-ficheiro F  Ficheiro, legível só por si, com a senha do servidor.
   --demo              Abre dados de demonstração, numa base de dados à parte.
-  --lista CHAVE       Começa por esta lista, por exemplo Marcas.
+  --lista CHAVE       Começa por esta lista, por exemplo Marcas, ou pela página Inicio.
   --retrato FICHEIRO  Pinta a janela num ficheiro PNG e sai; não precisa de ecrã.
   --ficha NOME        No retrato: com esta ficha aberta, vazia.
   --registo           No retrato: com a ficha do primeiro registo aberta.
+  --separador N       No retrato: com este separador da ficha, a contar de 1.
   --escuro            No retrato: com as cores escuras.
   --help              Mostra esta ajuda.
   --version           Mostra a versão.
@@ -43,9 +46,12 @@ std::optional<Reply> ReadOptions(const QStringList& words, Options& options) {
                         {"--escuro", &options.dark},
                         {"--arranque", &options.until_painted}};
   const Text texts[] = {{"--db", &options.database},
+                        {"--ligacao", &options.connection},
+                        {"--senha-ficheiro", &options.password_file},
                         {"--lista", &options.list},
                         {"--retrato", &options.picture},
-                        {"--ficha", &options.ficha}};
+                        {"--ficha", &options.ficha},
+                        {"--separador", &options.tab}};
 
   for (qsizetype i = 0; i < words.size(); ++i) {
     const QString& word = words[i];

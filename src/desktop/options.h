@@ -8,11 +8,14 @@ namespace desktop {
 
 /// What the program was called with.
 struct Options {
-  QString database;  // empty: the usual one
+  QString database;       // empty: the usual one
+  QString connection;     // of a server; empty: a file, or the server chosen last time
+  QString password_file;  // with the server's password; empty: none
   bool demo = false;
   QString picture;  // a file: the window is painted into it, and the program ends
   QString list;
   QString ficha;
+  QString tab;                 // the picture shows this tab of the ficha, counted from 1
   bool first_record = false;   // the picture shows the ficha of the first row
   bool dark = false;           // the picture is in the dark colours
   bool until_painted = false;  // the program ends when the window has been painted once

@@ -3,8 +3,11 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
+#include <QTabBar>
+#include <QThreadPool>
 #include <QTimer>
 
+#include "desktop/alert_board.h"
 #include "desktop/look.h"
 #include "desktop/main_window.h"
 #include "desktop/text.h"
@@ -41,6 +44,12 @@ QImage Paint(MainWindow& window) {
   return picture.toImage();
 }
 
+void TurnToTab(int number) {
+  const QWidget* dialog = QApplication::activeModalWidget();
+  auto* tabs = dialog != nullptr ? dialog->findChild<QTabBar*>() : nullptr;
+  if (tabs != nullptr && number > 0) tabs->setCurrentIndex(number - 1);
+}
+
 void CloseDialogs() {
   while (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
 }
@@ -69,8 +78,12 @@ void UseDarkColors() {
 
 bool TakePicture(MainWindow& window, const Options& options) {
   window.resize(Em(&window) * kWidth, Em(&window) * kHeight);
+  window.alerts().Finish();
   QImage picture;
   const auto take = [&] {
+    TurnToTab(options.tab.toInt());
+    QApplication::processEvents();
+    QThreadPool::globalInstance()->waitForDone();  // photos
     QApplication::processEvents();
     picture = Paint(window);
     CloseDialogs();

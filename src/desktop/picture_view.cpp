@@ -1,7 +1,10 @@
 #include "desktop/picture_view.h"
 
+#include <QCoreApplication>
 #include <QImageReader>
 #include <QPainter>
+#include <QPointer>
+#include <QThreadPool>
 
 #include "desktop/look.h"
 #include "desktop/text.h"
@@ -12,25 +15,69 @@ namespace {
 /// No picture is decoded larger than a screen needs it.
 constexpr int kLargestSide = 2048;
 
-QPixmap ReadPicture(const QString& file) {
+QString WhyNot(QImageReader::ImageReaderError error) {
+  const bool unread = error == QImageReader::FileNotFoundError || error == QImageReader::DeviceError;
+  return unread ? QStringLiteral("Não foi possível ler o ficheiro da imagem.")
+                : QStringLiteral("O ficheiro não é uma imagem, ou está danificado.");
+}
+
+}  // namespace
+
+struct PictureFrame::Decoded {
+  QImage image;
+  QString failure;  // empty when there is an image
+};
+
+PictureFrame::PictureFrame(QWidget* parent) : QWidget(parent), turn_(std::make_shared<std::atomic<int>>(0)) {
+  setMinimumSize(sizeHint());
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+  Clear();
+}
+
+PictureFrame::~PictureFrame() { ++*turn_; }
+
+void PictureFrame::Clear() {
+  ++*turn_;
+  Say(QStringLiteral("Sem imagem"));
+}
+
+void PictureFrame::Load(const QString& file) {
+  const int turn = ++*turn_;
+  Say(QStringLiteral("A abrir a imagem…"));
+  QThreadPool::globalInstance()->start([frame = QPointer(this), wanted = turn_, file, turn] {
+    if (*wanted != turn) return;
+    const Decoded decoded = Decode(file);
+    QMetaObject::invokeMethod(
+        qApp,
+        [frame, decoded, turn] {
+          if (frame != nullptr) frame->Show(decoded, turn);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+PictureFrame::Decoded PictureFrame::Decode(const QString& file) {
   QImageReader reader(file);
   reader.setAutoTransform(true);
   reader.setDecideFormatFromContent(true);
   const QSize size = reader.size();
   if (size.isValid() && std::max(size.width(), size.height()) > kLargestSide)
     reader.setScaledSize(size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio));
-  return QPixmap::fromImage(reader.read());
+  const QImage image = reader.read();
+  return {image, image.isNull() ? WhyNot(reader.error()) : QString()};
 }
 
-}  // namespace
-
-PictureFrame::PictureFrame(QWidget* parent) : QWidget(parent) {
-  setMinimumSize(sizeHint());
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+void PictureFrame::Show(const Decoded& decoded, int turn) {
+  if (*turn_ != turn) return;
+  Say(decoded.failure);
+  picture_ = QPixmap::fromImage(decoded.image);
+  Q_EMIT Loaded();
 }
 
-void PictureFrame::Show(QPixmap picture) {
-  picture_ = std::move(picture);
+void PictureFrame::Say(const QString& text) {
+  picture_ = QPixmap();
+  text_ = text;
+  setAccessibleDescription(text);
   update();
 }
 
@@ -42,7 +89,8 @@ void PictureFrame::paintEvent(QPaintEvent*) {
     painter.setPen(LineColor(palette()));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.setPen(MutedText(palette()));
-    painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Sem imagem"));
+    const int gap = Gap(this);
+    painter.drawText(rect().adjusted(gap, gap, -gap, -gap), Qt::AlignCenter | Qt::TextWordWrap, text_);
     return;
   }
   const QSize size = picture_.size().scaled(this->size(), Qt::KeepAspectRatio);
@@ -54,7 +102,10 @@ void PictureFrame::paintEvent(QPaintEvent*) {
 void PictureView::SyncContent() {
   if (revision_ == picture_.Revision()) return;
   revision_ = picture_.Revision();
-  frame_->Show(picture_.Shown().empty() ? QPixmap() : ReadPicture(ToQt(picture_.Shown())));
+  if (picture_.Shown().empty())
+    frame_->Clear();
+  else
+    frame_->Load(ToQt(picture_.Shown()));
 }
 
 }  // namespace desktop

@@ -2,24 +2,47 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <atomic>
+#include <memory>
 
 #include "desktop/control_view.h"
 
 namespace desktop {
 
-/// A picture as large as its place allows, with its own proportions.
+/// A picture as large as its place allows, with its own proportions. Files are decoded on a thread of their
+/// own; until that has ended, and where there is no picture to show, a text stands in its place.
 class PictureFrame : public QWidget {
+  Q_OBJECT
+
  public:
   explicit PictureFrame(QWidget* parent);
-  /// An empty pixmap shows an empty frame.
-  void Show(QPixmap picture);
+  ~PictureFrame() override;
+
+  /// Returns at once. The picture of an earlier call is dropped, whenever it comes.
+  void Load(const QString& file);
+  void Clear();
+  /// Null while there is none.
+  const QPixmap& picture() const { return picture_; }
+  /// What is said instead of a picture.
+  const QString& text() const { return text_; }
   QSize sizeHint() const override;
+
+ Q_SIGNALS:
+  /// The file of the last call has been decoded, or found to be no picture.
+  void Loaded();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  struct Decoded;
+  static Decoded Decode(const QString& file);
+  void Show(const Decoded& decoded, int turn);
+  void Say(const QString& text);
+
   QPixmap picture_;
+  QString text_;
+  std::shared_ptr<std::atomic<int>> turn_;  // of the call whose picture is wanted, seen by the thread as well
 };
 
 class PictureView : public ControlView {

@@ -1,8 +1,10 @@
 #include "desktop/sidebar.h"
 
 #include <QEvent>
+#include <QPainter>
 #include <QScrollBar>
 
+#include "desktop/alert_board.h"
 #include "desktop/item_painter.h"
 #include "desktop/look.h"
 #include "host/sistema.h"
@@ -12,7 +14,27 @@ namespace {
 
 /// Index of the list in the catalogue; headings have none.
 constexpr int kEntryRole = Qt::UserRole;
+constexpr int kCountRole = Qt::UserRole + 1;
+constexpr int kStartIndex = -1;
 constexpr int kWidthInCharacters = 24;
+
+/// Paints an item with its number at the right.
+class SidebarPainter : public ItemPainter {
+ public:
+  using ItemPainter::ItemPainter;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    ItemPainter::paint(painter, option, index);
+    const QString count = index.data(kCountRole).toString();
+    if (count.isEmpty()) return;
+    const bool strong = option.state.testFlag(QStyle::State_Selected) && HasKeyboard(option);
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(strong ? QColor(Qt::white) : option.palette.color(QPalette::Text));
+    painter->drawText(option.rect.adjusted(0, 0, -WideGap(option.widget), 0),
+                      Qt::AlignRight | Qt::AlignVCenter, count);
+    painter->restore();
+  }
+};
 
 }  // namespace
 
@@ -21,20 +43,24 @@ Sidebar::Sidebar(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setAccessibleName(QStringLiteral("Listas"));
   viewport()->setBackgroundRole(QPalette::Window);
-  setItemDelegate(new ItemPainter(this));
+  setItemDelegate(new SidebarPainter(this));
   Fill();
   StyleItems();
   connect(this, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
-    if (!marking_ && EntryOf(item) != nullptr) Q_EMIT Chosen(EntryOf(item), false);
+    if (!marking_) Choose(item, false);
   });
-  const auto work = [this](QListWidgetItem* item) {
-    if (EntryOf(item) != nullptr) Q_EMIT Chosen(EntryOf(item), true);
-  };
+  const auto work = [this](QListWidgetItem* item) { Choose(item, true); };
   connect(this, &QListWidget::itemClicked, this, work);
   connect(this, &QListWidget::itemActivated, this, work);
 }
 
+void Sidebar::Choose(const QListWidgetItem* item, bool to_work) {
+  if (EntryOf(item) != nullptr) Q_EMIT Chosen(EntryOf(item), to_work);
+  if (item != nullptr && item == this->item(0)) Q_EMIT StartChosen(to_work);
+}
+
 void Sidebar::Fill() {
+  AddItem(QStringLiteral("Início"), kStartIndex);
   QString group;
   for (std::size_t i = 0; i < AllLists().size(); ++i) {
     const ListEntry& entry = AllLists()[i];
@@ -43,7 +69,7 @@ void Sidebar::Fill() {
       group = QString::fromUtf8(entry.group);
       AddGroup(group);
     }
-    AddList(static_cast<int>(i));
+    AddItem(QString::fromUtf8(entry.title), static_cast<int>(i));
   }
 }
 
@@ -52,9 +78,8 @@ void Sidebar::AddGroup(const QString& title) {
   item->setFlags(Qt::ItemIsEnabled);
 }
 
-void Sidebar::AddList(int index) {
-  auto* item = new QListWidgetItem(
-      QStringLiteral("  ") + QString::fromUtf8(AllLists()[static_cast<std::size_t>(index)].title), this);
+void Sidebar::AddItem(const QString& title, int index) {
+  auto* item = new QListWidgetItem(QStringLiteral("  ") + title, this);
   item->setData(kEntryRole, index);
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
 }
@@ -64,9 +89,9 @@ void Sidebar::StyleItems() {
   heading.setBold(true);
   heading.setPointSizeF(heading.pointSizeF() * 0.85);
   for (int i = 0; i < count(); ++i) {
-    const bool list = EntryOf(item(i)) != nullptr;
-    item(i)->setSizeHint({0, Em(this) * (list ? 7 : 9) / 4});
-    if (list) continue;
+    const bool heading_item = !item(i)->data(kEntryRole).isValid();
+    item(i)->setSizeHint({0, Em(this) * (heading_item ? 9 : 7) / 4});
+    if (!heading_item) continue;
     item(i)->setFont(heading);
     item(i)->setForeground(MutedText(palette()));
     item(i)->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
@@ -74,10 +99,33 @@ void Sidebar::StyleItems() {
 }
 
 void Sidebar::Mark(const ListEntry& entry) {
-  marking_ = true;
   for (int i = 0; i < count(); ++i)
-    if (EntryOf(item(i)) == &entry) setCurrentItem(item(i));
+    if (EntryOf(item(i)) == &entry) MarkItem(item(i));
+}
+
+void Sidebar::MarkStart() { MarkItem(item(0)); }
+
+void Sidebar::MarkItem(QListWidgetItem* item) {
+  marking_ = true;
+  setCurrentItem(item);
   marking_ = false;
+}
+
+void Sidebar::ShowCounts(const AlertBoard& board) {
+  for (int i = 0; i < count(); ++i) {
+    const ListEntry* entry = EntryOf(item(i));
+    if (entry == nullptr) continue;
+    for (const AlertFamily& family : board.families())
+      if (family.entry == entry) ShowCount(*item(i), *entry, family.counts ? family.counts->linhas : 0);
+  }
+}
+
+/// Shows a number behind a list, and reads it out; nothing for none.
+void Sidebar::ShowCount(QListWidgetItem& item, const ListEntry& entry, long rows) {
+  const QString title = QString::fromUtf8(entry.title);
+  item.setData(kCountRole, rows > 0 ? QLocale().toString(static_cast<qlonglong>(rows)) : QString());
+  item.setData(Qt::AccessibleTextRole,
+               rows > 0 ? title + QStringLiteral(", ") + AlertsCounted(rows) : QString());
 }
 
 QSize Sidebar::sizeHint() const {
@@ -90,8 +138,9 @@ void Sidebar::changeEvent(QEvent* event) {
 }
 
 const ListEntry* Sidebar::EntryOf(const QListWidgetItem* item) {
-  if (item == nullptr || !item->data(kEntryRole).isValid()) return nullptr;
-  return &AllLists()[static_cast<std::size_t>(item->data(kEntryRole).toInt())];
+  bool listed = false;
+  const int index = item != nullptr ? item->data(kEntryRole).toInt(&listed) : kStartIndex;
+  return listed && index != kStartIndex ? &AllLists()[static_cast<std::size_t>(index)] : nullptr;
 }
 
 }  // namespace desktop

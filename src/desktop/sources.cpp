@@ -1,5 +1,6 @@
 #include "desktop/sources.h"
 
+#include "alerts/alert_counts.h"
 #include "desktop/text.h"
 #include "platform/format.h"
 
@@ -20,6 +21,14 @@ bool IsNumber(FieldType type) {
 
 bool IsOwn(const platform::GridColumn& column) {
   return column.mark == kOwnColumn || column.caption == kOwnColumn;
+}
+
+/// The order of a band's mark: the nearer the day, the sharper.
+int OrderOf(const platform::GridStyle& style) {
+  using zorCrmParvel::Tools::Faixa;
+  const Faixa faixa = zorCrmParvel::FaixaDoEstilo(style.name);
+  if (faixa == Faixa::kPassada) return 0;
+  return faixa == Faixa::kMuitoBreve ? 1 : 2;
 }
 
 }  // namespace
@@ -53,9 +62,7 @@ platform::Variant GridSource::Value(long row, std::size_t column) const {
 std::optional<RowBand> GridSource::BandOf(long row) const {
   const platform::GridStyle* style = grid_.StyleOf(row);
   if (style == nullptr || !style->color) return {};
-  return RowBand{.color = QColor::fromRgb(*style->color),
-                 .order = static_cast<int>(style - grid_.Styles().data()),
-                 .bold = style->bold};
+  return RowBand{.color = QColor::fromRgb(*style->color), .order = OrderOf(*style), .bold = style->bold};
 }
 
 bool GridSource::FetchMore(std::size_t rows) {

@@ -4,9 +4,14 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "console/password.h"
 #include "console/paths.h"
-#include "desktop/main_window.h"
+#include "desktop/connection_dialog.h"
+#include "desktop/database_dialogs.h"
+#include "desktop/message_box.h"
 #include "desktop/text.h"
+#include "sqlserver/connection_text.h"
+#include "sqlserver/database.h"
 
 namespace desktop {
 namespace {
@@ -34,7 +39,46 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   }
 }
 
+/// Opens a server without asking for its password.
+std::unique_ptr<Workspace> OpenServer(const QString& connection, const Options& options) {
+  sqlserver::OpenOptions server;
+  server.connection = FromQt(connection);
+  server.password = console::KnownPassword(FromQt(options.password_file)).value_or("");
+  return std::make_unique<Workspace>(sqlserver::Database::Open(server));
+}
+
+/// True when the server's user has a password that only the user knows.
+bool MustAskForPassword(const QString& connection, const Options& options) {
+  return sqlserver::ConnectionText(FromQt(connection)).NamesUser() &&
+         !console::KnownPassword(FromQt(options.password_file));
+}
+
 }  // namespace
+
+QString ServerFor(const Options& options, const QSettings& settings) {
+  if (!options.connection.isEmpty()) return options.connection;
+  if (options.demo || !options.database.isEmpty()) return {};
+  return settings.value(kServerSetting).toString();
+}
+
+std::unique_ptr<Workspace> OpenUnasked(const Options& options, const QSettings& settings) {
+  const QString server = ServerFor(options, settings);
+  if (!server.isEmpty()) return OpenServer(server, options);
+  return std::make_unique<Workspace>(FromQt(DatabaseFor(options, settings)));
+}
+
+std::unique_ptr<Workspace> OpenAtStart(const Options& options, QSettings& settings, QWidget* parent) {
+  const QString server = ServerFor(options, settings);
+  if (server.isEmpty()) return OpenOrAsk(DatabaseFor(options, settings), settings, parent);
+  ConnectionDialog dialog(settings, parent);
+  dialog.ShowServer(server);
+  try {
+    if (!MustAskForPassword(server, options)) return OpenServer(server, options);
+  } catch (const std::exception& error) {
+    dialog.ShowReason(QString::fromUtf8(error.what()));
+  }
+  return dialog.exec() == QDialog::Accepted ? dialog.Take() : nullptr;
+}
 
 QString DatabaseFor(const Options& options, const QSettings& settings) {
   if (!options.database.isEmpty()) return options.database;

@@ -5,6 +5,7 @@
 
 #include "embedded/database.h"
 #include "host/sistema.h"
+#include "host/store.h"
 #include "platform/form.h"
 
 namespace desktop {
@@ -12,16 +13,22 @@ namespace desktop {
 /// One open database with the module on top of it.
 class Workspace {
  public:
-  /// Opens the database, or creates it. Error -2147467259 when it can't be used; it is then as it was.
+  /// Opens the database of a file, or creates it. Error -2147467259 when it can't be used; it is then as it
+  /// was.
   explicit Workspace(const std::string& path);
+  /// Works on a database that is open, of whichever engine.
+  explicit Workspace(std::shared_ptr<zorCrmParvel::Store> store);
 
   zorCrmParvel::Sistema& sistema() { return sistema_; }
-  embedded::Database& database() { return *database_; }
+  /// The file, or the database and its server.
+  std::string Place() const { return store_->Place(); }
+  /// The file's engine; null on a server.
+  embedded::Database* file() const { return dynamic_cast<embedded::Database*>(store_.get()); }
   /// Fills an empty database with demonstration data; one with data is left alone.
   void FillDemo();
 
  private:
-  std::shared_ptr<embedded::Database> database_;
+  std::shared_ptr<zorCrmParvel::Store> store_;
   platform::Form window_;  // the main window, as the module sees it
   zorCrmParvel::Sistema sistema_;
 };

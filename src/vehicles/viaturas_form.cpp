@@ -60,7 +60,7 @@ void Viaturas::Limparform() {
 
 void Viaturas::FixarMatricula() {
   Campo[0].Enabled = btLista[0].Enabled = !Edicao;
-  if (Edicao && ActiveControl() == &Campo[0]) Campo[0].SetFocus();  // passes on from a disabled field
+  if (Edicao && ActiveControl() == &Campo[0]) Campo[1].SetFocus();
 }
 
 void Viaturas::CarregaViatura(const std::string& matricula) {

@@ -3,11 +3,13 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
 #include "desktop/form_dialog.h"
+#include "desktop/picture_view.h"
 #include "desktop/table_view.h"
 #include "user.h"
 
@@ -173,6 +175,7 @@ TEST_F(FormTabsTest, ThePlainGridPicturesAndNotesFollowTheForm) {
   form.picture.Load();
   dialog.Sync();
   QWidget* frame = dialog.WidgetOf(form.picture);
+  EXPECT_TRUE(QSignalSpy(qobject_cast<desktop::PictureFrame*>(frame), &desktop::PictureFrame::Loaded).wait());
   EXPECT_EQ(frame->grab().toImage().pixelColor(frame->rect().center()), QColor(Qt::green));
 
   Click(*qobject_cast<QAbstractScrollArea*>(dialog.WidgetOf(form.notes))->viewport());

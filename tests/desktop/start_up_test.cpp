@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include "desktop/main_window.h"
+#include "desktop/start_page.h"
 #include "user.h"
 
 namespace desktop_test {
@@ -71,7 +72,7 @@ TEST_F(StartUpTest, OpeningAnUnusableFileFromTheWindowKeepsTheDatabaseThatIsOpen
       if (action->text().startsWith("&Abrir base")) action->trigger();
   });
   EXPECT_EQ(window.workspace(), before);
-  EXPECT_NE(window.page(), nullptr);
+  EXPECT_FALSE(window.start().isHidden());
 }
 
 TEST(OptionsTest, WordsAreReadAndWrongOnesAnswered) {

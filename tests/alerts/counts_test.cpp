@@ -1,0 +1,110 @@
+#include <memory>
+#include <vector>
+
+#include "alerts/alert_list.h"
+#include "alerts/alerts_fixture.h"
+#include "host/sistema.h"
+
+namespace zorCrmParvel {
+namespace {
+
+constexpr const char* kKeys[] = {"AlertasAp",    "AlertasRev", "AlertasInsp",
+                                 "AlertasAcess", "AlertasMot", "AlertasViat"};
+
+class AlertCountsTest : public AlertsFixture {
+ protected:
+  class GridForm : public platform::Form {
+   public:
+    SGGrid Grelha{*this, "Grelha"};
+  };
+
+  AlertCountsTest() { sistema.ICrmSistema_ZorDataAccess = bd; }
+
+  /// A vehicle and a driver of whom everything is due on one day.
+  void Everything() {
+    Vehicle("A");
+    Policy("A");
+    Accessory("A");
+    Sql("UPDATE zor_PV_Viaturas SET SeloPago=0, Tacografo=1, DataPrxRev=" + Day() + ", DataSelo=" + Day() +
+        ", DtDescarga=" + Day());
+    Driver("1");
+    Sql("UPDATE zor_Funcionarios SET ValidadePassa=" + Day() + ", NoCartaoCondutor='C', DtDescarga=" + Day());
+  }
+  std::unique_ptr<ICrmVwList> List(const char* key) { return sistema.MostraListas(key); }
+  ContagemDeAlertas Count(const char* key) { return dynamic_cast<AlertList&>(*List(key)).Contar(); }
+  /// The rows of a list by the styles that the grid gives them.
+  ContagemDeAlertas CountOnGrid(const char* key) {
+    GridForm form;
+    const auto list = List(key);
+    list->ICrmVwList_GridMaster(&form.Grelha);
+    list->ICrmVwList_Iniciar();
+    ContagemDeAlertas count;
+    count.linhas = list->ICrmVwList_NumeroItens();
+    for (long row = 0; row < count.linhas; ++row) {
+      const platform::GridStyle* style = form.Grelha.StyleOf(row);
+      const std::string name = style == nullptr ? "" : style->name;
+      if (name == "PintarG" || name == "PintarGKm") ++count.passadas;
+      if (name == "PintarMG" || name == "PintarMGKm") ++count.muitoBreves;
+      if (name == "PintarMnG" || name == "PintarMnGKm") ++count.breves;
+    }
+    return count;
+  }
+
+  Sistema sistema;
+};
+
+TEST_F(AlertCountsTest, CountsTheRowsAsTheListColoursThem) {
+  Everything();
+  for (const int days : kEdges)
+    for (const char* key : kKeys) {
+      SCOPED_TRACE(std::string(key) + " in " + std::to_string(days) + " days");
+      DaysToGo(days);
+      EXPECT_EQ(Count(key), CountOnGrid(key));
+    }
+}
+
+TEST_F(AlertCountsTest, EachBandOfDaysAndKilometres) {
+  Everything();
+  for (const auto& [km, band] : {std::pair{9001, &ContagemDeAlertas::passadas},
+                                 {8600, &ContagemDeAlertas::muitoBreves},
+                                 {8400, &ContagemDeAlertas::breves}}) {
+    SCOPED_TRACE(km);
+    DaysToGo(100);
+    Sql("UPDATE zor_PV_Viaturas SET DataPrxRev=NULL, KmActual=" + std::to_string(km));
+    const ContagemDeAlertas count = Count("AlertasRev");
+    EXPECT_EQ(count.linhas, 1);
+    EXPECT_EQ(count.*band, 1);
+  }
+  DaysToGo(-1);
+  EXPECT_EQ(Count("AlertasViat"), (ContagemDeAlertas{.linhas = 2, .passadas = 2}));
+  DaysToGo(5);
+  EXPECT_EQ(Count("AlertasMot"), (ContagemDeAlertas{.linhas = 2, .muitoBreves = 2}));
+  DaysToGo(20);
+  EXPECT_EQ(Count("AlertasAp"), (ContagemDeAlertas{.linhas = 1, .breves = 1}));
+}
+
+TEST_F(AlertCountsTest, AListSaysWhichBandsItHas) {
+  for (const char* key : kKeys) {
+    SCOPED_TRACE(key);
+    const auto list = List(key);
+    const auto& alerts = dynamic_cast<const AlertList&>(*list);
+    EXPECT_TRUE(alerts.TemFaixa(Tools::Faixa::kPassada));
+    EXPECT_TRUE(alerts.TemFaixa(Tools::Faixa::kBreve));
+    EXPECT_EQ(alerts.TemFaixa(Tools::Faixa::kMuitoBreve), std::string(key) != "AlertasViat");
+  }
+}
+
+TEST_F(AlertCountsTest, AnErrorSaysWhichListItWas) {
+  Driver("1");
+  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
+  try {
+    Count("AlertasMot");
+    FAIL() << "a licence class that there isn't was counted";
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange);
+    EXPECT_EQ(error.source(), "Alertas - Motoristas::Contar");
+  }
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

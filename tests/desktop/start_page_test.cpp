@@ -1,0 +1,173 @@
+#include "desktop/start_page.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+
+#include "desktop/alert_card.h"
+#include "desktop/main_actions.h"
+#include "desktop/main_window.h"
+#include "desktop/message_page.h"
+#include "platform/format.h"
+#include "platform/host.h"
+#include "support/fleet.h"
+#include "user.h"
+
+namespace desktop_test {
+namespace {
+
+using desktop::AlertCard;
+using desktop::MainWindow;
+using desktop::Workspace;
+
+class StartPageTest : public testing::Test {
+ protected:
+  StartPageTest() {
+    window.Open(std::make_unique<Workspace>(":memory:"));
+    desk.host.SetMainWindow(&window);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+
+  const zorCrmParvel::DataAccessRef& bd() { return window.workspace()->sistema().ICrmSistema_ZorDataAccess; }
+  void Sql(const std::string& statement) { bd()->ExecutarSql("", statement.c_str()); }
+  static std::string Day(int days) {
+    return "'" + platform::FormatDate(platform::Today().AddDays(days), "yyyy.mm.dd") + "'";
+  }
+  /// A vehicle of which nothing is due, for feed and lists.
+  void Vehicle() {
+    testing_support::AddVehicle(bd(), "AA-00-01");
+    Sql("UPDATE zor_PV_Viaturas SET Categoria='LIGP', AnoMatricula=2060, DataMatricula='2060.01.01', "
+        "KmActual=21001, KmPrxRev=20000, DataPrxRev=NULL, DataSelo=" +
+        Day(90) + ", SeloPago=1");
+    Sql("UPDATE zor_PV_Viaturas SET KmActual=1000, KmPrxRev=90000");
+  }
+  void Policy(int days) {
+    Sql("INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('DP', 'Danos próprios')");
+    Sql("INSERT INTO zor_PV_Seguros (Matricula, TipoSeguro, Apolice, Validade, Inactiva) VALUES "
+        "('AA-00-01', 'DP', 'P-1', " +
+        Day(days) + ", 0)");
+  }
+  void Refresh() {
+    window.actions().reload->trigger();
+    window.alerts().Finish();
+  }
+  AlertCard& Card(const char* key) {
+    for (AlertCard* card : window.start().cards())
+      if (qstrcmp(card->entry().key, key) == 0) return *card;
+    throw std::out_of_range(key);
+  }
+  QString Lines(const char* key) { return Card(key).Lines().join(" | "); }
+  /// Everything that the window says in its status bar.
+  QString Status() {
+    QStringList texts;
+    for (const QLabel* label : window.statusBar()->findChildren<QLabel*>()) texts << label->text();
+    return texts.join(" | ");
+  }
+  /// What is read out of the sidebar's alert lists.
+  QString SidebarAlerts() {
+    QStringList texts;
+    auto* side = window.findChild<QListWidget*>();
+    for (int i = 0; i < side->count(); ++i)
+      if (const QString text = side->item(i)->data(Qt::AccessibleTextRole).toString(); !text.isEmpty())
+        texts << text;
+    return texts.join(" | ");
+  }
+
+  Desk desk;
+  MainWindow window{desk.settings};
+};
+
+TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstVehicle) {
+  window.alerts().Finish();
+  ASSERT_TRUE(window.start().message().isVisible());
+  EXPECT_TRUE(window.start().message().Headline().contains("Ainda não há viaturas"));
+  QString opened;
+  desk.script.Next([&](QWidget& ficha) { opened = ficha.windowTitle(); });
+  Click(*window.start().message().button());
+  EXPECT_EQ(opened, "Viaturas");
+  Vehicle();
+  Refresh();
+  EXPECT_FALSE(window.start().message().isVisible());
+  EXPECT_EQ(Lines("AlertasAp"), "Apólices | Nada a tratar.");
+  EXPECT_TRUE(Status().contains("0 alertas")) << Status().toStdString();
+}
+
+TEST_F(StartPageTest, CardsSidebarAndStatusTellWhatIsDue) {
+  Vehicle();
+  Policy(5);
+  Sql("UPDATE zor_PV_Viaturas SET DataSelo=" + Day(-1) + ", SeloPago=0");
+  Refresh();
+  EXPECT_EQ(Lines("AlertasAp"),
+            "Apólices | 1 | Verificar alertas | Vencidos: 0 | Muito em breve: 1 | Em breve: 0");
+  EXPECT_EQ(Lines("AlertasViat"), "Viaturas | 1 | Só na lista | Vencidos: 1 | Em breve: 0");
+  EXPECT_EQ(Lines("AlertasRev"), "Revisões | Verificar alertas | A lista está vazia.");
+  EXPECT_EQ(SidebarAlerts(), "Apólices, 1 alerta | Viaturas, 1 alerta");
+  EXPECT_TRUE(Status().contains("2 alertas")) << Status().toStdString();
+}
+
+TEST_F(StartPageTest, EnterOpensTheListAndAClosedFichaCountsAnew) {
+  Vehicle();
+  Policy(5);
+  Refresh();
+  Card("AlertasAp").setFocus();
+  Press(window, Qt::Key_Return);
+  ASSERT_NE(window.page(), nullptr);
+  EXPECT_STREQ(window.page()->entry().key, "AlertasAp");
+  EXPECT_TRUE(window.page()->table().hasFocus());
+  EXPECT_TRUE(window.start().isHidden());
+  desk.script.Next([this](QWidget&) { Sql("UPDATE zor_PV_Seguros SET Validade=" + Day(100)); });
+  Press(window, Qt::Key_Return);
+  EXPECT_TRUE(window.alerts().IsBusy());
+  window.alerts().Finish();
+  EXPECT_EQ(SidebarAlerts(), "");
+  window.ShowList(desktop::kStartPage);
+  EXPECT_TRUE(window.start().isVisible());
+  EXPECT_EQ(window.page(), nullptr);
+  window.alerts().Finish();
+  EXPECT_EQ(Lines("AlertasAp"), "Apólices | Nada a tratar.");
+}
+
+TEST_F(StartPageTest, WhatCannotBeReadSaysWhyAndTheRestIsCounted) {
+  Vehicle();
+  Policy(5);
+  testing_support::AddDriver(bd(), "1", "Ana");
+  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day(1) + ")");
+  Sql("UPDATE zor_PV_Viaturas SET Categoria=NULL");
+  Refresh();
+  EXPECT_TRUE(Lines("AlertasMot").contains("Não foi possível ler a lista."))
+      << Lines("AlertasMot").toStdString();
+  EXPECT_TRUE(Card("AlertasMot").toolTip().contains("Alertas - Motoristas")) << "the source";
+  EXPECT_TRUE(Lines("AlertasInsp").contains("Não foi possível ler a lista."));
+  EXPECT_TRUE(Lines("AlertasAp").contains("Muito em breve: 1"));
+  EXPECT_TRUE(window.start().NoticeText().contains("Não foi possível ler todos os avisos."));
+  EXPECT_TRUE(Status().contains("Alertas por ler")) << Status().toStdString();
+  Sql("UPDATE zor_PV_Viaturas SET Categoria='LIGP'");
+  Sql("DELETE FROM zor_CartasCond");
+  Refresh();
+  EXPECT_EQ(window.start().NoticeText(), "");
+  EXPECT_FALSE(Lines("AlertasMot").contains("Não foi"));
+}
+
+TEST_F(StartPageTest, ItIsRememberedLikeAList) {
+  window.ShowList("Marcas");
+  {
+    MainWindow again(desk.settings);
+    again.Open(std::make_unique<Workspace>(":memory:"));
+    EXPECT_TRUE(again.start().isHidden());
+    Q_EMIT again.findChild<QListWidget*>()->itemClicked(again.findChild<QListWidget*>()->item(0));
+    EXPECT_FALSE(again.start().isHidden());
+  }
+  MainWindow again(desk.settings);
+  again.Open(std::make_unique<Workspace>(":memory:"));
+  EXPECT_FALSE(again.start().isHidden());
+  EXPECT_EQ(again.page(), nullptr);
+}
+
+}  // namespace
+}  // namespace desktop_test
