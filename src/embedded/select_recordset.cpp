@@ -68,7 +68,10 @@ bool SelectRecordset::Reach(std::size_t row) {
 }
 
 std::size_t SelectRecordset::Count() {
-  if (plan_ != nullptr) return engine_->CountOf(*plan_);
+  if (plan_ != nullptr) {
+    if (!count_) count_ = engine_->CountOf(*plan_);
+    return *count_;
+  }
   if (failure_) throw *failure_;
   return store().rows();
 }

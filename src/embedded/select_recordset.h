@@ -36,6 +36,7 @@ class SelectRecordset : public platform::Recordset {
 
   std::shared_ptr<Engine> engine_;  // both null when there is nothing left to read
   Plan* plan_;
+  std::optional<std::size_t> count_;  // asked for once: the rows stay those of the opening
   std::optional<platform::RuntimeError> failure_;
 };
 
