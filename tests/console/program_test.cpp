@@ -25,7 +25,7 @@ class ProgramTest : public testing::Test {
   }
   ~ProgramTest() override { fs::remove_all(folder); }
 
-  int Parvel(std::vector<std::string> arguments) {
+  int Parvel(const std::vector<std::string>& arguments) {
     out.str("");
     err.str("");
     return console::Run(arguments, out, err);

@@ -29,14 +29,14 @@ class PictureFrameTest : public testing::Test {
       auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
       for (int x = 0; x < width; ++x) line[x] = QRgb(dice() | 0xff000000U);
     }
-    const QString file = folder.filePath("grande.jpg");
+    QString file = folder.filePath("grande.jpg");
     EXPECT_TRUE(image.save(file, "JPG", 100));
     return file;
   }
   QString Plain(const QString& name, const QColor& color) {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(color);
-    const QString file = folder.filePath(name);
+    QString file = folder.filePath(name);
     EXPECT_TRUE(image.save(file));
     return file;
   }
