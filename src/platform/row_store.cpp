@@ -2,29 +2,42 @@
 
 #include <algorithm>
 #include <cstring>
+#include <stdexcept>
 #include <type_traits>
 
 namespace platform {
 
 static_assert(std::is_trivially_copyable_v<Cell> && alignof(Cell) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
 
-RowStore::Block RowStore::NewBlock(std::size_t rows) const {
-  return std::make_unique_for_overwrite<std::byte[]>(rows * columns_ * sizeof(Cell));
+RowStore::RowStore(std::size_t columns)
+    : columns_(columns),
+      rowsPerBlock_(
+          static_cast<std::uint32_t>(kMemoryBlock / sizeof(Cell) / std::max<std::size_t>(columns, 1))) {
+  if (rowsPerBlock_ == 0) throw std::length_error("RowStore: more columns than a block of memory holds");
 }
 
 Cell* RowStore::NextRow() {
-  if (rows_ < kFirstRows) {
-    if (first_ == nullptr) first_ = NewBlock(kFirstRows);
-    return CellsOf(first_) + rows_ * columns_;
+  if (next_ == end_) AddBlock();
+  return next_;
+}
+
+void RowStore::AddBlock() {
+  std::size_t rows = kFirstRows;
+  if (first_ == nullptr) {
+    first_ = std::make_unique_for_overwrite<std::byte[]>(rows * columns_ * sizeof(Cell));
+    next_ = CellsOf(first_.get());
+  } else {
+    rows = rowsPerBlock_;
+    blocks_.push_back(TakeMemoryBlock());
+    next_ = CellsOf(blocks_.back().get());
   }
-  const std::size_t rest = rows_ - kFirstRows;
-  if (rest / kRowsPerBlock == blocks_.size()) blocks_.push_back(NewBlock(kRowsPerBlock));
-  return CellsOf(blocks_.back()) + rest % kRowsPerBlock * columns_;
+  end_ = next_ + rows * columns_;
 }
 
 std::size_t RowStore::AddRow() {
   std::fill_n(NextRow(), columns_, Cell());
-  return rows_++;
+  TakeRow();
+  return rows_ - 1;
 }
 
 void RowStore::Put(std::size_t row, std::size_t column, const Cell& cell) {
@@ -55,19 +68,27 @@ void RowStore::Put(std::size_t row, std::size_t column, FieldType type, const Va
   }
 }
 
+void RowStore::AddTextBlock() {
+  freeBytes_ = nextTextBlock_;
+  if (nextTextBlock_ < kMemoryBlock) {
+    texts_.push_back(std::make_unique_for_overwrite<char[]>(freeBytes_));
+    free_ = texts_.back().get();
+    nextTextBlock_ *= 2;
+  } else {
+    textBlocks_.push_back(TakeMemoryBlock());
+    free_ = reinterpret_cast<char*>(textBlocks_.back().get());
+  }
+}
+
 std::string_view RowStore::Keep(std::string_view data) {
   if (data.empty()) return {};
   if (data.size() > freeBytes_) {
-    const bool large = data.size() > nextTextBlock_ / 4;
-    const std::size_t size = large ? data.size() : nextTextBlock_;
-    texts_.push_back(std::unique_ptr<char[]>(new char[size]));
-    if (large) {  // has a block of its own, and leaves the room in the last one for others
-      std::memcpy(texts_.back().get(), data.data(), size);
-      return {texts_.back().get(), size};
+    if (data.size() > nextTextBlock_ / 4) {  // has memory of its own, and leaves the room for others
+      texts_.push_back(std::make_unique_for_overwrite<char[]>(data.size()));
+      std::memcpy(texts_.back().get(), data.data(), data.size());
+      return {texts_.back().get(), data.size()};
     }
-    free_ = texts_.back().get();
-    freeBytes_ = size;
-    nextTextBlock_ = std::min(nextTextBlock_ * 2, kLargestTextBlock);
+    AddTextBlock();
   }
   std::memcpy(free_, data.data(), data.size());
   const std::string_view kept(free_, data.size());

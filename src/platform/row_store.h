@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <string_view>
 #include <vector>
 
 #include "platform/cell.h"
+#include "platform/memory_block.h"
 
 namespace platform {
 
@@ -14,7 +16,8 @@ namespace platform {
 /// lives.
 class RowStore {
  public:
-  explicit RowStore(std::size_t columns) : columns_(columns) {}
+  /// At most 4096 columns.
+  explicit RowStore(std::size_t columns);
 
   std::size_t rows() const { return rows_; }
   /// Adds a row of nulls and returns its index; its cells are then set by `Put`.
@@ -22,7 +25,10 @@ class RowStore {
   /// For reading whole rows fast: the cells of the row after the last, to be set every one with cells whose
   /// text and bytes are `Keep`t; `TakeRow` then makes it the last row.
   Cell* NextRow();
-  void TakeRow() { ++rows_; }
+  void TakeRow() {
+    ++rows_;
+    next_ += columns_;
+  }
   /// A copy that lives as long as the store.
   std::string_view Keep(std::string_view data);
   /// Sets one cell, copying text and bytes into the store. A replaced text keeps its memory until the end.
@@ -32,25 +38,26 @@ class RowStore {
 
  private:
   static constexpr std::size_t kFirstRows = 16;  // few, so that reading one row stays cheap
-  static constexpr std::size_t kRowsPerBlock = 256;
-  static constexpr std::size_t kLargestTextBlock = 65536;
 
-  /// Cells of rows to come, not set yet.
-  using Block = std::unique_ptr<std::byte[]>;
-  Block NewBlock(std::size_t rows) const;
-  static Cell* CellsOf(const Block& block) { return std::launder(reinterpret_cast<Cell*>(block.get())); }
+  static Cell* CellsOf(std::byte* block) { return std::launder(reinterpret_cast<Cell*>(block)); }
+  void AddBlock();
+  void AddTextBlock();
 
   Cell& Place(std::size_t row, std::size_t column) const {
-    if (row < kFirstRows) return CellsOf(first_)[row * columns_ + column];
-    const std::size_t rest = row - kFirstRows;
-    return CellsOf(blocks_[rest / kRowsPerBlock])[rest % kRowsPerBlock * columns_ + column];
+    if (row < kFirstRows) return CellsOf(first_.get())[row * columns_ + column];
+    const auto rest = static_cast<std::uint32_t>(row - kFirstRows);
+    return CellsOf(blocks_[rest / rowsPerBlock_].get())[rest % rowsPerBlock_ * columns_ + column];
   }
 
   std::size_t columns_;
+  std::uint32_t rowsPerBlock_;
   std::size_t rows_ = 0;
-  Block first_;
-  std::vector<Block> blocks_;
+  std::unique_ptr<std::byte[]> first_;
+  std::vector<MemoryBlock> blocks_;
+  Cell* next_ = nullptr;  // where the row after the last goes; `end_` when its block is full
+  Cell* end_ = nullptr;
   std::vector<std::unique_ptr<char[]>> texts_;
+  std::vector<MemoryBlock> textBlocks_;
   char* free_ = nullptr;
   std::size_t freeBytes_ = 0;
   std::size_t nextTextBlock_ = 512;
