@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 
 #include "embedded/select_compiler.h"
@@ -7,32 +8,48 @@
 // ORDER BY: a name is first one of the select list, then one of the tables.
 namespace embedded {
 
-std::string SelectCompiler::OrderBy(const tsql::Select& select, const Core& first) {
+std::vector<SelectCompiler::Order> SelectCompiler::Orders(const tsql::Select& select, const Core& first) {
   const bool fromItemsAlone = select.cores.size() > 1 || first.distinct;
+  std::vector<Order> orders;
+  for (const tsql::OrderItem& item : select.orderBy)
+    orders.push_back({OrderTerm(*item.expression, first, fromItemsAlone), item.descending});
+  return orders;
+}
+
+std::string SelectCompiler::OrderBy(const std::vector<Order>& orders) {
   std::string sql;
-  for (const tsql::OrderItem& item : select.orderBy) {
-    sql += sql.empty() ? " ORDER BY " : ", ";
-    sql += OrderTerm(*item.expression, first, fromItemsAlone) + (item.descending ? " DESC" : "");
-  }
+  for (const Order& order : orders)
+    sql += (sql.empty() ? " ORDER BY " : ", ") + order.sql + (order.descending ? " DESC" : "");
   return sql;
+}
+
+std::vector<SelectCompiler::Order> SelectCompiler::ByAllColumns(std::vector<Order> orders, const Core& core) {
+  for (std::size_t i = 0; i < core.items.size(); ++i) {
+    const std::string column = Comparable(core, i);
+    const bool there =
+        std::any_of(orders.begin(), orders.end(), [&](const Order& order) { return order.sql == column; });
+    if (!there) orders.push_back({column, false});
+  }
+  return orders;
+}
+
+std::string SelectCompiler::Comparable(const Core& core, std::size_t item) {
+  const bool text = core.items[item].value.kind == Kind::kText;
+  return "c" + std::to_string(item) + (text ? " COLLATE SERVER" : "");
 }
 
 std::string SelectCompiler::OrderTerm(const tsql::Expression& expression, const Core& first,
                                       bool fromItemsAlone) {
-  const auto term = [&first](std::size_t item) {
-    const bool text = first.items[item].value.kind == Kind::kText;
-    return "c" + std::to_string(item) + (text ? " COLLATE SERVER" : "");
-  };
   if (const auto* column = std::get_if<tsql::ColumnRef>(&expression.node)) {
     if (column->table.empty())
-      if (const auto item = FindItem(column->name, first)) return term(*item);
+      if (const auto item = FindItem(column->name, first)) return Comparable(first, *item);
     if (fromItemsAlone) {
       const std::string resolved = first.scope.Resolve(*column).sql;
       for (std::size_t i = 0; i < first.items.size(); ++i)
-        if (first.items[i].value.sql == resolved) return term(i);
+        if (first.items[i].value.sql == resolved) return Comparable(first, i);
     }
   } else if (const auto* literal = std::get_if<tsql::Literal>(&expression.node)) {
-    return term(OrderPosition(*literal, first));
+    return Comparable(first, OrderPosition(*literal, first));
   }
   if (fromItemsAlone)
     Refuse(

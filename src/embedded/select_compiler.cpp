@@ -24,11 +24,8 @@ CompiledSelect SelectCompiler::Rows(const tsql::Select& select) {
   const Core& first = cores.front();
   CompiledSelect compiled;
   compiled.fields = FieldsOf(first);
-  if (cores.size() > 1) {
-    compiled.sql = AllOf(first.items.size(), UnionSql(select, cores)) + OrderBy(select, first);
-  } else {
-    compiled.sql = Sql(first) + OrderBy(select, first) + LimitOf(first);
-  }
+  compiled.sql = cores.size() > 1 ? OrderedUnion(select, cores)
+                                  : Sql(first) + OrderBy(Orders(select, first)) + LimitOf(first);
   return compiled;
 }
 
@@ -41,8 +38,8 @@ CompiledSelect SelectCompiler::EditableRows(const tsql::Select& select) {
   compiled.fields = FieldsOf(first);
   compiled.table = first.scope.sources().front().table;
   for (const Item& item : first.items) compiled.columns.push_back(item.column);
-  compiled.sql =
-      "SELECT " + ItemList(first) + ", t0.rowid" + first.tail + OrderBy(select, first) + LimitOf(first);
+  compiled.sql = "SELECT " + ItemList(first) + ", t0.rowid" + first.tail + OrderBy(Orders(select, first)) +
+                 LimitOf(first);
   return compiled;
 }
 
@@ -50,7 +47,8 @@ std::string SelectCompiler::Count(const tsql::Select& select) {
   counting_ = true;
   const std::vector<Core> cores = CompileCores(select);
   const Core& first = cores.front();
-  if (cores.size() > 1) return "SELECT count(*) FROM (" + UnionSql(select, cores) + ")";
+  if (cores.size() > 1)
+    return "SELECT count(*) FROM (" + UnionSql(select, cores, ByAllColumns({}, first)) + ")";
   const bool oneTable = first.scope.sources().size() == 1;
   if (first.PlainRows() && oneTable && !first.top) return "SELECT count(*)" + first.tail;
   // With a limit, joins that can't change the number of rows are left out.
@@ -163,15 +161,23 @@ void SelectCompiler::UnifyKinds(std::vector<Core>& cores) {
   }
 }
 
+// When the rows are grouped in the order in which they are wanted, SQLite sorts them once.
+std::string SelectCompiler::OrderedUnion(const tsql::Select& select, const std::vector<Core>& cores) {
+  const Core& first = cores.front();
+  const std::vector<Order> orders = Orders(select, first);
+  const std::vector<Order> byAllColumns = ByAllColumns(orders, first);
+  const std::string rows = UnionSql(select, cores, byAllColumns);
+  const bool grouped = !select.unionAll.back();
+  return grouped ? rows + OrderBy(byAllColumns) : AllOf(first.items.size(), rows) + OrderBy(orders);
+}
+
 // Of equal rows the first stays: SQLite takes the other columns from the row in which `min` found its value.
-std::string SelectCompiler::UnionSql(const tsql::Select& select, const std::vector<Core>& cores) {
+std::string SelectCompiler::UnionSql(const tsql::Select& select, const std::vector<Core>& cores,
+                                     const std::vector<Order>& byAllColumns) {
   std::string columns;
+  for (std::size_t i = 0; i < cores.front().items.size(); ++i) columns += Alias(i) + ", ";
   std::string key;
-  for (std::size_t i = 0; i < cores.front().items.size(); ++i) {
-    const bool text = cores.front().items[i].value.kind == Kind::kText;
-    columns += Alias(i) + ", ";
-    key += (i == 0 ? "" : ", ") + Alias(i) + (text ? " COLLATE SERVER" : "");
-  }
+  for (const Order& order : byAllColumns) key += (key.empty() ? "" : ", ") + order.sql;
   std::string sql;
   for (std::size_t i = 0; i < cores.size(); ++i) {
     if (i > 0) sql += " UNION ALL ";

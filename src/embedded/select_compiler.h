@@ -64,12 +64,26 @@ class SelectCompiler {
 
   std::vector<Core> CompileCores(const tsql::Select& select);
   void UnifyKinds(std::vector<Core>& cores);
-  static std::string UnionSql(const tsql::Select& select, const std::vector<Core>& cores);
 
-  std::string OrderBy(const tsql::Select& select, const Core& first);
+  /// What rows are ordered by, first by the first.
+  struct Order {
+    std::string sql;
+    bool descending = false;
+  };
+  std::vector<Order> Orders(const tsql::Select& select, const Core& first);
+  /// " ORDER BY …", or nothing.
+  static std::string OrderBy(const std::vector<Order>& orders);
+  /// Adds the columns of the result that the order lacks.
+  static std::vector<Order> ByAllColumns(std::vector<Order> orders, const Core& core);
+  /// A column of the result as it is ordered and compared by.
+  static std::string Comparable(const Core& core, std::size_t item);
   std::string OrderTerm(const tsql::Expression& expression, const Core& first, bool fromItemsAlone);
   static std::size_t OrderPosition(const tsql::Literal& literal, const Core& first);
   static std::optional<std::size_t> FindItem(const std::string& name, const Core& core);
+
+  std::string OrderedUnion(const tsql::Select& select, const std::vector<Core>& cores);
+  static std::string UnionSql(const tsql::Select& select, const std::vector<Core>& cores,
+                              const std::vector<Order>& byAllColumns);
 
   static std::vector<platform::FieldInfo> FieldsOf(const Core& core);
 
