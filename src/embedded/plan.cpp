@@ -5,7 +5,6 @@
 #include "embedded/select_compiler.h"
 #include "embedded/server_error.h"
 #include "embedded/write_compiler.h"
-#include "platform/text.h"
 #include "tsql/parser.h"
 
 namespace embedded {
@@ -42,12 +41,8 @@ Plan::Plan(sqlite3* connection, const tsql::Catalog& catalog, const std::string&
   CompiledSelect compiled = Compile(node, catalog, parameters, use);
   reads_ = std::holds_alternative<tsql::Select>(node);
   fields_ = std::move(compiled.fields);
-  for (platform::FieldInfo& field : fields_) {
-    fieldTypes_.push_back(field.type);
-    field.alone = std::count_if(fields_.begin(), fields_.end(), [&](const platform::FieldInfo& other) {
-                    return platform::EqualsIgnoringCase(other.name, field.name);
-                  }) == 1;
-  }
+  platform::MarkThoseAlone(fields_);
+  for (const platform::FieldInfo& field : fields_) fieldTypes_.push_back(field.type);
   table_ = compiled.table;
   columns_ = std::move(compiled.columns);
   rows_ = SqliteStatement(connection, compiled.sql);

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdio>
 #include <ctime>
-#include <vector>
+#include <utility>
 
 #include "platform/regional.h"
 #include "platform/runtime_error.h"
@@ -33,25 +32,27 @@ bool MakeDate(int year, int month, int day, int secondOfDay, Date& out) {
   return true;
 }
 
-/// The numbers of a text such as "1-2-2024", with the marks between them; false when it holds anything else.
+/// The numbers of a text such as "1-2-2024", at most three, with the marks between them.
 struct Numbers {
-  std::vector<int> values;
-  std::vector<std::size_t> digits;
-  std::string marks;
+  std::array<int, 3> values{};
+  std::array<std::size_t, 3> digits{};
+  std::array<char, 2> marks{};
+  std::size_t count = 0;
 
+  /// False when the text holds anything else.
   bool Read(std::string_view text) {
-    for (std::size_t i = 0; i < text.size();) {
+    for (std::size_t i = 0; i < text.size() && count < values.size();) {
       int number = 0;
-      std::size_t count = 0;
-      for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, ++count) {
-        if (count == 4) return false;
+      std::size_t length = 0;
+      for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, ++length) {
+        if (length == 4) return false;
         number = number * 10 + (text[i] - '0');
       }
-      if (count == 0) return false;
-      values.push_back(number);
-      digits.push_back(count);
+      if (length == 0) return false;
+      values[count] = number;
+      digits[count++] = length;
       if (i == text.size()) return true;
-      marks.push_back(text[i++]);
+      if (count < values.size()) marks[count - 1] = text[i++];
     }
     return false;
   }
@@ -59,17 +60,15 @@ struct Numbers {
 
 bool ReadTime(std::string_view text, int& secondOfDay) {
   Numbers n;
-  if (!n.Read(text) || n.values.size() < 2 || n.values.size() > 3) return false;
-  if (n.marks.find_first_not_of(':') != std::string::npos) return false;
-  const int second = n.values.size() == 3 ? n.values[2] : 0;
-  if (n.values[0] > 23 || n.values[1] > 59 || second > 59) return false;
-  secondOfDay = (n.values[0] * 60 + n.values[1]) * 60 + second;
+  if (!n.Read(text) || n.count < 2 || n.marks[0] != ':' || (n.count == 3 && n.marks[1] != ':')) return false;
+  if (n.values[0] > 23 || n.values[1] > 59 || n.values[2] > 59) return false;
+  secondOfDay = (n.values[0] * 60 + n.values[1]) * 60 + n.values[2];
   return true;
 }
 
 bool ReadDay(std::string_view text, int secondOfDay, Date& out) {
   Numbers n;
-  if (!n.Read(text) || n.values.size() != 3 || n.marks[0] != n.marks[1]) return false;
+  if (!n.Read(text) || n.count != 3 || n.marks[0] != n.marks[1]) return false;
   if (std::string_view("-/.").find(n.marks[0]) == std::string_view::npos) return false;
   if (n.digits[0] == 4) return MakeDate(n.values[0], n.values[1], n.values[2], secondOfDay, out);
   int year = n.values[2];
@@ -127,28 +126,29 @@ Date Date::AddMonths(int months) const {
 }
 
 std::string Date::ToText() const {
-  std::array<char, 40> text{};
-  const bool midnight = seconds_ % kSecondsPerDay == 0;
-  std::size_t length = 0;
+  std::string text;
   if (days() != 0) {
     const char mark = Regional::Current().dateSeparator;
-    length = static_cast<std::size_t>(
-        std::snprintf(text.data(), text.size(), "%02d%c%02d%c%04d", day(), mark, month(), mark, year()));
+    text = Padded(day(), 2) + mark + Padded(month(), 2) + mark + Padded(year(), 4);
   }
-  if (days() == 0 || !midnight) {
-    const char* blank = length == 0 ? "" : " ";
-    length += static_cast<std::size_t>(std::snprintf(text.data() + length, text.size() - length,
-                                                     "%s%02d:%02d:%02d", blank, hour(), minute(), second()));
+  if (days() == 0 || seconds_ % kSecondsPerDay != 0) {
+    if (!text.empty()) text += ' ';
+    text += Padded(hour(), 2) + ':' + Padded(minute(), 2) + ':' + Padded(second(), 2);
   }
-  return {text.data(), length};
+  return text;
 }
 
 Date SystemTime() {
+  thread_local std::pair<std::time_t, Date> last{-1,
+                                                 Date()};  // a loop asks for the time in each of its turns
   const std::time_t now = std::time(nullptr);
+  if (last.first == now) return last.second;
   std::tm local{};
   localtime_r(&now, &local);
-  return Date::FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
-                         std::min(local.tm_sec, 59));  // a leap second isn't a time of the day
+  last = {now,
+          Date::FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
+                          std::min(local.tm_sec, 59))};  // a leap second isn't a time of the day
+  return last.second;
 }
 
 std::int64_t DaysBetween(Date a, Date b) { return b.days() - a.days(); }

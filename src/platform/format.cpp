@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
 
 #include "platform/regional.h"
 #include "platform/runtime_error.h"
@@ -94,12 +93,6 @@ std::string Apply(const NumberMask& mask, Digits digits) {
   return digits.negative && !zero ? "-" + text : text;
 }
 
-std::string Padded(int number, int width) {
-  std::array<char, 16> buffer{};
-  const int length = std::snprintf(buffer.data(), buffer.size(), "%0*d", width, number);
-  return {buffer.data(), static_cast<std::size_t>(length)};
-}
-
 bool IsDateMask(std::string_view mask) { return mask.find_first_of("dmMyhns") != std::string_view::npos; }
 
 }  // namespace
@@ -122,19 +115,18 @@ std::string FormatDate(Date value, std::string_view mask) {
   while (!mask.empty()) {
     const char letter = mask[0];
     const std::size_t run = std::min(mask.find_first_not_of(letter), mask.size());
-    const int width = static_cast<int>(run);
     if (letter == 'd')
-      text += Padded(value.day(), width);
+      text += Padded(value.day(), run);
     else if (letter == 'y')
-      text += Padded(run <= 2 ? value.year() % 100 : value.year(), width);
+      text += Padded(run <= 2 ? value.year() % 100 : value.year(), run);
     else if (letter == 'h')
-      text += Padded(value.hour(), width);
+      text += Padded(value.hour(), run);
     else if (letter == 's')
-      text += Padded(value.second(), width);
+      text += Padded(value.second(), run);
     else if (letter == 'n' || (letter == 'm' && afterHour))
-      text += Padded(value.minute(), width);
+      text += Padded(value.minute(), run);
     else if (letter == 'm' || letter == 'M')
-      text += Padded(value.month(), width);
+      text += Padded(value.month(), run);
     else
       text += mask.substr(0, run);
     if (letter != ':') afterHour = letter == 'h';

@@ -1,14 +1,26 @@
 #include "platform/recordset.h"
 
+#include <algorithm>
+#include <numeric>
+
 #include "platform/text.h"
 
 namespace platform {
+
+void MarkThoseAlone(std::vector<FieldInfo>& fields) {
+  for (FieldInfo& field : fields)
+    field.alone = std::count_if(fields.begin(), fields.end(), [&](const FieldInfo& other) {
+                    return EqualsIgnoringCase(other.name, field.name);
+                  }) == 1;
+}
 
 void Recordset::Opened(std::vector<FieldInfo> fields) {
   fields_ = std::move(fields);
   store_ = std::make_unique<RowStore>(fields_.size());
   open_ = true;
   row_ = 0;
+  after_ = 0;
+  following_.clear();
 }
 
 void Recordset::RequireOpen() const {
@@ -90,13 +102,25 @@ std::optional<std::size_t> Recordset::FindField(std::string_view name) const {
 
 Recordset::Field Recordset::Fields(std::string_view name) {
   RequireOpen();
-  auto index = std::optional(nextField_);
-  const bool next = nextField_ < fields_.size() && fields_[nextField_].alone &&
-                    EqualsIgnoringCase(fields_[nextField_].name, name);
-  if (!next) index = FindField(name);
-  if (!index) throw RuntimeError(kNoSuchField, std::string(name));
-  nextField_ = *index + 1;
-  return Field(this, *index);
+  std::size_t index = Expected();
+  const bool asExpected =
+      index < fields_.size() && fields_[index].alone && EqualsIgnoringCase(fields_[index].name, name);
+  if (!asExpected) {
+    const auto found = FindField(name);
+    if (!found) throw RuntimeError(kNoSuchField, std::string(name));
+    index = *found;
+    if (row_ > 0) Expect(index);
+  }
+  after_ = index + 1;
+  return Field(this, index);
+}
+
+void Recordset::Expect(std::size_t field) {
+  if (following_.empty()) {
+    following_.resize(fields_.size() + 1);
+    std::iota(following_.begin(), following_.end(), std::size_t{0});
+  }
+  following_[after_] = field;
 }
 
 const Cell& Recordset::CellAt(std::size_t row, std::size_t column) {
@@ -163,7 +187,10 @@ void MemoryRecordset::Append(std::string name, FieldType type, long size, bool n
   appended_.push_back({std::move(name), type, size, nullable});
 }
 
-void MemoryRecordset::Open() { Opened(appended_); }
+void MemoryRecordset::Open() {
+  MarkThoseAlone(appended_);
+  Opened(appended_);
+}
 
 void MemoryRecordset::Insert(const Assignments& values) {
   const std::size_t row = store().AddRow();

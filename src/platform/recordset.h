@@ -23,6 +23,9 @@ struct FieldInfo {
   bool alone = false;  // known to share its name with no other field
 };
 
+/// Finds out which fields are `alone`.
+void MarkThoseAlone(std::vector<FieldInfo>& fields);
+
 /// Rows of named fields with one current row. After opening, the first row is current or `Eof` is true at
 /// once. Use after `Close` raises error 3704, use without a current row 3021, an unknown field 3265.
 class Recordset {
@@ -99,6 +102,8 @@ class Recordset {
 
  private:
   void RequireOpen() const;
+  std::size_t Expected() const { return following_.empty() ? after_ : following_[after_]; }
+  void Expect(std::size_t field);
   void MoveTo(std::size_t row);
   void ForgetAssignments();
   void RequireRow();
@@ -110,7 +115,9 @@ class Recordset {
   bool adding_ = false;
   bool pending_ = false;  // `assigned_` holds something
   std::size_t row_ = 0;
-  std::size_t nextField_ = 0;  // after the one found last: fields are mostly asked for in their order
+  // Fields are mostly asked for in their order, or on every row in the same order.
+  std::size_t after_ = 0;               // the place after the field found last
+  std::vector<std::size_t> following_;  // the field asked for after each place; empty: the one in this place
   Assignments assigned_;
 };
 

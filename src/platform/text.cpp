@@ -52,6 +52,11 @@ std::string Right(std::string_view text, std::size_t units) {
   return std::string(text.substr(begin));
 }
 
+std::string Padded(int number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+}
+
 std::string Trim(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -60,6 +65,7 @@ std::string Trim(std::string_view text) {
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
+  if (a == b) return true;
   for (std::size_t i = 0; i < a.size(); ++i)
     if (Lower(a[i]) != Lower(b[i])) return false;
   return true;

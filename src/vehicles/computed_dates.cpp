@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
-#include "platform/format.h"
 #include "platform/host.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -25,7 +25,7 @@ struct Age {
       : ano(baseYear),
         anoHoje(hoje.year()),
         idade(hoje.year() - baseYear),
-        passou(platform::FormatDate(hoje, "mm-dd") > platform::FormatDate(base, "mm-dd") ? 1 : 0),
+        passou(std::pair(hoje.month(), hoje.day()) > std::pair(base.month(), base.day()) ? 1 : 0),
         diaPassou(hoje.day() > base.day()),
         mes(base.month()),
         mesHoje(hoje.month()) {}
@@ -113,8 +113,7 @@ void Tools::ProximaInspecao(const std::string& Matricula, std::int16_t AnoMatric
   Date base = DataMatricula;
   int ano = AnoMatricula;
   if (const auto ultima = LastInspection(Matricula, bd)) {
-    base = Date::Parse(std::to_string(base.day()) + "-" + std::to_string(base.month()) + "-" +
-                       std::to_string(ultima->year()));
+    base = Date::FromParts(ultima->year(), base.month(), base.day());
     ano = base.year();
   }
   const Age age(base, ano, hoje);
