@@ -155,6 +155,7 @@ RecordsetRef RsAlertasAcess() {
 }
 
 void EncheAlertasInsp(const RecordsetRef& rs, const DataAccessRef& bd) {
+  const Snapshot snapshot(bd);
   clViaturas viatura;
   viatura.bd = bd;
   const RecordsetRef viaturas = viatura.LerViaturas();
@@ -202,6 +203,7 @@ void EncheAlertasAcess(const RecordsetRef& rs, const DataAccessRef& bd) {
 }
 
 void EncheAlertasMot(const RecordsetRef& rs, const DataAccessRef& bd) {
+  const Snapshot snapshot(bd);
   clMotoristas motorista;
   motorista.bd = bd;
   const RecordsetRef motoristas = motorista.LerMotoristas();

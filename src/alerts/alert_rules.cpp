@@ -76,6 +76,7 @@ bool SemData(const Variant& data, const char* texto) {
 }
 
 void VerificaAlertasApolices(const DataAccessRef& bd, bool& Alerta) {
+  const Snapshot snapshot(bd);
   clViaturas viatura;
   clSeguros seguro;
   seguro.bd = bd;
@@ -100,6 +101,7 @@ void VerificaAlertasRevisoes(const DataAccessRef& bd, bool& Alerta) {
 }
 
 void VerificaAlertasInspecoes(const DataAccessRef& bd, bool& Alerta) {
+  const Snapshot snapshot(bd);
   clViaturas viatura;
   viatura.bd = bd;
   const RecordsetRef rs = viatura.LerViaturas();
@@ -116,6 +118,7 @@ void VerificaAlertasInspecoes(const DataAccessRef& bd, bool& Alerta) {
 }
 
 void VerificaAlertasAcessorios(const DataAccessRef& bd, bool& Alerta) {
+  const Snapshot snapshot(bd);
   clViaturas viatura;
   clAcessorios acessorio;
   acessorio.bd = bd;

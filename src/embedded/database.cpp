@@ -46,6 +46,9 @@ void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }
 void Database::AbandonBatch() { engine_->AbandonBatch(); }
 
+void Database::BeginSnapshot() { engine_->BeginSnapshot(); }
+void Database::EndSnapshot() noexcept { engine_->EndSnapshot(); }
+
 bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
   connection = platform::MakeRef<EngineConnection>(engine_);
   return true;

@@ -44,6 +44,8 @@ class Database : public zorCrmParvel::Store {
   void CommitBatch() override;
   void AbandonBatch() override;
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
+  void BeginSnapshot() override;
+  void EndSnapshot() noexcept override;
 
  protected:
   bool Execute(const std::string& statement) override;

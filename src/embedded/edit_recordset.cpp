@@ -46,17 +46,17 @@ void BindVariant(sqlite3_stmt* statement, int index, FieldType type, const Varia
 
 }  // namespace
 
-platform::RecordsetRef EditRecordset::Start(std::shared_ptr<Engine> engine, Plan& plan) {
-  const auto rows = std::make_shared<EditRecordset>(std::move(engine), plan);
+platform::RecordsetRef EditRecordset::Start(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan) {
+  const auto rows = std::make_shared<EditRecordset>(std::move(engine), std::move(plan));
   rows->Reach(0);
   return platform::RecordsetRef(rows);
 }
 
-EditRecordset::EditRecordset(std::shared_ptr<Engine> engine, Plan& plan)
+EditRecordset::EditRecordset(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan)
     : SelectRecordset(engine, plan),
       engine_(std::move(engine)),
-      table_(*plan.table()),
-      columns_(plan.columns()) {}
+      table_(*plan->table()),
+      columns_(plan->columns()) {}
 
 void EditRecordset::RowRead(sqlite3_stmt* statement) {
   rowIds_.push_back(sqlite3_column_int64(statement, static_cast<int>(columns_.size())));

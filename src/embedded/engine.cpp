@@ -32,27 +32,33 @@ Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog cata
       plans_(connection_.get(), catalog_) {}
 
 platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use) {
-  Settle();
-  Plan& plan = plans_.Begin(statement, use, clock_);
-  if (!plan.reads()) {
-    Run(statement);
+  if (!inSnapshot_) Settle();
+  std::shared_ptr<Plan> plan = plans_.Begin(statement, use, clock_);
+  if (!plan->reads()) {
+    Run(*plan);
     return platform::MakeRef<platform::MemoryRecordset>();
   }
-  if (use == Plan::Use::kEdit) return EditRecordset::Start(shared_from_this(), plan);
-  return SelectRecordset::Start(shared_from_this(), plan);
+  if (use == Plan::Use::kEdit) return EditRecordset::Start(shared_from_this(), std::move(plan));
+  return SelectRecordset::Start(shared_from_this(), std::move(plan));
 }
 
 void Engine::Run(const std::string& statement) {
   Settle();
-  Plan& plan = plans_.Begin(statement, Plan::Use::kRead, clock_);
-  if (!plan.reads()) RequireInPlace();
+  Run(*plans_.Begin(statement, Plan::Use::kRead, clock_));
+}
+
+void Engine::Run(const Plan& plan) {
   const RunGuard guard(plan.rows());
+  if (!plan.reads()) {
+    SettleToWrite();
+    RequireInPlace();
+  }
   while (plan.rows().Step()) {
   }
 }
 
 int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*)>& bind) {
-  Settle();
+  SettleToWrite();
   RequireInPlace();
   auto found = writes_.find(sql);
   if (found == writes_.end()) {
@@ -65,8 +71,27 @@ int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*
   return sqlite3_changes(connection_.get());
 }
 
+void Engine::BeginSnapshot() {
+  if (snapshots_ == 0 && !batch_) {
+    Settle();
+    connection_.Execute("BEGIN");
+    inSnapshot_ = true;
+  }
+  ++snapshots_;
+}
+
+void Engine::EndSnapshot() noexcept {
+  if (--snapshots_ == 0) LeaveSnapshot();
+}
+
+// Recordsets that still read go on reading what they saw.
+void Engine::LeaveSnapshot() noexcept {
+  if (inSnapshot_) sqlite3_exec(connection_.get(), "COMMIT", nullptr, nullptr, nullptr);
+  inSnapshot_ = false;
+}
+
 void Engine::BeginBatch() {
-  Settle();
+  SettleToWrite();
   RequireInPlace();
   batch_.emplace(connection_);
 }
@@ -78,13 +103,20 @@ void Engine::CommitBatch() {
 }
 
 void Engine::CopyTo(const std::string& file) {
-  Settle();
+  SettleToWrite();
   CopyDatabase(connection_, file);
 }
 
 void Engine::Settle() {
-  if (reading_ != nullptr) reading_->ReadToEnd();
+  while (!reading_.empty()) reading_.back()->ReadToEnd();
 }
+
+void Engine::SettleToWrite() {
+  Settle();
+  LeaveSnapshot();
+}
+
+void Engine::Ended(SelectRecordset* rows) { std::erase(reading_, rows); }
 
 // A file that was removed can still be written to, but nobody would ever find what is written.
 void Engine::RequireInPlace() const {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "embedded/plan.h"
 #include "embedded/plan_cache.h"
@@ -17,9 +18,9 @@ namespace embedded {
 class SelectRecordset;
 
 /// One open database: it runs statements for `Database` and for the recordsets that came of them, and lives
-/// as long as any of them needs it. At most one recordset reads from the file at a time: before another
-/// statement starts, it is read to its end, so that it shows the table as it was, and the new statement sees
-/// it as it is.
+/// as long as any of them needs it. Before a statement starts, the recordsets that still read from the file
+/// are read to their end, so that they show the tables as they were, and the new statement sees them as they
+/// are. Only within a snapshot do several read side by side.
 class Engine : public std::enable_shared_from_this<Engine> {
  public:
   Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock);
@@ -31,14 +32,18 @@ class Engine : public std::enable_shared_from_this<Engine> {
   /// Writes a copy to a file that does not exist yet.
   void CopyTo(const std::string& file);
 
+  // Reads that see one state of the data; they nest, and the first write ends them.
+  void BeginSnapshot();
+  void EndSnapshot() noexcept;
+
   // Writes kept together or not at all.
   void BeginBatch();
   void CommitBatch();
   void AbandonBatch() { batch_.reset(); }
 
   // For the recordsets.
-  void Started(SelectRecordset* rows) { reading_ = rows; }
-  void Ended() { reading_ = nullptr; }
+  void Started(SelectRecordset* rows) { reading_.push_back(rows); }
+  void Ended(SelectRecordset* rows);
   std::size_t CountOf(Plan& plan) {
     return static_cast<std::size_t>(plan.Count(connection_.get(), catalog_));
   }
@@ -47,7 +52,10 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(connection_.get()); }
 
  private:
+  void Run(const Plan& plan);
   void Settle();
+  void SettleToWrite();
+  void LeaveSnapshot() noexcept;
   void RequireInPlace() const;
 
   std::string path_;
@@ -56,7 +64,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
   Clock clock_;
   PlanCache plans_;
   std::unordered_map<std::string, SqliteStatement> writes_;
-  SelectRecordset* reading_ = nullptr;
+  std::vector<SelectRecordset*> reading_;  // from the file
+  int snapshots_ = 0;                      // asked for, one in another
+  bool inSnapshot_ = false;                // until the outermost ends or something is written
   std::optional<SqliteTransaction> batch_;
 };
 

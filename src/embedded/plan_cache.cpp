@@ -4,28 +4,28 @@
 
 namespace embedded {
 
-Plan& PlanCache::Begin(const std::string& statement, Plan::Use use, const Clock& clock) {
+std::shared_ptr<Plan> PlanCache::Begin(const std::string& statement, Plan::Use use, const Clock& clock) {
   shape_.Read(statement);
   shape_.AppendToKey(static_cast<char>(use));
-  Plan& plan = Find(statement, use);
-  plan.Begin(statement, shape_.literals(), clock);
+  std::shared_ptr<Plan> plan = Find(statement, use);
+  plan->Begin(statement, shape_.literals(), clock);
   return plan;
 }
 
-Plan& PlanCache::Find(const std::string& statement, Plan::Use use) {
+const std::shared_ptr<Plan>& PlanCache::Find(const std::string& statement, Plan::Use use) {
   const auto found = entries_.find(std::string_view{shape_.key()});
   if (found != entries_.end()) {
     found->second.lastUse = ++uses_;
     for (const auto& plan : found->second.plans)
-      if (plan->Takes(statement, shape_.literals())) return *plan;
+      if (plan.use_count() == 1 && plan->Takes(statement, shape_.literals())) return plan;
   }
-  auto plan = std::make_unique<Plan>(connection_, catalog_, statement, shape_.literals(), use);
+  auto plan = std::make_shared<Plan>(connection_, catalog_, statement, shape_.literals(), use);
   if (found == entries_.end()) MakeRoom();
   Entry& entry = entries_[shape_.key()];
   entry.lastUse = ++uses_;
   if (entry.plans.size() == kMostPlansOfAShape) entry.plans.erase(entry.plans.begin());
   entry.plans.push_back(std::move(plan));
-  return *entry.plans.back();
+  return entry.plans.back();
 }
 
 void PlanCache::MakeRoom() {

@@ -17,15 +17,16 @@ class PlanCache {
  public:
   PlanCache(sqlite3* connection, const tsql::Catalog& catalog) : connection_(connection), catalog_(catalog) {}
 
-  /// The plan of a statement, compiled when it is new, with its run begun. It stays until the next call.
-  Plan& Begin(const std::string& statement, Plan::Use use, const Clock& clock);
+  /// The plan of a statement, compiled when it is new, with its run begun. A plan that somebody else still
+  /// holds is running and is left alone.
+  std::shared_ptr<Plan> Begin(const std::string& statement, Plan::Use use, const Clock& clock);
 
  private:
   static constexpr std::size_t kMostShapes = 256;
   static constexpr std::size_t kMostPlansOfAShape = 8;
 
   struct Entry {
-    std::vector<std::unique_ptr<Plan>> plans;  // of one shape, apart in their fixed literals
+    std::vector<std::shared_ptr<Plan>> plans;  // of one shape, apart in their fixed literals
     std::uint64_t lastUse = 0;
   };
   struct Hash {
@@ -33,7 +34,7 @@ class PlanCache {
     std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
   };
 
-  Plan& Find(const std::string& statement, Plan::Use use);
+  const std::shared_ptr<Plan>& Find(const std::string& statement, Plan::Use use);
   void MakeRoom();
 
   sqlite3* connection_;

@@ -41,15 +41,15 @@ Cell CellOf(sqlite3_value* value, FieldType type, platform::RowStore& store) {
 
 }  // namespace
 
-platform::RecordsetRef SelectRecordset::Start(std::shared_ptr<Engine> engine, Plan& plan) {
-  const auto rows = std::make_shared<SelectRecordset>(std::move(engine), plan);
+platform::RecordsetRef SelectRecordset::Start(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan) {
+  const auto rows = std::make_shared<SelectRecordset>(std::move(engine), std::move(plan));
   rows->Reach(0);
   return platform::RecordsetRef(rows);
 }
 
-SelectRecordset::SelectRecordset(std::shared_ptr<Engine> engine, Plan& plan)
-    : engine_(std::move(engine)), plan_(&plan) {
-  Opened(plan.fields());
+SelectRecordset::SelectRecordset(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan)
+    : engine_(std::move(engine)), plan_(std::move(plan)) {
+  Opened(plan_->fields());
   engine_->Started(this);
 }
 
@@ -105,8 +105,8 @@ bool SelectRecordset::ReadRow() {
 void SelectRecordset::Finish() {
   if (plan_ == nullptr) return;
   plan_->rows().Reset();
-  plan_ = nullptr;
-  engine_->Ended();
+  plan_.reset();
+  engine_->Ended(this);
   engine_.reset();
 }
 

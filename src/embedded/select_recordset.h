@@ -15,8 +15,8 @@ namespace embedded {
 class SelectRecordset : public platform::Recordset {
  public:
   /// Opens on a plan whose run has begun. A failure of the first row is raised here.
-  static platform::RecordsetRef Start(std::shared_ptr<Engine> engine, Plan& plan);
-  SelectRecordset(std::shared_ptr<Engine> engine, Plan& plan);
+  static platform::RecordsetRef Start(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan);
+  SelectRecordset(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan);
   ~SelectRecordset() override;
 
   /// Reads the rows that are left. A failure is raised when a row that is missing for it is asked for.
@@ -35,7 +35,7 @@ class SelectRecordset : public platform::Recordset {
   void Finish();
 
   std::shared_ptr<Engine> engine_;  // both null when there is nothing left to read
-  Plan* plan_;
+  std::shared_ptr<Plan> plan_;
   std::optional<std::size_t> count_;  // asked for once: the rows stay those of the opening
   std::optional<platform::RuntimeError> failure_;
 };

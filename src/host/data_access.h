@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "host/statement.h"
 #include "platform/recordset.h"
@@ -27,6 +28,10 @@ class DataAccess {
   /// The connection for lookups and reports.
   virtual bool ObterLigacao(platform::Ref<platform::Connection>& connection) = 0;
 
+  // Used through `Snapshot`; an engine without any has nothing to do.
+  virtual void BeginSnapshot() {}
+  virtual void EndSnapshot() noexcept {}
+
  protected:
   virtual bool Execute(const std::string& statement) = 0;
   virtual RecordsetRef OpenForEditing(const std::string& statement) = 0;
@@ -34,5 +39,19 @@ class DataAccess {
 };
 
 using DataAccessRef = platform::Ref<DataAccess>;
+
+/// For a loop that reads something else for each of its rows: while it lives, the embedded engine's reads all
+/// see the data as it was at the first of them, and each costs less. Snapshots nest. The first write ends them
+/// for good; what is read after that is as new as ever.
+class Snapshot {
+ public:
+  explicit Snapshot(DataAccessRef bd) : bd_(std::move(bd)) { bd_->BeginSnapshot(); }
+  ~Snapshot() { bd_->EndSnapshot(); }
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+
+ private:
+  DataAccessRef bd_;
+};
 
 }  // namespace zorCrmParvel
