@@ -5,6 +5,7 @@
 
 #include "alerts/alerts_fixture.h"
 #include "host/sistema.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -13,18 +14,12 @@ using Texts = std::vector<std::string>;
 
 class AlertListTest : public AlertsFixture {
  protected:
-  class GridForm : public platform::Form {
-   public:
-    SGGrid Grelha{*this, "Grelha"};
-  };
-
   AlertListTest() { sistema.ICrmSistema_ZorDataAccess = bd; }
 
   /// Starts the list of a key on the grid.
   ICrmVwList& Start(const std::string& key) {
     list = sistema.MostraListas(key);
-    list->ICrmVwList_GridMaster(&grid);
-    list->ICrmVwList_Iniciar();
+    window.Start(*list);
     return *list;
   }
   std::string Text(long row, const char* column) { return grid.CellText(row, grid.ColumnIndex(column)); }
@@ -40,8 +35,8 @@ class AlertListTest : public AlertsFixture {
   }
 
   Sistema sistema;
-  GridForm form;
-  SGGrid& grid = form.Grelha;
+  testing_support::GridWindow window;
+  SGGrid& grid = window.grid;
   std::unique_ptr<ICrmVwList> list;
 };
 
@@ -190,10 +185,7 @@ TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
     list->ICrmVwList_Iniciar();
     EXPECT_EQ(list->ICrmVwList_NumeroItens(), 0);
     EXPECT_TRUE(grid.Redraw);
-    Texts visible;
-    for (const platform::GridColumn& column : grid.Columns())
-      if (!column.hidden) visible.push_back(column.caption);
-    EXPECT_EQ(visible, c.visible);
+    EXPECT_EQ(window.Headings(), c.visible);
     std::map<std::string, std::uint32_t> colours;
     for (const platform::GridStyle& style : grid.Styles()) {
       colours[style.name] = style.color.value_or(0);
@@ -207,13 +199,9 @@ TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
 TEST_F(AlertListTest, AFailureCarriesTheListsTitle) {
   Driver("1");
   Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
-  try {
-    Start("AlertasMot");
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange);
-    EXPECT_EQ(error.source(), "Alertas - Motoristas::Iniciar");
-  }
+  const platform::RuntimeError error = testing_support::FailureOf([&] { Start("AlertasMot"); });
+  EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange);
+  EXPECT_EQ(error.source(), "Alertas - Motoristas::Iniciar");
   EXPECT_EQ(grid.RowCount(), 0);
 }
 

@@ -1,14 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 #include "platform/format.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 
@@ -16,12 +11,11 @@ namespace zorCrmParvel {
 inline constexpr int kEdges[] = {-1, 0, 9, 10, 29, 30, 31};
 
 /// A database in memory, and records whose dates all fall due on one day; tests move the clock.
-class AlertsFixture : public testing::Test {
+class AlertsFixture : public testing_support::RecordedTest {
  protected:
   static platform::Date Due() { return platform::Date::FromParts(2024, 3, 15); }
 
   void DaysToGo(int days) { host.clock = Due().AddDays(-days); }
-  void Sql(const std::string& statement) { bd->ExecutarSql("", statement.c_str()); }
   /// A date literal this many days after the due day.
   static std::string Day(int daysAfterDue = 0) {
     return "'" + platform::FormatDate(Due().AddDays(daysAfterDue), "yyyy.mm.dd") + "'";
@@ -47,19 +41,7 @@ class AlertsFixture : public testing::Test {
   /// An active driver without documents.
   void Driver(const std::string& code) { testing_support::AddDriver(bd, code, "Ana " + code); }
   /// The number of the error that an act raises; 0 when it ends well.
-  template <typename F>
-  static int ErrorOf(F&& act) {
-    try {
-      act();
-      return 0;
-    } catch (const platform::RuntimeError& error) {
-      return error.number();
-    }
-  }
-
-  testing_support::ScriptedHost host;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+  static int ErrorOf(const std::function<void()>& act) { return testing_support::NumberOf(act); }
 };
 
 }  // namespace zorCrmParvel

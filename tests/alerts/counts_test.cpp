@@ -4,6 +4,7 @@
 #include "alerts/alert_list.h"
 #include "alerts/alerts_fixture.h"
 #include "host/sistema.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -13,11 +14,6 @@ constexpr const char* kKeys[] = {"AlertasAp",    "AlertasRev", "AlertasInsp",
 
 class AlertCountsTest : public AlertsFixture {
  protected:
-  class GridForm : public platform::Form {
-   public:
-    SGGrid Grelha{*this, "Grelha"};
-  };
-
   AlertCountsTest() { sistema.ICrmSistema_ZorDataAccess = bd; }
 
   /// A vehicle and a driver of whom everything is due on one day.
@@ -34,14 +30,13 @@ class AlertCountsTest : public AlertsFixture {
   ContagemDeAlertas Count(const char* key) { return dynamic_cast<AlertList&>(*List(key)).Contar(); }
   /// The rows of a list by the styles that the grid gives them.
   ContagemDeAlertas CountOnGrid(const char* key) {
-    GridForm form;
+    testing_support::GridWindow window;
     const auto list = List(key);
-    list->ICrmVwList_GridMaster(&form.Grelha);
-    list->ICrmVwList_Iniciar();
+    window.Start(*list);
     ContagemDeAlertas count;
     count.linhas = list->ICrmVwList_NumeroItens();
     for (long row = 0; row < count.linhas; ++row) {
-      const platform::GridStyle* style = form.Grelha.StyleOf(row);
+      const platform::GridStyle* style = window.grid.StyleOf(row);
       const std::string name = style == nullptr ? "" : style->name;
       if (name == "PintarG" || name == "PintarGKm") ++count.passadas;
       if (name == "PintarMG" || name == "PintarMGKm") ++count.muitoBreves;
@@ -97,13 +92,9 @@ TEST_F(AlertCountsTest, AListSaysWhichBandsItHas) {
 TEST_F(AlertCountsTest, AnErrorSaysWhichListItWas) {
   Driver("1");
   Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
-  try {
-    Count("AlertasMot");
-    FAIL() << "a licence class that there isn't was counted";
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange);
-    EXPECT_EQ(error.source(), "Alertas - Motoristas::Contar");
-  }
+  const platform::RuntimeError error = testing_support::FailureOf([&] { Count("AlertasMot"); });
+  EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange) << "there is no such licence class";
+  EXPECT_EQ(error.source(), "Alertas - Motoristas::Contar");
 }
 
 }  // namespace

@@ -1,15 +1,12 @@
 #include "console/alerts_command.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <sstream>
 
 #include "console/calendar_file.h"
-#include "console/program.h"
-#include "platform/files.h"
+#include "console/program_fixture.h"
+#include "support/files.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"
 #include "support/scripted_host.h"
@@ -17,12 +14,7 @@
 namespace console {
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string FileText(const std::string& path) {
-  const platform::Bytes bytes = platform::ReadFile(path);
-  return {bytes.begin(), bytes.end()};
-}
+using namespace testing_support;
 
 /// The content lines, unfolded; every line must end in CR LF and fit.
 std::vector<std::string> ContentLines(const std::string& file) {
@@ -47,24 +39,17 @@ std::vector<std::string> Values(const std::string& file, const std::string& prop
   return values;
 }
 
-class AlertsCommandTest : public testing::Test {
+class AlertsCommandTest : public ProgramFixture {
  protected:
-  AlertsCommandTest() {
-    std::string name = (fs::temp_directory_path() / "parvel-alertas-XXXXXX").string();
-    folder = mkdtemp(name.data());
-  }
-  ~AlertsCommandTest() override { fs::remove_all(folder); }
-
   void Sql(const std::string& statement) { bd->ExecutarSql("", statement.c_str()); }
   /// A vehicle whose road tax, revision and inspection are due in five days, and a policy past by one.
   void Fill() {
-    testing_support::AddVehicle(bd, "12-AB-34");
+    AddVehicle(bd, "12-AB-34");
     Sql("UPDATE zor_PV_Viaturas SET Categoria='LIGM', DataMatricula='2022.03.20', AnoMatricula=2022, "
-        "KmActual=1000, "
-        "KmPrxRev=1200, DataPrxRev='2024.03.20', DataSelo='2024.03.20', SeloPago=0");
+        "KmActual=1000, KmPrxRev=1200, DataPrxRev='2024.03.20', DataSelo='2024.03.20', SeloPago=0");
     Sql("INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('DP', 'Danos, próprios')");
-    Sql("INSERT INTO zor_PV_Seguros (Matricula, TipoSeguro, Apolice, Validade, Inactiva) VALUES "
-        "('12-AB-34', 'DP', 'P;1', '2024.03.14', 0)");
+    Sql("INSERT INTO zor_PV_Seguros (Matricula, TipoSeguro, Apolice, Validade, Inactiva) VALUES ('12-AB-34', "
+        "'DP', 'P;1', '2024.03.14', 0)");
   }
   int Alerts(const AlertsOptions& options) {
     out.str("");
@@ -72,11 +57,8 @@ class AlertsCommandTest : public testing::Test {
     return PrintAlerts(bd, options, out, err);
   }
 
-  testing_support::ScriptedHost host;
-  zorCrmParvel::DataAccessRef bd = testing_support::MemoryDatabase();
-  fs::path folder;
-  std::ostringstream out;
-  std::ostringstream err;
+  ScriptedHost host;
+  zorCrmParvel::DataAccessRef bd = MemoryDatabase();
 };
 
 TEST_F(AlertsCommandTest, TellsByItsExitCodeWhetherSomethingIsDue) {
@@ -105,7 +87,7 @@ TEST_F(AlertsCommandTest, GivesOneJsonObjectForAllFamilies) {
 
 TEST_F(AlertsCommandTest, AListThatFailsDoesntHideTheOthers) {
   Fill();
-  testing_support::AddDriver(bd, "1", "Ana");
+  AddDriver(bd, "1", "Ana");
   Sql("UPDATE zor_Funcionarios SET Inactivo=NULL");
   EXPECT_EQ(Alerts({.json = true}), kFailed);
   EXPECT_EQ(err.str(), "Alertas - Motoristas: Invalid use of Null\n");
@@ -116,9 +98,9 @@ TEST_F(AlertsCommandTest, AListThatFailsDoesntHideTheOthers) {
 
 TEST_F(AlertsCommandTest, WritesOneCalendarEntryForEachDueDate) {
   Fill();
-  const std::string path = (folder / "alertas.ics").string();
+  const std::string path = File("alertas.ics");
   EXPECT_EQ(Alerts({.json = true, .calendar = path}), kDue);
-  const std::string file = FileText(path);
+  const std::string file = Contents(path);
   const auto uids = Values(file, "UID");
   EXPECT_EQ(uids.size(), 4U) << "road tax, policy, inspection, and the revision once";
   EXPECT_EQ(std::set<std::string>(uids.begin(), uids.end()).size(), uids.size());
@@ -130,12 +112,12 @@ TEST_F(AlertsCommandTest, WritesOneCalendarEntryForEachDueDate) {
 
   host.clock = host.clock.AddDays(3);
   Alerts({.calendar = path});
-  EXPECT_EQ(Values(FileText(path), "UID"), uids) << "the same entries on another day";
-  EXPECT_EQ(Values(FileText(path), "DTSTART;VALUE=DATE")[1], "20240320");
+  EXPECT_EQ(Values(Contents(path), "UID"), uids) << "the same entries on another day";
+  EXPECT_EQ(Values(Contents(path), "DTSTART;VALUE=DATE")[1], "20240320");
 }
 
 TEST(CalendarFile, EscapesAndFoldsItsLines) {
-  testing_support::ScriptedHost host;
+  ScriptedHost host;
   const std::string text =
       "a,b;c\\d\ne\r\n" + std::string(80, 'x') + "ãããããããããããããããããããããããããããããããããããããã";
   const std::string file =
@@ -152,24 +134,17 @@ TEST(CalendarFile, EscapesAndFoldsItsLines) {
 }
 
 TEST_F(AlertsCommandTest, TheProgramTakesItsCommands) {
-  const std::string database = (folder / "frota.db").string();
-  const auto parvel = [&](std::vector<std::string> arguments) {
-    out.str("");
-    err.str("");
-    arguments.insert(arguments.begin(), {"--db", database});
-    return console::Run(arguments, out, err);
-  };
-  EXPECT_EQ(parvel({"alertas", "--familia", "nada"}), kUsage);
-  EXPECT_FALSE(fs::exists(database));
-  EXPECT_EQ(parvel({"alertas"}), kDone);
-  EXPECT_EQ(parvel({"alertas", "--ics", (folder / "não" / "há.ics").string()}), kFailed);
+  EXPECT_EQ(OnDatabase({"alertas", "--familia", "nada"}), kUsage);
+  EXPECT_FALSE(std::filesystem::exists(database));
+  EXPECT_EQ(OnDatabase({"alertas"}), kDone);
+  EXPECT_EQ(OnDatabase({"alertas", "--ics", File("não/há.ics")}), kFailed);
 
-  EXPECT_EQ(parvel({"anexos", "5"}), kUsage);
-  EXPECT_EQ(parvel({"anexos", "5", "12-AB-34"}), kDone);
+  EXPECT_EQ(OnDatabase({"anexos", "5"}), kUsage);
+  EXPECT_EQ(OnDatabase({"anexos", "5", "12-AB-34"}), kDone);
   EXPECT_EQ(out.str(), "Sem ficheiros anexados.\n");
-  EXPECT_EQ(parvel({"anexos", "5", "12-AB-34", "--juntar", (folder / "x" / ".." / "a.pdf").string()}), kDone);
-  EXPECT_EQ(out.str(), (folder / "a.pdf").string() + "\n");
-  EXPECT_EQ(parvel({"anexos", "6", "12-AB-34"}), kDone);
+  EXPECT_EQ(OnDatabase({"anexos", "5", "12-AB-34", "--juntar", File("x/../a.pdf")}), kDone);
+  EXPECT_EQ(out.str(), File("a.pdf") + "\n");
+  EXPECT_EQ(OnDatabase({"anexos", "6", "12-AB-34"}), kDone);
   EXPECT_EQ(out.str(), "Sem ficheiros anexados.\n");
 }
 

@@ -1,18 +1,13 @@
 #include "console/import.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
 
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace console {
 namespace {
 
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
 TEST(Csv, TellsSeparatorEncodingAndDecimalMark) {
   const struct {
@@ -65,21 +60,15 @@ TEST(Csv, NumbersAreReadOnlyWhenTheyAreWhole) {
     EXPECT_EQ(RegionalNumber(bad, ','), "") << bad;
 }
 
-class ImportTest : public testing::Test {
+class ImportTest : public DatabaseTest {
  protected:
-  ImportTest() {
-    testing_support::AddVehicle(bd, "12-AB-34", 10000);
-    testing_support::AddDriver(bd, "1", "Ana");
-    testing_support::AddExpenseTypes(bd);
-  }
+  ImportTest() { AddFleet(bd, 10000); }
   ImportResult Import(const std::string& what, const std::string& csv, bool simulate = false) {
     std::istringstream file(csv);
     report.str("");
     return ImportCsv(*bd, *MakeImportTarget(what, bd), file, simulate, report);
   }
 
-  testing_support::ScriptedHost host;
-  std::shared_ptr<embedded::Database> bd = testing_support::MemoryDatabase();
   std::ostringstream report;
 };
 
@@ -160,10 +149,10 @@ TEST_F(ImportTest, VehiclesAndDriversThatExistStayAsTheyAre) {
 }
 
 TEST_F(ImportTest, EveryEventHasItsColumnsCodesAndTotals) {
-  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
-  bd->ExecutarSql("", "INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo')");
-  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'RC')");
-  bd->ExecutarSql("", "INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'GPS')");
+  Sql("INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
+  Sql("INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo')");
+  Sql("INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'RC')");
+  Sql("INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'GPS')");
   const struct {
     const char* what;
     const char* csv;  // a good row, then one with a code that doesn't exist

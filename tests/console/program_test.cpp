@@ -1,45 +1,20 @@
 #include "console/program.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "console/list_printer.h"
 #include "console/paths.h"
+#include "console/program_fixture.h"
 
 namespace console {
 namespace {
 
 namespace fs = std::filesystem;
 
-class ProgramTest : public testing::Test {
- protected:
-  ProgramTest() {
-    std::string name = (fs::temp_directory_path() / "parvel-console-XXXXXX").string();
-    folder = mkdtemp(name.data());
-    database = (folder / "frota.db").string();
-  }
-  ~ProgramTest() override { fs::remove_all(folder); }
-
-  int Parvel(const std::vector<std::string>& arguments) {
-    out.str("");
-    err.str("");
-    return console::Run(arguments, out, err);
-  }
-  int OnDatabase(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {"--db", database});
-    return Parvel(arguments);
-  }
-
-  fs::path folder;
-  std::string database;
-  std::ostringstream out;
-  std::ostringstream err;
-};
+class ProgramTest : public ProgramFixture {};
 
 TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
@@ -56,7 +31,7 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   EXPECT_EQ(rows.size(), 9U);
   EXPECT_EQ(rows[0]["Codigo"], "LIGM");
 
-  const std::string copy = (folder / "copia.db").string();
+  const std::string copy = File("copia.db");
   ASSERT_EQ(OnDatabase({"copia", copy}), kDone) << err.str();
   EXPECT_EQ(OnDatabase({"copia", copy}), kFailed) << "a copy never overwrites";
   ASSERT_EQ(Parvel({"--db", copy, "lista", "Viagens", "--json"}), kDone);
@@ -103,9 +78,8 @@ TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
   EXPECT_FALSE(fs::exists(database)) << "nothing is created by a call that isn't understood";
   EXPECT_EQ(OnDatabase({"lista", "marcas"}), kRefused);
   EXPECT_NE(err.str().find("Marcas"), std::string::npos);
-  std::ofstream(database)
-      << "\x89PNG is no database, and longer than a header of one hundred bytes would have to be "
-         "to be taken for something else";
+  std::ofstream(database) << "\x89PNG is no database, and longer than a header of one hundred bytes would "
+                             "have to be to be taken for something else";
   EXPECT_EQ(OnDatabase({"lista", "Marcas"}), kFailed);
   EXPECT_FALSE(err.str().empty());
   EXPECT_EQ(Parvel({"--version"}), kDone);
@@ -115,11 +89,11 @@ TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
 }
 
 TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {
-  setenv("XDG_DATA_HOME", folder.c_str(), 1);
-  EXPECT_EQ(DefaultDatabasePath(), (folder / "parvel" / "frota.db").string());
+  setenv("XDG_DATA_HOME", File("").c_str(), 1);
+  EXPECT_EQ(DefaultDatabasePath(), File("parvel/frota.db"));
   EXPECT_EQ(Parvel({"lista", "Marcas", "--csv"}), kDone);
   EXPECT_EQ(out.str(), "Codigo;Nome\n");
-  EXPECT_TRUE(fs::exists(folder / "parvel" / "frota.db"));
+  EXPECT_TRUE(fs::exists(File("parvel/frota.db")));
   unsetenv("XDG_DATA_HOME");
 }
 

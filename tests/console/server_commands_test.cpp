@@ -1,42 +1,23 @@
 #include "console/server_commands.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "console/password.h"
-#include "console/program.h"
+#include "console/program_fixture.h"
 
 namespace console {
 namespace {
 
 namespace fs = std::filesystem;
 
-class ServerCommandsTest : public testing::Test {
+class ServerCommandsTest : public ProgramFixture {
  protected:
-  ServerCommandsTest() {
-    std::string name = (fs::temp_directory_path() / "parvel-servidor-XXXXXX").string();
-    folder = mkdtemp(name.data());
-    server = "Driver=SQLite3;Database=" + File("servidor.db");
-    unsetenv("PARVEL_SENHA");
-  }
-  ~ServerCommandsTest() override { fs::remove_all(folder); }
-
-  std::string File(const char* name) const { return (folder / name).string(); }
-  int Parvel(const std::vector<std::string>& arguments) {
-    out.str("");
-    err.str("");
-    return console::Run(arguments, out, err);
-  }
+  ServerCommandsTest() { unsetenv("PARVEL_SENHA"); }
   bool Says(const char* text) const { return (out.str() + err.str()).find(text) != std::string::npos; }
 
-  fs::path folder;
-  std::string server;
-  std::ostringstream out;
-  std::ostringstream err;
+  const std::string server = "Driver=SQLite3;Database=" + File("servidor.db");
 };
 
 TEST_F(ServerCommandsTest, TheTablesArePrintedAndThoseThatLackAreTold) {
@@ -54,10 +35,10 @@ TEST_F(ServerCommandsTest, ATransferNeedsAFileAServerAndItsTables) {
   EXPECT_EQ(Parvel({"--ligacao", server, "transferir", "--de", File("nada.db")}), kFailed);
   EXPECT_TRUE(Says("Não há o ficheiro"));
   EXPECT_FALSE(fs::exists(File("nada.db")));
-  ASSERT_EQ(Parvel({"--db", File("frota.db"), "lista", "Marcas"}), kDone);
-  EXPECT_EQ(Parvel({"--ligacao", server, "transferir", "--de", File("frota.db")}), kFailed);
+  ASSERT_EQ(OnDatabase({"lista", "Marcas"}), kDone);
+  EXPECT_EQ(Parvel({"--ligacao", server, "transferir", "--de", database}), kFailed);
   EXPECT_TRUE(Says("Faltam tabelas em ")) << err.str();
-  EXPECT_EQ(Parvel({"transferir", "--de", File("frota.db")}), kFailed);
+  EXPECT_EQ(Parvel({"transferir", "--de", database}), kFailed);
   EXPECT_TRUE(Says("Falta o servidor"));
   EXPECT_EQ(Parvel({"transferir"}), kUsage);
 }

@@ -6,7 +6,6 @@
 #include "embedded/database.h"
 #include "sqlserver/database.h"
 #include "sqlserver/schema_script.h"
-#include "support/recording_data_access.h"
 
 namespace contract_tests {
 namespace {
@@ -64,11 +63,6 @@ std::shared_ptr<Store> OpenServer(const TemporaryFolder& /*folder*/) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "parvel-odbc-XXXXXX").string();
-  path_ = mkdtemp(name.data());
-}
-
 std::string SqliteConnection(const std::string& file) {
   static const DriverManager manager;
   return "Driver=SQLite3;Database=" + file;
@@ -86,49 +80,6 @@ std::vector<Engine> Engines() {
   return {{"Embedded", true, "", &OpenEmbedded},
           {"OdbcSqlite", false, "", &OpenSqlite},
           {"OdbcServer", true, noServer, &OpenServer}};
-}
-
-std::string ErrorOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const platform::RuntimeError& error) {
-    return std::to_string(error.number()) + ": " + error.description();
-  }
-  return {};
-}
-
-int NumberOf(const std::function<void()>& act) {
-  const std::string error = ErrorOf(act);
-  return error.empty() ? 0 : std::stoi(error);
-}
-
-void ContractTest::SetUp() {
-  if (!GetParam().missing.empty()) GTEST_SKIP() << GetParam().missing;
-  store_ = GetParam().open(folder_);
-}
-
-RecordsetRef ContractTest::Open(const std::string& statement) const {
-  RecordsetRef rows;
-  store_->AbrirLeitura("", statement.c_str(), rows);
-  return rows;
-}
-
-RecordsetRef ContractTest::Edit(const std::string& statement) const {
-  RecordsetRef rows;
-  store_->AbrirEdicao(statement.c_str(), rows);
-  return rows;
-}
-
-Table ContractTest::Rows(const std::string& statement) const {
-  return testing_support::Rows(zorCrmParvel::DataAccessRef(store_), statement);
-}
-
-void ContractTest::AddCodes(int count) {
-  for (int i = 1; i <= count; ++i) {
-    const std::string number = std::to_string(1000 + i);
-    std::string statement = "INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('C";
-    Run(statement.append(number).append("', 'Nome ").append(number).append("')"));
-  }
 }
 
 }  // namespace contract_tests

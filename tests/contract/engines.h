@@ -2,57 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "host/store.h"
-#include "platform/runtime_error.h"
+#include "support/engine_tables.h"
+#include "support/temporary_folder.h"
 
 /// The engines that the suite runs over, and what a test of it needs.
 namespace contract_tests {
 
-using Table = std::vector<std::vector<std::string>>;
+using testing_support::ErrorOf;
+using testing_support::NumberOf;
+using testing_support::Table;
+using testing_support::TemporaryFolder;
 using zorCrmParvel::RecordsetRef;
 using zorCrmParvel::Store;
 
-/// A column of every type, and a code table.
-inline constexpr const char* kSchema = R"(-- versão 1
-CREATE TABLE PT_Tudo (
-  Id int IDENTITY(1,1) NOT NULL,
-  Nome nvarchar(10) NULL,
-  Notas nvarchar(max) NULL,
-  Activa bit NULL,
-  Ano smallint NULL,
-  Km int NULL,
-  Valor money NULL,
-  Razao float NULL,
-  Data datetime NULL,
-  Foto varbinary(max) NULL,
-  CONSTRAINT PK_PT_Tudo PRIMARY KEY (Id)
-);
-CREATE TABLE PT_Codigos (
-  Codigo nvarchar(10) NOT NULL,
-  Nome nvarchar(50) NULL,
-  CONSTRAINT PK_PT_Codigos PRIMARY KEY (Codigo)
-);
-CREATE UNIQUE INDEX UX_PT_Codigos ON PT_Codigos (Nome);
-)";
-
-/// A folder of its own, gone at the end.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
-};
+inline const std::string kSchema = testing_support::EngineTables("PT_");
 
 /// A connection string for a SQLite file behind ODBC, and a driver manager that knows the driver.
 std::string SqliteConnection(const std::string& file);
@@ -72,22 +41,18 @@ struct Engine {
 std::vector<Engine> Engines();
 inline void PrintTo(const Engine& engine, std::ostream* out) { *out << engine.name; }
 
-/// "number: words" of the error that `act` raises; empty when it raises none.
-std::string ErrorOf(const std::function<void()>& act);
-/// The number alone.
-int NumberOf(const std::function<void()>& act);
-
-class ContractTest : public testing::TestWithParam<Engine> {
+class ContractTest : public testing::TestWithParam<Engine>, protected testing_support::EngineUser {
  protected:
-  void SetUp() override;
-  void Run(const std::string& statement) { store_->ExecutarSql("", statement.c_str()); }
-  RecordsetRef Open(const std::string& statement) const;
-  RecordsetRef Edit(const std::string& statement) const;
-  Table Rows(const std::string& statement) const;
-  void AddCodes(int count);
+  using EngineUser::Run;
+
+  ContractTest() : EngineUser("PT_") {}
+  ~ContractTest() override { store_.reset(); }  // before its folder
+  void SetUp() override {
+    if (!GetParam().missing.empty()) GTEST_SKIP() << GetParam().missing;
+    store_ = GetParam().open(folder_);
+  }
 
   TemporaryFolder folder_;
-  std::shared_ptr<Store> store_;
 };
 
 }  // namespace contract_tests

@@ -1,22 +1,20 @@
 #include "desktop/main_window.h"
 
-#include <gtest/gtest.h>
-
 #include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QTest>
 
 #include "desktop/csv.h"
 #include "desktop/main_actions.h"
 #include "desktop/message_page.h"
 #include "desktop/report_dialog.h"
 #include "masterdata/code_table.h"
+#include "open_window.h"
 #include "pdf.h"
-#include "user.h"
+#include "support/fleet.h"
 
 namespace desktop_test {
 namespace {
@@ -26,24 +24,12 @@ using desktop::MainWindow;
 using desktop::MessagePage;
 using desktop::Workspace;
 
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public OpenWindow {
  protected:
-  MainWindowTest() {
-    window.Open(std::make_unique<Workspace>(":memory:"));
-    desk.host.SetMainWindow(&window);
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-  }
-
   void AddBrands() {
-    zorCrmParvel::clMarcas brand;
-    brand.bd = window.workspace()->sistema().ICrmSistema_ZorDataAccess;
     for (const auto& [code, name] :
-         {std::pair{"REN", "Renault"}, {"CIT", "Citroën"}, {"MB", "Mercedes-Benz"}}) {
-      brand.Codigo = code;
-      brand.Descrição = name;
-      brand.Escrever();
-    }
+         {std::pair{"REN", "Renault"}, {"CIT", "Citroën"}, {"MB", "Mercedes-Benz"}})
+      testing_support::AddCode<zorCrmParvel::clMarcas>(bd(), code, name);
     window.ShowList("Marcas");
     window.page()->Load();
   }
@@ -57,15 +43,20 @@ class MainWindowTest : public testing::Test {
   }
   QString Chosen() { return page().table().currentIndex().siblingAtColumn(0).data().toString(); }
   MessagePage& Message() { return *page().findChild<MessagePage*>(); }
+  /// Types a brand into its ficha, confirms it and leaves.
+  static void EnterBrand(QWidget& ficha, const QString& code, const QString& name) {
+    Type(ficha, code);
+    Press(ficha, Qt::Key_Return);
+    Type(ficha, name);
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  }
   void ClickHeading(int column) {
     QHeaderView* header = page().table().horizontalHeader();
     QTest::mouseClick(
         header->viewport(), Qt::LeftButton, {},
         {header->sectionViewportPosition(column) + header->sectionSize(column) / 2, header->height() / 2});
   }
-
-  Desk desk;
-  MainWindow window{desk.settings};
 };
 
 TEST_F(MainWindowTest, AListShowsItsRowsAndTheirNumber) {
@@ -80,13 +71,7 @@ TEST_F(MainWindowTest, AnEmptyListOffersTheFirstRecordWhichItsFichaMakes) {
   window.ShowList("Marcas");
   EXPECT_EQ(Message().Headline(), "A lista está vazia.");
   ASSERT_TRUE(Message().button()->isVisible());
-  desk.script.Next([](QWidget& ficha) {
-    Type(ficha, "OPEL");
-    Press(ficha, Qt::Key_Return);
-    Type(ficha, "Opel");
-    ClickButton(ficha, "Confirmar");
-    ClickButton(ficha, "Sair");
-  });
+  desk.script.Next([](QWidget& ficha) { EnterBrand(ficha, "OPEL", "Opel"); });
   Click(*Message().button());
   EXPECT_EQ(Codes(), QStringList{"OPEL"});
   EXPECT_TRUE(page().table().isVisible());
@@ -99,11 +84,7 @@ TEST_F(MainWindowTest, AnApostropheIsRefusedWithAdviceAndTheFichaGoesOn) {
     Type(ficha, "O'P");
     Press(ficha, Qt::Key_Return);
     Press(ficha, Qt::Key_A, Qt::ControlModifier);
-    Type(ficha, "OP");
-    Press(ficha, Qt::Key_Return);
-    Type(ficha, "Opel");
-    ClickButton(ficha, "Confirmar");
-    ClickButton(ficha, "Sair");
+    EnterBrand(ficha, "OP", "Opel");
   });
   window.actions().add->trigger();
   ASSERT_EQ(desk.script.boxes.size(), 1);
@@ -221,11 +202,7 @@ TEST_F(MainWindowTest, ADatabaseThatIsGoneIsToldAndTheWindowGoesOn) {
   ASSERT_TRUE(QFile::remove(file));
   desk.script.Next([this](QWidget& ficha) {
     desk.script.Answer("OK");
-    Type(ficha, "OPEL");
-    Press(ficha, Qt::Key_Return);
-    Type(ficha, "Opel");
-    ClickButton(ficha, "Confirmar");
-    ClickButton(ficha, "Sair");
+    EnterBrand(ficha, "OPEL", "Opel");
   });
   window.actions().add->trigger();
   ASSERT_FALSE(desk.script.boxes.isEmpty());

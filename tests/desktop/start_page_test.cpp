@@ -1,22 +1,18 @@
 #include "desktop/start_page.h"
 
-#include <gtest/gtest.h>
-
 #include <QAction>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTest>
 
 #include "desktop/alert_card.h"
 #include "desktop/main_actions.h"
-#include "desktop/main_window.h"
 #include "desktop/message_page.h"
+#include "open_window.h"
 #include "platform/format.h"
 #include "platform/host.h"
 #include "support/fleet.h"
-#include "user.h"
 
 namespace desktop_test {
 namespace {
@@ -25,16 +21,8 @@ using desktop::AlertCard;
 using desktop::MainWindow;
 using desktop::Workspace;
 
-class StartPageTest : public testing::Test {
+class StartPageTest : public OpenWindow {
  protected:
-  StartPageTest() {
-    window.Open(std::make_unique<Workspace>(":memory:"));
-    desk.host.SetMainWindow(&window);
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-  }
-
-  const zorCrmParvel::DataAccessRef& bd() { return window.workspace()->sistema().ICrmSistema_ZorDataAccess; }
   void Sql(const std::string& statement) { bd()->ExecutarSql("", statement.c_str()); }
   static std::string Day(int days) {
     return "'" + platform::FormatDate(platform::Today().AddDays(days), "yyyy.mm.dd") + "'";
@@ -78,9 +66,6 @@ class StartPageTest : public testing::Test {
         texts << text;
     return texts.join(" | ");
   }
-
-  Desk desk;
-  MainWindow window{desk.settings};
 };
 
 TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstVehicle) {

@@ -1,38 +1,27 @@
 #include "documents/arquivo_form.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/files.h"
+#include "support/temporary_folder.h"
 
 namespace zorCrmParvel {
 namespace {
 
-namespace fs = std::filesystem;
-using testing_support::Press;
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class ArquivoTest : public testing::Test {
+class ArquivoTest : public DatabaseTest {
  protected:
   ArquivoTest() {
-    std::string name = (fs::temp_directory_path() / "parvel-arquivo-XXXXXX").string();
-    folder = mkdtemp(name.data());
-    host.temporaryFolder = folder.string() + "/vista-";
+    host.temporaryFolder = folder.File("vista-");
     form.mybd = bd;
     form.Numero = "12-AB-34";
     form.Tipo = 303;
     form.Load();
     form.mostra();
   }
-  ~ArquivoTest() override { fs::remove_all(folder); }
-
   std::string File(const std::string& name, const std::string& content) {
-    const std::string path = (folder / name).string();
+    std::string path = folder.File(name);
     platform::WriteFile(path, content);
     return path;
   }
@@ -46,9 +35,7 @@ class ArquivoTest : public testing::Test {
                 "SELECT zor_ArquivoDigital_Titulo, zor_ArquivoDigital_NomeFicheiro FROM zor_ArquivoDigital");
   }
 
-  testing_support::ScriptedHost host;
-  fs::path folder;
-  DataAccessRef bd = testing_support::MemoryDatabase();
+  TemporaryFolder folder;
   frmArquivo form;
 };
 
@@ -64,8 +51,7 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
 
   form.UserDoubleClicks(form.Grelha, 0);
   ASSERT_EQ(host.opened.size(), 1U);
-  const platform::Bytes copy = platform::ReadFile(host.opened[0]);
-  EXPECT_EQ(std::string(copy.begin(), copy.end()), content);
+  EXPECT_EQ(Contents(host.opened[0]), content);
 
   host.AnswerInput("");
   form.UserCommands(form.Grelha, 0, 701);
@@ -103,11 +89,11 @@ TEST_F(ArquivoTest, NamesComeFromTheFileAndKeepTheirEnd) {
 TEST_F(ArquivoTest, AMissingFileIsSaidAndNothingIsStored) {
   Attach("   ", "t");
   host.ExpectBox("O ficheiro não existe !");
-  Attach((folder / "nada.pdf").string(), "t");
+  Attach(folder.File("nada.pdf"), "t");
   EXPECT_EQ(form.Campo[1].Text, "t");
   Cl_ArquivoDigital arquivo;
   arquivo.bd = bd;
-  EXPECT_FALSE(arquivo.Add((folder / "nada.pdf").string(), "12-AB-34", 303, 0, "t"));
+  EXPECT_FALSE(arquivo.Add(folder.File("nada.pdf"), "12-AB-34", 303, 0, "t"));
   EXPECT_TRUE(Documents().empty());
 }
 

@@ -1,17 +1,13 @@
 #include "documents/attach_form.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using testing_support::Press;
+using namespace testing_support;
 
-class AttachTest : public testing::Test {
+class AttachTest : public DatabaseTest {
  protected:
   clAttach Attach(const std::string& code, std::int16_t kind, const std::string& file) {
     clAttach attach;
@@ -40,9 +36,6 @@ class AttachTest : public testing::Test {
     form.Grelha.Row = row;
     form.Grelha.Click();
   }
-
-  testing_support::ScriptedHost host;
-  DataAccessRef bd = testing_support::MemoryDatabase();
 };
 
 TEST_F(AttachTest, TheOwnersCodeIsWrittenOnceAndTheRestAgain) {
@@ -56,8 +49,7 @@ TEST_F(AttachTest, TheOwnersCodeIsWrittenOnceAndTheRestAgain) {
   attach.Tipo = 6;
   attach.Fx = "y";
   attach.Escrever();
-  EXPECT_EQ(testing_support::Rows(bd, "SELECT Codigo, Fx, Tipo FROM zor_PV_Attach"),
-            (std::vector<std::vector<std::string>>{{"A", "y", "6"}}));
+  EXPECT_EQ(Rows(bd, "SELECT Codigo, Fx, Tipo FROM zor_PV_Attach"), (Table{{"A", "y", "6"}}));
   EXPECT_TRUE(attach.Anular());
   EXPECT_TRUE(attach.Anular()) << "no row is no refusal";
   EXPECT_FALSE(attach.Ler());
@@ -93,7 +85,7 @@ TEST_F(AttachTest, AddsShowsAndRemovesFilesOfItsRecordAlone) {
     Press(form.btExit);
     EXPECT_TRUE(form.IsClosed());
   });
-  EXPECT_EQ(testing_support::Rows(bd, "SELECT Id FROM zor_PV_Attach").size(), 2U);
+  EXPECT_EQ(Rows(bd, "SELECT Id FROM zor_PV_Attach").size(), 2U);
 }
 
 TEST_F(AttachTest, TheHeadingIsNoFile) {

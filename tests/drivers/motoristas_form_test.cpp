@@ -1,43 +1,33 @@
 #include "drivers/motoristas_form.h"
 
-#include <gtest/gtest.h>
-
 #include "drivers/licence_classes.h"
 #include "drivers/motoristas_list.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Date;
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
 const char* const kRemoval = "Vai proceder à anulação do Motorista!\n\rPretende continuar?";
 
-class MotoristasFormTest : public testing::Test {
+class MotoristasFormTest : public DatabaseTest {
  protected:
   MotoristasFormTest() {
-    testing_support::AddDriver(bd, "1", "Ana");
-    testing_support::AddDriver(bd, "2", "Zé");
+    AddDriver(bd, "1", "Ana");
+    AddDriver(bd, "2", "Zé");
     form.mybd = bd;
     form.Load();
   }
   void GoTo(const std::string& code) {
     form.UserGoesTo(form.Campo[0]);
-    Type(form.Campo[0], code);
-    form.UserKey(platform::kKeyTab);
+    Enter(form.Campo[0], code);
   }
   Table Names() { return Rows(bd, "SELECT Codigo, Nome FROM zor_Funcionarios ORDER BY Codigo"); }
   Table Classes() { return Rows(bd, "SELECT Motorista, TipoCarta, DataValidade FROM zor_CartasCond"); }
 
-  testing_support::ScriptedHost host;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Motoristas form;
 };
 
@@ -149,9 +139,7 @@ TEST_F(MotoristasFormTest, ThePersonnelLinkDecidesWhoExists) {
   GoTo("1");
   EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   EXPECT_FALSE(form.Campo[1].Enabled);
-  bd->ExecutarSql(
-      "",
-      "INSERT INTO Func1 (Nfunc, Nome, Morada, Localid, CdPostal, NFiscal, DtNasc, BI, Emissao, "
+  Sql("INSERT INTO Func1 (Nfunc, Nome, Morada, Localid, CdPostal, NFiscal, DtNasc, BI, Emissao, "
       "Telefone, Telemove, Email, Passpo, NUMERO_CARTAO_CIDADAO) VALUES ('9', 'Eva', '', '', '', '', "
       "'1990.01.01', '', '', '', '', '', '', '')");
   GoTo("9");
@@ -168,14 +156,10 @@ TEST_F(MotoristasFormTest, TheListButtonOfThePostalCodePicksADriverAllTheSame) {
 }
 
 TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
-  class GridForm : public platform::Form {
-   public:
-    SGGrid grid{*this, "Grelha"};
-  } window;
+  GridWindow window;
   VwLstMotoristas list;
   list.mybd = bd;
-  list.ICrmVwList_GridMaster(&window.grid);
-  list.ICrmVwList_Iniciar();
+  window.Start(list);
   EXPECT_EQ(window.grid.Columns()[1].caption, "Nome");
   GridRow row = window.grid.RowAt(1);
   host.NextForm([](platform::Form& shown) {
@@ -187,7 +171,7 @@ TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
     EXPECT_TRUE(ficha.Campo[0].Enabled) << "after a save the ficha is free for the next driver";
   });
   list.ICrmVwList_Editar(&row);
-  bd->ExecutarSql("", "INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ('2', 1)");
+  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ('2', 1)");
   list.ICrmVwList_Remover(&row);
   EXPECT_EQ(list.ICrmVwList_NumeroItens(), 1);
   EXPECT_TRUE(Classes().empty());

@@ -1,20 +1,14 @@
 #include "drivers/motoristas.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Date;
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class MotoristasTest : public testing::Test {
+class MotoristasTest : public RecordedTest {
  protected:
   MotoristasTest() {
     motorista.bd = bd;
@@ -24,14 +18,10 @@ class MotoristasTest : public testing::Test {
     pessoal->ExecutarSql(
         "",
         "INSERT INTO Func1 (Nfunc, Nome, Morada, Localid, CdPostal, NFiscal, DtNasc, BI, DtBI, Emissao, "
-        "Telefone, "
-        "Telemove, Email, Passpo, NUMERO_CARTAO_CIDADAO) VALUES ('7', 'Ana do Pessoal', 'Rua', 'Porto', "
-        "'4000-001', '1', '1980.05.06', '2', NULL, 'Porto', '3', '4', 'a@b.pt', '5', '6')");
+        "Telefone, Telemove, Email, Passpo, NUMERO_CARTAO_CIDADAO) VALUES ('7', 'Ana do Pessoal', 'Rua', "
+        "'Porto', '4000-001', '1', '1980.05.06', '2', NULL, 'Porto', '3', '4', 'a@b.pt', '5', '6')");
   }
-  testing_support::ScriptedHost host;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
-  DataAccessRef pessoal = testing_support::MemoryDatabase();
+  DataAccessRef pessoal = MemoryDatabase();
   clMotoristas motorista;
 };
 
@@ -43,7 +33,7 @@ TEST_F(MotoristasTest, ReadsAndWritesTheFleetsOwnTable) {
   motorista.Escrever();
   EXPECT_EQ(Rows(bd, "SELECT Nome, DataPassa, ValidadePassa, DataBI, DataValBI FROM zor_Funcionarios"),
             (Table{{"Ana", "NULL", "NULL", "00:00:00", "02-01-2030"}}));
-  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DataBI=NULL, TipoCartaCond=NULL, EmissaoBI=NULL");
+  Sql("UPDATE zor_Funcionarios SET DataBI=NULL, TipoCartaCond=NULL, EmissaoBI=NULL");
   bd->statements.clear();
   clMotoristas lido;
   lido.bd = bd;
@@ -55,17 +45,17 @@ TEST_F(MotoristasTest, ReadsAndWritesTheFleetsOwnTable) {
   EXPECT_EQ(lido.Descrição, "Ana");
   EXPECT_EQ(lido.TipoCartaCond, 0);
   EXPECT_EQ(lido.DataValBI, Date::FromParts(2030, 1, 2));
-  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DGV=NULL");
+  Sql("UPDATE zor_Funcionarios SET DGV=NULL");
   EXPECT_THROW(lido.Ler(), platform::RuntimeError);
 }
 
 TEST_F(MotoristasTest, ThePersonnelDataWinWhereTheyStand) {
   motorista.LerSal = true;
   motorista.bdSal = pessoal;
-  testing_support::AddDriver(bd, "7", "Ana da Frota");
+  AddDriver(bd, "7", "Ana da Frota");
   EXPECT_FALSE(motorista.Ler()) << "who isn't in the personnel table doesn't exist, whatever the fleet holds";
   AddPerson();
-  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET DGV='Lisboa', DataValBI='2031.01.01'");
+  Sql("UPDATE zor_Funcionarios SET DGV='Lisboa', DataValBI='2031.01.01'");
   motorista.DataBI = Date::FromParts(2001, 1, 1);
   motorista.DataValBI = Date::FromParts(2002, 2, 2);
   ASSERT_TRUE(motorista.Ler());
@@ -85,7 +75,7 @@ TEST_F(MotoristasTest, ThePersonnelDataWinWhereTheyStand) {
 }
 
 TEST_F(MotoristasTest, GoesWithTheLicenceClasses) {
-  testing_support::AddDriver(bd, "7", "Ana");
+  AddDriver(bd, "7", "Ana");
   for (const char* row : {"('7', 1)", "('7', 2)", "('8', 1)"})
     bd->ExecutarSql("", {"INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ", fixed(row)});
   EXPECT_TRUE(motorista.Anular());
@@ -93,8 +83,8 @@ TEST_F(MotoristasTest, GoesWithTheLicenceClasses) {
 }
 
 TEST_F(MotoristasTest, IsWalkedPickedAndPrintedLikeACode) {
-  testing_support::AddDriver(bd, "1", "Um");
-  testing_support::AddDriver(bd, "2", "Dois");
+  AddDriver(bd, "1", "Um");
+  AddDriver(bd, "2", "Dois");
   EXPECT_TRUE(motorista.LerUltimo());
   EXPECT_EQ(motorista.Descrição, "Dois");
   host.NextLookup("1");

@@ -70,10 +70,9 @@ TEST_F(CollationInTables, KeysOrderAndSearch) {
   EXPECT_EQ(Rows("SELECT Codigo FROM Codigos ORDER BY codigo"),
             (Table{{"10"}, {"9"}, {"a "}, {"Á"}, {"b"}, {"C"}}));
   EXPECT_EQ(Value("SELECT Codigo FROM Codigos WHERE Codigo = 'A'"), "a ");
-  EXPECT_EQ(
-      ErrorOf([&] { Run("INSERT INTO Codigos (Codigo) VALUES ('B  ')"); }),
-      "-2147217873: Violation of PRIMARY KEY constraint 'PK_Codigos'. Cannot insert duplicate key in object "
-      "'Codigos'.");
+  EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO Codigos (Codigo) VALUES ('B  ')"); }),
+            "-2147217873: Violation of PRIMARY KEY constraint 'PK_Codigos'. Cannot insert duplicate key in "
+            "object 'Codigos'.");
   EXPECT_EQ(Value("SELECT MAX(Codigo + '') AS x FROM Codigos"), "C");
   EXPECT_EQ(
       Rows("SELECT Codigo FROM Codigos WHERE Codigo > 'a' AND Codigo < 'zzzzzzzzzzzz' ORDER BY Codigo DESC"),

@@ -7,8 +7,8 @@ namespace {
 class ExpressionTest : public EngineTest {
  protected:
   ExpressionTest() {
-    Run("INSERT INTO Tudo (Nome, Activa, Ano, Km, Valor, Razao, Data) VALUES "
-        "(N'Ávila', 1, 2024, 7, 60.5, 0.25, '2024.02.29 13:05:09')");
+    Run("INSERT INTO Tudo (Nome, Activa, Ano, Km, Valor, Razao, Data) VALUES (N'Ávila', 1, 2024, 7, 60.5, "
+        "0.25, '2024.02.29 13:05:09')");
   }
 
   struct Case {
@@ -135,12 +135,11 @@ TEST_F(ExpressionTest, Dates) {
   for (const char* text : {"'29-02-2024'", "'2023.02.29'", "'2024.13.01'", "'hoje'", "'2024.01.01 25:00'"})
     ExpectRefusals({{(std::string("cast(") + text + " as datetime)").c_str(),
                      "Conversion failed when converting date and/or time from character string."}});
-  ExpectRefusals(
-      {{"cast(Data as int)",
-        "Implicit conversion from data type datetime to int is not allowed. Use the CONVERT function to run "
-        "this query."},
-       {"datediff(month, Data, Data)", "'month' is not a recognized datediff option."},
-       {"lower(Nome)", "'lower' is not a recognized built-in function name."}});
+  ExpectRefusals({{"cast(Data as int)",
+                   "Implicit conversion from data type datetime to int is not allowed. Use the CONVERT "
+                   "function to run this query."},
+                  {"datediff(month, Data, Data)", "'month' is not a recognized datediff option."},
+                  {"lower(Nome)", "'lower' is not a recognized built-in function name."}});
 }
 
 TEST_F(ExpressionTest, Cases) {

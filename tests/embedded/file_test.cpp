@@ -1,11 +1,11 @@
 #include <sys/stat.h>
 
 #include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "embedded/sqlite.h"
 #include "engine_fixture.h"
+#include "support/files.h"
 
 namespace embedded_tests {
 namespace {
@@ -13,15 +13,9 @@ namespace {
 namespace fs = std::filesystem;
 using embedded::Database;
 using embedded::SqliteConnection;
-using zorCrmParvel::DataAccessRef;
+using testing_support::Contents;
 
 constexpr int kCreate = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-
-std::string Contents(const std::string& file) {
-  std::stringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  return text.str();
-}
 
 void WriteContents(const std::string& file, const std::string& contents) {
   std::ofstream(file, std::ios::binary) << contents;
@@ -29,19 +23,19 @@ void WriteContents(const std::string& file, const std::string& contents) {
 
 class FileTest : public testing::Test {
  protected:
-  std::shared_ptr<Database> Open(const char* schema = kSchema) {
-    return Database::Open(file_, Options(schema));
+  std::shared_ptr<Database> Open(const embedded::OpenOptions& options = Options()) {
+    return Database::Open(file_, options);
   }
   static void Add(const std::shared_ptr<Database>& database, const std::string& code) {
     database->ExecutarSql("", ("INSERT INTO Codigos (Codigo) VALUES ('" + code + "')").c_str());
   }
   static Table Codes(const std::shared_ptr<Database>& database) {
-    return testing_support::Rows(DataAccessRef(database), "SELECT Codigo FROM Codigos ORDER BY Codigo");
+    return testing_support::Rows(database, "SELECT Codigo FROM Codigos ORDER BY Codigo");
   }
   /// Opening fails with these words in its text, changes no byte and leaves nothing beside the file.
-  void ExpectRefused(const std::string& words, const char* schema = kSchema) {
+  void ExpectRefused(const std::string& words, const embedded::OpenOptions& options = Options()) {
     const std::string before = Contents(file_);
-    const std::string error = ErrorOf([&] { Open(schema); });
+    const std::string error = ErrorOf([&] { Open(options); });
     EXPECT_EQ(error.substr(0, 13), "-2147467259: ");
     EXPECT_NE(error.find(words), std::string::npos) << error;
     EXPECT_EQ(Contents(file_), before);
@@ -82,12 +76,12 @@ TEST_F(FileTest, RefusesWhatIsNoDatabaseOfThisProgram) {
 }
 
 TEST_F(FileTest, RefusesADatabaseOfALaterVersionOrDamaged) {
-  Add(Open("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK PRIMARY KEY "
-           "(Codigo));"),
+  Add(Open(Options("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK PRIMARY "
+                   "KEY (Codigo));")),
       "A");
   ExpectRefused("é da versão 12 e este programa só conhece até à versão 3. Actualize o programa");
   WriteContents(file_, Contents(file_).substr(0, 4096 + 100));
-  ExpectRefused("danificada", "-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NULL);");
+  ExpectRefused("danificada", Options("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NULL);"));
 }
 
 TEST_F(FileTest, OpensAReadOnlyFileForReading) {
@@ -97,9 +91,8 @@ TEST_F(FileTest, OpensAReadOnlyFileForReading) {
   const auto database = Open();
   EXPECT_EQ(Codes(database), (Table{{"A"}}));
   EXPECT_NE(ErrorOf([&] { Add(database, "B"); }).find("só permite leitura"), std::string::npos);
-  EXPECT_NE(
-      ErrorOf([&] { Open("-- versão 4\nCREATE TABLE Outra (Codigo int NULL);"); }).find("versão anterior"),
-      std::string::npos);
+  const auto later = Options("-- versão 4\nCREATE TABLE Outra (Codigo int NULL);");
+  EXPECT_NE(ErrorOf([&] { Open(later); }).find("versão anterior"), std::string::npos);
   EXPECT_EQ(Contents(file_), before);
 }
 
@@ -137,8 +130,7 @@ TEST_F(FileTest, ALockedDatabaseRefusesTheWriteInTime) {
   other.Execute("BEGIN IMMEDIATE");
   EXPECT_EQ(ErrorOf([&] { Add(database, "A"); }),
             "-2147467259: A base de dados está ocupada por outro programa e nada foi gravado. Espere um "
-            "momento e tente "
-            "de novo.");
+            "momento e tente de novo.");
   EXPECT_EQ(Codes(database), Table{});
   other.Execute("COMMIT");
   Add(database, "A");

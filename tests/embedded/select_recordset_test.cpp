@@ -66,21 +66,6 @@ TEST_F(SelectRecordsetTest, AFailureComesWithTheRowThatCouldNotBeRead) {
   }
 }
 
-TEST_F(SelectRecordsetTest, OutlivesItsDatabase) {
-  AddCodes(200);
-  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos");
-  const RecordsetRef edited = Edit("SELECT Codigo, Nome FROM Codigos WHERE Codigo = 'C1001'");
-  platform::Ref<platform::Connection> connection;
-  database_->ObterLigacao(connection);
-  database_.reset();
-  EXPECT_EQ(ReadOn(rows), 200u);
-  edited->Fields("Nome").SetValue("depois");
-  edited->Update();
-  EXPECT_EQ(
-      connection->Execute("SELECT Nome FROM Codigos WHERE Codigo = 'C1001'")->Fields("Nome").Value().ToText(),
-      "depois");
-}
-
 TEST_F(SelectRecordsetTest, ManyShapesPushOutTheOldOnes) {
   AddCodes(1);
   const RecordsetRef rows = Open("SELECT Codigo FROM Codigos");

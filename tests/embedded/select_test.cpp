@@ -1,7 +1,7 @@
-#include <fstream>
-#include <sstream>
+#include <filesystem>
 
 #include "engine_fixture.h"
+#include "support/files.h"
 
 namespace embedded_tests {
 namespace {
@@ -40,9 +40,7 @@ TEST_F(SelectTest, NamesAreSpelledAsInTheStatementOrTheTable) {
 TEST_F(SelectTest, ColumnsHaveTheTypesOfTheServer) {
   const RecordsetRef rows = Open(
       "SELECT Tudo.Nome, Notas, Foto, Tudo.Nome + 'abc' AS a, CASE WHEN Km = 1 THEN 'um' ELSE 'outro' END AS "
-      "b, Valor "
-      "- Km AS c, "
-      "Outra.Nome AS d, 100 AS e FROM Tudo LEFT JOIN Codigos AS Outra ON 1 = 0");
+      "b, Valor - Km AS c, Outra.Nome AS d, 100 AS e FROM Tudo LEFT JOIN Codigos AS Outra ON 1 = 0");
   struct Expected {
     platform::FieldType type;
     long size;
@@ -79,6 +77,10 @@ TEST_F(SelectTest, UnionKeepsTheFirstOfEqualRows) {
   const std::string both =
       "SELECT 'ab' AS Letra, 1 AS n UNION SELECT 'AB ', 1 UNION SELECT 'á', 2 UNION SELECT 'a', 2";
   EXPECT_EQ(Rows(both + " ORDER BY letra DESC"), (Table{{"ab", "1"}, {"á", "2"}, {"a", "2"}}));
+  EXPECT_EQ(Rows(both + " ORDER BY n DESC, Letra"), (Table{{"a", "2"}, {"á", "2"}, {"ab", "1"}}));
+  EXPECT_EQ(Rows(both + " ORDER BY 2"), (Table{{"ab", "1"}, {"a", "2"}, {"á", "2"}}));
+  EXPECT_EQ(Rows(both + " UNION ALL SELECT 'AB', 1 ORDER BY Letra, n"),
+            (Table{{"a", "2"}, {"á", "2"}, {"ab", "1"}, {"AB", "1"}}));
   EXPECT_EQ(Open(both)->RecordCount(), 3);
   EXPECT_EQ(Rows("SELECT 'x' AS a UNION ALL SELECT 'X' UNION SELECT 'x ' UNION ALL SELECT 'x'"),
             (Table{{"x"}, {"x"}}));
@@ -139,23 +141,19 @@ TEST_F(SelectTest, RefusesWhatTheServerRefuses) {
       {"SELECT Km AS a, Ano AS a FROM Tudo ORDER BY a", "-2147217900: Ambiguous column name 'a'."},
       {"SELECT * FROM Tudo JOIN Tudo ON 1 = 1",
        "-2147217900: The objects \"Tudo\" and \"Tudo\" in the FROM clause have the same exposed names. Use "
-       "correlation "
-       "names to distinguish them."},
+       "correlation names to distinguish them."},
       {"SELECT Nome FROM Tudo UNION SELECT Nome, Codigo FROM Codigos",
        "-2147217900: All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal "
-       "number of "
-       "expressions in their target lists."},
+       "number of expressions in their target lists."},
       {"SELECT Nome FROM Tudo UNION SELECT Nome FROM Codigos ORDER BY Km",
        "-2147217900: ORDER BY items must appear in the select list if the statement contains a UNION, "
-       "INTERSECT or "
-       "EXCEPT operator, or if SELECT DISTINCT is specified."},
+       "INTERSECT or EXCEPT operator, or if SELECT DISTINCT is specified."},
       {"SELECT Nome FROM Tudo ORDER BY 2",
        "-2147217900: The ORDER BY position number 2 is out of range of the number of items in the select "
        "list."},
       {"SELECT Nome, MAX(Km) AS m FROM Tudo",
        "-2147217900: Column 'Nome' is invalid in the select list because it is not contained in either an "
-       "aggregate "
-       "function or the GROUP BY clause."},
+       "aggregate function or the GROUP BY clause."},
       {"SELECT Nome FROM Tudo WHERE Data = 'amanhã'",
        "-2147217900: Conversion failed when converting date and/or time from character string."},
       {"SELECT 'a", "-2147217900: Unclosed quotation mark after the character string 'a'."}};
@@ -172,11 +170,10 @@ TEST(ModuleStatements, Compile) {
   for (const auto& file :
        std::filesystem::directory_iterator(PARVEL_SOURCE_DIR "/tests/fuzz/corpus/accepted")) {
     SCOPED_TRACE(file.path().filename());
-    std::stringstream text;
-    text << std::ifstream(file.path()).rdbuf();
+    const std::string text = testing_support::Contents(file.path().string());
     RecordsetRef rows;
     EXPECT_EQ(ErrorOf([&] {
-                database->AbrirLeitura("", text.str().c_str(), rows);
+                database->AbrirLeitura("", text.c_str(), rows);
                 if (rows->IsOpen()) rows->RecordCount();
               }),
               "");

@@ -1,31 +1,24 @@
-#include <gtest/gtest.h>
-
 #include "events/acessorios.h"
 #include "events/cost_sums.h"
 #include "events/gastos.h"
 #include "events/inspecoes.h"
 #include "events/revisoes.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Currency;
 using platform::Date;
-using testing_support::AddExpense;
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
 Date Day(int day, int hour = 0) { return Date::FromParts(2024, 1, day, hour); }
 
-class EventEntityTest : public testing::Test {
+class EventEntityTest : public RecordedTest {
  protected:
   EventEntityTest() {
     gasto.bd = bd;
-    testing_support::AddExpenseTypes(bd);
+    AddExpenseTypes(bd);
   }
   void Add(const std::string& plate, Date date) { AddExpense(bd, plate, date, "GASOLEO", "1", "2", 3); }
   /// Stands the entity on a record, as a ficha does before it walks.
@@ -42,9 +35,6 @@ class EventEntityTest : public testing::Test {
     return gasto.Id;
   }
 
-  testing_support::ScriptedHost host;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
   clGastos gasto;
 };
 
@@ -63,14 +53,11 @@ TEST_F(EventEntityTest, SendsTheseStatements) {
   const std::vector<std::string> expected = {
       "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula > '' and Data>'') order by Matricula,Data ",
       "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula < 'zzzzzzzzzzzz') and Data <'2050-12-31' "
-      "order by "
-      "Matricula desc,Data Desc",
+      "order by Matricula desc,Data Desc",
       "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
-      "Data, "
-      "102)>= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula,Data ",
+      "Data, 102)>= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula,Data ",
       "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
-      "Data, "
-      "102)<= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula Desc,Data desc",
+      "Data, 102)<= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula Desc,Data desc",
       "SELECT *  From zor_PV_Gastos WHERE     (Gst_Id = N'7')",
       "Delete  From zor_PV_Gastos  WHERE (Gst_Id ='7' )",
       "SELECT *  From zor_PV_Gastos INNER Join zor_PV_TiposGastos ON  "
@@ -151,7 +138,7 @@ TEST_F(EventEntityTest, WritesByIdAndKeepsThePlateForEver) {
 }
 
 TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {
-  testing_support::AddDriver(bd, "1", "Ana");
+  AddDriver(bd, "1", "Ana");
   Add("A", Day(1));
   Add("B", Day(2));
   gasto.Codigo = "B";
@@ -178,14 +165,10 @@ TEST_F(EventEntityTest, CostsAreSummedExactly) {
   EXPECT_EQ(Tools::SomaCustoGastos(bd, "A").ToText(), "2,3333");
   EXPECT_EQ(Tools::SomaCustoGastos(bd, "Z"), Currency(0));
   for (const char* plate : {"A", "B"}) {
-    clRevisoes revisao;
-    revisao.bd = bd;
-    revisao.Codigo = plate;
+    EventOf<clRevisoes> revisao(bd, plate);
     revisao.Custo = 5;
     revisao.Escrever();
-    clAcessorios acessorio;
-    acessorio.bd = bd;
-    acessorio.Codigo = plate;
+    EventOf<clAcessorios> acessorio(bd, plate);
     acessorio.Custo = 3;
     acessorio.Escrever();
   }
@@ -195,7 +178,7 @@ TEST_F(EventEntityTest, CostsAreSummedExactly) {
   EXPECT_EQ(Tools::SomaCustoAcessorios(bd, ""), Currency(0));
   EXPECT_EQ(Tools::SomaCustoAcessorios(bd, "B"), Currency(3));
   EXPECT_EQ(Rows(bd, "SELECT DataVal FROM zor_PV_Acessorios"), (Table{{"NULL"}, {"NULL"}}));
-  bd->ExecutarSql("", "UPDATE zor_PV_Revisoes SET Custo=NULL");
+  Sql("UPDATE zor_PV_Revisoes SET Custo=NULL");
   EXPECT_THROW(Tools::SomaCustoRevisoes(bd, "A"), platform::RuntimeError);
 }
 

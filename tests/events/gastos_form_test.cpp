@@ -1,32 +1,22 @@
 #include "events/gastos_form.h"
 
-#include <gtest/gtest.h>
-
 #include "events/acessorios.h"
 #include "events/event_list.h"
 #include "events/inspecoes.h"
 #include "host/sistema.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Date;
-using testing_support::AddExpense;
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class GastosTest : public testing::Test {
+class GastosTest : public DatabaseTest {
  protected:
   GastosTest() {
-    testing_support::AddVehicle(bd, "12-AB-34", 10000);
-    testing_support::AddDriver(bd, "1", "Ana");
-    testing_support::AddExpenseTypes(bd);
+    AddFleet(bd, 10000);
     form.mybd = bd;
   }
   void OpenForVehicle(const std::string& plate) {
@@ -35,10 +25,7 @@ class GastosTest : public testing::Test {
     form.Load();
     form.Carrega(0);
   }
-  void Fill(int field, const std::string& text) {
-    Type(form.Campo[field], text);
-    form.UserKey(platform::kKeyTab);
-  }
+  void Fill(int field, const std::string& text) { Enter(form.Campo[field], text); }
   /// KmActual, Media, CustoMedioKmC, CustoTotal, CustoMedioKmT.
   std::string Figures(const std::string& plate = "12-AB-34") {
     const Table rows = Rows(bd,
@@ -62,9 +49,7 @@ class GastosTest : public testing::Test {
     return Rows(bd, "SELECT Matricula, TipoGasto, Qtd, Km, ValorUn, Custo FROM zor_PV_Gastos");
   }
 
-  testing_support::ScriptedHost host;
   Sistema sistema;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Gastos form;
 };
 
@@ -155,14 +140,10 @@ TEST_F(GastosTest, FiguresAfterEachSave) {
 
 TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {
   OpenForVehicle("12-AB-34");
-  clAcessorios acessorio;
-  acessorio.bd = bd;
-  acessorio.Codigo = "12-AB-34";
+  EventOf<clAcessorios> acessorio(bd, "12-AB-34");
   acessorio.Custo = 100;
   acessorio.Escrever();
-  clInspecoes inspecao;
-  inspecao.bd = bd;
-  inspecao.Codigo = "12-AB-34";
+  EventOf<clInspecoes> inspecao(bd, "12-AB-34");
   inspecao.Custo = 30;
   inspecao.Escrever();
   Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
@@ -191,7 +172,7 @@ TEST_F(GastosTest, AnOdometerBelowTheInitialOneGivesNoNegativeFigures) {
 
 TEST_F(GastosTest, AVehicleRemovedMeanwhileComesBackWithItsFiguresAlone) {
   OpenForVehicle("12-AB-34");
-  bd->ExecutarSql("", "Delete zor_PV_Viaturas");
+  Sql("Delete zor_PV_Viaturas");
   Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
   EXPECT_EQ(Rows(bd, "SELECT Matricula, Marca, KmActual FROM zor_PV_Viaturas"),
             (Table{{"12-AB-34", "", "10000"}}));
@@ -253,17 +234,13 @@ TEST_F(GastosTest, ListsAndFichasOfTheFields) {
 }
 
 TEST_F(GastosTest, TheListShowsEditsAndRemoves) {
-  class GridForm : public platform::Form {
-   public:
-    SGGrid grid{*this, "Grelha"};
-  } window;
+  GridWindow window;
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 1), "GASOLEO", "50", "75", 10000);
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 9), "GASOLEO", "40", "60", 10500);
   AddExpense(bd, "00-XX-00", Date::FromParts(2024, 1, 9), "PERDIDO", "1", "2", 3);
   VwLstGastos list;
   list.mybd = bd;
-  list.ICrmVwList_GridMaster(&window.grid);
-  list.ICrmVwList_Iniciar();
+  window.Start(list);
   ASSERT_EQ(list.ICrmVwList_NumeroItens(), 3);
   EXPECT_EQ(window.grid.CellText(0, 1), "") << "a lost vehicle has no make and is listed";
   EXPECT_EQ(window.grid.CellText(1, 3), "Gasóleo");

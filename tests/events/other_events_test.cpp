@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "events/acessorios_form.h"
 #include "events/event_list.h"
 #include "events/gastos_form.h"
@@ -9,28 +7,20 @@
 #include "events/seguros_form.h"
 #include "events/sinistros_form.h"
 #include "host/sistema.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using platform::Date;
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class EventsTest : public testing::Test {
+class EventsTest : public DatabaseTest {
  protected:
   EventsTest() {
-    testing_support::AddVehicle(bd, "12-AB-34", 20000);
-    testing_support::AddDriver(bd, "1", "Ana");
-    testing_support::AddExpenseTypes(bd);
-    bd->ExecutarSql("", "INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
-    bd->ExecutarSql("", "INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'Localizador')");
+    AddFleet(bd, 20000);
+    Sql("INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
+    Sql("INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'Localizador')");
   }
   template <typename F>
   void Open(F& form, int tipoMostrar = 1) {
@@ -52,9 +42,7 @@ class EventsTest : public testing::Test {
     return rows.at(0)[0] + " " + rows.at(0)[1];
   }
 
-  testing_support::ScriptedHost host;
   Sistema sistema;
-  DataAccessRef bd = testing_support::MemoryDatabase();
 };
 
 TEST_F(EventsTest, TheTotalDependsOnTheFichaThatComputedItLast) {
@@ -84,28 +72,21 @@ TEST_F(EventsTest, TheTotalDependsOnTheFichaThatComputedItLast) {
 }
 
 TEST_F(EventsTest, ReferencesAreCheckedEachInItsOwnWords) {
-  const auto leave = [&](EventForm& form, const char* message, bool titled) {
+  const auto leave = [&](auto&& form, const char* message) {
     SCOPED_TRACE(message);
+    Open(form);
     form.UserGoesTo(form.Campo[1]);
     host.ExpectBox(message);
     form.UserKey(platform::kKeyTab);
     EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
-    EXPECT_EQ(host.boxes.back().title, titled ? "Informação" : "");
+    EXPECT_EQ(host.boxes.back().title, "");
   };
-  Revisoes revisao;
-  Open(revisao);
-  leave(revisao, "Tipo Manutenção não existente!", false);
-  Acessorios acessorio;
-  Open(acessorio);
-  leave(acessorio, "Tipo Acessório não existente!", false);
-  Multas multa;
-  Open(multa);
-  leave(multa, "Motorista não existente!", false);
+  leave(Revisoes(), "Tipo Manutenção não existente!");
+  leave(Acessorios(), "Tipo Acessório não existente!");
+  leave(Multas(), "Motorista não existente!");
   Sinistros sinistro;
-  Open(sinistro);
-  leave(sinistro, "Motorista não existente!", false);
-  Type(sinistro.Campo[1], "1");
-  sinistro.UserKey(platform::kKeyTab);
+  leave(sinistro, "Motorista não existente!");
+  Enter(sinistro.Campo[1], "1");
   EXPECT_EQ(sinistro.Titulo[7].Caption, "Ana");
 }
 
@@ -115,12 +96,10 @@ TEST_F(EventsTest, AnEmptyOrUnknownPlateHoldsTheFocus) {
   form.UserKey(platform::kKeyTab);
   EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   host.ExpectBox("Viatura não existente!");
-  Type(form.Campo[0], "NADA");
-  form.UserKey(platform::kKeyTab);
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Marca='PERDIDA'");
+  Enter(form.Campo[0], "NADA");
+  Sql("UPDATE zor_PV_Viaturas SET Marca='PERDIDA'");
   form.Titulo[7].Caption = "antiga";
-  Type(form.Campo[0], "12-AB-34");
-  form.UserKey(platform::kKeyTab);
+  Enter(form.Campo[0], "12-AB-34");
   EXPECT_EQ(form.Titulo[7].Caption, "") << "a lost make clears its label";
   EXPECT_EQ(form.Matricula, "12-AB-34");
   Press(form.botoes.btSair);
@@ -172,9 +151,7 @@ TEST_F(EventsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
                {1000, 0, "100", "Acessório com -1.000 Km", "Custo/Km -0,10 €"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.distance);
-    clAcessorios acessorio;
-    acessorio.bd = bd;
-    acessorio.Codigo = "12-AB-34";
+    EventOf<clAcessorios> acessorio(bd, "12-AB-34");
     acessorio.KmInicial = c.first;
     acessorio.KmFinal = c.last;
     acessorio.Custo = platform::Currency::Parse(c.cost);
@@ -203,23 +180,17 @@ TEST_F(EventsTest, ReportsThatTheServerRejectsSaySoAndTheFichaGoesOn) {
   Revisoes form;
   Open(form);
   form.UserGoesTo(form.Campo[3]);
-  try {
-    form.UserKey(platform::kKeyF7);
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kStatementRefused);
-    EXPECT_NE(error.description().find("'AS'"), std::string::npos);
-  }
+  const platform::RuntimeError error = FailureOf([&] { form.UserKey(platform::kKeyF7); });
+  EXPECT_EQ(error.number(), platform::kStatementRefused);
+  EXPECT_NE(error.description().find("'AS'"), std::string::npos);
   form.Campo[4].Text = "5";
   Press(form.botoes.btConf);
   EXPECT_EQ(Rows(bd, "SELECT Custo FROM zor_PV_Revisoes"), (Table{{"5"}}));
 }
 
 TEST_F(EventsTest, FinesOfAllVehiclesAreOfferedEvenOnOneVehiclesFicha) {
-  testing_support::AddVehicle(bd, "99-ZZ-99");
-  clMultas multa;
-  multa.bd = bd;
-  multa.Codigo = "99-ZZ-99";
+  AddVehicle(bd, "99-ZZ-99");
+  EventOf<clMultas> multa(bd, "99-ZZ-99");
   multa.Motorista = "1";
   multa.Escrever();
   Multas form;
@@ -229,11 +200,6 @@ TEST_F(EventsTest, FinesOfAllVehiclesAreOfferedEvenOnOneVehiclesFicha) {
   EXPECT_EQ(host.lookups.back().rows.size(), 1U);
   EXPECT_EQ(form.Matricula, "99-ZZ-99");
 }
-
-class GridForm : public platform::Form {
- public:
-  SGGrid grid{*this, "Grelha"};
-};
 
 TEST_F(EventsTest, EachListShowsEditsAndRemovesItsOwn) {
   Save<Revisoes>(4, "10");
@@ -262,14 +228,10 @@ TEST_F(EventsTest, EachListShowsEditsAndRemovesItsOwn) {
     sistema.ICrmSistema_ZorDataAccess = bd;
     const auto list = sistema.MostraListas(c.key);
     ASSERT_NE(list, nullptr);
-    GridForm window;
-    list->ICrmVwList_GridMaster(&window.grid);
-    list->ICrmVwList_Iniciar();
+    GridWindow window;
+    window.Start(*list);
     ASSERT_EQ(list->ICrmVwList_NumeroItens(), 1);
-    std::vector<std::string> headings;
-    for (const auto& column : window.grid.Columns())
-      if (!column.hidden) headings.push_back(column.caption);
-    EXPECT_EQ(headings, c.headings);
+    EXPECT_EQ(window.Headings(), c.headings);
     GridRow row = window.grid.RowAt(0);
     host.NextForm([&](platform::Form& form) {
       EXPECT_EQ(form.Caption, c.caption);

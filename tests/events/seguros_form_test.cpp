@@ -1,37 +1,27 @@
 #include "events/seguros_form.h"
 
-#include <gtest/gtest.h>
-
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Date;
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
 const char* const kRenewal = "Vai proceder à renovação da Apólice!\n\rPretende continuar?";
 const char* const kRemoval = "Vai proceder à anulação da Apólice!\n\rPretende continuar?";
 
-class SegurosTest : public testing::Test {
+class SegurosTest : public DatabaseTest {
  protected:
   SegurosTest() {
-    testing_support::AddVehicle(bd, "12-AB-34");
-    bd->ExecutarSql("", "INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo Seguros')");
-    bd->ExecutarSql("",
-                    "INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'Responsabilidade civil')");
+    AddVehicle(bd, "12-AB-34");
+    Sql("INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo Seguros')");
+    Sql("INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'Responsabilidade civil')");
     form.mybd = bd;
     form.Load();
   }
   void Add(int modalidade, Date validade, int inactiva = 0) {
-    clSeguros seguro;
-    seguro.bd = bd;
-    seguro.Codigo = "12-AB-34";
+    EventOf<clSeguros> seguro(bd, "12-AB-34");
     seguro.Companhia = "TEJO";
     seguro.TipoSeguro = "RC";
     seguro.Apolice = "A-1";
@@ -46,8 +36,6 @@ class SegurosTest : public testing::Test {
     return Rows(bd, "SELECT Seg_Id, DataInicio, Validade, Modalidade, Inactiva, Premio FROM zor_PV_Seguros");
   }
 
-  testing_support::ScriptedHost host;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Seguros form;
 };
 
@@ -60,8 +48,7 @@ TEST_F(SegurosTest, BeginsHalfYearlyAndOpenFromToday) {
 }
 
 TEST_F(SegurosTest, FieldsCheckThemselvesWhateverWasPressed) {
-  Type(form.Campo[0], "12-AB-34");
-  form.UserKey(platform::kKeyTab);
+  Enter(form.Campo[0], "12-AB-34");
   EXPECT_EQ(form.Titulo[9].Caption, "Renault");
   EXPECT_EQ(form.Matricula, "") << "a policy's plate isn't taken before it is loaded";
   for (const char* message : {"Companhia não existente!", "Companhia não existente!"}) {
@@ -85,7 +72,7 @@ TEST_F(SegurosTest, RenewalClosesTheOldPolicyAndBeginsWhereItEnded) {
                {1, Date::FromParts(2024, 3, 31), "30-09-2024"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.newEnd);
-    bd->ExecutarSql("", "Delete zor_PV_Seguros");
+    Sql("Delete zor_PV_Seguros");
     Add(c.modalidade, c.end);
     const std::int32_t id = platform::Variant(Policies()[0][0]).ToLong();
     form.Carrega(id);

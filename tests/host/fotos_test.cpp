@@ -1,48 +1,34 @@
 #include "host/fotos.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 #include "drivers/motoristas.h"
 #include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/files.h"
+#include "support/temporary_folder.h"
 #include "vehicles/viaturas.h"
 
 namespace zorCrmParvel {
 namespace {
 
-namespace fs = std::filesystem;
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class FotosTest : public testing::Test {
+class FotosTest : public RecordedTest {
  protected:
   FotosTest() {
-    std::string name = (fs::temp_directory_path() / "parvel-fotos-XXXXXX").string();
-    folder = mkdtemp(name.data());
-    host.temporaryFolder = folder.string() + "/";
+    host.temporaryFolder = folder.File("");
     viatura.bd = motorista.bd = bd;
     viatura.Matricula = motorista.Codigo = "7";
   }
-  ~FotosTest() override { fs::remove_all(folder); }
 
   std::string File(const std::string& content) {
-    const std::string path = (folder / "original").string();
+    std::string path = folder.File("original");
     platform::WriteFile(path, content);
     return path;
   }
-  static std::string Content(const std::string& path) {
-    const platform::Bytes bytes = platform::ReadFile(path);
-    return {bytes.begin(), bytes.end()};
-  }
 
-  testing_support::ScriptedHost host;
-  fs::path folder;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
+  TemporaryFolder folder;
   clViaturas viatura;
   clMotoristas motorista;
 };
@@ -57,17 +43,17 @@ TEST_F(FotosTest, EachKindKeepsOneImageAKey) {
                  "order by zor_Fotos_TipoEntidade"),
             (Table{{"7", "20", "NULL"}, {"7", "30", "1"}}));
   const std::string copy = viatura.Foto_Get();
-  EXPECT_EQ(fs::path(copy).extension(), ".jpg");
-  EXPECT_EQ(Content(copy), std::string("segunda\0\xFF", 9));
+  EXPECT_EQ(std::filesystem::path(copy).extension(), ".jpg");
+  EXPECT_EQ(Contents(copy), std::string("segunda\0\xFF", 9));
   EXPECT_NE(viatura.Foto_Get(), copy) << "no copy is written over another";
   EXPECT_TRUE(viatura.Foto_Del());
   EXPECT_TRUE(viatura.Foto_Del()) << "a removal that hits no row succeeds";
   EXPECT_EQ(viatura.Foto_Get(), "");
-  EXPECT_EQ(Content(motorista.Foto_Get()), "outra");
+  EXPECT_EQ(Contents(motorista.Foto_Get()), "outra");
 }
 
 TEST_F(FotosTest, FailuresAreSaidOrRaised) {
-  EXPECT_FALSE(viatura.Foto_Add((folder / "nada.jpg").string()));
+  EXPECT_FALSE(viatura.Foto_Add(folder.File("nada.jpg")));
   EXPECT_TRUE(bd->statements.empty()) << "a missing file is no failure";
   viatura.Matricula = motorista.Codigo = "D'Arcy";
   const auto box = [&](const std::string& where) {
@@ -84,7 +70,7 @@ TEST_F(FotosTest, FailuresAreSaidOrRaised) {
   EXPECT_THROW(viatura.Foto_Get(), platform::RuntimeError);
   viatura.Matricula = "7";
   viatura.Foto_Add(File("x"));
-  host.temporaryFolder = (folder / "nenhuma").string() + "/";
+  host.temporaryFolder = folder.File("nenhuma/");
   EXPECT_THROW(viatura.Foto_Get(), platform::RuntimeError) << "no room for the copy";
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/errors.h"
 #include "support/recording_data_access.h"
 #include "support/scripted_host.h"
 
@@ -85,13 +86,9 @@ TEST(Sistema, AListWithoutADatabaseFailsWithItsTitleAsTheSource) {
   ScriptedHost host;
   Sistema sistema;
   const auto list = sistema.MostraListas("TiposManut");
-  try {
-    list->ICrmVwList_Iniciar();
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kObjectNotSet);
-    EXPECT_EQ(error.source(), "Tipos de Revisão::Iniciar");
-  }
+  const platform::RuntimeError error = testing_support::FailureOf([&] { list->ICrmVwList_Iniciar(); });
+  EXPECT_EQ(error.number(), platform::kObjectNotSet);
+  EXPECT_EQ(error.source(), "Tipos de Revisão::Iniciar");
 }
 
 TEST(Sistema, SaysWhatHappensInTheHostsCalendar) {

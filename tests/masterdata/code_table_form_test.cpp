@@ -1,44 +1,25 @@
 #include "masterdata/code_table_form.h"
 
-#include <gtest/gtest.h>
-
 #include "masterdata/tipos_gastos_form.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::ScriptedHost;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class CodeTableFormTest : public testing::Test {
+class CodeTableFormTest : public DatabaseTest {
  protected:
   CodeTableFormTest() {
-    clMarcas marca;
-    marca.bd = bd;
-    for (const char* code : {"A", "B", "C"}) {
-      marca.Codigo = code;
-      marca.Descrição = std::string("Marca ") + code;
-      marca.Escrever();
-    }
+    for (const char* code : {"A", "B", "C"}) AddCode<clMarcas>(bd, code, std::string("Marca ") + code);
     form.mybd = bd;
     form.Load();
   }
 
   Table Marcas_() { return Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas ORDER BY Codigo"); }
-  void GoTo(const std::string& code) {
-    Type(form.Campo[0], code);
-    form.UserKey(platform::kKeyTab);
-  }
+  void GoTo(const std::string& code) { Enter(form.Campo[0], code); }
   std::string Screen() { return form.Campo[0].Text + "|" + form.Campo[1].Text; }
 
-  ScriptedHost host;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Marcas form;
 };
 
@@ -59,8 +40,7 @@ TEST_F(CodeTableFormTest, LeavingTheCodeShowsItsRecordOrBeginsANewOne) {
 
 TEST_F(CodeTableFormTest, AnEmptyCodeHoldsTheFocusAgainstEverythingButLeaving) {
   for (const char* code : {"", "   "}) {
-    Type(form.Campo[0], code);
-    form.UserKey(platform::kKeyTab);
+    Enter(form.Campo[0], code);
     Press(form.botoes.btConf);
     Press(form.botoes.btNavega[0]);
     Press(form.btLista[0]);
@@ -162,14 +142,12 @@ TEST_F(CodeTableFormTest, ClosingOrCancellingDropsAChangeWithoutAQuestion) {
   EXPECT_EQ(Marcas_()[0][1], "Marca A");
 }
 
-class TiposGastosTest : public testing::Test {
+class TiposGastosTest : public DatabaseTest {
  protected:
   TiposGastosTest() {
     form.mybd = bd;
     form.Load();
   }
-  ScriptedHost host;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   TiposGastos form;
 };
 
@@ -189,8 +167,7 @@ TEST_F(TiposGastosTest, KeepsUnitCostAndFuelMark) {
   EXPECT_EQ(form.Check1.Value, 0);
   EXPECT_EQ(Rows(bd, "SELECT * FROM zor_PV_TiposGastos"), (Table{{"GASOLEO", "Gasóleo", "1", "1,659"}}));
 
-  Type(form.Campo[0], "GASOLEO");
-  form.UserKey(platform::kKeyTab);
+  Enter(form.Campo[0], "GASOLEO");
   EXPECT_EQ(form.Campo[2].Text, "1,659");
   EXPECT_EQ(form.Check1.Value, 1);
   Type(form.Campo[2], "9");

@@ -1,36 +1,20 @@
 #include "masterdata/code_table_list.h"
 
-#include <gtest/gtest.h>
-
 #include "masterdata/code_table_form.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/grid_window.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using testing_support::RecordingDataAccess;
-using testing_support::ScriptedHost;
+using namespace testing_support;
 
-class GridForm : public platform::Form {
- public:
-  SGGrid grid{*this, "Grelha"};
-};
-
-class CodeTableListTest : public testing::Test {
+class CodeTableListTest : public RecordedTest {
  protected:
   CodeTableListTest() {
-    clViagens viagem;
-    viagem.bd = bd;
-    for (const char* code : {"B", "a"}) {
-      viagem.Codigo = code;
-      viagem.Descrição = std::string("Viagem ") + code;
-      viagem.Escrever();
-    }
+    for (const char* code : {"B", "a"}) AddCode<clViagens>(bd, code, std::string("Viagem ") + code);
     list.mybd = bd;
-    list.ICrmVwList_GridMaster(&form.grid);
-    list.ICrmVwList_Iniciar();
+    form.Start(list);
   }
   std::string Shown() {
     std::string text;
@@ -39,18 +23,14 @@ class CodeTableListTest : public testing::Test {
     return text;
   }
 
-  ScriptedHost host;
-  platform::Ref<RecordingDataAccess> bd =
-      platform::MakeRef<RecordingDataAccess>(testing_support::MemoryDatabase());
-  GridForm form;
+  GridWindow form;
   VwLstViagens list;
 };
 
 TEST_F(CodeTableListTest, ShowsItsRowsAndColumns) {
-  EXPECT_EQ(
-      bd->statements.back(),
-      " SELECT zor_PV_Viagens.Codigo AS Codigo, zor_PV_Viagens.Nome AS Nome from zor_PV_Viagens  Order by "
-      "zor_PV_Viagens.Codigo");
+  EXPECT_EQ(bd->statements.back(),
+            " SELECT zor_PV_Viagens.Codigo AS Codigo, zor_PV_Viagens.Nome AS Nome from zor_PV_Viagens  Order "
+            "by zor_PV_Viagens.Codigo");
   EXPECT_EQ(Shown(), "a=Viagem a;B=Viagem B;");
   EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
   const auto& columns = form.grid.Columns();
@@ -66,14 +46,14 @@ TEST_F(CodeTableListTest, EditsTheRowAndReloadsWhateverHappened) {
   host.NextForm([&](platform::Form& shown) {
     auto& ficha = dynamic_cast<Viagens&>(shown);
     EXPECT_EQ(ficha.Campo[1].Text, "Viagem B");
-    testing_support::Type(ficha.Campo[1], "Outra");
-    testing_support::Press(ficha.botoes.btConf);
-    testing_support::Press(ficha.botoes.btSair);
+    Type(ficha.Campo[1], "Outra");
+    Press(ficha.botoes.btConf);
+    Press(ficha.botoes.btSair);
   });
   list.ICrmVwList_Editar(&row);
   EXPECT_EQ(Shown(), "a=Viagem a;B=Outra;");
   EXPECT_EQ(host.owners.back(), nullptr);
-  host.NextForm([&](platform::Form&) { bd->ExecutarSql("", "Delete zor_PV_Viagens WHERE Codigo='a'"); });
+  host.NextForm([&](platform::Form&) { Sql("Delete zor_PV_Viagens WHERE Codigo='a'"); });
   list.ICrmVwList_Novo();
   EXPECT_EQ(Shown(), "B=Outra;");
 }
@@ -98,14 +78,7 @@ TEST_F(CodeTableListTest, RowsThatAreNoRecordsDoNothing) {
 }
 
 TEST_F(CodeTableListTest, ErrorsCarryTheListAndTheVerb) {
-  const auto sourceOf = [](const std::function<void()>& act) {
-    try {
-      act();
-    } catch (const platform::RuntimeError& error) {
-      return error.source();
-    }
-    return std::string("no error");
-  };
+  const auto sourceOf = [](const std::function<void()>& act) { return FailureOf(act).source(); };
   VwLstTiposSeguro broken;
   GridRow row = form.grid.RowAt(0);
   EXPECT_EQ(sourceOf([&] { broken.ICrmVwList_Iniciar(); }), "Tipos de Apólice::Iniciar");
@@ -119,7 +92,7 @@ TEST_F(CodeTableListTest, ErrorsCarryTheListAndTheVerb) {
 TEST(ListView, TheEmptyFrameDoesNothing) {
   clListView list;
   ICrmVwList& view = list;
-  GridForm form;
+  GridWindow form;
   view.ICrmVwList_GridMaster(&form.grid);
   EXPECT_EQ(view.ICrmVwList_GridMaster(), nullptr);
   EXPECT_EQ(view.ICrmVwList_Name(), "");

@@ -1,20 +1,14 @@
 #include "masterdata/code_table.h"
 
-#include <gtest/gtest.h>
-
 #include "masterdata/tipos_gastos.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using testing_support::RecordingDataAccess;
-using testing_support::Rows;
-using testing_support::ScriptedHost;
+using namespace testing_support;
 
-class CodeTableTest : public testing::Test {
+class CodeTableTest : public RecordedTest {
  protected:
   CodeTableTest() { marca.bd = bd; }
 
@@ -24,9 +18,6 @@ class CodeTableTest : public testing::Test {
     ASSERT_TRUE(marca.Escrever());
   }
 
-  ScriptedHost host;
-  platform::Ref<RecordingDataAccess> bd =
-      platform::MakeRef<RecordingDataAccess>(testing_support::MemoryDatabase());
   clMarcas marca;
 };
 
@@ -53,8 +44,7 @@ TEST_F(CodeTableTest, SendsTheseStatements) {
 TEST_F(CodeTableTest, WritesReadsAndRemoves) {
   Write("REN", "Renault");
   Write("ren ", "Renault S.A.");  // the same code to the database: only the name changes
-  EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
-            (std::vector<std::vector<std::string>>{{"REN", "Renault S.A."}}));
+  EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"), (Table{{"REN", "Renault S.A."}}));
   marca.Codigo = "NADA";
   EXPECT_FALSE(marca.Ler());
   EXPECT_EQ(marca.Descrição, "");
@@ -70,7 +60,7 @@ TEST_F(CodeTableTest, WritesReadsAndRemoves) {
 TEST_F(CodeTableTest, CutsWhatIsTooLongForItsColumn) {
   Write("ABCDEFGHIJKLMNO", std::string(60, 'n'));
   EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
-            (std::vector<std::vector<std::string>>{{"ABCDEFGHIJ", std::string(50, 'n')}}));
+            (Table{{"ABCDEFGHIJ", std::string(50, 'n')}}));
 }
 
 TEST_F(CodeTableTest, WalksInTheDatabasesOrder) {
@@ -118,7 +108,7 @@ TEST_F(CodeTableTest, PicksAndPrints) {
   EXPECT_EQ(lookup.sql, "SELECT Codigo as Código, Nome From zor_PV_Marcas ORDER BY Codigo");
   EXPECT_EQ(lookup.width, 4500);
   EXPECT_EQ(lookup.widths, (std::vector<float>{1000, 3000}));
-  EXPECT_EQ(lookup.rows, (std::vector<std::vector<std::string>>{{"A", "Alfa"}, {"B", "Beta"}}));
+  EXPECT_EQ(lookup.rows, (Table{{"A", "Alfa"}, {"B", "Beta"}}));
 
   clDepartamentos departamento;
   departamento.bd = bd;
@@ -158,14 +148,9 @@ TEST_F(CodeTableTest, ExpenseTypesKeepTheirFuelMarkWhenACodeIsUnknown) {
 }
 
 TEST_F(CodeTableTest, ANullNameCannotBeRead) {
-  bd->ExecutarSql("", "INSERT INTO zor_PV_Marcas (Codigo) VALUES ('X')");
+  Sql("INSERT INTO zor_PV_Marcas (Codigo) VALUES ('X')");
   marca.Codigo = "X";
-  try {
-    marca.Ler();
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kInvalidUseOfNull);
-  }
+  EXPECT_EQ(NumberOf([&] { marca.Ler(); }), platform::kInvalidUseOfNull);
 }
 
 }  // namespace

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/form.h"
-#include "platform/grid.h"
+#include "support/errors.h"
+#include "support/grid_window.h"
 
 namespace platform {
 namespace {
+
+using testing_support::NumberOf;
 
 Ref<MemoryRecordset> Alerts() {
   auto rs = MakeRef<MemoryRecordset>();
@@ -24,19 +26,10 @@ void Add(Recordset& rs, const char* plate, const Variant& days) {
   rs.Update();
 }
 
-int ErrorOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
 TEST(Recordset, WalksAddsAndChangesRows) {
   auto rs = Alerts();
   EXPECT_TRUE(rs->Eof());
-  EXPECT_EQ(ErrorOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
+  EXPECT_EQ(NumberOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
   Add(*rs, "00-AA-00", 5);
   Add(*rs, "11-BB-11", Variant::Null{});
   EXPECT_EQ(rs->Fields("matricula").Value().ToText(), "11-BB-11");  // the new row is the current one
@@ -50,9 +43,29 @@ TEST(Recordset, WalksAddsAndChangesRows) {
   EXPECT_TRUE(rs->Fields("Dias").Value().IsNull());
   rs->MoveNext();
   EXPECT_TRUE(rs->Eof());
-  EXPECT_EQ(ErrorOf([&] { rs->Fields("Dias").Value(); }), kNoCurrentRecord);
-  EXPECT_EQ(ErrorOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Dias").Value(); }), kNoCurrentRecord);
+  EXPECT_EQ(NumberOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
   EXPECT_EQ(rs->CellAt(0, 1).integer(), 7);
+}
+
+TEST(Recordset, FindsFieldsInWhateverOrderTheyAreAskedFor) {
+  auto rs = MakeRef<MemoryRecordset>();
+  for (const char* name : {"A", "B", "C", "a", "D"}) rs->Append(name, FieldType::kText, 10);
+  rs->Open();
+  for (int row = 0; row < 4; ++row) {
+    rs->AddNew();
+    for (std::size_t i = 0; i < 5; ++i) rs->Fields(i).SetValue(std::to_string(i));
+    rs->Update();
+  }
+  rs->MoveFirst();
+  for (const char* names : {"DABCA", "DABCA", "DABCA", "BDDaa"}) {
+    std::string found;
+    for (const char* name = names; *name != '\0'; ++name)
+      found += rs->Fields(std::string(1, *name)).Value().ToText();
+    EXPECT_EQ(found, names[0] == 'D' ? "40120" : "14400");  // of two fields with one name, the first
+    EXPECT_EQ(NumberOf([&] { rs->Fields("E"); }), kNoSuchField);
+    rs->MoveNext();
+  }
 }
 
 TEST(Recordset, DropsAssignmentsThatWereNotStored) {
@@ -69,15 +82,15 @@ TEST(Recordset, DropsAssignmentsThatWereNotStored) {
 TEST(Recordset, RefusesWhatAFieldCannotHold) {
   auto rs = Alerts();
   rs->AddNew();
-  EXPECT_EQ(ErrorOf([&] { rs->Fields("Matricula").SetValue("12345678901"); }), kMultipleStep);
-  EXPECT_EQ(ErrorOf([&] { rs->Fields("Codigo").SetValue(Variant::Null{}); }), kMultipleStep);
-  EXPECT_EQ(ErrorOf([&] { rs->Fields("Dias").SetValue("muitos"); }), kTypeMismatch);
-  EXPECT_EQ(ErrorOf([&] { rs->Fields("Nada"); }), kNoSuchField);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Matricula").SetValue("12345678901"); }), kMultipleStep);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Codigo").SetValue(Variant::Null{}); }), kMultipleStep);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Dias").SetValue("muitos"); }), kTypeMismatch);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Nada"); }), kNoSuchField);
   rs->Close();
-  EXPECT_EQ(ErrorOf([&] { rs->Close(); }), kObjectClosed);
-  EXPECT_EQ(ErrorOf([&] { rs->Eof(); }), kObjectClosed);
+  EXPECT_EQ(NumberOf([&] { rs->Close(); }), kObjectClosed);
+  EXPECT_EQ(NumberOf([&] { rs->Eof(); }), kObjectClosed);
   RecordsetRef unset;
-  EXPECT_EQ(ErrorOf([&] { unset->Eof(); }), kObjectNotSet);
+  EXPECT_EQ(NumberOf([&] { unset->Eof(); }), kObjectNotSet);
 }
 
 TEST(Recordset, KeepsManyRowsAndLongTexts) {
@@ -98,23 +111,18 @@ TEST(Recordset, KeepsManyRowsAndLongTexts) {
   }
 }
 
-class GridForm : public Form {
- public:
-  SGGrid grid{*this, "Grelha"};
-};
-
 TEST(Grid, TakesColumnsFromItsSourceAndColoursRowsByTheFirstConditionMet) {
   auto rs = Alerts();
   Add(*rs, "00-AA-00", -1);
   Add(*rs, "11-BB-11", 10);
   Add(*rs, "22-CC-22", Variant::Null{});
   Add(*rs, "33-DD-33", 1234);
-  GridForm form;
+  testing_support::GridWindow form;
   SGGrid& grid = form.grid;
   grid.SetDataSource(rs);
   grid.AddStyle("PintarG").color = 0xFF0000;
   grid.AddStyle("PintarMG").color = 0xFF8000;
-  EXPECT_EQ(ErrorOf([&] { grid.AddStyle("pintarg"); }), kKeyInUse);
+  EXPECT_EQ(NumberOf([&] { grid.AddStyle("pintarg"); }), kKeyInUse);
   grid.AddCondition({.style = "PintarG", .op = kGridLess, .value1 = 0, .column = "dias"});
   grid.AddCondition({.style = "PINTARMG", .op = kGridBetween, .value1 = 0, .value2 = 10, .column = "Dias"});
   ASSERT_NE(grid.StyleOf(0), nullptr);
@@ -125,7 +133,7 @@ TEST(Grid, TakesColumnsFromItsSourceAndColoursRowsByTheFirstConditionMet) {
   grid.Column("Dias").format = "#,###,###";
   EXPECT_EQ(grid.CellText(3, 1), "1.234");
   EXPECT_EQ(grid.CellText(2, 1), "");
-  EXPECT_EQ(ErrorOf([&] { grid.Column("Km"); }), kNoSuchField);
+  EXPECT_EQ(NumberOf([&] { grid.Column("Km"); }), kNoSuchField);
 
   grid.SetDataSource(Alerts());
   EXPECT_EQ(grid.RowCount(), 0);

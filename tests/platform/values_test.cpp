@@ -1,26 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "platform/currency.h"
 #include "platform/date.h"
 #include "platform/format.h"
 #include "platform/regional.h"
-#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/variant.h"
+#include "support/errors.h"
 
 namespace platform {
 namespace {
 
-int ErrorOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
+using testing_support::NumberOf;
 
 Currency Units(std::int64_t tenThousandths) { return Currency::FromTenThousandths(tenThousandths); }
 
@@ -46,10 +37,10 @@ TEST(Currency, ReadsTextOfTheRegion) {
   }
   for (const char* text : {"", " ", "abc", "1,2,3", "12a", "-", ",", "1 2", ".5"}) {
     SCOPED_TRACE(text);
-    EXPECT_EQ(ErrorOf([&] { Currency::Parse(text); }), kTypeMismatch);
+    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kTypeMismatch);
   }
-  EXPECT_EQ(ErrorOf([] { Currency::Parse("922337203685477,5808"); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { Currency::Parse(std::string(60, '9')); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Currency::Parse("922337203685477,5808"); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Currency::Parse(std::string(60, '9')); }), kOverflow);
 }
 
 TEST(Currency, ShowsItsShortestForm) {
@@ -67,12 +58,12 @@ TEST(Currency, RoundsHalfToEvenAndRefusesWhatDoesNotFit) {
   EXPECT_EQ(Currency::FromDouble(2.00005), Units(20000));
   EXPECT_EQ(Units(25000).ToWhole(), 2);
   EXPECT_EQ(Units(35000).ToWhole(), 4);
-  EXPECT_EQ(ErrorOf([] { (void)(Units(INT64_MAX) + Units(1)); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { (void)-Units(INT64_MIN); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { (void)(Units(INT64_MAX) * Units(10001)); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { Currency::FromDouble(1e15); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { Divide(1, 0); }), kDivisionByZero);
-  EXPECT_EQ(ErrorOf([] { Divide(0, 0); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MAX) + Units(1)); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { (void)-Units(INT64_MIN); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MAX) * Units(10001)); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Currency::FromDouble(1e15); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Divide(1, 0); }), kDivisionByZero);
+  EXPECT_EQ(NumberOf([] { Divide(0, 0); }), kOverflow);
 }
 
 TEST(Date, ReadsTheTextsOfScreensAndStatements) {
@@ -88,7 +79,7 @@ TEST(Date, ReadsTheTextsOfScreensAndStatements) {
   for (const char* text : {"31-04-2024", "29-02-2023", "1-13-2024", "", "hoje", "1-2", "1-2/2024", "24:00",
                            "1:60", "29-02-2024 x", "12345-1-1", "1-1-2024-5"}) {
     SCOPED_TRACE(text);
-    EXPECT_EQ(ErrorOf([&] { Date::Parse(text); }), kTypeMismatch);
+    EXPECT_EQ(NumberOf([&] { Date::Parse(text); }), kTypeMismatch);
   }
 }
 
@@ -154,12 +145,12 @@ TEST(Variant, ConvertsOrSaysWhyNot) {
   EXPECT_EQ(Variant(1.5).ToText(), "1,5");
   EXPECT_EQ(Variant("29-02-2024").ToDate(), Date::FromParts(2024, 2, 29));
   const Variant null = Variant::Null{};
-  EXPECT_EQ(ErrorOf([&] { null.ToText(); }), kInvalidUseOfNull);
-  EXPECT_EQ(ErrorOf([&] { null.ToCurrency(); }), kInvalidUseOfNull);
-  EXPECT_EQ(ErrorOf([&] { null.ToDate(); }), kInvalidUseOfNull);
-  EXPECT_EQ(ErrorOf([] { Variant("x").ToLong(); }), kTypeMismatch);
-  EXPECT_EQ(ErrorOf([] { Variant(40000).ToInteger(); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { Variant("3000000000").ToLong(); }), kOverflow);
+  EXPECT_EQ(NumberOf([&] { null.ToText(); }), kInvalidUseOfNull);
+  EXPECT_EQ(NumberOf([&] { null.ToCurrency(); }), kInvalidUseOfNull);
+  EXPECT_EQ(NumberOf([&] { null.ToDate(); }), kInvalidUseOfNull);
+  EXPECT_EQ(NumberOf([] { Variant("x").ToLong(); }), kTypeMismatch);
+  EXPECT_EQ(NumberOf([] { Variant(40000).ToInteger(); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Variant("3000000000").ToLong(); }), kOverflow);
 }
 
 TEST(Text, CutsByUtf16UnitsAndNeverInsideACharacter) {

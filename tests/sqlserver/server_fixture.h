@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <string>
 
 #include "contract/engines.h"
@@ -18,23 +16,22 @@ using contract_tests::NumberOf;
 using contract_tests::Table;
 
 /// A database behind ODBC, on a file of its own.
-class ServerTest : public testing::Test {
+class ServerTest : public testing::Test, protected testing_support::EngineUser {
  protected:
-  ServerTest() { store_ = Engine().open(folder_); }
-  ~ServerTest() override { ClearFaults(); }
+  using EngineUser::Run;
+
+  ServerTest() : EngineUser("PT_") { store_ = Engine().open(folder_); }
+  ~ServerTest() override {
+    ClearFaults();
+    store_.reset();  // before its folder
+  }
 
   static contract_tests::Engine Engine() { return contract_tests::Engines()[1]; }
   sqlserver::Database& database() { return dynamic_cast<sqlserver::Database&>(*store_); }
   sqlserver::Session& session() { return database().session(); }
-  void Run(const std::string& statement) { store_->ExecutarSql("", statement.c_str()); }
-  long Count(const std::string& table) const {
-    platform::RecordsetRef rows;
-    store_->AbrirLeitura("", {"SELECT * FROM ", zorCrmParvel::fixed(table)}, rows);
-    return rows->RecordCount();
-  }
+  long Count(const std::string& table) const { return Open("SELECT * FROM " + table)->RecordCount(); }
 
-  contract_tests::TemporaryFolder folder_;
-  std::shared_ptr<zorCrmParvel::Store> store_;
+  testing_support::TemporaryFolder folder_;
 };
 
 }  // namespace sqlserver_tests

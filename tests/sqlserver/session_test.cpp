@@ -1,6 +1,4 @@
-#include "platform/runtime_error.h"
 #include "server_fixture.h"
-#include "support/recording_data_access.h"
 
 namespace sqlserver_tests {
 namespace {
@@ -64,11 +62,9 @@ TEST_F(SessionTest, AnUnusedConnectionIsTriedBeforeAWrite) {
 TEST_F(SessionTest, RoundTripsAreFew) {
   Run("INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('A', 'um')");
   StatementsSent();
-  platform::RecordsetRef rows;
-  store_->AbrirLeitura("", "SELECT * FROM PT_Codigos WHERE Codigo = 'A'", rows);
-  EXPECT_EQ(rows->RecordCount(), 1);
+  EXPECT_EQ(Open("SELECT * FROM PT_Codigos WHERE Codigo = 'A'")->RecordCount(), 1);
   EXPECT_EQ(StatementsSent(), 1);
-  store_->AbrirEdicao("SELECT * FROM PT_Codigos WHERE Codigo = 'A'", rows);
+  const auto rows = Edit("SELECT * FROM PT_Codigos WHERE Codigo = 'A'");
   rows->Fields("Nome").SetValue("dois");
   rows->Update();
   EXPECT_EQ(StatementsSent(), 2);

@@ -7,7 +7,6 @@
 #include "sqlserver/schema_script.h"
 #include "sqlserver/table_check.h"
 #include "sqlserver/transfer.h"
-#include "support/recording_data_access.h"
 #include "tsql/parser.h"
 
 namespace sqlserver_tests {
@@ -44,7 +43,7 @@ class TablesTest : public ServerTest {
 
 TEST_F(TablesTest, ATransferBringsAllRowsWithTheirNumbers) {
   EXPECT_EQ(Transfer(), "PT_Tudo 36; PT_Codigos 1; ");
-  EXPECT_EQ(Rows(zorCrmParvel::DataAccessRef(store_)), Rows(zorCrmParvel::DataAccessRef(from_)));
+  EXPECT_EQ(Rows(store_), Rows(from_));
   EXPECT_EQ(Transfer(), "PT_Tudo 36 already; PT_Codigos 1 already; ");
 }
 
@@ -83,20 +82,19 @@ CREATE INDEX IX_PT_Nova ON PT_Nova (Codigo);
 }
 
 TEST_F(TablesTest, DifferencesAreTold) {
-  const auto differences = [&](const char* schema) {
+  const auto differences = [&](const std::string& schema) {
     return sqlserver::Differences(session(), tsql::ParseSchema(schema));
   };
   EXPECT_TRUE(differences(kSchema).empty());
-  EXPECT_EQ(
-      differences("CREATE TABLE PT_Codigos (Codigo int IDENTITY(1,1) NOT NULL, Nome nvarchar(60) NULL, Km "
-                  "money NULL, CONSTRAINT K PRIMARY KEY (Codigo)); CREATE TABLE Nada (A int NULL); "
-                  "CREATE TABLE PT_Tudo (Notas nvarchar(9) NULL, Km int IDENTITY(1,1) NOT NULL);"),
-      (std::vector<std::string>{
-          "PT_Codigos.Codigo: a coluna é de outro tipo, e devia ser int",
-          "PT_Codigos.Nome: a coluna tem a largura 50, e devia ter 60",
-          "PT_Codigos.Km: falta a coluna, que é money", "Nada: falta a tabela",
-          "PT_Tudo.Notas: a coluna tem a largura max, e devia ter 9",
-          "PT_Tudo.Km: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)"}));
+  EXPECT_EQ(differences("CREATE TABLE PT_Codigos (Codigo int IDENTITY(1,1) NOT NULL, Nome nvarchar(60) NULL, "
+                        "Km money NULL, CONSTRAINT K PRIMARY KEY (Codigo)); CREATE TABLE Nada (A int NULL); "
+                        "CREATE TABLE PT_Tudo (Notas nvarchar(9) NULL, Km int IDENTITY(1,1) NOT NULL);"),
+            (std::vector<std::string>{
+                "PT_Codigos.Codigo: a coluna é de outro tipo, e devia ser int",
+                "PT_Codigos.Nome: a coluna tem a largura 50, e devia ter 60",
+                "PT_Codigos.Km: falta a coluna, que é money", "Nada: falta a tabela",
+                "PT_Tudo.Notas: a coluna tem a largura max, e devia ter 9",
+                "PT_Tudo.Km: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)"}));
 }
 
 }  // namespace

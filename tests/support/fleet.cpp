@@ -11,11 +11,7 @@ using namespace zorCrmParvel;
 using platform::Currency;
 
 void AddVehicle(const DataAccessRef& bd, const std::string& plate, int kmInicial, int qtdInicial) {
-  clMarcas marca;
-  marca.bd = bd;
-  marca.Codigo = "REN";
-  marca.Descrição = "Renault";
-  marca.Escrever();
+  AddCode<clMarcas>(bd, "REN", "Renault");
   clViaturas viatura;
   viatura.bd = bd;
   viatura.Matricula = plate;
@@ -27,11 +23,7 @@ void AddVehicle(const DataAccessRef& bd, const std::string& plate, int kmInicial
 }
 
 void AddDriver(const DataAccessRef& bd, const std::string& code, const std::string& name) {
-  clMotoristas motorista;
-  motorista.bd = bd;
-  motorista.Codigo = code;
-  motorista.Descrição = name;
-  motorista.Escrever();
+  AddCode<clMotoristas>(bd, code, name);
 }
 
 void AddExpenseTypes(const DataAccessRef& bd) {
@@ -49,11 +41,15 @@ void AddExpenseTypes(const DataAccessRef& bd) {
   tipo.Escrever();
 }
 
+void AddFleet(const DataAccessRef& bd, int kmInicial) {
+  AddVehicle(bd, "12-AB-34", kmInicial);
+  AddDriver(bd, "1", "Ana");
+  AddExpenseTypes(bd);
+}
+
 void AddExpense(const DataAccessRef& bd, const std::string& plate, platform::Date date,
                 const std::string& type, const std::string& quantity, const std::string& cost, int km) {
-  clGastos gasto;
-  gasto.bd = bd;
-  gasto.Codigo = plate;
+  EventOf<clGastos> gasto(bd, plate);
   gasto.Data = date;
   gasto.TipoGasto = type;
   gasto.Motorista = "1";

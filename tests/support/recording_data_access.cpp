@@ -32,10 +32,10 @@ std::shared_ptr<embedded::Database> MemoryDatabase() {
   return embedded::Database::Open(":memory:", options);
 }
 
-std::vector<std::vector<std::string>> Rows(const DataAccessRef& bd, const std::string& statement) {
+Table Rows(const DataAccessRef& bd, const std::string& statement) {
   RecordsetRef rows;
   bd->AbrirLeitura("", statement.c_str(), rows);
-  std::vector<std::vector<std::string>> all;
+  Table all;
   for (; !rows->Eof(); rows->MoveNext()) {
     all.emplace_back();
     for (std::size_t i = 0; i < rows->FieldList().size(); ++i) {

@@ -8,6 +8,8 @@
 
 namespace testing_support {
 
+using Table = std::vector<std::vector<std::string>>;
+
 /// A data-access object that keeps the text of every statement that went through it.
 class RecordingDataAccess : public zorCrmParvel::DataAccess {
  public:
@@ -18,6 +20,8 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
     return inner_->ObterLigacao(connection);
   }
+  void BeginSnapshot() override { inner_->BeginSnapshot(); }
+  void EndSnapshot() noexcept override { inner_->EndSnapshot(); }
 
  protected:
   bool Execute(const std::string& statement) override;
@@ -32,7 +36,6 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
 std::shared_ptr<embedded::Database> MemoryDatabase();
 
 /// All rows of a statement, as texts; null is "NULL".
-std::vector<std::vector<std::string>> Rows(const zorCrmParvel::DataAccessRef& bd,
-                                           const std::string& statement);
+Table Rows(const zorCrmParvel::DataAccessRef& bd, const std::string& statement);
 
 }  // namespace testing_support

@@ -86,6 +86,11 @@ void Type(platform::zor_input& field, const std::string& text) {
   ASSERT_TRUE(field.form().UserTypes(field, text)) << "too long: " << text;
 }
 
+void Enter(platform::zor_input& field, const std::string& text) {
+  Type(field, text);
+  field.form().UserKey(platform::kKeyTab);
+}
+
 void Press(platform::PushButton& button) { button.form().UserPresses(button); }
 
 }  // namespace testing_support

@@ -73,6 +73,8 @@ class ScriptedHost : public platform::Host {
 
 /// The user types a text into a field that has, or gets, the focus.
 void Type(platform::zor_input& field, const std::string& text);
+/// The same, and leaves it by the Tab key.
+void Enter(platform::zor_input& field, const std::string& text);
 void Press(platform::PushButton& button);
 
 }  // namespace testing_support

@@ -1,14 +1,12 @@
 #include "vehicles/computed_dates.h"
 
-#include <gtest/gtest.h>
-
 #include "events/inspecoes.h"
-#include "platform/runtime_error.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
+
+using namespace testing_support;
 
 using platform::Date;
 
@@ -26,35 +24,27 @@ TEST(RoadTax, EndsWithTheMonthOfRegistration) {
   for (const auto& c : cases) EXPECT_EQ(FimDoPrazoDoSelo(c.month, D(c.today)), D(c.due)) << c.today;
 }
 
-class InspectionTest : public testing::Test {
+class InspectionTest : public RecordedTest {
  protected:
   /// The next inspection, "dd-mm-yyyy in n"; "error n" when the rule fails.
   std::string Next(const char* category, const char* registered, const char* today,
                    const char* last = nullptr, std::string text = "", std::int16_t days = 0) {
     host.clock = D(today);
-    bd->ExecutarSql("", "Delete zor_PV_Inspecoes");
+    Sql("Delete zor_PV_Inspecoes");
     if (last != nullptr) {
-      clInspecoes inspecao;
-      inspecao.bd = bd;
-      inspecao.Codigo = "A";
+      EventOf<clInspecoes> inspecao(bd, "A");
       for (const char* date : {last, "01-01-2001"}) {
         inspecao.Id = 0;
         inspecao.Data = D(date);
         inspecao.Escrever();
       }
     }
-    try {
+    const int error = NumberOf([&] {
       Tools::ProximaInspecao("A", static_cast<std::int16_t>(D(registered).year()), D(registered), days, text,
                              category, bd);
-    } catch (const platform::RuntimeError& error) {
-      return "error " + std::to_string(error.number());
-    }
-    return text + " in " + std::to_string(days);
+    });
+    return error != 0 ? "error " + std::to_string(error) : text + " in " + std::to_string(days);
   }
-
-  testing_support::ScriptedHost host;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
 };
 
 TEST_F(InspectionTest, FollowsTheTableOfCategories) {

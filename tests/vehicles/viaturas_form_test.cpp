@@ -1,9 +1,5 @@
 #include "vehicles/viaturas_form.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "events/acessorios.h"
 #include "events/inspecoes.h"
 #include "events/multas.h"
@@ -12,62 +8,45 @@
 #include "events/sinistros.h"
 #include "host/sistema.h"
 #include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/temporary_folder.h"
 #include "vehicles/viaturas_tabs.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Date;
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
 constexpr const char* kPlate = "12-AB-34";
 
-class ViaturasFormTest : public testing::Test {
+class ViaturasFormTest : public DatabaseTest {
  protected:
   ViaturasFormTest() {
     for (const char* table : {"Marcas", "Modelos", "Categorias", "Departamentos", "Companhias"})
-      bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Codigo, Nome) VALUES ('C1', 'Nome em ",
-                           fixed(table), "')"});
+      Sql(std::string("INSERT INTO zor_PV_") + table + " (Codigo, Nome) VALUES ('C1', 'Nome em " + table +
+          "')");
     form.mybd = bd;
     form.Load();
   }
-  void Leave(int field, const std::string& text) {
-    Type(form.Campo[field], text);
-    form.UserKey(platform::kKeyTab);
-  }
+  void Leave(int field, const std::string& text) { Enter(form.Campo[field], text); }
   void OpenLocked(const std::string& plate) {
     form.Edicao = true;
     form.CarregaViatura(plate);
   }
-  template <typename E>
-  void AddEvent() {
-    E evento;
-    evento.bd = bd;
-    evento.Codigo = kPlate;
-    evento.Escrever();
-  }
   void AddOneOfEachEvent() {
-    testing_support::AddExpenseTypes(bd);
-    testing_support::AddExpense(bd, kPlate, Date::FromParts(2024, 1, 1), "PORTAGEM", "1", "2", 3);
-    AddEvent<clAcessorios>();
-    AddEvent<clSeguros>();
-    AddEvent<clSinistros>();
-    AddEvent<clMultas>();
-    AddEvent<clRevisoes>();
-    AddEvent<clInspecoes>();
+    AddExpenseTypes(bd);
+    AddExpense(bd, kPlate, Date::FromParts(2024, 1, 1), "PORTAGEM", "1", "2", 3);
+    EventOf<clAcessorios>(bd, kPlate).Escrever();
+    EventOf<clSeguros>(bd, kPlate).Escrever();
+    EventOf<clSinistros>(bd, kPlate).Escrever();
+    EventOf<clMultas>(bd, kPlate).Escrever();
+    EventOf<clRevisoes>(bd, kPlate).Escrever();
+    EventOf<clInspecoes>(bd, kPlate).Escrever();
   }
   Table Plates() { return Rows(bd, "SELECT Matricula FROM zor_PV_Viaturas order by Matricula"); }
 
-  testing_support::ScriptedHost host;  // 15-03-2024
   Sistema sistema;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Viaturas form;
 };
 
@@ -180,7 +159,7 @@ TEST_F(ViaturasFormTest, InitialKmBecomeTheCurrentOnesUntilThereAreSome) {
 }
 
 TEST_F(ViaturasFormTest, AKnownPlateReplacesWhatIsThereAndANewOneKeepsIt) {
-  testing_support::AddVehicle(bd, kPlate, 700);
+  AddVehicle(bd, kPlate, 700);
   Type(form.Campo[3], "999");
   Type(form.Campo[0], "99-ZZ-99");
   form.UserGoesTo(form.Campo[3]);
@@ -194,8 +173,8 @@ TEST_F(ViaturasFormTest, AKnownPlateReplacesWhatIsThereAndANewOneKeepsIt) {
 }
 
 TEST_F(ViaturasFormTest, ArrowsSaveTheVehicleThatIsLeft) {
-  testing_support::AddVehicle(bd, "A");
-  testing_support::AddVehicle(bd, "B");
+  AddVehicle(bd, "A");
+  AddVehicle(bd, "B");
   form.CarregaViatura("A");
   form.UserSelectsTab(form.SSTab1, kObs);
   Type(form.Campo[16], "mudada");
@@ -227,7 +206,7 @@ TEST_F(ViaturasFormTest, ARemovalWarnsOfEachKindOfEvent) {
     for (int i = 0; i < oks; ++i) host.ExpectBox(warnings[i], platform::kOk);
     if (refused) host.ExpectBox(warnings[oks], platform::kCancel);
   };
-  testing_support::AddVehicle(bd, kPlate);
+  AddVehicle(bd, kPlate);
   expect(0, false);
   form.CarregaViatura(kPlate);
   Press(form.botoes.btAnular);
@@ -254,7 +233,7 @@ TEST_F(ViaturasFormTest, ARemovalWarnsOfEachKindOfEvent) {
 }
 
 TEST_F(ViaturasFormTest, OpenedForOneVehicleThePlateIsFixedUntilASave) {
-  testing_support::AddVehicle(bd, kPlate);
+  AddVehicle(bd, kPlate);
   OpenLocked(kPlate);
   EXPECT_FALSE(form.Campo[0].Enabled || form.btLista[0].Enabled);
   EXPECT_EQ(form.ActiveControl(), &form.Campo[1]) << "the first field that is open";
@@ -272,13 +251,13 @@ TEST_F(ViaturasFormTest, OpenedForOneVehicleThePlateIsFixedUntilASave) {
 }
 
 TEST_F(ViaturasFormTest, TheRoadTaxFollowsTheMonthOfRegistration) {
-  testing_support::AddVehicle(bd, kPlate);
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataMatricula='2020.05.10', DataSelo=NULL, SeloPago=1");
+  AddVehicle(bd, kPlate);
+  Sql("UPDATE zor_PV_Viaturas SET DataMatricula='2020.05.10', DataSelo=NULL, SeloPago=1");
   form.CarregaViatura(kPlate);
   EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2024, 5, 31));
   EXPECT_EQ(form.chkBxSeloPago.Value, 0) << "a date that is only computed isn't paid";
 
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataSelo='2021.05.31', SeloPago=1");
+  Sql("UPDATE zor_PV_Viaturas SET DataSelo='2021.05.31', SeloPago=1");
   form.CarregaViatura(kPlate);
   EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2021, 5, 31)) << "an old date is shown";
   form.UserSelectsTab(form.SSTab1, kDUC);
@@ -295,11 +274,9 @@ TEST_F(ViaturasFormTest, TheRoadTaxFollowsTheMonthOfRegistration) {
 }
 
 TEST_F(ViaturasFormTest, ThePhotoIsKeptAtOnceAndGoesWithoutAQuestion) {
-  namespace fs = std::filesystem;
-  std::string name = (fs::temp_directory_path() / "parvel-viaturas-XXXXXX").string();
-  const fs::path folder = mkdtemp(name.data());
-  host.temporaryFolder = folder.string() + "/";
-  const std::string file = (folder / "x.jpg").string();
+  const TemporaryFolder folder;
+  host.temporaryFolder = folder.File("");
+  const std::string file = folder.File("x.jpg");
   platform::WriteFile(file, "imagem");
   Type(form.Campo[0], kPlate);  // a plate that has no row yet
   host.AnswerFile(std::nullopt);
@@ -310,14 +287,13 @@ TEST_F(ViaturasFormTest, ThePhotoIsKeptAtOnceAndGoesWithoutAQuestion) {
   EXPECT_TRUE(platform::FileExists(form.ShowImg1.Shown()));
   Press(form.botoes.btCancelar);
   EXPECT_EQ(form.ShowImg1.Shown(), "");
-  testing_support::AddVehicle(bd, kPlate);
+  AddVehicle(bd, kPlate);
   form.CarregaViatura(kPlate);
   EXPECT_NE(form.ShowImg1.Shown(), "");
   Press(form.PicDel);
   EXPECT_EQ(form.ShowImg1.Shown(), "");
   form.CarregaViatura(kPlate);
   EXPECT_EQ(form.ShowImg1.Shown(), "");
-  fs::remove_all(folder);
 }
 
 }  // namespace

@@ -1,30 +1,22 @@
 #include "vehicles/viaturas_list.h"
 
-#include <gtest/gtest.h>
-
 #include "events/multas.h"
 #include "host/sistema.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
+#include "support/grid_window.h"
 #include "vehicles/viaturas_form.h"
 
 namespace zorCrmParvel {
 namespace {
 
-using testing_support::Press;
-using testing_support::Rows;
-using testing_support::Type;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class ViaturasListTest : public testing::Test {
+class ViaturasListTest : public DatabaseTest {
  protected:
   ViaturasListTest() {
-    for (const char* plate : {"B", "A"}) testing_support::AddVehicle(bd, plate);
+    for (const char* plate : {"B", "A"}) AddVehicle(bd, plate);
     list.mybd = bd;
-    list.ICrmVwList_GridMaster(&window.grid);
-    list.ICrmVwList_Iniciar();
+    window.Start(list);
   }
   Table Shown() const {
     Table rows;
@@ -36,22 +28,14 @@ class ViaturasListTest : public testing::Test {
     return rows;
   }
 
-  class Window : public platform::Form {
-   public:
-    SGGrid grid{*this, "Grelha"};
-  };
-  testing_support::ScriptedHost host;
   Sistema sistema;
-  DataAccessRef bd = testing_support::MemoryDatabase();
-  Window window;
+  GridWindow window;
   VwLstViaturas list;
 };
 
 TEST_F(ViaturasListTest, ShowsEveryVehicleWithTheNamesThatItsCodesHave) {
-  bd->ExecutarSql("",
-                  "UPDATE zor_PV_Viaturas SET Inactiva=1, Responsavel='Ana', Marca='PERDIDA' WHERE "
-                  "Matricula='B'");
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Responsavel=NULL WHERE Matricula='A'");
+  Sql("UPDATE zor_PV_Viaturas SET Inactiva=1, Responsavel='Ana', Marca='PERDIDA' WHERE Matricula='B'");
+  Sql("UPDATE zor_PV_Viaturas SET Responsavel=NULL WHERE Matricula='A'");
   list.ICrmVwList_Iniciar();
   EXPECT_EQ(Shown(), (Table{{"A", "Renault", "", "", ""}, {"B", "", "", "Ana", ""}}));
   EXPECT_EQ(window.grid.Column("Responsavel").caption, "Responsável");
@@ -84,10 +68,10 @@ TEST_F(ViaturasListTest, RemovesWithoutAQuestionUnlessThereAreEvents) {
   list.ICrmVwList_Remover(&row);
   EXPECT_EQ(Shown(), (Table{{"B", "Renault", "", "", ""}}));
 
-  testing_support::AddExpenseTypes(bd);
-  testing_support::AddExpense(bd, "B", host.clock, "PORTAGEM", "1", "2", 3);
+  AddExpenseTypes(bd);
+  AddExpense(bd, "B", host.clock, "PORTAGEM", "1", "2", 3);
   for (const char* table : {"Acessorios", "Seguros", "Sinistros", "Multas", "Revisoes", "Inspecoes"})
-    bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Matricula) VALUES ('B')"});
+    Sql(std::string("INSERT INTO zor_PV_") + table + " (Matricula) VALUES ('B')");
   const char* const kinds[] = {"Acessórios", "Apólices", "Sinistros", "Multas",
                                "Revisões",   "Gastos",   "Inspecções"};
   for (std::size_t refused : {0U, 3U, 6U, 7U}) {

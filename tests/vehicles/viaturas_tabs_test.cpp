@@ -1,7 +1,5 @@
 #include "vehicles/viaturas_tabs.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 #include "events/acessorios.h"
@@ -12,38 +10,29 @@
 #include "events/seguros.h"
 #include "events/sinistros.h"
 #include "host/sistema.h"
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
 
 using platform::Currency;
 using platform::Date;
-using testing_support::Press;
-using testing_support::Rows;
+using namespace testing_support;
 using Row = std::vector<std::string>;
-using Table = std::vector<Row>;
 
 constexpr const char* kPlate = "12-AB-34";
 
-class ViaturasTabsTest : public testing::Test {
+class ViaturasTabsTest : public DatabaseTest {
  protected:
   ViaturasTabsTest() {
-    testing_support::AddVehicle(bd, kPlate, 20000);
-    testing_support::AddDriver(bd, "1", "Ana");
-    testing_support::AddExpenseTypes(bd);
+    AddFleet(bd, 20000);
     form.mybd = bd;
     form.Load();
   }
   /// An event of the vehicle that only needs its own columns, of February.
   template <typename E>
-  struct Event : E {
-    Event(const DataAccessRef& database, int day) {
-      E::bd = database;
-      E::Codigo = kPlate;
+  struct Event : EventOf<E> {
+    Event(const DataAccessRef& database, int day) : EventOf<E>(database, kPlate) {
       E::Data = Date::FromParts(2024, 2, day, 8, 5, 30);
       E::Obs = "nota";
     }
@@ -68,8 +57,7 @@ class ViaturasTabsTest : public testing::Test {
     acessorio.TipoAcessorio = "GPS";
     acessorio.Marca = "Tom";
     acessorio.Escrever();
-    testing_support::AddExpense(bd, kPlate, Date::FromParts(2024, 2, 14, 9, 30, 15), "PORTAGEM", "2", "7,5",
-                                100);
+    AddExpense(bd, kPlate, Date::FromParts(2024, 2, 14, 9, 30, 15), "PORTAGEM", "2", "7,5", 100);
     Event<clSinistros> sinistro(bd, 15);
     sinistro.Motorista = "1";
     sinistro.LocalAc = "A1";
@@ -96,9 +84,7 @@ class ViaturasTabsTest : public testing::Test {
     form.UserSelectsTab(form.SSTab1, tab);
   }
 
-  testing_support::ScriptedHost host;  // 15-03-2024
   Sistema sistema;
-  DataAccessRef bd = testing_support::MemoryDatabase();
   Viaturas form;
 };
 
@@ -107,76 +93,63 @@ TEST_F(ViaturasTabsTest, EachTabShowsItsEventsAndTheDetailsOfTheFirst) {
   const struct {
     int tab;
     platform::SGGrid& grid;
-    Row cells;
+    const char* cells;
     std::vector<int> fields;
-    Row texts;
+    const char* texts;
     int date;
     const char* shown;
   } tabs[] = {
       {kApolices,
        form.Grelha,
-       {"AP-1", "10-02-2024 08:05:30", "Activa"},
+       "AP-1|10-02-2024 08:05:30|Activa",
        {15, 27, 36},
-       {"AP-1", "300", "1"},
+       "AP-1|300|1",
        5,
        "10-02-2024 08:05:30"},
       {kRevisoes,
        form.GrelhaManut,
-       {"11-02-2024 08:05:30", "15.000", "99,50"},
+       "11-02-2024 08:05:30|15.000|99,50",
        {51, 52, 54, 49},
-       {"15000", "99,5", "nota", "1"},
+       "15000|99,5|nota|1",
        7,
        "11-02-2024 08:05:30"},
       {kInspeccao,
        form.GrelhaInsp,
-       {"12-02-2024 08:05:30", "16.000", "0,00"},
+       "12-02-2024 08:05:30|16.000|0,00",
        {46, 47, 45, 48},
-       {"16000", "0", "nota", "1"},
+       "16000|0|nota|1",
        6,
        "12-02-2024 08:05:30"},
-      {kAcessorios,
-       form.GrelhaAces,
-       {"GPS", "Tom", ""},
-       {18, 35, 37},
-       {"Tom", "nota", "1"},
-       2,
-       "13-02-2024 08:05:30"},
+      {kAcessorios, form.GrelhaAces, "GPS|Tom|", {18, 35, 37}, "Tom|nota|1", 2, "13-02-2024 08:05:30"},
       {kGastos,
        form.GrelhaGst,
-       {"14-02-2024 09:30", "2", "7,50"},
+       "14-02-2024 09:30|2|7,50",
        {39, 38, 40, 44, 41},
-       {"Ana", "2", "7,5", "Portagens", "1"},
+       "Ana|2|7,5|Portagens|1",
        4,
        "14-02-2024 09:30:00"},
-      {kSinistros,
-       form.GrelhaSin,
-       {"Ana", "15-02-2024"},
-       {55, 57, 58, 56},
-       {"Ana", "A1", "nota", "1"},
-       10,
-       "15-02-2024"},
-      {kMultas,
-       form.GrelhaMul,
-       {"", "16-02-2024"},
-       {59, 62, 60, 61},
-       {"", "60", "nota", "1"},
-       11,
-       "16-02-2024"},
+      {kSinistros, form.GrelhaSin, "Ana|15-02-2024", {55, 57, 58, 56}, "Ana|A1|nota|1", 10, "15-02-2024"},
+      {kMultas, form.GrelhaMul, "|16-02-2024", {59, 62, 60, 61}, "|60|nota|1", 11, "16-02-2024"}};
+  const auto joined = [](const Row& texts) {
+    std::string line;
+    for (const std::string& text : texts) line += (&text == &texts.front() ? "" : "|") + text;
+    return line;
   };
   for (const auto& c : tabs) {
     SCOPED_TRACE(c.tab);
     Show(c.tab);
     EXPECT_EQ(form.ActiveControl(), &c.grid);
-    EXPECT_EQ(Cells(c.grid, 0), c.cells);
+    const Row cells = Cells(c.grid, 0);
+    EXPECT_EQ(joined(cells), c.cells);
     EXPECT_EQ(c.grid.RowCount(), 30);
-    EXPECT_EQ(Fields(c.fields), c.texts);
+    EXPECT_EQ(joined(Fields(c.fields)), c.texts);
     EXPECT_EQ(form.DTPicker1[c.date].Value.ToText(), c.shown);
     form.UserSelectsRow(c.grid, 5);
     EXPECT_EQ(Fields(c.fields), Row(c.fields.size())) << "an empty row empties the details";
     EXPECT_EQ(form.DTPicker1[c.date].Value.ToText(), "15-03-2024");
     EXPECT_FALSE(form.Campo[c.fields[0]].Enabled || form.DTPicker1[c.date].Enabled);
     Press(form.botoes.btCancelar);
-    EXPECT_EQ(Cells(c.grid, 0), Row(c.cells.size())) << "an empty screen has empty grids";
+    EXPECT_EQ(Cells(c.grid, 0), Row(cells.size())) << "an empty screen has empty grids";
   }
 }
 
@@ -188,8 +161,8 @@ TEST_F(ViaturasTabsTest, AGridGrowsWithItsEventsAndKeepsNoneOfAnotherVehicle) {
     EXPECT_EQ(form.GrelhaMul.RowCount(), count == 29 ? 30 : 31);
   }
   form.UserSelectsTab(form.SSTab1, kMultas);
-  testing_support::AddVehicle(bd, "99-ZZ-99");
-  testing_support::Type(form.Campo[0], "99-ZZ-99");
+  AddVehicle(bd, "99-ZZ-99");
+  Type(form.Campo[0], "99-ZZ-99");
   form.UserGoesTo(form.PushButton2);
   EXPECT_EQ(form.GrelhaMul.RowCount(), 31) << "only a cleared screen shrinks it";
   EXPECT_EQ(Cells(form.GrelhaMul, 0), Row(2));
@@ -207,7 +180,7 @@ TEST_F(ViaturasTabsTest, APolicyTellsHowLongItStillRuns) {
                {"14-04-2024", 1, ""}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.end);
-    bd->ExecutarSql("", "Delete zor_PV_Seguros");
+    Sql("Delete zor_PV_Seguros");
     Event<clSeguros> seguro(bd, 1);
     seguro.Apolice = "AP";
     seguro.Validade = Date::Parse(c.end);
@@ -231,7 +204,7 @@ TEST_F(ViaturasTabsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
                {21000, 0, "Acessório com -1.000 Km", "Custo/Km 0,00 €"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.distance);
-    bd->ExecutarSql("", "Delete zor_PV_Acessorios");
+    Sql("Delete zor_PV_Acessorios");
     Event<clAcessorios> acessorio(bd, 1);
     acessorio.TipoAcessorio = "GPS";
     acessorio.KmInicial = c.first;
@@ -247,17 +220,17 @@ TEST_F(ViaturasTabsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
 }
 
 TEST_F(ViaturasTabsTest, TheNextInspectionIsWorkedOutOnLoadAndWhenTheDateChanges) {
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataMatricula='2023.05.10', Categoria='LIGM'");
+  Sql("UPDATE zor_PV_Viaturas SET DataMatricula='2023.05.10', Categoria='LIGM'");
   form.CarregaViatura(kPlate);
   EXPECT_EQ(form.Titulo[67].Caption, "Próxima Inspecção, até 10-05-2025");
   EXPECT_EQ(form.Titulo[63].Caption, "Faltam .... 421 dias");
   form.UserSelectsTab(form.SSTab1, kDUC);
   form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2022, 4, 14));
   EXPECT_EQ(form.Titulo[67].Caption, "Próxima Inspecção, até 14-04-2024");
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Categoria='OUTRA'");
+  Sql("UPDATE zor_PV_Viaturas SET Categoria='OUTRA'");
   form.CarregaViatura(kPlate);
   EXPECT_EQ(form.Titulo[67].Caption + form.Titulo[63].Caption, "Próxima Inspecção, até Faltam .... 0 dias");
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET DataMatricula='2016.02.10', Categoria='PESP'");
+  Sql("UPDATE zor_PV_Viaturas SET DataMatricula='2016.02.10', Categoria='PESP'");
   EXPECT_THROW(form.CarregaViatura(kPlate), platform::RuntimeError) << "the rule has no month to give";
 }
 
@@ -266,8 +239,8 @@ TEST_F(ViaturasTabsTest, AnEventIsEditedInItsOwnFichaAndTheFiguresAreReadAgain) 
   Show(kRevisoes);
   host.NextForm([&](platform::Form& ficha) {
     EXPECT_EQ(ficha.Caption, "Revisões");
-    bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET CustoTotal=77, KmActual=21000, Media=5");
-    bd->ExecutarSql("", "UPDATE zor_PV_Revisoes SET Custo=1234, Obs='revista'");
+    Sql("UPDATE zor_PV_Viaturas SET CustoTotal=77, KmActual=21000, Media=5");
+    Sql("UPDATE zor_PV_Revisoes SET Custo=1234, Obs='revista'");
   });
   Press(form.zorBotao5);
   EXPECT_EQ(Fields({4, 7, 8}), (Row{"77", "5", "21000"}));
@@ -278,7 +251,7 @@ TEST_F(ViaturasTabsTest, AnEventIsEditedInItsOwnFichaAndTheFiguresAreReadAgain) 
   EXPECT_EQ(form.Campo[54].Text, "revista");
 
   form.UserSelectsTab(form.SSTab1, kApolices);
-  host.NextForm([&](platform::Form&) { bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET CustoTotal=88"); });
+  host.NextForm([&](platform::Form&) { Sql("UPDATE zor_PV_Viaturas SET CustoTotal=88"); });
   Press(form.zorBotao1);
   EXPECT_EQ(form.Campo[4].Text, "77") << "a policy leaves the figures alone";
 }
@@ -319,7 +292,7 @@ TEST_F(ViaturasTabsTest, EachTabHasItsOwnArchive) {
   const int tabs[] = {kDUC,       kApolices, kLeasing,    kInspeccao, kRevisoes,
                       kSinistros, kMultas,   kAcessorios, kGastos};
   for (int i = 0; i < 9; ++i) {
-    bd->ExecutarSql("", "Delete zor_ArquivoDigital");
+    Sql("Delete zor_ArquivoDigital");
     bd->ExecutarSql("", {"INSERT INTO zor_ArquivoDigital (zor_ArquivoDigital_Entidade, "
                          "zor_ArquivoDigital_TipoEntidade) VALUES ('",
                          value(kPlate), "', ", value(classes[i]), ")"});

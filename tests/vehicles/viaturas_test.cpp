@@ -1,11 +1,6 @@
 #include "vehicles/viaturas.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/runtime_error.h"
-#include "support/fleet.h"
-#include "support/recording_data_access.h"
-#include "support/scripted_host.h"
+#include "support/database_test.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -13,15 +8,11 @@ namespace {
 using platform::Currency;
 using platform::Date;
 using platform::Variant;
-using testing_support::Rows;
-using Table = std::vector<std::vector<std::string>>;
+using namespace testing_support;
 
-class ViaturasTest : public testing::Test {
+class ViaturasTest : public RecordedTest {
  protected:
   ViaturasTest() { viatura.bd = bd; }
-  testing_support::ScriptedHost host;
-  platform::Ref<testing_support::RecordingDataAccess> bd =
-      platform::MakeRef<testing_support::RecordingDataAccess>(testing_support::MemoryDatabase());
   clViaturas viatura;
 };
 
@@ -82,21 +73,16 @@ TEST_F(ViaturasTest, EveryColumnComesBackAsItWasWritten) {
 }
 
 TEST_F(ViaturasTest, NullsMeanNothingOrAreRefusedByTheirColumn) {
-  testing_support::AddVehicle(bd, "A");
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Responsavel=NULL, SeloPago=NULL, DataSelo=NULL");
+  AddVehicle(bd, "A");
+  Sql("UPDATE zor_PV_Viaturas SET Responsavel=NULL, SeloPago=NULL, DataSelo=NULL");
   viatura.Matricula = "A";
   ASSERT_TRUE(viatura.Ler());
   EXPECT_TRUE(viatura.Responsavel.IsNull());
   EXPECT_FALSE(viatura.SeloPago);
   viatura.Escrever();
   EXPECT_EQ(Rows(bd, "SELECT Responsavel, DataSelo FROM zor_PV_Viaturas"), (Table{{"NULL", "00:00:00"}}));
-  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET KmPrxRev=NULL");
-  try {
-    viatura.Ler();
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.number(), platform::kInvalidUseOfNull);
-  }
+  Sql("UPDATE zor_PV_Viaturas SET KmPrxRev=NULL");
+  EXPECT_EQ(NumberOf([&] { viatura.Ler(); }), platform::kInvalidUseOfNull);
 }
 
 TEST_F(ViaturasTest, AnUnknownPlateLeavesTheObjectAsItWas) {
@@ -105,14 +91,14 @@ TEST_F(ViaturasTest, AnUnknownPlateLeavesTheObjectAsItWas) {
   EXPECT_FALSE(viatura.Ler());
   EXPECT_EQ(viatura.Marca, "X");
   EXPECT_THROW(viatura.EscreverMedia(), platform::RuntimeError);
-  testing_support::AddVehicle(bd, "NADA", 5);
+  AddVehicle(bd, "NADA", 5);
   viatura.Media = 6;
   EXPECT_TRUE(viatura.EscreverMedia());
   EXPECT_EQ(Rows(bd, "SELECT Marca, Media FROM zor_PV_Viaturas"), (Table{{"REN", "6"}}));
 }
 
 TEST_F(ViaturasTest, WalksByPlateAlone) {
-  for (const char* plate : {"B", "A", "C"}) testing_support::AddVehicle(bd, plate);
+  for (const char* plate : {"B", "A", "C"}) AddVehicle(bd, plate);
   std::string walk;
   while (viatura.LerProximo()) walk += viatura.Matricula;
   EXPECT_EQ(walk, "ABC");
@@ -125,11 +111,11 @@ TEST_F(ViaturasTest, WalksByPlateAlone) {
 }
 
 TEST_F(ViaturasTest, GoesWithEverythingThatHangsOnIt) {
-  testing_support::AddVehicle(bd, "A");
-  testing_support::AddVehicle(bd, "B");
-  testing_support::AddExpenseTypes(bd);
+  AddVehicle(bd, "A");
+  AddVehicle(bd, "B");
+  AddExpenseTypes(bd);
   for (const char* plate : {"A", "B"})
-    testing_support::AddExpense(bd, plate, Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
+    AddExpense(bd, plate, Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
   bd->statements.clear();
   viatura.Matricula = "A";
   EXPECT_TRUE(viatura.Anular());
@@ -142,11 +128,11 @@ TEST_F(ViaturasTest, GoesWithEverythingThatHangsOnIt) {
 }
 
 TEST_F(ViaturasTest, ThePickerLeavesOutWhatDoesNotResolve) {
-  testing_support::AddVehicle(bd, "A");  // its model code is empty
+  AddVehicle(bd, "A");  // its model code is empty
   host.NextLookup("");
   EXPECT_EQ(viatura.MostraLista(), "");
   EXPECT_TRUE(host.lookups.back().rows.empty());
-  bd->ExecutarSql("", "INSERT INTO zor_PV_Modelos (Codigo, Nome) VALUES ('', 'Sem modelo')");
+  Sql("INSERT INTO zor_PV_Modelos (Codigo, Nome) VALUES ('', 'Sem modelo')");
   host.NextLookup("A");
   EXPECT_EQ(viatura.MostraLista(), "A");
   EXPECT_EQ(host.lookups.back().rows, (Table{{"A", "Renault", "Sem modelo"}}));

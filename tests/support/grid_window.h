@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/list_view.h"
+#include "platform/form.h"
+
+namespace testing_support {
+
+/// A window that holds the grid of a list.
+class GridWindow : public platform::Form {
+ public:
+  /// Shows a list on the grid.
+  void Start(zorCrmParvel::ICrmVwList& list) {
+    list.ICrmVwList_GridMaster(&grid);
+    list.ICrmVwList_Iniciar();
+  }
+  /// The captions of the columns that are shown.
+  std::vector<std::string> Headings() const {
+    std::vector<std::string> headings;
+    for (const platform::GridColumn& column : grid.Columns())
+      if (!column.hidden) headings.push_back(column.caption);
+    return headings;
+  }
+
+  platform::SGGrid grid{*this, "Grelha"};
+};
+
+}  // namespace testing_support
