@@ -2,10 +2,13 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "embedded/collation.h"
 
@@ -53,11 +56,19 @@ inline ConnectionPtr Connect(const std::string& file) {
   return ConnectionPtr(connection);
 }
 
-/// Steps a statement to its end and takes every value of every row, as one who asked for all columns does.
-inline void StepThrough(sqlite3_stmt* statement) {
+/// Names of columns.
+using Columns = std::vector<std::string_view>;
+
+/// Steps a statement to its end and takes the values of the columns named from every row; without names, all.
+inline void StepThrough(sqlite3_stmt* statement, const Columns& names = {}) {
+  std::vector<int> columns;
+  for (int i = 0; i < sqlite3_column_count(statement); ++i)
+    if (names.empty() ||
+        std::find(names.begin(), names.end(), sqlite3_column_name(statement, i)) != names.end())
+      columns.push_back(i);
   sqlite3_int64 sum = 0;
   while (sqlite3_step(statement) == SQLITE_ROW)
-    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+    for (const int i : columns)
       if (sqlite3_column_type(statement, i) == SQLITE_TEXT)
         sum += sqlite3_column_bytes(statement, i);
       else
@@ -74,12 +85,16 @@ inline StatementPtr Prepare(sqlite3* connection, const char* sql) {
 }
 
 /// Rows of zor_PV_Marcas: codes M10000, M10001, … and names.
+inline std::string CodesToInsert(int rows) {
+  return "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
+         std::to_string(rows) +
+         ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM n";
+}
+
 inline void FillCodes(const std::string& file, int rows) {
   const ConnectionPtr connection = Connect(file);
-  const std::string sql =
-      "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " + std::to_string(rows) +
-      ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM n";
-  Require(sqlite3_exec(connection.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
+  Require(sqlite3_exec(connection.get(), CodesToInsert(rows).c_str(), nullptr, nullptr, nullptr) ==
+          SQLITE_OK);
 }
 
 }  // namespace bench

@@ -82,7 +82,7 @@ class Fleet {
   Gastos form_;
 };
 
-/// The statements of a save, prepared once.
+/// The statements of a save, prepared once; of the rows that are summed up only what the sums need is taken.
 class SaveByStatements {
  public:
   explicit SaveByStatements(sqlite3* connection)
@@ -108,9 +108,9 @@ class SaveByStatements {
     bench::StepThrough(make_.get());
     bench::StepThrough(expense_.get());
     bench::StepThrough(writeExpense_.get());
-    bench::StepThrough(expenses_.get());
-    bench::StepThrough(accessories_.get());
-    bench::StepThrough(inspections_.get());
+    bench::StepThrough(expenses_.get(), {"Qtd", "Km", "Custo", "Combustivel"});
+    bench::StepThrough(accessories_.get(), {"Custo"});
+    bench::StepThrough(inspections_.get(), {"Custo"});
     bench::StepThrough(vehicle_.get());
     bench::StepThrough(vehicle_.get());
     bench::StepThrough(writeVehicle_.get());

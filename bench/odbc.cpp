@@ -1,24 +1,22 @@
 // A code list of 100,000 rows over ODBC: opened, which reads it whole, and each cell looked at; against a
 // bare loop of SQLFetch with bound columns over the same driver (SQLite's, which Debian has).
 
-#include <benchmark/benchmark.h>
-
 #include <array>
 #include <memory>
 #include <string>
 
-#include "baseline.h"
-#include "rivals.h"
+#include "operations.h"
 #include "sqlserver/database.h"
 #include "sqlserver/utf16.h"
 
 namespace {
 
-constexpr int kRows = 100000;
+using bench::kList;
+using bench::kListRows;
+using bench::Operation;
+using bench::Run;
+
 constexpr std::size_t kWidest = 51;
-constexpr const char* kList =
-    " SELECT zor_PV_Marcas.Codigo AS Codigo, zor_PV_Marcas.Nome AS Nome from zor_PV_Marcas  Order by "
-    "zor_PV_Marcas.Codigo";
 
 /// The baseline's own connection, set up with nothing.
 class BareConnection {
@@ -53,12 +51,8 @@ class Bench {
   void ReadAllCells() {
     zorCrmParvel::RecordsetRef rows;
     database_->AbrirLeitura("", kList, rows);
-    bench::Require(rows->RecordCount() == kRows);
-    std::size_t characters = 0;
-    for (std::size_t row = 0; row < kRows; ++row)
-      characters += rows->CellAt(row, 0).block().size() + rows->CellAt(row, 1).block().size();
-    benchmark::DoNotOptimize(characters);
-    rows->Close();
+    bench::Require(rows->RecordCount() == kListRows);
+    bench::ReadAllCells(rows);
   }
 
   void FetchAll() {
@@ -71,7 +65,7 @@ class Bench {
                                  texts[i].data(), sizeof texts[i], &lengths[i]));
     int rows = 0;
     for (; SQL_SUCCEEDED(SQLFetch(statement.get())); ++rows) benchmark::DoNotOptimize(texts);
-    bench::Require(rows == kRows);
+    bench::Require(rows == kListRows);
   }
 
  private:
@@ -84,12 +78,7 @@ class Bench {
     sqlserver::Parameters none;
     database->session().Write(
         "CREATE TABLE zor_PV_Marcas (Codigo nvarchar(10) NOT NULL PRIMARY KEY, Nome nvarchar(50))", none);
-    database->session().Write(
-        "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
-            std::to_string(kRows) +
-            ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM "
-            "n",
-        none);
+    database->session().Write(bench::CodesToInsert(kListRows), none);
     return database;
   }
 
@@ -98,26 +87,14 @@ class Bench {
   BareConnection bare_;
 };
 
-Bench& Shared() {
-  static Bench bench;
-  return bench;
-}
-
-template <void (Bench::*operation)()>
-void Run(benchmark::State& state) {
-  for (auto _ : state) (Shared().*operation)();
-}
-
 BENCHMARK(Run<&Bench::FetchAll>)->Name("odbc/fetch all")->Unit(benchmark::kMillisecond);
 BENCHMARK(Run<&Bench::ReadAllCells>)->Name("odbc/read all cells")->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  bench::Rivals rivals(20);
-  rivals.Compare(
-      "read all cells / fetch all", 1.3, 1, [] { Shared().ReadAllCells(); }, [] { Shared().FetchAll(); });
-  return rivals.Report();
+  return bench::Main(argc, argv, 20, [](bench::Rivals& rivals) {
+    rivals.Compare("read all cells / fetch all", 1.3, 1, Operation<&Bench::ReadAllCells>(),
+                   Operation<&Bench::FetchAll>());
+  });
 }

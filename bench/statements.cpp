@@ -1,17 +1,15 @@
 // A code table's record read and written through its entity, against SQLite's own interface on the same file:
 // with a statement prepared once, and with one prepared for each call.
 
-#include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
 #include <cstdlib>
 #include <memory>
 #include <string>
 
-#include "baseline.h"
 #include "embedded/database.h"
 #include "masterdata/code_table.h"
-#include "rivals.h"
+#include "operations.h"
 
 namespace {
 
@@ -79,15 +77,8 @@ class Bench {
   int next_ = 0;
 };
 
-Bench& Shared() {
-  static Bench bench;
-  return bench;
-}
-
-template <void (Bench::*operation)()>
-void Run(benchmark::State& state) {
-  for (auto _ : state) (Shared().*operation)();
-}
+using bench::Operation;
+using bench::Run;
 
 BENCHMARK(Run<&Bench::ReadPrepared>)->Name("read/prepared");
 BENCHMARK(Run<&Bench::ReadPreparingEachTime>)->Name("read/preparing each time");
@@ -98,16 +89,11 @@ BENCHMARK(Run<&Bench::WriteByEntity>)->Name("write/entity");
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  bench::Rivals rivals(200);
-  rivals.Compare(
-      "Ler / prepared statement", 1.5, 400, [] { Shared().ReadByEntity(); }, [] { Shared().ReadPrepared(); });
-  rivals.Compare(
-      "Ler / preparing each time", 1.0, 400, [] { Shared().ReadByEntity(); },
-      [] { Shared().ReadPreparingEachTime(); });
-  rivals.Compare(
-      "Escrever / prepared statements", 1.5, 1, [] { Shared().WriteByEntity(); },
-      [] { Shared().WritePrepared(); });
-  return rivals.Report();
+  return bench::Main(argc, argv, 200, [](bench::Rivals& rivals) {
+    constexpr Operation<&Bench::ReadByEntity> read{};
+    rivals.Compare("Ler / prepared statement", 1.5, 400, read, Operation<&Bench::ReadPrepared>());
+    rivals.Compare("Ler / preparing each time", 1.0, 400, read, Operation<&Bench::ReadPreparingEachTime>());
+    rivals.Compare("Escrever / prepared statements", 1.5, 1, Operation<&Bench::WriteByEntity>(),
+                   Operation<&Bench::WritePrepared>());
+  });
 }
