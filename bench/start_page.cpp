@@ -1,6 +1,6 @@
 // What the window's start page asks of the module: the feed and the counts of the six alert lists; on a fleet
-// of 10,000 vehicles within a second, and in proportion to the rows on larger ones. Where the feed finds
-// nothing it reads every table to its end; that is shown without a limit, for the counts come before it.
+// of 10,000 vehicles within a second, also where the feed finds nothing and reads every table to its end, and
+// in proportion to the rows on larger ones.
 
 #include <chrono>
 #include <cstdio>
@@ -19,8 +19,9 @@ using namespace zorCrmParvel;
 constexpr const char* kLists[] = {"AlertasAp",    "AlertasRev", "AlertasInsp",
                                   "AlertasAcess", "AlertasMot", "AlertasViat"};
 constexpr double kSecond = 1000;  // milliseconds
-/// The time of a row on a hundred times as many rows, against that on few.
-constexpr double kGrowth = 1.3;
+/// The time of a row on a hundred times as many rows, which no cache of the processor holds, against that on
+/// few. A cost that grew with the rows would be far above it.
+constexpr double kGrowth = 1.6;
 
 double Milliseconds(const std::function<void()>& act) {
   const auto begin = std::chrono::steady_clock::now();
@@ -82,7 +83,7 @@ int main() {
   }
   {
     const bench::AlertFleet fleet("parvel-bench-start-quiet", {10000, 10000, 50000, 50000, false});
-    Measure("10,000 vehicles, the feed to its end", fleet);
+    held = Measure("10,000 vehicles, the feed to its end", fleet) <= kSecond && held;
   }
   double first = 0;
   for (const int rows : {1000, 10000, 100000}) {

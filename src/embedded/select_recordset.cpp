@@ -86,11 +86,11 @@ bool SelectRecordset::ReadRow() {
   try {
     if (plan_->rows().Step()) {
       sqlite3_stmt* statement = plan_->rows().get();
-      const std::vector<FieldType>& types = plan_->fieldTypes();
+      const FieldType* const types = plan_->fieldTypes().data();
+      const int columns = static_cast<int>(plan_->fieldTypes().size());
       platform::RowStore& rows = store();
-      Cell* cells = rows.NextRow();
-      for (std::size_t i = 0; i < types.size(); ++i)
-        cells[i] = CellOf(sqlite3_column_value(statement, static_cast<int>(i)), types[i], rows);
+      Cell* const cells = rows.NextRow();
+      for (int i = 0; i < columns; ++i) cells[i] = CellOf(sqlite3_column_value(statement, i), types[i], rows);
       rows.TakeRow();
       RowRead(statement);
       return true;

@@ -1,7 +1,6 @@
 #include "platform/row_store.h"
 
 #include <algorithm>
-#include <cstring>
 #include <stdexcept>
 #include <type_traits>
 
@@ -80,21 +79,11 @@ void RowStore::AddTextBlock() {
   }
 }
 
-std::string_view RowStore::Keep(std::string_view data) {
-  if (data.empty()) return {};
-  if (data.size() > freeBytes_) {
-    if (data.size() > nextTextBlock_ / 4) {  // has memory of its own, and leaves the room for others
-      texts_.push_back(std::make_unique_for_overwrite<char[]>(data.size()));
-      std::memcpy(texts_.back().get(), data.data(), data.size());
-      return {texts_.back().get(), data.size()};
-    }
-    AddTextBlock();
-  }
-  std::memcpy(free_, data.data(), data.size());
-  const std::string_view kept(free_, data.size());
-  free_ += data.size();
-  freeBytes_ -= data.size();
-  return kept;
+// Has memory of its own, and leaves the room in the last block for others.
+std::string_view RowStore::KeepApart(std::string_view data) {
+  texts_.push_back(std::make_unique_for_overwrite<char[]>(data.size()));
+  std::memcpy(texts_.back().get(), data.data(), data.size());
+  return {texts_.back().get(), data.size()};
 }
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <string_view>
@@ -30,7 +31,18 @@ class RowStore {
     next_ += columns_;
   }
   /// A copy that lives as long as the store.
-  std::string_view Keep(std::string_view data);
+  std::string_view Keep(std::string_view data) {
+    if (data.empty()) return {};
+    if (data.size() > freeBytes_) {
+      if (data.size() > nextTextBlock_ / 4) return KeepApart(data);
+      AddTextBlock();
+    }
+    std::memcpy(free_, data.data(), data.size());
+    const std::string_view kept(free_, data.size());
+    free_ += data.size();
+    freeBytes_ -= data.size();
+    return kept;
+  }
   /// Sets one cell, copying text and bytes into the store. A replaced text keeps its memory until the end.
   void Put(std::size_t row, std::size_t column, const Cell& cell);
   void Put(std::size_t row, std::size_t column, FieldType type, const Variant& value);
@@ -42,6 +54,7 @@ class RowStore {
   static Cell* CellsOf(std::byte* block) { return std::launder(reinterpret_cast<Cell*>(block)); }
   void AddBlock();
   void AddTextBlock();
+  std::string_view KeepApart(std::string_view data);
 
   Cell& Place(std::size_t row, std::size_t column) const {
     if (row < kFirstRows) return CellsOf(first_.get())[row * columns_ + column];
@@ -58,7 +71,7 @@ class RowStore {
   Cell* end_ = nullptr;
   std::vector<std::unique_ptr<char[]>> texts_;
   std::vector<MemoryBlock> textBlocks_;
-  char* free_ = nullptr;
+  char* free_ = nullptr;  // the rest of the last block of texts
   std::size_t freeBytes_ = 0;
   std::size_t nextTextBlock_ = 512;
 };
