@@ -41,8 +41,8 @@ class DataAccess {
 using DataAccessRef = platform::Ref<DataAccess>;
 
 /// For a loop that reads something else for each of its rows: while it lives, the embedded engine's reads all
-/// see the data as it was at the first of them, and each costs less. Snapshots nest. The first write ends them
-/// for good; what is read after that is as new as ever.
+/// see the data as it was at the first of them, and each costs less. Snapshots nest. The first write ends
+/// them for good; what is read after that is as new as ever.
 class Snapshot {
  public:
   explicit Snapshot(DataAccessRef bd) : bd_(std::move(bd)) { bd_->BeginSnapshot(); }
