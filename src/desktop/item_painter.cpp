@@ -1,12 +1,15 @@
 #include "desktop/item_painter.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTableView>
+#include <QToolTip>
 
 #include "desktop/grid_model.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
+#include "desktop/text.h"
 
 namespace desktop {
 namespace {
@@ -81,6 +84,14 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QPalette& colors = option.palette;
   painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                     Blend(colors.color(QPalette::Base), colors.color(QPalette::Text), kRowLineShare));
+}
+
+bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip) return ItemPainter::helpEvent(event, view, option, index);
+  const bool cut = sizeHint(option, index).width() > option.rect.width();
+  QToolTip::showText(event->globalPos(), cut ? PlainToolTip(index.data().toString()) : QString(), view);
+  return true;
 }
 
 }  // namespace desktop

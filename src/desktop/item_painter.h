@@ -18,13 +18,16 @@ class ItemPainter : public QStyledItemDelegate {
   static void PaintChosen(QPainter& painter, QStyleOptionViewItem& item);
 };
 
-/// Paints the cells of tables: the row's alert band with its mark as well, and a thin line below.
+/// Paints the cells of tables: the row's alert band with its mark as well, and a thin line below. The pointer
+/// at rest over a cell whose text is cut shows it whole.
 class CellPainter : public ItemPainter {
  public:
   using ItemPainter::ItemPainter;
   /// With room for the mark.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
 };
 
 }  // namespace desktop

@@ -46,13 +46,14 @@ void BindVariant(sqlite3_stmt* statement, int index, FieldType type, const Varia
 
 }  // namespace
 
-platform::RecordsetRef EditRecordset::Start(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan) {
-  const auto rows = std::make_shared<EditRecordset>(std::move(engine), std::move(plan));
+platform::RecordsetRef EditRecordset::Start(std::shared_ptr<Engine> engine,
+                                            const std::shared_ptr<Plan>& plan) {
+  const auto rows = std::make_shared<EditRecordset>(std::move(engine), plan);
   rows->Reach(0);
   return platform::RecordsetRef(rows);
 }
 
-EditRecordset::EditRecordset(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan)
+EditRecordset::EditRecordset(std::shared_ptr<Engine> engine, const std::shared_ptr<Plan>& plan)
     : SelectRecordset(engine, plan),
       engine_(std::move(engine)),
       table_(*plan->table()),

@@ -12,8 +12,8 @@ namespace embedded {
 /// Rows of one table that can be added to and changed.
 class EditRecordset : public SelectRecordset {
  public:
-  static platform::RecordsetRef Start(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan);
-  EditRecordset(std::shared_ptr<Engine> engine, std::shared_ptr<Plan> plan);
+  static platform::RecordsetRef Start(std::shared_ptr<Engine> engine, const std::shared_ptr<Plan>& plan);
+  EditRecordset(std::shared_ptr<Engine> engine, const std::shared_ptr<Plan>& plan);
 
  protected:
   void Insert(const Assignments& values) override;

@@ -38,7 +38,7 @@ platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use)
     Run(*plan);
     return platform::MakeRef<platform::MemoryRecordset>();
   }
-  if (use == Plan::Use::kEdit) return EditRecordset::Start(shared_from_this(), std::move(plan));
+  if (use == Plan::Use::kEdit) return EditRecordset::Start(shared_from_this(), plan);
   return SelectRecordset::Start(shared_from_this(), std::move(plan));
 }
 

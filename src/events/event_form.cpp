@@ -40,25 +40,24 @@ void EventForm::Carrega(std::int32_t id) {
     LerFicha();
   } else {
     Campo[0].Text = Matricula;
-    clViaturas viatura;
-    viatura.bd = mybd;
-    viatura.Matricula = Matricula;
-    viatura.Ler();
-    GuardarDaViatura(viatura);
-    MostrarMarca(viatura.Marca);
+    MostrarViatura();
   }
   if (TipoMostrar == 1) Campo[0].Enabled = false;
 }
 
 void EventForm::GuardarDaViatura(const clViaturas&) {}
 
-void EventForm::LerFicha() {
+void EventForm::MostrarViatura() {
   clViaturas viatura;
   viatura.bd = mybd;
   viatura.Matricula = Matricula;
   viatura.Ler();
   GuardarDaViatura(viatura);
   MostrarMarca(viatura.Marca);
+}
+
+void EventForm::LerFicha() {
+  MostrarViatura();
   Campo[0].Text = entidade_->Codigo;
   Campo[0].Enabled = true;
   DTPicker1.Value = entidade_->Data;

@@ -134,6 +134,8 @@ class EventForm : public Ficha {
  private:
   void LerFicha();
   void MostrarMarca(const std::string& codigo);
+  /// What the ficha shows and keeps of the vehicle `Matricula`.
+  void MostrarViatura();
   void Navega(int indice, std::int32_t& id);
   void LigarEventos();
   void LigarCampo(platform::zor_input& campo);

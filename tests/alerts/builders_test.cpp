@@ -105,9 +105,9 @@ TEST_F(AlertBuildersTest, NoDateIsNoRow) {
   DaysToGo(1);
   for (const char* none : {"NULL", "'1899.12.30'"}) {
     SCOPED_TRACE(none);
-    const std::string to = std::string("=") + none;
-    Sql("UPDATE zor_Funcionarios SET DataValBI" + to + ", ValCartaoCid" + to + ", ValidadePassa" + to +
-        ", DtFimCartaoCondutor" + to + ", DtDescarga" + to);
+    for (const char* column :
+         {"DataValBI", "ValCartaoCid", "ValidadePassa", "DtFimCartaoCondutor", "DtDescarga"})
+      Sql(std::string("UPDATE zor_Funcionarios SET ").append(column).append("=").append(none));
     Sql("Delete zor_CartasCond");
     Class(1, none);
     EXPECT_TRUE(Mot().empty()) << "nor does the licence of the driver's own record count";

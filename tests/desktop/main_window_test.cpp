@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QToolTip>
 
 #include "desktop/csv.h"
 #include "desktop/main_actions.h"
@@ -162,6 +164,21 @@ TEST_F(MainWindowTest, ListSortSearchAndWidthsAreRemembered) {
   const auto& sort = again.page()->table().grid().order().sort();
   ASSERT_TRUE(sort.has_value());
   EXPECT_EQ(*sort, (desktop::SortBy{1, desktop::SortDirection::kDescending}));
+}
+
+TEST_F(MainWindowTest, ThePointerAtRestShowsATextThatIsCut) {
+  testing_support::AddCode<zorCrmParvel::clMarcas>(bd(), "<b>LONGO", "x");
+  AddBrands();
+  desktop::TableView& table = page().table();
+  const auto tip = [&table](int row) {
+    const QPoint place = table.visualRect(table.model()->index(row, 0)).center();
+    QHelpEvent rest(QEvent::ToolTip, place, table.viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(table.viewport(), &rest);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(tip(0), "");
+  table.setColumnWidth(0, table.horizontalHeader()->minimumSectionSize());
+  EXPECT_EQ(tip(0), "<qt>&lt;b&gt;LONGO</qt>");
 }
 
 TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {

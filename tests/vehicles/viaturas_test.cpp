@@ -7,7 +7,6 @@ namespace {
 
 using platform::Currency;
 using platform::Date;
-using platform::Variant;
 using namespace testing_support;
 
 class ViaturasTest : public RecordedTest {
