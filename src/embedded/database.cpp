@@ -31,7 +31,7 @@ std::shared_ptr<Database> Database::Open(const std::string& path, OpenOptions op
   Schema tables = Schema::Parse(options.schema.empty() ? schema::kTables : options.schema);
   SqliteConnection connection = OpenDatabaseFile(path, tables.version, options.busyTimeout);
   BringUpToDate(connection, tables, path);
-  UseWriteAheadLog(connection);
+  UseWriteAheadLog(connection, options.busyTimeout);
   Clock clock = options.clock ? std::move(options.clock) : Clock(&platform::SystemTime);
   auto engine =
       std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog), std::move(clock));

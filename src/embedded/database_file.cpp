@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <thread>
 
 #include "embedded/collation.h"
 #include "embedded/functions.h"
@@ -158,9 +159,21 @@ SqliteConnection OpenDatabaseFile(const std::string& path, std::int64_t knownVer
   return connection;
 }
 
-void UseWriteAheadLog(const SqliteConnection& connection) {
+// SQLite wants the file for itself to change it, and gives up at once where another program reads it.
+void UseWriteAheadLog(const SqliteConnection& connection, std::chrono::milliseconds busyTimeout) {
+  constexpr auto kPause = std::chrono::milliseconds(5);
   if (sqlite3_db_readonly(connection.get(), "main") == 1) return;
-  if (connection.Text("PRAGMA journal_mode") != "wal") connection.Text("PRAGMA journal_mode = WAL");
+  const auto last = std::chrono::steady_clock::now() + busyTimeout;
+  while (connection.Text("PRAGMA journal_mode") != "wal") {
+    try {
+      connection.Text("PRAGMA journal_mode = WAL");
+      return;
+    } catch (const platform::RuntimeError&) {
+      const bool busy = (sqlite3_errcode(connection.get()) & 0xFF) == SQLITE_BUSY;
+      if (!busy || std::chrono::steady_clock::now() >= last) throw;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
 }
 
 void CopyDatabase(const SqliteConnection& connection, const std::string& file) {

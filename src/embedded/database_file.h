@@ -15,8 +15,9 @@ namespace embedded {
 SqliteConnection OpenDatabaseFile(const std::string& path, std::int64_t knownVersion,
                                   std::chrono::milliseconds busyTimeout);
 
-/// Lets readers and one writer work at the same time. Only once the file holds its tables and marks.
-void UseWriteAheadLog(const SqliteConnection& connection);
+/// Lets readers and one writer work at the same time; waits `busyTimeout` for others who open the file just
+/// now. Only once the file holds its tables and marks.
+void UseWriteAheadLog(const SqliteConnection& connection, std::chrono::milliseconds busyTimeout);
 
 /// Writes a copy to a file that does not exist yet, and makes it durable. Error -2147467259 otherwise.
 void CopyDatabase(const SqliteConnection& connection, const std::string& file);
