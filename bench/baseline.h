@@ -84,13 +84,14 @@ inline StatementPtr Prepare(sqlite3* connection, const char* sql) {
   return StatementPtr(statement);
 }
 
-/// Rows of zor_PV_Marcas: codes M10000, M10001, … and names.
+/// An INSERT of rows of zor_PV_Marcas: codes M10000, M10001, … and names.
 inline std::string CodesToInsert(int rows) {
   return "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
          std::to_string(rows) +
          ") INSERT INTO zor_PV_Marcas (Codigo, Nome) SELECT 'M' || (i + 10000), 'Marca número ' || i FROM n";
 }
 
+/// Runs it on a file.
 inline void FillCodes(const std::string& file, int rows) {
   const ConnectionPtr connection = Connect(file);
   Require(sqlite3_exec(connection.get(), CodesToInsert(rows).c_str(), nullptr, nullptr, nullptr) ==

@@ -31,9 +31,13 @@ Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog cata
       clock_(std::move(clock)),
       plans_(connection_.get(), catalog_) {}
 
-platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use) {
+std::shared_ptr<Plan> Engine::Begin(const std::string& statement, Plan::Use use) {
   if (!inSnapshot_) Settle();
-  std::shared_ptr<Plan> plan = plans_.Begin(statement, use, clock_);
+  return plans_.Begin(statement, use, clock_);
+}
+
+platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use) {
+  std::shared_ptr<Plan> plan = Begin(statement, use);
   if (!plan->reads()) {
     Run(*plan);
     return platform::MakeRef<platform::MemoryRecordset>();
@@ -42,10 +46,7 @@ platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use)
   return SelectRecordset::Start(shared_from_this(), std::move(plan));
 }
 
-void Engine::Run(const std::string& statement) {
-  Settle();
-  Run(*plans_.Begin(statement, Plan::Use::kRead, clock_));
-}
+void Engine::Run(const std::string& statement) { Run(*Begin(statement, Plan::Use::kRead)); }
 
 void Engine::Run(const Plan& plan) {
   const RunGuard guard(plan.rows());

@@ -52,6 +52,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(connection_.get()); }
 
  private:
+  std::shared_ptr<Plan> Begin(const std::string& statement, Plan::Use use);
   void Run(const Plan& plan);
   void Settle();
   void SettleToWrite();

@@ -35,6 +35,12 @@ class EngineTest : public testing::Test, protected testing_support::EngineUser {
   using EngineUser::Run;
 
   EngineTest() { store_ = embedded::Database::Open(":memory:", Options()); }
+  /// The number of rows from the current one on; the end is reached.
+  static std::size_t ReadOn(const RecordsetRef& rows) {
+    std::size_t count = 0;
+    for (; !rows->Eof(); rows->MoveNext()) ++count;
+    return count;
+  }
   /// The one value of the first row.
   std::string Value(const std::string& statement) const { return Rows(statement).at(0).at(0); }
 };

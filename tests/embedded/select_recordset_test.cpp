@@ -3,14 +3,7 @@
 namespace embedded_tests {
 namespace {
 
-class SelectRecordsetTest : public EngineTest {
- protected:
-  static std::size_t ReadOn(const RecordsetRef& rows) {
-    std::size_t count = 0;
-    for (; !rows->Eof(); rows->MoveNext()) ++count;
-    return count;
-  }
-};
+using SelectRecordsetTest = EngineTest;
 
 TEST_F(SelectRecordsetTest, ReadsRowsAsTheyAreAskedFor) {
   AddCodes(300);

@@ -16,13 +16,10 @@ class SnapshotTest : public EngineTest {
     AddCodes(10);
   }
 
+  ~SnapshotTest() override { store_.reset(); }  // before its folder
+
   void Remove(const std::string& code) {
     other_->ExecutarSql("", ("DELETE FROM Codigos WHERE Codigo = '" + code + "'").c_str());
-  }
-  static std::size_t ReadOn(const RecordsetRef& rows) {
-    std::size_t count = 0;
-    for (; !rows->Eof(); rows->MoveNext()) ++count;
-    return count;
   }
   std::size_t Codes() const { return Rows("SELECT Codigo FROM Codigos").size(); }
   /// Removes in the other program what each row of a loop is about to look up; the number of rows still
