@@ -234,7 +234,6 @@ int CompareFicha() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const QApplication application(argc, argv);
   const bench::QuietHost host;
   Sistema sistema;
