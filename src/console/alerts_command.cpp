@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "console/calendar_file.h"
+#include "console/error_output.h"
 #include "console/list_printer.h"
 #include "console/program.h"
 #include "host/sistema.h"
@@ -123,7 +124,8 @@ class AlertPrinter {
     try {
       list->ICrmVwList_Iniciar();
     } catch (const platform::RuntimeError& error) {
-      err_ << list->ICrmVwList_Name() << ": " << error.description() << '\n';
+      err_ << list->ICrmVwList_Name() << ": ";
+      PrintError(err_, error);
       json_[familia.palavra] = nullptr;
       failed_ = true;
       return;

@@ -10,6 +10,7 @@
 #include "console/console_host.h"
 #include "console/database_choice.h"
 #include "console/demo.h"
+#include "console/error_output.h"
 #include "console/import.h"
 #include "console/list_printer.h"
 #include "console/record_command.h"
@@ -148,7 +149,7 @@ int Guard(std::ostream& err, const std::function<int()>& command) {
   try {
     return command();
   } catch (const RuntimeError& error) {
-    err << error.description() << '\n';
+    PrintError(err, error);
     return error.number() == platform::kKeyInUse ? kRefused : kFailed;
   } catch (const std::exception& error) {
     err << error.what() << '\n';

@@ -78,9 +78,9 @@ void Acessorios::MostrarCampos() {
 
 void Acessorios::MostrarPercurso() {
   const bool semFim = Campo[kKmFinal].Text.empty();
-  const Currency fim = semFim ? kmActual_ : Tools::TextoParaMoeda(Campo[kKmFinal].Text);
-  const Currency percurso = fim - Tools::TextoParaMoeda(Campo[kKmInicial].Text);
-  const Currency custo = Tools::TextoParaMoeda(Campo[kCusto].Text);
+  const Currency fim = semFim ? kmActual_ : Tools::TextoParaMoeda(Campo[kKmFinal]);
+  const Currency percurso = fim - Tools::TextoParaMoeda(Campo[kKmInicial]);
+  const Currency custo = Tools::TextoParaMoeda(Campo[kCusto]);
   const bool inteiro = percurso == 0 || (semFim && percurso < 0);
   Titulo[kPercurso].Caption = "Acessório com " + platform::Format(percurso, "###,##0") + " Km";
   Titulo[kCustoPorKm].Caption =
@@ -92,10 +92,10 @@ void Acessorios::LevarCampos() {
   acessorio().Obs = Campo[kObs].Text;
   acessorio().Marca = Campo[kMarca].Text;
   acessorio().Modelo = Campo[kModelo].Text;
-  acessorio().Qtd = Tools::TextoParaMoeda(Campo[kQtd].Text);
-  acessorio().KmInicial = Tools::TextoParaMoeda(Campo[kKmInicial].Text);
-  acessorio().KmFinal = Tools::TextoParaMoeda(Campo[kKmFinal].Text);
-  acessorio().Custo = Tools::TextoParaMoeda(Campo[kCusto].Text);
+  acessorio().Qtd = Tools::TextoParaMoeda(Campo[kQtd]);
+  acessorio().KmInicial = Tools::TextoParaMoeda(Campo[kKmInicial]);
+  acessorio().KmFinal = Tools::TextoParaMoeda(Campo[kKmFinal]);
+  acessorio().Custo = Tools::TextoParaMoeda(Campo[kCusto]);
   acessorio().DataVal = DTPicker2.Value.IsNull() ? Date() : DTPicker2.Value.ToDate();
 }
 

@@ -67,7 +67,7 @@ Gastos::Gastos() : EventForm(kTextos, std::make_unique<clGastos>(), Referencias(
   Linha({{kObs, "Observações", "Obs.", 150}});
 }
 
-Currency Gastos::Valor(int indice) const { return Tools::TextoParaMoeda(Campo[indice].Text); }
+Currency Gastos::Valor(int indice) const { return Tools::TextoParaMoeda(Campo[indice]); }
 
 void Gastos::GuardarDaViatura(const clViaturas& viatura) {
   KmInicial = viatura.KmInicial;

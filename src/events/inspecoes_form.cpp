@@ -40,8 +40,8 @@ void Inspecoes::MostrarCampos() {
 
 void Inspecoes::LevarCampos() {
   inspecao().Obs = Campo[kObs].Text;
-  inspecao().Km = Tools::TextoParaMoeda(Campo[kKm].Text);
-  inspecao().Custo = Tools::TextoParaMoeda(Campo[kCusto].Text);
+  inspecao().Km = Tools::TextoParaMoeda(Campo[kKm]);
+  inspecao().Custo = Tools::TextoParaMoeda(Campo[kCusto]);
 }
 
 void Inspecoes::DepoisDeGravar() {

@@ -71,7 +71,7 @@ void Multas::MostrarCampos() {
 void Multas::LevarCampos() {
   multa().Motorista = Campo[kMotorista].Text;
   multa().Obs = Campo[kObs].Text;
-  multa().Valor = Tools::TextoParaMoeda(Campo[kValor].Text);
+  multa().Valor = Tools::TextoParaMoeda(Campo[kValor]);
   multa().Responsabilidade = Check1.Value == 1 ? 1 : 0;
 }
 

@@ -58,8 +58,8 @@ void Revisoes::MostrarCampos() {
 void Revisoes::LevarCampos() {
   revisao().TipoManut = Campo[kTipoManut].Text;
   revisao().Obs = Campo[kObs].Text;
-  revisao().Km = Tools::TextoParaMoeda(Campo[kKm].Text);
-  revisao().Custo = Tools::TextoParaMoeda(Campo[kCusto].Text);
+  revisao().Km = Tools::TextoParaMoeda(Campo[kKm]);
+  revisao().Custo = Tools::TextoParaMoeda(Campo[kCusto]);
 }
 
 void Revisoes::DepoisDeGravar() {

@@ -86,8 +86,8 @@ void Seguros::LevarCampos() {
   seguro().TipoSeguro = Campo[kTipoSeguro].Text;
   seguro().Companhia = Campo[kCompanhia].Text;
   seguro().Apolice = Campo[kApolice].Text;
-  seguro().Premio = Tools::TextoParaMoeda(Campo[kPremio].Text);
-  seguro().Franquia = Tools::TextoParaMoeda(Campo[kFranquia].Text);
+  seguro().Premio = Tools::TextoParaMoeda(Campo[kPremio]);
+  seguro().Franquia = Tools::TextoParaMoeda(Campo[kFranquia]);
   seguro().Modalidade = static_cast<std::int16_t>(Combo1.ListIndex);
   seguro().DataInicio = DTPicker2.Value.ToDate();
   seguro().Inactiva = Check1.Value == 1 ? 1 : 0;

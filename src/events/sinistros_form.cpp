@@ -46,7 +46,7 @@ void Sinistros::LevarCampos() {
   sinistro().Motorista = Campo[kMotorista].Text;
   sinistro().Obs = Campo[kObs].Text;
   sinistro().LocalAc = Campo[kLocal].Text;
-  sinistro().Custo = Tools::TextoParaMoeda(Campo[kCusto].Text);
+  sinistro().Custo = Tools::TextoParaMoeda(Campo[kCusto]);
   sinistro().Responsavel = Check1.Value == 1 ? 1 : 0;
 }
 

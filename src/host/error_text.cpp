@@ -10,7 +10,7 @@ namespace {
 using platform::RuntimeError;
 
 constexpr int kRowVanished = -2147217864;
-constexpr std::string_view kField = "O campo «";
+constexpr std::string_view kAnyField = "Um dos campos";
 
 /// "%" stands for the name that the words or the source give.
 struct Meaning {
@@ -181,7 +181,7 @@ std::string_view NameFor(const RuntimeError& error) {
   switch (error.number()) {
     case platform::kOverflow:
     case platform::kTypeMismatch:
-      return source.starts_with(kField) ? source : std::string_view{};
+      return source.ends_with("»") ? source : std::string_view{};
     case platform::kFileNotFound:
     case platform::kPathAccess:
     case platform::kMultipleStep:
@@ -204,9 +204,9 @@ std::string OfNumber(const RuntimeError& error, std::string_view name) {
   return known == kOfNumbers.end() ? kOfTheProgram : Filled(known->named, known->unnamed, name);
 }
 
-std::string DetailsOf(const RuntimeError& error) {
+std::string DetailsOf(const RuntimeError& error, const std::string& words) {
   std::string details = "Erro " + std::to_string(error.number());
-  if (!error.description().empty()) details += ": " + error.description();
+  if (!words.empty()) details += ": " + words;
   if (!error.source().empty()) details += "\nOrigem: " + error.source();
   return details;
 }
@@ -215,22 +215,24 @@ std::string DetailsOf(const RuntimeError& error) {
 
 ErrorText TextOf(const RuntimeError& error) {
   const std::string words = error.description();
+  const auto shown = [&](const std::string& message) { return ErrorText{message, DetailsOf(error, words)}; };
   if (!words.empty() && words == RuntimeError::StandardText(error.number()))
-    return {OfNumber(error, NameFor(error)), DetailsOf(error)};
+    return shown(OfNumber(error, NameFor(error)));
   std::string message = OfServer(words, [&](std::string_view known) { return words.starts_with(known); });
-  const std::size_t own = message.empty() ? BeginOfPortuguese(words) : std::string::npos;
-  if (own == 0) {
+  if (!message.empty()) return shown(message);
+  if (const std::size_t own = BeginOfPortuguese(words); own == 0) {
     const bool more = error.source().starts_with("SQLite");  // the engine's own words
-    return {words, more ? DetailsOf({error.number(), "", error.source()}) : ""};
+    return {words, more ? DetailsOf({error.number(), "", ""}, error.source()) : ""};
+  } else if (own != std::string::npos) {
+    return {words.substr(own), DetailsOf(error, words.substr(0, own - 1))};
   }
-  if (own != std::string::npos) message = words.substr(own);
-  if (message.empty())
-    message = OfServer(words, [&](std::string_view known) { return words.find(known) != std::string::npos; });
-  return {message.empty() ? OfNumber(error, NameIn(words)) : message, DetailsOf(error)};
+  message = OfServer(words, [&](std::string_view known) { return words.find(known) != std::string::npos; });
+  return shown(message.empty() ? OfNumber(error, NameIn(words)) : message);
 }
 
 std::string SourceInField(const std::string& caption, const std::string& text) {
-  return std::string(kField) + caption + "» tem «" + text + "»";
+  const std::string field = caption.empty() ? std::string(kAnyField) : "O campo «" + caption + "»";
+  return field + " tem «" + text + "»";
 }
 
 }  // namespace zorCrmParvel

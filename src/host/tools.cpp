@@ -1,11 +1,32 @@
 #include "host/tools.h"
 
+#include "host/error_text.h"
+#include "platform/form.h"
 #include "platform/host.h"
 
 namespace zorCrmParvel::Tools {
 
 using platform::Currency;
 using platform::MsgBox;
+
+namespace {
+
+/// The caption that the layout of the form puts before a field; empty without one.
+std::string LegendaDe(const platform::zor_input& campo) {
+  const auto procura = [&](const platform::LayoutBlock& bloco) -> const platform::Label* {
+    for (const platform::LayoutRow& linha : bloco.rows)
+      for (const platform::LayoutField& lugar : linha)
+        if (lugar.field == &campo) return lugar.caption;
+    return nullptr;
+  };
+  const platform::Layout& layout = campo.form().layout;
+  const platform::Label* legenda = procura(layout.head);
+  for (std::size_t i = 0; legenda == nullptr && i < layout.pages.size(); ++i)
+    legenda = procura(layout.pages[i]);
+  return legenda == nullptr ? std::string() : legenda->Caption;
+}
+
+}  // namespace
 
 int Mensagem(const std::string& campo, const std::string& texto, int tipo) {
   static const std::string kTitulo = "Informação";
@@ -44,6 +65,15 @@ Currency CustoPorKm(Currency a, Currency b) {
 
 Currency TextoParaMoeda(const std::string& texto) {
   return texto.empty() ? Currency() : Currency::Parse(texto);
+}
+
+Currency TextoParaMoeda(const platform::zor_input& campo) {
+  try {
+    return TextoParaMoeda(campo.Text);
+  } catch (const platform::RuntimeError& error) {
+    throw platform::RuntimeError(error.number(), SourceInField(LegendaDe(campo), campo.Text),
+                                 error.description());
+  }
 }
 
 }  // namespace zorCrmParvel::Tools

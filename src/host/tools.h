@@ -4,6 +4,10 @@
 
 #include "platform/currency.h"
 
+namespace platform {
+class zor_input;
+}
+
 /// The few functions that fichas, lists and alerts share.
 namespace zorCrmParvel::Tools {
 
@@ -25,5 +29,7 @@ platform::Currency CustoPorKm(platform::Currency a, platform::Currency b);
 
 /// 0 for an empty text. Error 13 for a text that is no number, blanks included.
 platform::Currency TextoParaMoeda(const std::string& texto);
+/// The same of a field's text; the source of the error names the field and the text.
+platform::Currency TextoParaMoeda(const platform::zor_input& campo);
 
 }  // namespace zorCrmParvel::Tools

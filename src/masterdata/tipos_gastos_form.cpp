@@ -39,7 +39,7 @@ void TiposGastos::LerFicha() {
 void TiposGastos::LevarCampos() {
   CodeTableForm::LevarCampos();
   tipo().Combustivel = Check1.Value == 1 ? 1 : 0;
-  tipo().CustoUnit = Tools::TextoParaMoeda(Campo[2].Text);
+  tipo().CustoUnit = Tools::TextoParaMoeda(Campo[2]);
 }
 
 void TiposGastos::Limparform() {

@@ -128,12 +128,12 @@ void Viaturas::Gravar() {
   viatura_.Matricula = Campo[0].Text;
   for (std::size_t i = 0; i < kCamposDaViatura.size(); ++i) {
     const CampoDaViatura& campo = kCamposDaViatura[i];
-    const std::string& texto = Campo[static_cast<int>(i)].Text;
-    if (campo.texto != nullptr) viatura_.*campo.texto = texto;
-    if (campo.numero != nullptr) viatura_.*campo.numero = Tools::TextoParaMoeda(texto);
+    const platform::zor_input& lido = Campo[static_cast<int>(i)];
+    if (campo.texto != nullptr) viatura_.*campo.texto = lido.Text;
+    if (campo.numero != nullptr) viatura_.*campo.numero = Tools::TextoParaMoeda(lido);
   }
   viatura_.Responsavel = Campo[11].Text;
-  viatura_.AnoMatricula = platform::ToInteger(Tools::TextoParaMoeda(Campo[24].Text).ToWhole());
+  viatura_.AnoMatricula = platform::ToInteger(Tools::TextoParaMoeda(Campo[24]).ToWhole());
   viatura_.ValContrato = DataOuZero(0);
   viatura_.DataKmInicial = DTPicker1[1].Value.ToDate();
   viatura_.DataMatricula = DTPicker1[3].Value.ToDate();

@@ -46,7 +46,7 @@ void Viaturas::ValidarAno(bool& cancel) {
     cancel = true;
     return;
   }
-  const platform::Currency ano = Tools::TextoParaMoeda(texto);
+  const platform::Currency ano = Tools::TextoParaMoeda(Campo[24]);
   if (ano >= 1951 && ano < platform::Today().year()) return;
   Tools::Mensagem("", "Valor inválido!", Tools::kAviso);
   cancel = true;

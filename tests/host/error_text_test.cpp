@@ -89,7 +89,7 @@ TEST(TextOf, LeavesWhatIsPortugueseAsItIs) {
       "isto. Peça ao administrador.");
   EXPECT_EQ(TextOf(advised).message, "O utilizador não tem permissão para isto. Peça ao administrador.");
   EXPECT_EQ(TextOf(advised).details,
-            "Erro -2147217900: " + advised.description() + "\nOrigem: ODBC 42000/229");
+            "Erro -2147217900: The SELECT permission was denied on 'é. ã'.\nOrigem: ODBC 42000/229");
 }
 
 }  // namespace
