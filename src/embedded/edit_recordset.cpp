@@ -1,5 +1,7 @@
 #include "embedded/edit_recordset.h"
 
+#include "platform/stored_dates.h"
+
 namespace embedded {
 namespace {
 
@@ -64,6 +66,7 @@ void EditRecordset::RowRead(sqlite3_stmt* statement) {
 }
 
 std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
+  platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/runtime_error.h"
+#include "platform/stored_dates.h"
 #include "platform/text.h"
 #include "sqlserver/dialect.h"
 
@@ -47,6 +48,7 @@ void EditRecordset::Read(ResultReader& result) {
 }
 
 std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
+  platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;

@@ -55,6 +55,25 @@ TEST_P(RecordsetContract, ValuesOfEveryTypeComeBackAsTheyWent) {
   }
 }
 
+TEST_P(RecordsetContract, ADateThatNoColumnHoldsIsRefusedWithItsName) {
+  const Date first = Date::FromParts(1753, 1, 1);
+  const Date last = Date::FromParts(9999, 12, 31, 23, 59, 59);
+  EXPECT_EQ(Stored("Data", first), Variant(first));
+  EXPECT_EQ(Stored("Data", last), Variant(last));
+  const std::string words =
+      "-2147217887: A data de «Data» tem de estar entre 01-01-1753 e 31-12-9999, e nada foi gravado. "
+      "Corrija-a "
+      "e tente de novo.";
+  const RecordsetRef rows = Edit("SELECT * FROM PT_Tudo ORDER BY Id");
+  for (const Date date : {Date::FromParts(202, 1, 24), Date::FromSeconds(first.seconds() - 1),
+                          Date::FromSeconds(last.seconds() + 1)}) {
+    EXPECT_EQ(ErrorOf([&] { Stored("Data", date); }), words);
+    rows->Fields("Data").SetValue(date);
+    EXPECT_EQ(ErrorOf([&] { rows->Update(); }), words);
+  }
+  EXPECT_EQ(Open("SELECT * FROM PT_Tudo")->RecordCount(), 2);
+}
+
 TEST_P(RecordsetContract, ARowIsWrittenWholeInTheTypesOfItsColumns) {
   const Currency loss = Currency::FromTenThousandths(-5);
   const Date evening = Date::FromParts(1899, 12, 29, 23, 0, 0);
