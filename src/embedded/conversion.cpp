@@ -1,5 +1,6 @@
 #include "embedded/conversion.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -8,12 +9,14 @@
 
 #include "embedded/date_text.h"
 #include "embedded/server_error.h"
+#include "platform/stored_dates.h"
 #include "platform/text.h"
 
 namespace embedded {
 namespace {
 
 constexpr std::int64_t kUnit = 10000;
+__extension__ using Wide = __int128;
 
 std::string_view Trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
@@ -50,7 +53,7 @@ std::int64_t ReadWhole(std::string_view text, Kind kind, const char* textType) {
   return WholeToKind(negative ? -value : value, kind);
 }
 
-/// A number with at most one point, in ten-thousandths, rounded at the fifth decimal.
+/// A number with at most one point.
 std::int64_t ReadMoney(std::string_view text) {
   std::string digits;
   for (const char c : Trimmed(text))
@@ -62,10 +65,7 @@ std::int64_t ReadMoney(std::string_view text) {
   const bool number = rest.find_first_not_of("0123456789.") == std::string_view::npos &&
                       decimals.find('.') == std::string_view::npos && (rest.empty() || rest != ".");
   if (!number) Refuse("Cannot convert a char value to money. The char value has incorrect syntax.");
-  std::int64_t money = 0;
-  if (!TenThousandthsOf(rest, money)) Overflow(Kind::kMoney);
-  if (decimals.size() > 4 && decimals[4] >= '5' && money < std::numeric_limits<std::int64_t>::max()) ++money;
-  return negative ? -money : money;
+  return NumberToStored(rest, negative, Kind::kMoney);
 }
 
 }  // namespace
@@ -96,22 +96,48 @@ double NumberOf(std::string_view digits) {
   return value;
 }
 
-bool TenThousandthsOf(std::string_view digits, std::int64_t& out) {
-  std::int64_t value = 0;
+bool TenThousandthsOf(std::string_view digits, bool negative, std::int64_t& out) {
+  const Wide largest = Wide{std::numeric_limits<std::int64_t>::max()} + (negative ? 1 : 0);
+  Wide units = 0;
   int decimals = -1;  // none seen
   for (const char c : digits) {
     if (c == '.') {
       decimals = 0;
     } else if (decimals < 4) {
-      if (__builtin_mul_overflow(value, 10, &value) || __builtin_add_overflow(value, c - '0', &value))
-        return false;
+      units = units * 10 + (c - '0');
+      if (units > largest) return false;
       if (decimals >= 0) ++decimals;
+    } else {
+      if (c >= '5') ++units;
+      break;
     }
   }
-  for (int i = decimals < 0 ? 0 : decimals; i < 4; ++i)
-    if (__builtin_mul_overflow(value, 10, &value)) return false;
-  out = value;
+  for (int i = decimals < 0 ? 0 : decimals; i < 4; ++i) units *= 10;
+  if (units > largest) return false;
+  out = static_cast<std::int64_t>(negative ? -units : units);
   return true;
+}
+
+std::int64_t NumberToStored(std::string_view digits, bool negative, Kind kind) {
+  std::int64_t value = 0;
+  if (kind == Kind::kMoney) {
+    if (!TenThousandthsOf(digits, negative, value)) Overflow(kind);
+    return value;
+  }
+  if (kind == Kind::kBit) return digits.find_first_of("123456789") != std::string_view::npos ? 1 : 0;
+  const std::string_view whole = digits.substr(0, digits.find('.'));
+  if (std::from_chars(whole.data(), whole.data() + whole.size(), value).ec == std::errc::result_out_of_range)
+    Overflow(kind);
+  if (negative) value = -value;
+  return kind == Kind::kDate ? DaysToDate(value) : WholeToKind(value, kind);
+}
+
+std::string NumberToText(std::string_view digits, bool negative) {
+  const bool zero = digits.find_first_of("123456789") == std::string_view::npos;
+  while (digits.starts_with('0')) digits.remove_prefix(1);
+  if (digits.ends_with('.')) digits.remove_suffix(1);
+  const bool pointFirst = digits.empty() || digits.front() == '.';
+  return (negative && !zero ? "-" : "") + std::string(pointFirst ? "0" : "").append(digits);
 }
 
 std::int64_t MoneyToWhole(std::int64_t money, Kind kind) {
@@ -133,6 +159,15 @@ std::int64_t WholeToKind(std::int64_t value, Kind kind) {
                                             : value == static_cast<std::int32_t>(value);
   if (!fits) Overflow(kind);
   return value;
+}
+
+std::int64_t DaysToDate(std::int64_t days) {
+  constexpr std::int64_t kFirstOf1900 = 2;
+  constexpr std::int64_t kMostDays = 10'000'000;
+  const platform::Date date =
+      platform::Date().AddDays(std::clamp(days, -kMostDays, kMostDays) + kFirstOf1900);
+  if (!platform::FitsDatetime(date)) Overflow(Kind::kDate);
+  return date.seconds();
 }
 
 std::string MoneyToText(std::int64_t money) {

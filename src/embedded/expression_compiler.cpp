@@ -83,6 +83,11 @@ std::string Infix(const std::string& left, const char* op, const std::string& ri
          " operator.");
 }
 
+/// True for what leaves a decimal number beside it one.
+bool MayBeDecimal(const Typed& value) {
+  return value.isDecimal || IsWhole(value.kind) || value.kind == Kind::kNull;
+}
+
 Kind KindOfNumber(std::string_view digits) {
   const LiteralClass kind = ClassOfNumber(digits);
   if (kind == LiteralClass::kInteger) return Kind::kInt;
@@ -108,6 +113,7 @@ Typed ExpressionCompiler::Compile(const tsql::Literal& literal) {
   const bool number =
       literal.kind == tsql::Literal::Kind::kInteger || literal.kind == tsql::Literal::Kind::kDecimal;
   value.kind = number ? KindOfNumber(literal.value) : Kind::kText;
+  value.isDecimal = number && value.kind != Kind::kInt;
   value.width = SizeOf(value.kind);
   if (!number) value.width = keepWidths_ ? static_cast<long>(platform::Length(literal.value)) : kWidestText;
   value.nullable = false;
@@ -125,9 +131,13 @@ Typed ExpressionCompiler::Compile(const tsql::Unary& unary) {
   Typed value = Value(*unary.operand);
   if (unary.kind != tsql::Unary::Kind::kMinus) return value;
   if (value.kind != Kind::kNull && !IsNumber(value.kind)) RefuseOperand(value.kind, "minus");
-  value.sql = "(-" + value.sql + ")";
-  value.parameter.reset();
   value.isColumn = false;
+  if (value.parameter) {
+    bool& negative = parameters_[*value.parameter].negative;
+    negative = !negative;
+  } else {
+    value.sql = "(-" + value.sql + ")";
+  }
   return value;
 }
 
@@ -140,13 +150,13 @@ Typed ExpressionCompiler::Compile(const tsql::Binary& binary) {
 }
 
 Typed ExpressionCompiler::Fixed(Typed value, const tsql::Expression& expression) {
-  if (!value.parameter) return value;
+  const auto* literal = std::get_if<tsql::Literal>(&expression.node);
+  if (!value.parameter || literal == nullptr) return value;
   parameters_[*value.parameter].fixedValue = true;
-  const auto& literal = std::get<tsql::Literal>(expression.node);
-  const bool number = value.kind == Kind::kInt && literal.kind == tsql::Literal::Kind::kInteger;
-  const bool text = value.kind == Kind::kText && literal.value.find('\0') == std::string::npos;
+  const bool number = value.kind == Kind::kInt && literal->kind == tsql::Literal::Kind::kInteger;
+  const bool text = value.kind == Kind::kText && literal->value.find('\0') == std::string::npos;
   if (!writeOut_ || (!number && !text)) return value;
-  value.sql = number ? literal.value : QuotedText(literal.value);
+  value.sql = number ? literal->value : QuotedText(literal->value);
   value.parameter.reset();
   return value;
 }
@@ -168,6 +178,7 @@ Typed ExpressionCompiler::Concatenated(const Typed& left, const Typed& right) {
 
 Typed ExpressionCompiler::Arithmetic(Operator op, Typed left, Typed right) {
   const Kind kind = CommonKind(left.kind, right.kind);
+  const bool decimal = (left.isDecimal || right.isDecimal) && MayBeDecimal(left) && MayBeDecimal(right);
   left = Coerce(std::move(left), kind, parameters_);
   right = Coerce(std::move(right), kind, parameters_);
   const bool sum = op == Operator::kAdd || op == Operator::kSubtract;
@@ -179,23 +190,29 @@ Typed ExpressionCompiler::Arithmetic(Operator op, Typed left, Typed right) {
   value.kind = IsWhole(kind) ? Kind::kInt : kind;
   value.width = SizeOf(value.kind);
   value.nullable = left.nullable || right.nullable;
+  value.isDecimal = decimal;
   if (const char* function = FunctionOf(op, kind); function != nullptr) {
     value.sql = Call(function, left.sql, right.sql);
   } else {
     value.sql = Infix(left.sql, SqlOf(op), right.sql);
   }
   // Dates add up as days since 01-01-1900.
-  if (kind == Kind::kDate) value.sql = Infix(value.sql, op == Operator::kAdd ? " - " : " + ", "172800");
+  if (kind == Kind::kDate)
+    value.sql = Call("sv_date", value.sql, op == Operator::kAdd ? "-172800" : "172800");
   return value;
 }
 
 Typed ExpressionCompiler::Unified(std::vector<Typed>& values) {
   Typed common;
   common.nullable = false;
+  bool decimal = true;
   for (const Typed& value : values) {
     common.kind = CommonKind(common.kind, value.kind);
     common.nullable = common.nullable || value.nullable;
+    common.isDecimal = common.isDecimal || value.isDecimal;
+    decimal = decimal && MayBeDecimal(value);
   }
+  common.isDecimal = common.isDecimal && decimal;
   for (Typed& value : values) {
     value = Coerce(std::move(value), common.kind, parameters_);
     common.width = std::max(common.width, value.width);
@@ -247,10 +264,7 @@ std::string ExpressionCompiler::Test(const tsql::Unary& unary) {
 }
 
 std::string ExpressionCompiler::Test(const tsql::Binary& binary) {
-  if (binary.op == Operator::kAnd || binary.op == Operator::kOr) {
-    std::string left = Condition(*binary.left);
-    return Infix(left, SqlOf(binary.op), Condition(*binary.right));
-  }
+  if (binary.op == Operator::kAnd || binary.op == Operator::kOr) return "(" + Joined(binary) + ")";
   if (binary.op == Operator::kLike || binary.op == Operator::kNotLike) {
     const Typed text = Text(*binary.left);
     const std::string like = Call("sv_like", text.sql, Text(*binary.right).sql);
@@ -258,6 +272,13 @@ std::string ExpressionCompiler::Test(const tsql::Binary& binary) {
   }
   Typed left = Value(*binary.left);
   return Compare(binary.op, std::move(left), Value(*binary.right));
+}
+
+// A long chain stays flat: SQLite reads few brackets within one another.
+std::string ExpressionCompiler::Joined(const tsql::Binary& binary) {
+  const auto* left = std::get_if<tsql::Binary>(&binary.left->node);
+  std::string sql = left != nullptr && left->op == binary.op ? Joined(*left) : Condition(*binary.left);
+  return sql.append(SqlOf(binary.op)).append(Condition(*binary.right));
 }
 
 std::string ExpressionCompiler::Test(const tsql::InList& list) {

@@ -45,6 +45,8 @@ class ExpressionCompiler {
   template <typename Node>
   std::string Test(const Node& node);
 
+  /// Conditions joined by AND or OR, without the brackets around them.
+  std::string Joined(const tsql::Binary& binary);
   std::string Compare(tsql::Operator op, Typed left, Typed right);
   Typed Arithmetic(tsql::Operator op, Typed left, Typed right);
   Typed Concatenated(const Typed& left, const Typed& right);

@@ -10,6 +10,7 @@
 #include "embedded/server_error.h"
 #include "embedded/sqlite.h"
 #include "embedded/value_kind.h"
+#include "platform/stored_dates.h"
 #include "platform/text.h"
 
 namespace embedded {
@@ -54,6 +55,18 @@ void MoneyText(Context context, Arguments a) {
 
 void DateText(Context context, Arguments a) {
   ReturnText(context, DateToText(sqlite3_value_int64(a[0]), sqlite3_value_int(a[1])));
+}
+
+void DaysDate(Context context, Arguments a) {
+  sqlite3_result_int64(context, DaysToDate(WholeOf(a[0], Kind::kDate)));
+}
+
+/// A moment moved by seconds, which must be a date.
+void MovedDate(Context context, Arguments a) {
+  const std::int64_t moved = WholeOf(a[0], Kind::kDate) + sqlite3_value_int64(a[1]);
+  if (!platform::FitsDatetime(platform::Date::FromSeconds(moved)))
+    Refuse("Adding a value to a 'datetime' column caused an overflow.");
+  sqlite3_result_int64(context, moved);
 }
 
 void LeftText(Context context, Arguments a) {
@@ -147,6 +160,8 @@ constexpr Function kFunctions[] = {
     {"sv_convert", 3, &Guarded<&Convert>},
     {"sv_money_text", 1, &Guarded<&MoneyText>},
     {"sv_date_text", 2, &Guarded<&DateText>},
+    {"sv_days_date", 1, &Guarded<&DaysDate>},
+    {"sv_date", 2, &Guarded<&MovedDate>},
     {"sv_left", 2, &Guarded<&LeftText>},
     {"sv_len", 1, &Guarded<&TextLength>},
     {"sv_fit", 2, &Guarded<&FitText>},

@@ -57,7 +57,15 @@ std::string SelectCompiler::OrderTerm(const tsql::Expression& expression, const 
         "EXCEPT "
         "operator, or if SELECT DISTINCT is specified.");
   ExpressionCompiler expressions(first.scope, parameters_);
-  return Collated(expressions.Value(expression));
+  std::string sql = Collated(expressions.Value(expression));
+  if (expressions.sawAggregate() && !first.aggregate)
+    Refuse("An aggregate may not appear in the ORDER BY clause of rows that are not summed up.");
+  if (first.aggregate && !expressions.loneColumn().empty())
+    Refuse(
+        "Column '" + expressions.loneColumn() +
+        "' is invalid in the ORDER BY clause because it is not contained in either an aggregate function or "
+        "the GROUP BY clause.");
+  return sql;
 }
 
 /// A number in the clause is the place of a column.

@@ -17,9 +17,10 @@ struct Parameter {
   Kind kind = Kind::kText;
   bool inTenThousandths = false;  // a double to be compared with money
   bool fixedValue = false;        // the compiled statement holds for this value of the literal alone
+  bool negative = false;          // a number behind a minus
 };
 
-/// The parameters of one compiled statement, in the order of their numbers.
+/// The parameters of a statement while it is compiled, in the order of their numbers.
 class Parameters {
  public:
   /// Adds one and returns its index.
@@ -40,7 +41,7 @@ struct Arguments {
   std::int64_t now = 0;  // seconds since 30-12-1899
 };
 
-/// Binds all parameters; a literal that can't be read as its kind raises error -2147217900.
+/// Binds all parameters, in the order in which they stand in the SQL; a literal that can't be read as its kind raises error -2147217900.
 void Bind(const SqliteStatement& target, const std::vector<Parameter>& parameters,
           const Arguments& arguments);
 

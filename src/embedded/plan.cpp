@@ -1,6 +1,7 @@
 #include "embedded/plan.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "embedded/select_compiler.h"
 #include "embedded/server_error.h"
@@ -12,6 +13,36 @@ namespace {
 
 std::string_view WrittenValue(const LiteralSpan& literal, const std::string& statement) {
   return std::string_view{statement}.substr(literal.begin, literal.length);
+}
+
+/// The SQL with plain question marks, the parameters in their order: SQLite looks a number up among all.
+std::string InOrder(const std::string& sql, const Parameters& numbered, std::vector<Parameter>& inOrder) {
+  std::string plain;
+  char quote = '\0';
+  for (const char* at = sql.data(); at != sql.data() + sql.size(); ++at) {
+    plain += *at;
+    if (quote != '\0' || *at == '\'' || *at == '"') {
+      quote = quote == '\0' ? *at : *at == quote ? '\0' : quote;
+    } else if (*at == '?') {
+      std::size_t number = 0;
+      at = std::from_chars(at + 1, sql.data() + sql.size(), number).ptr - 1;
+      inOrder.push_back(numbered.all()[number - 1]);
+    }
+  }
+  return plain;
+}
+
+/// SQLite refuses what is sound only when it is more than it takes: brackets, tables, parameters.
+SqliteStatement Prepared(sqlite3* connection, const std::string& sql) {
+  try {
+    return {connection, sql};
+  } catch (const platform::RuntimeError& error) {
+    const std::string words = error.description();
+    for (const char* limit : {"too many ", "too large", "too big", "at most ", "stack overflow"})
+      if (error.number() == platform::kStatementRefused && words.find(limit) != std::string::npos)
+        RefuseAsTooComplex();
+    throw;
+  }
 }
 
 /// Compiles a statement of any kind; only a SELECT has more than SQL.
@@ -45,8 +76,7 @@ Plan::Plan(sqlite3* connection, const tsql::Catalog& catalog, const std::string&
   for (const platform::FieldInfo& field : fields_) fieldTypes_.push_back(field.type);
   table_ = compiled.table;
   columns_ = std::move(compiled.columns);
-  rows_ = SqliteStatement(connection, compiled.sql);
-  parameters_ = parameters.all();
+  rows_ = Prepared(connection, InOrder(compiled.sql, parameters, parameters_));
   asksClock_ =
       std::any_of(parameters_.begin(), parameters_.end(), [](const Parameter& p) { return !p.literal; });
   KeepFixedLiterals(statement, literals);
@@ -55,11 +85,11 @@ Plan::Plan(sqlite3* connection, const tsql::Catalog& catalog, const std::string&
 // A literal that did not become a parameter is part of the SQL: the number of TOP, a width, a style, an
 // alias.
 void Plan::KeepFixedLiterals(const std::string& statement, const std::vector<LiteralSpan>& literals) {
-  for (std::size_t i = 0; i < literals.size(); ++i) {
-    const bool varies = std::any_of(parameters_.begin(), parameters_.end(),
-                                    [i](const Parameter& p) { return p.literal == i && !p.fixedValue; });
-    if (!varies) fixed_.push_back({i, std::string(WrittenValue(literals[i], statement))});
-  }
+  std::vector<bool> varies(literals.size());
+  for (const Parameter& parameter : parameters_)
+    if (parameter.literal && !parameter.fixedValue) varies[*parameter.literal] = true;
+  for (std::size_t i = 0; i < literals.size(); ++i)
+    if (!varies[i]) fixed_.push_back({i, std::string(WrittenValue(literals[i], statement))});
 }
 
 bool Plan::Takes(const std::string& statement, const std::vector<LiteralSpan>& literals) const {
@@ -81,7 +111,9 @@ std::int64_t Plan::Count(sqlite3* connection, const tsql::Catalog& catalog) {
     const tsql::StatementNode node = tsql::ParseStatement(text_);
     Parameters parameters;
     const std::string sql = SelectCompiler(catalog, parameters).Count(std::get<tsql::Select>(node));
-    counter_ = std::make_unique<Counter>(Counter{SqliteStatement(connection, sql), parameters.all()});
+    std::vector<Parameter> inOrder;
+    SqliteStatement statement = Prepared(connection, InOrder(sql, parameters, inOrder));
+    counter_ = std::make_unique<Counter>(Counter{std::move(statement), std::move(inOrder)});
   }
   Bind(counter_->statement, counter_->parameters, RunArguments());
   const std::int64_t count = counter_->statement.Step() ? counter_->statement.Number(0) : 0;

@@ -12,7 +12,7 @@ std::shared_ptr<Plan> PlanCache::Begin(const std::string& statement, Plan::Use u
   return plan;
 }
 
-const std::shared_ptr<Plan>& PlanCache::Find(const std::string& statement, Plan::Use use) {
+std::shared_ptr<Plan> PlanCache::Find(const std::string& statement, Plan::Use use) {
   const auto found = entries_.find(std::string_view{shape_.key()});
   if (found != entries_.end()) {
     found->second.lastUse = ++uses_;
@@ -20,6 +20,7 @@ const std::shared_ptr<Plan>& PlanCache::Find(const std::string& statement, Plan:
       if (plan.use_count() == 1 && plan->Takes(statement, shape_.literals())) return plan;
   }
   auto plan = std::make_shared<Plan>(connection_, catalog_, statement, shape_.literals(), use);
+  if (shape_.key().size() > kLargestKey) return plan;
   if (found == entries_.end()) MakeRoom();
   Entry& entry = entries_[shape_.key()];
   entry.lastUse = ++uses_;

@@ -24,6 +24,7 @@ class PlanCache {
  private:
   static constexpr std::size_t kMostShapes = 256;
   static constexpr std::size_t kMostPlansOfAShape = 8;
+  static constexpr std::size_t kLargestKey = 32 * 1024;  // bytes; a longer statement is compiled each time
 
   struct Entry {
     std::vector<std::shared_ptr<Plan>> plans;  // of one shape, apart in their fixed literals
@@ -34,7 +35,7 @@ class PlanCache {
     std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
   };
 
-  const std::shared_ptr<Plan>& Find(const std::string& statement, Plan::Use use);
+  std::shared_ptr<Plan> Find(const std::string& statement, Plan::Use use);
   void MakeRoom();
 
   sqlite3* connection_;

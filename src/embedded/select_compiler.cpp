@@ -8,6 +8,10 @@
 namespace embedded {
 namespace {
 
+// What SQLite takes, less the column that a union and an edit add.
+constexpr std::size_t kMostSelects = 500;
+constexpr std::size_t kMostColumns = 1999;
+
 std::string Alias(std::size_t item) { return "c" + std::to_string(item); }
 
 /// "SELECT c0, c1, … FROM (inner)".
@@ -135,8 +139,14 @@ std::string SelectCompiler::LimitOf(const Core& core) {
 }
 
 std::vector<SelectCompiler::Core> SelectCompiler::CompileCores(const tsql::Select& select) {
+  if (select.cores.size() > kMostSelects) RefuseAsTooComplex();
   std::vector<Core> cores;
-  for (const tsql::SelectCore& core : select.cores) cores.push_back(CompileCore(core));
+  for (const tsql::SelectCore& core : select.cores) {
+    cores.push_back(CompileCore(core));
+    if (cores.back().items.size() > kMostColumns)
+      Refuse("The number of elements in the select list exceeds the maximum allowed number of " +
+             std::to_string(kMostColumns) + " elements.");
+  }
   UnifyKinds(cores);
   return cores;
 }
@@ -172,18 +182,22 @@ std::string SelectCompiler::OrderedUnion(const tsql::Select& select, const std::
 }
 
 // Of equal rows the first stays: SQLite takes the other columns from the row in which `min` found its value.
+// The last UNION without ALL makes all before it distinct.
 std::string SelectCompiler::UnionSql(const tsql::Select& select, const std::vector<Core>& cores,
                                      const std::vector<Order>& byAllColumns) {
   std::string columns;
   for (std::size_t i = 0; i < cores.front().items.size(); ++i) columns += Alias(i) + ", ";
   std::string key;
   for (const Order& order : byAllColumns) key += (key.empty() ? "" : ", ") + order.sql;
+  const auto all = select.unionAll.rbegin();
+  const auto distinct =
+      static_cast<std::size_t>(select.unionAll.rend() - std::find(all, select.unionAll.rend(), false));
   std::string sql;
   for (std::size_t i = 0; i < cores.size(); ++i) {
     if (i > 0) sql += " UNION ALL ";
     sql += "SELECT *, " + std::to_string(i) + " AS core FROM (" + Sql(cores[i]) + LimitOf(cores[i]) + ")";
-    const bool distinct = i > 0 && !select.unionAll[i - 1];
-    if (distinct) sql.insert(0, "SELECT " + columns + "min(core) AS core FROM (").append(") GROUP BY " + key);
+    if (i > 0 && i == distinct)
+      sql.insert(0, "SELECT " + columns + "min(core) AS core FROM (").append(") GROUP BY " + key);
   }
   return sql;
 }

@@ -12,4 +12,11 @@ namespace embedded {
   throw platform::RuntimeError(platform::kStatementRefused, "", words);
 }
 
+/// The words for a statement that is sound, but more than the engine takes.
+[[noreturn]] inline void RefuseAsTooComplex() {
+  Refuse(
+      "The query processor ran out of internal resources and could not produce a query plan. Please simplify "
+      "the query.");
+}
+
 }  // namespace embedded

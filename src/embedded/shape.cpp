@@ -20,7 +20,7 @@ LiteralClass ClassOfNumber(std::string_view digits) {
   if (whole && digits.size() < 10) return LiteralClass::kInteger;
   std::int64_t money = 0;
   const bool exact = whole || digits.find_last_not_of('0') <= point + 4;
-  if (!exact || !TenThousandthsOf(digits, money)) return LiteralClass::kReal;
+  if (!exact || !TenThousandthsOf(digits, false, money)) return LiteralClass::kReal;
   constexpr std::int64_t kLargest = std::int64_t{std::numeric_limits<std::int32_t>::max()} * 10000;
   return whole && money <= kLargest ? LiteralClass::kInteger : LiteralClass::kMoney;
 }

@@ -26,9 +26,9 @@ std::string TextSql(const Typed& value) {
   return "CAST(" + value.sql + " AS TEXT)";
 }
 
-std::string ConvertedByFunction(const Typed& value, Kind to) {
-  return "sv_convert(" + value.sql + ", " + Number(static_cast<long>(value.kind)) + ", " +
-         Number(static_cast<long>(to)) + ")";
+std::string ConvertedByFunction(const std::string& sql, Kind from, Kind to) {
+  return "sv_convert(" + sql + ", " + Number(static_cast<long>(from)) + ", " + Number(static_cast<long>(to)) +
+         ")";
 }
 
 /// The SQL of a conversion between two different kinds, neither of them null.
@@ -39,14 +39,16 @@ std::string ConvertedSql(const Typed& value, Kind to) {
   const bool fractionToDate = to == Kind::kDate && (from == Kind::kMoney || from == Kind::kFloat);
   if (bytes || dateToNumber || fractionToDate) RefuseConversion(from, to);
   if (to == Kind::kText) return TextSql(value);
-  if (from == Kind::kText) return ConvertedByFunction(value, to);
+  if (from == Kind::kText) return ConvertedByFunction(value.sql, from, to);
   if (to == Kind::kBit) return "(" + value.sql + " <> 0)";
-  if (to == Kind::kDate) return "(" + value.sql + " * 86400 + 172800)";
+  if (to == Kind::kDate) return "sv_days_date(" + value.sql + ")";
   if (to == Kind::kFloat)
     return from == Kind::kMoney ? "(" + value.sql + " / 10000.0)" : "CAST(" + value.sql + " AS REAL)";
   if (IsWhole(from) && to == Kind::kMoney) return "(" + value.sql + " * 10000)";
   if (IsWhole(from) && from < to) return value.sql;
-  return ConvertedByFunction(value, to);
+  if (value.isDecimal && from == Kind::kMoney)
+    return ConvertedByFunction("(" + value.sql + " / 10000)", Kind::kInt, to);
+  return ConvertedByFunction(value.sql, from, to);
 }
 
 Typed FromLiteral(Typed value, Kind to, Parameters& parameters) {
@@ -97,6 +99,7 @@ Typed Coerce(Typed value, Kind to, Parameters& parameters) {
   }
   value.width = to == Kind::kText ? (from == Kind::kNull ? 0 : TextWidth(value)) : SizeOf(to);
   value.kind = to;
+  value.isDecimal = false;
   return value;
 }
 
@@ -111,9 +114,14 @@ Typed Convert(Typed value, const tsql::Type& type, std::optional<int> style, Par
   } else {
     value = Coerce(std::move(value), to, parameters);
   }
-  if (to != Kind::kText || from == Kind::kNull) return value;
+  value.isDecimal = false;
+  if (to != Kind::kText || from == Kind::kNull) {
+    value.parameter.reset();  // its kind is settled
+    return value;
+  }
   value = Narrowed(std::move(value), from, type.width);
   value.width = type.width;
+  value.parameter.reset();
   return value;
 }
 

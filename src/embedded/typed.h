@@ -18,6 +18,7 @@ struct Typed {
   long width = 0;  // of text in characters, of anything else in bytes
   bool nullable = true;
   bool isColumn = false;                 // a plain column, which carries its collation
+  bool isDecimal = false;                // written with decimals, or made of such: cut to become whole
   std::optional<std::size_t> parameter;  // set when the value is one literal and nothing else
 };
 

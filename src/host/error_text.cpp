@@ -83,6 +83,7 @@ constexpr const char* kTooLarge =
 constexpr const char* kDuplicate =
     "Já há um registo com o mesmo código, e nada foi gravado. Escolha outro código, ou abra o registo que já "
     "existe.";
+constexpr const char* kTooComplex = "O pedido é grande de mais para a base de dados. Peça menos de cada vez.";
 constexpr const char* kNotReadable =
     "A base de dados não consegue ler um dos textos como número ou data. Corrija-o e tente de novo.";
 
@@ -109,8 +110,9 @@ constexpr std::array kOfServer{
           "Há outros registos que usam este, e por isso não foi removido. Remova-os primeiro."},
     Words{"statement conflicted with", nullptr,
           "O registo indica um código que não existe, e nada foi gravado. Escolha um dos que existem."},
-    Words{"nested too deeply", nullptr,
-          "O pedido é grande de mais para a base de dados. Peça menos de cada vez."},
+    Words{"nested too deeply", nullptr, kTooComplex},
+    Words{"ran out of internal resources", nullptr, kTooComplex},
+    Words{"exceeds the maximum allowed number", nullptr, kTooComplex},
     Words{"attempt to write a readonly database", nullptr,
           "A base de dados só permite leitura e nada foi gravado. Verifique as permissões do ficheiro e da "
           "pasta."},

@@ -37,6 +37,10 @@ class ExpressionTest : public EngineTest {
 
 TEST_F(ExpressionTest, Texts) {
   ExpectValues({{"Nome + ' x'", "Ávila x"},
+                {"Nome + CAST('x' AS nvarchar(5))", "Ávilax"},
+                {"Nome + +'x'", "Ávilax"},
+                {"LEFT(Nome, CAST('2' AS int))", "Áv"},
+                {"LEFT(Nome, +2)", "Áv"},
                 {"Nome + NULL", "NULL"},
                 {"Nome + Notas", "NULL"},
                 {"'it''s'", "it's"},
@@ -61,6 +65,25 @@ TEST_F(ExpressionTest, Numbers) {
                 {"cast('' as int)", "0"},
                 {"cast(Razao as int)", "0"},
                 {"cast('true' as bit)", "True"},
+                {"cast(5.9 as int)", "5"},
+                {"cast(-5.9 as int)", "-5"},
+                {"cast(-(-5.9) as smallint)", "5"},
+                {"cast(5.99999999999999999999 as int)", "5"},
+                {"cast(COALESCE(NULL, 5.9, 1) as int)", "5"},
+                {"cast(CASE WHEN Km = 7 THEN 5.9 ELSE Km END as int)", "5"},
+                {"cast(2.5 + 3.4 as int)", "5"},
+                {"cast(CASE WHEN Km = 7 THEN 5.9 ELSE Valor END as int)", "6"},
+                {"cast(-0.4 as bit)", "True"},
+                {"cast(-007.50 as nvarchar(10))", "-7.50"},
+                {"cast(.5 as nvarchar(10))", "0.5"},
+                {"cast(CAST(5.5 AS money) AS int)", "6"},
+                {"cast(CAST(-5.5 AS money) AS int)", "-6"},
+                {"cast(CAST(5.7 AS int) AS money)", "5"},
+                {"cast(CAST(300 AS bit) AS int)", "1"},
+                {"cast(CAST(5.55 AS money) AS nvarchar(10))", "5.55"},
+                {"cast(CAST('12' AS money) AS nvarchar(10))", "12.00"},
+                {"cast(CAST('abc' AS nvarchar(2)) AS nvarchar(5))", "ab"},
+                {"CONVERT(nvarchar(10), CAST('2024.1.2' AS datetime), 105)", "02-01-2024"},
                 {"cast(Km as bit)", "True"},
                 {"cast(Km as nvarchar(10))", "7"},
                 {"CASE WHEN Km = 7 THEN Km ELSE 2.5 END", "7"}});
@@ -88,12 +111,18 @@ TEST_F(ExpressionTest, Money) {
                 {"cast(Valor as int)", "61"},
                 {"cast(Valor as nvarchar(10))", "60.50"},
                 {"cast(500 - Valor + Valor as nvarchar(10))", "500.00"},
-                {"cast(-0.125 as nvarchar(10))", "-0.13"},
-                {"cast(-0.004 as nvarchar(10))", "0.00"},
+                {"cast(cast(-0.125 as money) as nvarchar(10))", "-0.13"},
+                {"cast(cast(-0.004 as money) as nvarchar(10))", "0.00"},
+                {"cast(0.00025 as money)", "0,0003"},
+                {"cast(-0.00025 as money)", "-0,0003"},
+                {"cast(-922337203685477.5808 as money)", "-922337203685477,5808"},
+                {"cast('-922337203685477.58084' as money)", "-922337203685477,5808"},
                 {"cast('1,234.56785' as money)", "1234,5679"},
                 {"cast('' as money)", "0"}});
   ExpectRefusals({{"cast('1.2.3' as money)",
                    "Cannot convert a char value to money. The char value has incorrect syntax."},
+                  {"cast(922337203685477.58075 as money)",
+                   "Arithmetic overflow error converting expression to data type money."},
                   {"Valor / 0", "Divide by zero error encountered."}});
 }
 
@@ -126,6 +155,8 @@ TEST_F(ExpressionTest, Dates) {
                 {"cast('20240105' as datetime)", "05-01-2024"},
                 {"cast('' as datetime)", "01-01-1900"},
                 {"Data + 1", "01-03-2024 13:05:09"},
+                {"Data + Km", "07-03-2024 13:05:09"},
+                {"Data - 60", "31-12-2023 13:05:09"},
                 {"getdate()", "01-03-2024 12:00:00"},
                 {"datediff(d, getdate(), Data)", "-1"},
                 {"datediff(d, Data, '2024.03.01')", "1"},
@@ -135,11 +166,15 @@ TEST_F(ExpressionTest, Dates) {
   for (const char* text : {"'29-02-2024'", "'2023.02.29'", "'2024.13.01'", "'hoje'", "'2024.01.01 25:00'"})
     ExpectRefusals({{(std::string("cast(") + text + " as datetime)").c_str(),
                      "Conversion failed when converting date and/or time from character string."}});
-  ExpectRefusals({{"cast(Data as int)",
-                   "Implicit conversion from data type datetime to int is not allowed. Use the CONVERT "
-                   "function to run this query."},
-                  {"datediff(month, Data, Data)", "'month' is not a recognized datediff option."},
-                  {"lower(Nome)", "'lower' is not a recognized built-in function name."}});
+  ExpectRefusals(
+      {{"cast(Data as int)",
+        "Implicit conversion from data type datetime to int is not allowed. Use the CONVERT "
+        "function to run this query."},
+       {"Data - 300000", "Adding a value to a 'datetime' column caused an overflow."},
+       {"Data + 3000000", "Arithmetic overflow error converting expression to data type datetime."},
+       {"Data + Km * 500000", "Arithmetic overflow error converting expression to data type datetime."},
+       {"datediff(month, Data, Data)", "'month' is not a recognized datediff option."},
+       {"lower(Nome)", "'lower' is not a recognized built-in function name."}});
 }
 
 TEST_F(ExpressionTest, Cases) {

@@ -1,0 +1,97 @@
+#include <ctime>
+#include <functional>
+
+#include "engine_fixture.h"
+
+namespace embedded_tests {
+namespace {
+
+std::string Repeated(const std::string& piece, int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+/// "0, 1, 2, …", up to `count` numbers.
+std::string Numbers(int count) {
+  std::string text = "0";
+  for (int i = 1; i < count; ++i) text += ", " + std::to_string(i);
+  return text;
+}
+
+class LimitsTest : public EngineTest {
+ protected:
+  LimitsTest() { Run("INSERT INTO Tudo (Nome, Km, Valor) VALUES ('a', 7, 7)"); }
+};
+
+TEST_F(LimitsTest, WhatIsMoreThanTheEngineTakesIsRefusedInTheServersWords) {
+  const std::string complex =
+      "-2147217900: The query processor ran out of internal resources and could not produce a query plan. "
+      "Please "
+      "simplify the query.";
+  const std::string deep = "-2147217900: Some part of your SQL statement is nested too deeply.";
+  const struct {
+    std::string statement;
+    std::string error;  // empty: it runs
+  } cases[] = {
+      {"SELECT Km FROM Tudo WHERE Km = 7" + Repeated(" AND Km = 7", 99), ""},
+      {"SELECT Km FROM Tudo WHERE Km = 6" + Repeated(" OR Km = 7", 99), ""},
+      {"SELECT " + Repeated("Km + ", 300) + "1 AS x FROM Tudo", deep},
+      {"SELECT " + Repeated("(", 150) + "Km" + Repeated(")", 150) + " AS x FROM Tudo", ""},
+      {"SELECT " + Repeated("(", 250) + "Km" + Repeated(")", 250) + " AS x FROM Tudo", deep},
+      {"SELECT " + Repeated("COALESCE(Valor, ", 60) + "1" + Repeated(")", 60) + " AS x FROM Tudo", complex},
+      {"SELECT COALESCE(Km" + Repeated(", Km", 200) + ") AS x FROM Tudo", complex},
+      {"SELECT Km FROM Tudo" + Repeated(" UNION SELECT Km FROM Tudo", 499), ""},
+      {"SELECT Km FROM Tudo" + Repeated(" UNION SELECT Km FROM Tudo", 500), complex},
+      {"SELECT Km" + Repeated(", Km", 1998) + " FROM Tudo UNION ALL SELECT 1" + Repeated(", 1", 1998), ""},
+      {"SELECT Km" + Repeated(", Km", 1999) + " FROM Tudo",
+       "-2147217900: The number of elements in the select list exceeds the maximum allowed number of 1999 "
+       "elements."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.statement.substr(0, 60));
+    EXPECT_EQ(ErrorOf([&] {
+                const RecordsetRef rows = Open(c.statement);
+                EXPECT_EQ(rows->RecordCount(), static_cast<long>(ReadOn(rows)));
+              }),
+              c.error);
+  }
+  std::string joins = "SELECT t.Km FROM Tudo t";
+  for (int i = 0; i < 80; ++i)
+    joins += " JOIN Tudo t" + std::to_string(i) + " ON t.Id = t" + std::to_string(i) + ".Id";
+  EXPECT_EQ(ErrorOf([&] { Open(joins); }), complex);
+}
+
+TEST_F(LimitsTest, OnlyTheLastPlainUnionMakesRowsDistinct) {
+  Run("INSERT INTO Tudo (Nome) VALUES ('A ')");
+  const std::string one = "SELECT Nome FROM Tudo";
+  const struct {
+    std::string statement;
+    Table rows;
+  } cases[] = {
+      {one + " UNION ALL " + one + " UNION " + one, {{"a"}}},
+      {one + " UNION " + one + " UNION ALL " + one, {{"a"}, {"a"}, {"A "}}},
+      {"SELECT 'A' AS x UNION ALL SELECT 'a' UNION SELECT 'á' UNION ALL SELECT 'a' ORDER BY x",
+       {{"A"}, {"a"}, {"á"}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.statement);
+    EXPECT_EQ(Rows(c.statement), c.rows);
+    EXPECT_EQ(Open(c.statement)->RecordCount(), static_cast<long>(c.rows.size()));
+  }
+}
+
+TEST_F(LimitsTest, AListOfManyValuesTakesTimeInItsLength) {
+  const auto work = [&](int values) {
+    const std::string statement =
+        "SELECT Km FROM Tudo WHERE Km IN (" + Numbers(values) + ") AND Nome IN ('x', 'A')";
+    const std::clock_t begin = std::clock();
+    EXPECT_EQ(Rows(statement), (Table{{"7"}}));
+    return static_cast<double>(std::clock() - begin);
+  };
+  work(1000);
+  EXPECT_LT(std::min(work(20000), work(20000)), 5 * std::max(work(5000), work(5000)) + 0.05 * CLOCKS_PER_SEC);
+}
+
+}  // namespace
+}  // namespace embedded_tests
