@@ -41,7 +41,8 @@ struct Arguments {
   std::int64_t now = 0;  // seconds since 30-12-1899
 };
 
-/// Binds all parameters, in the order in which they stand in the SQL; a literal that can't be read as its kind raises error -2147217900.
+/// Binds all parameters, in the order in which they stand in the SQL; a literal that can't be read as its
+/// kind raises error -2147217900.
 void Bind(const SqliteStatement& target, const std::vector<Parameter>& parameters,
           const Arguments& arguments);
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace zorCrmParvel {
 namespace {
 
@@ -163,6 +165,16 @@ std::size_t BeginOfPortuguese(const std::string& text) {
   return std::string::npos;
 }
 
+/// Where the brackets open that end a text; npos when it doesn't end in brackets.
+std::size_t BeginOfLastBrackets(std::string_view text) {
+  int open = 0;
+  for (std::size_t at = text.size(); text.ends_with(')') && at-- > 0;) {
+    open += text[at] == ')' ? 1 : text[at] == '(' ? -1 : 0;
+    if (open == 0) return at;
+  }
+  return std::string_view::npos;
+}
+
 std::string Filled(const char* named, const char* unnamed, std::string_view name) {
   if (named == nullptr || name.empty()) return unnamed;
   std::string text = named;
@@ -213,6 +225,17 @@ std::string DetailsOf(const RuntimeError& error, const std::string& words) {
   return details;
 }
 
+/// A text of this program; the words of a server stand behind it in brackets, those of SQLite in the source.
+ErrorText OwnText(const RuntimeError& error) {
+  const std::string text = error.description();
+  const std::size_t begin = BeginOfLastBrackets(text);
+  const std::string inner = begin < text.size() ? text.substr(begin + 1, text.size() - begin - 2) : "";
+  if (begin > 0 && !inner.empty() && !IsPortuguese(WithoutQuoted(inner)))
+    return {platform::Trim(text.substr(0, begin)), DetailsOf(error, inner)};
+  const bool more = error.source().starts_with("SQLite");
+  return {text, more ? DetailsOf({error.number(), "", ""}, error.source()) : ""};
+}
+
 }  // namespace
 
 ErrorText TextOf(const RuntimeError& error) {
@@ -222,12 +245,9 @@ ErrorText TextOf(const RuntimeError& error) {
     return shown(OfNumber(error, NameFor(error)));
   std::string message = OfServer(words, [&](std::string_view known) { return words.starts_with(known); });
   if (!message.empty()) return shown(message);
-  if (const std::size_t own = BeginOfPortuguese(words); own == 0) {
-    const bool more = error.source().starts_with("SQLite");  // the engine's own words
-    return {words, more ? DetailsOf({error.number(), "", ""}, error.source()) : ""};
-  } else if (own != std::string::npos) {
-    return {words.substr(own), DetailsOf(error, words.substr(0, own - 1))};
-  }
+  const std::size_t own = BeginOfPortuguese(words);
+  if (own == 0) return OwnText(error);
+  if (own != std::string::npos) return {words.substr(own), DetailsOf(error, words.substr(0, own - 1))};
   message = OfServer(words, [&](std::string_view known) { return words.find(known) != std::string::npos; });
   return shown(message.empty() ? OfNumber(error, NameIn(words)) : message);
 }

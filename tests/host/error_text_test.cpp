@@ -71,7 +71,7 @@ TEST(TextOf, TellsASentenceAndKeepsNumberAndWordsApart) {
 
 TEST(TextOf, LeavesWhatIsPortugueseAsItIs) {
   const RuntimeError own[] = {
-      {platform::kEngineFailure, "/tmp/x", "O disco está cheio e nada foi gravado. (Arithmetic overflow.)"},
+      {platform::kEngineFailure, "/tmp/x", "O disco está cheio e nada foi gravado (a última vez)."},
       {platform::kInvalidObject, "p",
        "Faltam tabelas em p: zor_X. Crie-as com «parvel esquema --aplicar» e repita."},
       {platform::kKeyInUse, "demo", "A base de dados já tem registos."}};
@@ -83,6 +83,11 @@ TEST(TextOf, LeavesWhatIsPortugueseAsItIs) {
                           "A base de dados está ocupada.");
   EXPECT_EQ(TextOf(busy).message, "A base de dados está ocupada.");
   EXPECT_EQ(TextOf(busy).details, "Erro -2147467259: SQLite: database is locked");
+  const RuntimeError lost(platform::kEngineFailure, "ODBC 08S01/10054",
+                          "A ligação a «x» perdeu-se. (TCP Provider: error 0x2746 (10054).)");
+  EXPECT_EQ(TextOf(lost).message, "A ligação a «x» perdeu-se.");
+  EXPECT_EQ(TextOf(lost).details,
+            "Erro -2147467259: TCP Provider: error 0x2746 (10054).\nOrigem: ODBC 08S01/10054");
   const RuntimeError advised(
       -2147217900, "ODBC 42000/229",
       "The SELECT permission was denied on 'é. ã'. O utilizador não tem permissão para "
