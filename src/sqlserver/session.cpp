@@ -96,7 +96,12 @@ Session::Session(ConnectionText connection, std::string password, Limits limits)
       password_(std::move(password)),
       limits_(limits),
       environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
-  environment_.Check(SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, AsAttribute(SQL_OV_ODBC3), 0));
+  try {
+    environment_.Check(
+        SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, AsAttribute(SQL_OV_ODBC3), 0));
+  } catch (const OdbcFailure& failure) {
+    RaiseNotConnected(failure, Place());
+  }
   Connect();
 }
 

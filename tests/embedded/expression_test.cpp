@@ -94,6 +94,7 @@ TEST_F(ExpressionTest, Numbers) {
        {"cast(70000 as smallint)", "Arithmetic overflow error converting expression to data type smallint."},
        {"Km * 2000000000", "Arithmetic overflow error converting expression to data type int."},
        {"Km / (Km - 7)", "Divide by zero error encountered."},
+       {"Razao % 2", "Operand data type float is invalid for modulo operator."},
        {"Nome - Nome", "Operand data type nvarchar is invalid for subtract operator."},
        {"cast(2000 as nvarchar(3))",
         "Arithmetic overflow error converting expression to data type nvarchar."}});

@@ -87,6 +87,8 @@ TEST_F(SelectTest, UnionKeepsTheFirstOfEqualRows) {
   EXPECT_EQ(Rows("SELECT NULL AS a, Valor FROM Tudo WHERE Valor = 20 UNION SELECT NULL, 20"),
             (Table{{"NULL", "20"}}));
   EXPECT_EQ(Rows("SELECT DISTINCT LEFT(Nome, 1) AS x FROM Tudo ORDER BY x").size(), 2u);
+  EXPECT_EQ(Rows("SELECT DISTINCT Km AS x, Nome AS y FROM Tudo ORDER BY Tudo.Nome DESC"),
+            Rows("SELECT DISTINCT Km AS x, Nome AS y FROM Tudo ORDER BY y DESC"));
 }
 
 TEST_F(SelectTest, TopIsPartOfTheShape) {

@@ -66,6 +66,34 @@ TEST_F(TablesTest, ATransferRefusesTablesWithOtherRows) {
   EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kInvalidObject);
 }
 
+TEST_F(TablesTest, ATransferTellsRowsApartByEveryValue) {
+  Transfer();
+  const std::vector<std::pair<const char*, const char*>> changes = {
+      {"Nome = 'evora'", "Nome = 'Évora'"},
+      {"Valor = 12.5001", "Valor = 12.5"},
+      {"Razao = 0.2", "Razao = 0.1"},
+      {"Data = '2024-03-01 08:30:01'", "Data = '2024-03-01 08:30:00'"},
+      {"Km = 0", "Km = NULL"}};
+  for (const auto& [changed, back] : changes) {
+    SCOPED_TRACE(changed);
+    const std::string update = "UPDATE PT_Tudo SET ";
+    Run(update + changed + " WHERE Id = 7");
+    EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kKeyInUse);
+    Run(update + back + " WHERE Id = 7");
+    EXPECT_EQ(Transfer(), "PT_Tudo 36 already; PT_Codigos 1 already; ");
+  }
+}
+
+TEST_F(TablesTest, ATableThatMayNotBeReadIsNotOneThatLacks) {
+  const Fault denied{"42000", 229, "The SELECT permission was denied.", "[PT_Tudo]"};
+  FailNextStatement(denied);
+  EXPECT_EQ(NumberOf([&] { sqlserver::Differences(session(), tsql::ParseSchema(kSchema)); }),
+            platform::kStatementRefused);
+  FailNextStatement(denied);
+  EXPECT_EQ(NumberOf([&] { sqlserver::CreateLackingTables(database(), kSchema); }),
+            platform::kStatementRefused);
+}
+
 TEST_F(TablesTest, OnlyTablesThatLackAreCreated) {
   const std::string schema = std::string(kSchema) + R"(-- um comentário; com ponto e vírgula
 CREATE TABLE PT_Nova (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK_PT_Nova PRIMARY KEY (Codigo));
