@@ -64,6 +64,9 @@ constexpr std::array kOfNumbers{
         platform::kConstraint, nullptr,
         "A base de dados recusou o registo, que não respeita as suas regras, e nada foi gravado. Corrija-o "
         "e tente de novo."},
+    Meaning{platform::kEngineFailure, nullptr,
+            "A base de dados não concluiu a operação. Tente de novo; se voltar a acontecer, comunique os "
+            "pormenores a quem cuida dela."},
     Meaning{platform::kStatementRefused, nullptr,
             "A base de dados recusou o pedido. Se mudou algum texto, veja se está bem escrito; se voltar a "
             "acontecer, comunique os pormenores a quem cuida do programa."},

@@ -209,6 +209,7 @@ TEST_F(ExpressionTest, Conditions) {
         "Data > ''",
         "Data > '2024.02.29'",
         "Data < '2024-03-01'",
+        "CONVERT(nvarchar(10), Data, 102) = '2024.02.29 '",
         "Data = '2024.02.29 13:05:09'",
         "Data <'2050-12-31'",
         "LEFT(Nome + '000 ', 6) + CONVERT(nvarchar(10), Data, 102) = left('ávila' + '000', 6) + '2024.02.29'",

@@ -59,6 +59,9 @@ TEST(TextOf, TellsASentenceAndKeepsNumberAndWordsApart) {
       {{platform::kConstraint, "", "CHECK constraint failed"},
        "que não respeita as suas regras",
        "Erro -2147217873: CHECK constraint failed"},
+      {{platform::kEngineFailure, "ODBC HY000/0", "General error"},
+       "A base de dados não concluiu",
+       "Erro -2147467259: General error\nOrigem: ODBC HY000/0"},
       {{4711, "", "Whatever."}, "O programa não conseguiu", "Erro 4711: Whatever."},
   };
   for (const auto& c : cases) {

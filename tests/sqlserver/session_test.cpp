@@ -104,6 +104,8 @@ TEST_F(SessionTest, FailuresToConnectSayWhatToDoAndKeepThePassword) {
   options.password = "segredo";
   const std::vector<std::pair<Fault, const char*>> cases = {
       {{"28000", 18456, "Login failed for user 'ana'.", ""}, "recusou o utilizador ou a senha"},
+      {{"28000", 18487, "The password of the account has expired.", ""}, "ou a senha expirou"},
+      {{"28000", 18488, "The password of the account must be changed.", ""}, "ou a senha expirou"},
       {{"42000", 4060, "Cannot open database \"x\".", ""}, "não existe no servidor, ou o utilizador"},
       {{"08001", 0, "Unable to connect to data source", ""}, "Confirme Server e Port"},
       {{"HYT00", 0, "Login timeout expired", ""}, "Confirme Server e Port"},

@@ -75,6 +75,12 @@ TEST(EditableRowsTest, TheKeyIsAddedWhereItLacks) {
     EXPECT_EQ(of(whole).statement, whole);
     EXPECT_EQ(of(whole).addedKeys, 0u);
   }
+  for (const char* other : {"SELECT count(*) AS n FROM PT_Codigos", "SELECT Count(Nome) FROM PT_Codigos",
+                            "SELECT max(Nome) FROM PT_Codigos", "SELECT MIN(Nome) FROM PT_Codigos",
+                            "SELECT Sum(Km) FROM PT_Tudo", "SELECT DISTINCT Nome FROM PT_Codigos",
+                            "SELECT Nome FROM PT_Codigos UNION SELECT Nome FROM PT_Codigos", "SELECT 1 AS x",
+                            "DELETE FROM PT_Tudo"})
+    EXPECT_EQ(NumberOf([&] { of(other); }), platform::kStatementRefused) << other;
 }
 
 }  // namespace
