@@ -8,45 +8,19 @@
 #include "embedded/conversion.h"
 #include "embedded/server_error.h"
 #include "platform/date.h"
+#include "platform/date_reader.h"
 
 namespace embedded {
 namespace {
 
 using platform::Date;
+using platform::DateReader;
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr std::int64_t kEmptyText = 2 * kSecondsPerDay;  // 01-01-1900
 constexpr int kFirstYear = 1753;
 
-/// Takes pieces of a text from its front.
-class Reader {
- public:
-  explicit Reader(std::string_view text) : text_(text) {}
-
-  bool AtEnd() const { return text_.empty(); }
-
-  /// Between `least` and `most` digits.
-  bool Number(std::size_t least, std::size_t most, int& out) {
-    std::size_t count = 0;
-    out = 0;
-    while (count < text_.size() && count < most && text_[count] >= '0' && text_[count] <= '9')
-      out = out * 10 + (text_[count++] - '0');
-    text_.remove_prefix(count);
-    return count >= least;
-  }
-
-  bool Mark(std::string_view allowed, char& out) {
-    if (text_.empty() || allowed.find(text_.front()) == std::string_view::npos) return false;
-    out = text_.front();
-    text_.remove_prefix(1);
-    return true;
-  }
-
- private:
-  std::string_view text_;
-};
-
-bool ReadDay(Reader& reader, int& year, int& month, int& day) {
+bool ReadDay(DateReader& reader, int& year, int& month, int& day) {
   char first = 0;
   char second = 0;
   if (!reader.Number(4, 4, year)) return false;
@@ -56,23 +30,10 @@ bool ReadDay(Reader& reader, int& year, int& month, int& day) {
 }
 
 /// A fraction of a second is read and dropped.
-bool ReadTime(Reader& reader, int& secondOfDay) {
+bool ReadTime(DateReader& reader, int& secondOfDay) {
   char mark = 0;
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
   int fraction = 0;
-  if (!reader.Number(1, 2, hour) || !reader.Mark(":", mark) || !reader.Number(2, 2, minute)) return false;
-  if (reader.Mark(":", mark) && !reader.Number(2, 2, second)) return false;
-  if (reader.Mark(".", mark) && !reader.Number(1, 3, fraction)) return false;
-  secondOfDay = (hour * 60 + minute) * 60 + second;
-  return hour < 24 && minute < 60 && second < 60;
-}
-
-int DaysOfMonth(int year, int month) {
-  constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-  return kDays[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
+  return reader.Time(2, secondOfDay) && (!reader.Mark(".", mark) || reader.Number(1, 3, fraction));
 }
 
 struct DayParts {
@@ -165,7 +126,7 @@ bool ReadDateText(std::string_view text, std::int64_t& seconds) {
     seconds = kEmptyText;
     return true;
   }
-  Reader reader(text);
+  DateReader reader(text);
   int year = 0;
   int month = 0;
   int day = 0;
@@ -175,8 +136,9 @@ bool ReadDateText(std::string_view text, std::int64_t& seconds) {
     char blank = 0;
     if (!reader.Mark(" T", blank) || !ReadTime(reader, secondOfDay) || !reader.AtEnd()) return false;
   }
-  if (year < kFirstYear || month < 1 || month > 12 || day < 1 || day > DaysOfMonth(year, month)) return false;
-  seconds = Date::FromParts(year, month, day).seconds() + secondOfDay;
+  Date date;
+  if (year < kFirstYear || !Date::TryFromParts(year, month, day, secondOfDay, date)) return false;
+  seconds = date.seconds();
   return true;
 }
 

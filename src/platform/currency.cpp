@@ -12,9 +12,10 @@ namespace {
 constexpr std::int64_t kScale = 10000;
 __extension__ using Wide = __int128;
 
+/// The least 64-bit number is left out: nothing could take its sign away.
 std::int64_t Narrow(Wide units) {
-  if (units > std::numeric_limits<std::int64_t>::max() || units < std::numeric_limits<std::int64_t>::min())
-    throw RuntimeError(kOverflow);
+  constexpr Wide kMost = std::numeric_limits<std::int64_t>::max();
+  if (units > kMost || units < -kMost) throw RuntimeError(kOverflow);
   return static_cast<std::int64_t>(units);
 }
 
@@ -29,22 +30,23 @@ Wide DivideHalfToEven(Wide numerator, Wide divisor) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Reads the digits of a number between blanks; what the text means is checked on the way.
+/// Reads the digits of a number between blanks; what the text means is checked on the way. The number comes
+/// in units of its last decimal kept, rounded there once, half to even.
 class NumberReader {
  public:
-  explicit NumberReader(std::string_view text) : rest_(text) {
+  NumberReader(std::string_view text, int decimals) : rest_(text), wanted_(decimals) {
     const auto first = rest_.find_first_not_of(' ');
     rest_ = first == std::string_view::npos ? std::string_view{} : rest_.substr(first);
     rest_ = rest_.substr(0, rest_.find_last_not_of(' ') + 1);
   }
 
-  Currency Read() {
+  std::int64_t Read() {
     const bool negative = Sign();
     Whole();
     Fraction();
     if (!anyDigit_ || !rest_.empty()) throw RuntimeError(kTypeMismatch);
     const Wide units = RoundFraction();
-    return Currency::FromTenThousandths(Narrow(negative ? -units : units));
+    return Narrow(negative ? -units : units);
   }
 
  private:
@@ -68,7 +70,7 @@ class NumberReader {
     rest_.remove_prefix(1);
     while (!rest_.empty() && IsDigit(rest_[0])) {
       anyDigit_ = true;
-      if (decimals_ < 4) {
+      if (decimals_ < wanted_) {
         Digit(rest_[0]);
         ++decimals_;
       } else {
@@ -85,7 +87,7 @@ class NumberReader {
   }
 
   Wide RoundFraction() {
-    for (; decimals_ < 4; ++decimals_) digits_ *= 10;
+    for (; decimals_ < wanted_; ++decimals_) digits_ *= 10;
     if (tail_.empty()) return digits_;
     const bool tie = tail_[0] == '5' && tail_.find_first_not_of('0', 1) == std::string::npos;
     const bool up = tie ? digits_ % 2 != 0 : tail_[0] >= '5';
@@ -93,9 +95,10 @@ class NumberReader {
   }
 
   std::string_view rest_;
+  int wanted_;
   Wide digits_ = 0;
   int decimals_ = 0;
-  std::string tail_;  // digits beyond the fourth decimal
+  std::string tail_;  // digits beyond the last decimal kept
   bool anyDigit_ = false;
 };
 
@@ -106,11 +109,11 @@ Currency::Currency(long long whole) : units_(Narrow(Wide{whole} * kScale)) {}
 Currency Currency::FromDouble(double value) {
   const double scaled = value * kScale;
   const double rounded = std::nearbyint(scaled);
-  if (!(rounded >= -9223372036854775808.0 && rounded < 9223372036854775808.0)) throw RuntimeError(kOverflow);
+  if (!(std::fabs(rounded) < 9223372036854775808.0)) throw RuntimeError(kOverflow);
   return FromTenThousandths(static_cast<std::int64_t>(rounded));
 }
 
-Currency Currency::Parse(std::string_view text) { return NumberReader(text).Read(); }
+Currency Currency::Parse(std::string_view text) { return FromTenThousandths(NumberReader(text, 4).Read()); }
 
 double Currency::ToDouble() const { return static_cast<double>(units_) / kScale; }
 
@@ -148,6 +151,8 @@ Currency& Currency::operator-=(Currency other) {
 Currency operator*(Currency a, Currency b) {
   return Currency::FromTenThousandths(Narrow(DivideHalfToEven(Wide{a.units_} * b.units_, kScale)));
 }
+
+std::int64_t ParseWhole(std::string_view text) { return NumberReader(text, 0).Read(); }
 
 double Divide(double a, double b) {
   if (b == 0) throw RuntimeError(a == 0 ? kOverflow : kDivisionByZero);

@@ -8,7 +8,8 @@
 namespace platform {
 
 /// Money and measures: a 64-bit count of ten-thousandths, exact over its whole range.
-/// Whatever doesn't fit raises error 6; a tie in a rounding goes to the even digit.
+/// Whatever doesn't fit between 922337203685477,5807 and its negative raises error 6; a tie in a rounding
+/// goes to the even digit.
 class Currency {
  public:
   constexpr Currency() = default;
@@ -46,6 +47,8 @@ class Currency {
   std::int64_t units_ = 0;
 };
 
+/// A text as a whole number, read as `Currency::Parse` reads and rounded once, half to even.
+std::int64_t ParseWhole(std::string_view text);
 /// A quotient in double precision. Error 11 when `b` is 0, error 6 when both are.
 double Divide(double a, double b);
 

@@ -1,11 +1,11 @@
 #include "platform/date.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <ctime>
 #include <utility>
 
+#include "platform/date_reader.h"
 #include "platform/regional.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -22,58 +22,26 @@ std::int64_t FloorDiv(std::int64_t a, std::int64_t b) { return a / b - (a % b < 
 
 year_month_day CivilDay(std::int64_t days) { return year_month_day{kZero + std::chrono::days{days}}; }
 
-bool MakeDate(int year, int month, int day, int secondOfDay, Date& out) {
-  if (year < 100 || year > 9999 || month < 1 || day < 1) return false;
-  const year_month_day civil{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
-                             std::chrono::day{static_cast<unsigned>(day)}};
-  if (!civil.ok()) return false;
-  const auto days = (std::chrono::sys_days{civil} - kZero).count();
-  out = Date::FromSeconds(days * kSecondsPerDay + secondOfDay);
-  return true;
-}
-
-/// The numbers of a text such as "1-2-2024", at most three, with the marks between them.
-struct Numbers {
-  std::array<int, 3> values{};
-  std::array<std::size_t, 3> digits{};
-  std::array<char, 2> marks{};
-  std::size_t count = 0;
-
-  /// False when the text holds anything else.
-  bool Read(std::string_view text) {
-    for (std::size_t i = 0; i < text.size() && count < values.size();) {
-      int number = 0;
-      std::size_t length = 0;
-      for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, ++length) {
-        if (length == 4) return false;
-        number = number * 10 + (text[i] - '0');
-      }
-      if (length == 0) return false;
-      values[count] = number;
-      digits[count++] = length;
-      if (i == text.size()) return true;
-      if (count < values.size()) marks[count - 1] = text[i++];
-    }
-    return false;
-  }
-};
-
 bool ReadTime(std::string_view text, int& secondOfDay) {
-  Numbers n;
-  if (!n.Read(text) || n.count < 2 || n.marks[0] != ':' || (n.count == 3 && n.marks[1] != ':')) return false;
-  if (n.values[0] > 23 || n.values[1] > 59 || n.values[2] > 59) return false;
-  secondOfDay = (n.values[0] * 60 + n.values[1]) * 60 + n.values[2];
-  return true;
+  DateReader reader(text);
+  return reader.Time(1, secondOfDay) && reader.AtEnd();
 }
 
+/// Day, month and year, or the other way round when the first number has four digits.
 bool ReadDay(std::string_view text, int secondOfDay, Date& out) {
-  Numbers n;
-  if (!n.Read(text) || n.count != 3 || n.marks[0] != n.marks[1]) return false;
-  if (std::string_view("-/.").find(n.marks[0]) == std::string_view::npos) return false;
-  if (n.digits[0] == 4) return MakeDate(n.values[0], n.values[1], n.values[2], secondOfDay, out);
-  int year = n.values[2];
-  if (n.digits[2] <= 2) year += year < 30 ? 2000 : 1900;
-  return MakeDate(year, n.values[1], n.values[0], secondOfDay, out);
+  DateReader reader(text);
+  int first = 0;
+  int month = 0;
+  int last = 0;
+  char mark = 0;
+  char again = 0;
+  if (!reader.Number(1, 4, first) || reader.digits() == 3) return false;
+  const bool yearFirst = reader.digits() == 4;
+  if (!reader.Mark("-/.", mark) || !reader.Number(1, 2, month) || !reader.Mark("-/.", again)) return false;
+  if (again != mark || !reader.Number(1, yearFirst ? 2 : 4, last) || !reader.AtEnd()) return false;
+  if (yearFirst) return Date::TryFromParts(first, month, last, secondOfDay, out);
+  if (reader.digits() <= 2) last += last < 30 ? 2000 : 1900;
+  return Date::TryFromParts(last, month, first, secondOfDay, out);
 }
 
 }  // namespace
@@ -81,9 +49,21 @@ bool ReadDay(std::string_view text, int secondOfDay, Date& out) {
 Date Date::FromParts(int year, int month, int day, int hour, int minute, int second) {
   Date date;
   const bool clock = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
-  if (!clock || !MakeDate(year, month, day, (hour * 60 + minute) * 60 + second, date))
+  if (!clock || !TryFromParts(year, month, day, (hour * 60 + minute) * 60 + second, date))
     throw RuntimeError(kTypeMismatch);
   return date;
+}
+
+bool Date::TryFromParts(int year, int month, int day, int secondOfDay, Date& out) {
+  // A part is tested before it is made a part of the calendar, which holds no more than a byte of it.
+  if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return false;
+  if (secondOfDay < 0 || secondOfDay >= kSecondsPerDay) return false;
+  const year_month_day civil{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
+                             std::chrono::day{static_cast<unsigned>(day)}};
+  if (!civil.ok()) return false;
+  const auto days = (std::chrono::sys_days{civil} - kZero).count();
+  out = FromSeconds(days * kSecondsPerDay + secondOfDay);
+  return true;
 }
 
 bool Date::TryParse(std::string_view text, Date& out) {

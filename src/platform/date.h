@@ -14,6 +14,8 @@ class Date {
   constexpr Date() = default;
   /// Error 13 when there is no such day or time.
   static Date FromParts(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
+  /// The same without the error, for a time in seconds since midnight; false leaves `out` alone.
+  static bool TryFromParts(int year, int month, int day, int secondOfDay, Date& out);
   static constexpr Date FromSeconds(std::int64_t sinceZero) {
     Date d;
     d.seconds_ = sinceZero;

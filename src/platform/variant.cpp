@@ -48,7 +48,7 @@ std::int64_t ToWhole(const Variant& v) {
   if (const auto* l = v.As<std::int32_t>()) return *l;
   if (const auto* c = v.As<Currency>()) return c->ToWhole();
   if (v.IsEmpty()) return 0;
-  return v.As<std::string>() ? Currency::Parse(*v.As<std::string>()).ToWhole() : RoundToWhole(v.ToDouble());
+  return v.As<std::string>() ? ParseWhole(*v.As<std::string>()) : RoundToWhole(v.ToDouble());
 }
 
 }  // namespace
@@ -113,7 +113,11 @@ Currency Variant::ToCurrency() const {
 Date Variant::ToDate() const {
   if (const auto* d = As<Date>()) return *d;
   if (const auto* s = As<std::string>()) return Date::Parse(*s);
-  return Date::FromSeconds(RoundToWhole(ToDouble() * 86400.0));
+  const std::int64_t seconds = RoundToWhole(ToDouble() * 86400.0);
+  if (seconds < Date::FromParts(100, 1, 1).seconds() ||
+      seconds > Date::FromParts(9999, 12, 31, 23, 59, 59).seconds())
+    throw RuntimeError(kOverflow);
+  return Date::FromSeconds(seconds);
 }
 
 const Bytes& Variant::ToBytes() const {

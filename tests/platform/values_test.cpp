@@ -30,7 +30,7 @@ TEST(Currency, ReadsTextOfTheRegion) {
                {"+7", 70000},
                {",5", 5000},
                {"922337203685477,5807", INT64_MAX},
-               {"-922337203685477,5808", INT64_MIN}};
+               {"-922337203685477,5807", -INT64_MAX}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
     EXPECT_EQ(Currency::Parse(c.text).tenThousandths(), c.units);
@@ -39,7 +39,8 @@ TEST(Currency, ReadsTextOfTheRegion) {
     SCOPED_TRACE(text);
     EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kTypeMismatch);
   }
-  EXPECT_EQ(NumberOf([] { Currency::Parse("922337203685477,5808"); }), kOverflow);
+  for (const char* text : {"922337203685477,5808", "-922337203685477,5808", "-922337203685477,58075"})
+    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kOverflow) << text;
   EXPECT_EQ(NumberOf([] { Currency::Parse(std::string(60, '9')); }), kOverflow);
 }
 
@@ -62,6 +63,9 @@ TEST(Currency, RoundsHalfToEvenAndRefusesWhatDoesNotFit) {
   EXPECT_EQ(NumberOf([] { (void)-Units(INT64_MIN); }), kOverflow);
   EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MAX) * Units(10001)); }), kOverflow);
   EXPECT_EQ(NumberOf([] { Currency::FromDouble(1e15); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Currency::FromDouble(-922337203685477.5808); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MIN / 2) * Units(20000)); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { (void)(Units(-INT64_MAX) - Units(1)); }), kOverflow);
   EXPECT_EQ(NumberOf([] { Divide(1, 0); }), kDivisionByZero);
   EXPECT_EQ(NumberOf([] { Divide(0, 0); }), kOverflow);
 }
@@ -76,11 +80,17 @@ TEST(Date, ReadsTheTextsOfScreensAndStatements) {
   EXPECT_TRUE(Date::Parse("00:00:00").IsZero());
   EXPECT_TRUE(Date::Parse("30-12-1899").IsZero());
   EXPECT_EQ(Date::Parse("13:45").ToText(), "13:45:00");
-  for (const char* text : {"31-04-2024", "29-02-2023", "1-13-2024", "", "hoje", "1-2", "1-2/2024", "24:00",
-                           "1:60", "29-02-2024 x", "12345-1-1", "1-1-2024-5"}) {
+  for (const char* text : {"31-04-2024",  "29-02-2023",   "1-13-2024",  "",
+                           "hoje",        "1-2",          "1-2/2024",   "24:00",
+                           "1:60",        "29-02-2024 x", "12345-1-1",  "1-1-2024-5",
+                           "257-01-2024", "01-257-2030",  "1-268-2024", "2024-257-01",
+                           "2024-01-257", "0-1-2024",     "1-0-2024",   "29-02-2024 256:00",
+                           "1:2:60"}) {
     SCOPED_TRACE(text);
     EXPECT_EQ(NumberOf([&] { Date::Parse(text); }), kTypeMismatch);
   }
+  for (const auto& [m, d] : {std::pair{257, 1}, {1, 257}, {13, 1}, {0, 1}, {1, 0}, {-255, 1}})
+    EXPECT_EQ(NumberOf([&] { Date::FromParts(2024, m, d); }), kTypeMismatch) << m << '-' << d;
 }
 
 TEST(Date, ShowsMidnightWithoutTimeAndZeroAsTime) {
@@ -141,6 +151,9 @@ TEST(Variant, ConvertsOrSaysWhyNot) {
   EXPECT_EQ(Variant("12,5").ToInteger(), 12);
   EXPECT_EQ(Variant(true).ToLong(), -1);
   EXPECT_EQ(Variant(13.5).ToLong(), 14);
+  EXPECT_EQ(Variant("0,50004").ToLong(), 1) << "rounded once";
+  EXPECT_EQ(Variant("-2,49999").ToLong(), -2);
+  EXPECT_EQ(Variant("2,5").ToLong(), 2);
   EXPECT_EQ(Variant().ToText(), "");
   EXPECT_EQ(Variant(1.5).ToText(), "1,5");
   EXPECT_EQ(Variant("29-02-2024").ToDate(), Date::FromParts(2024, 2, 29));
@@ -150,6 +163,7 @@ TEST(Variant, ConvertsOrSaysWhyNot) {
   EXPECT_EQ(NumberOf([&] { null.ToDate(); }), kInvalidUseOfNull);
   EXPECT_EQ(NumberOf([] { Variant("x").ToLong(); }), kTypeMismatch);
   EXPECT_EQ(NumberOf([] { Variant(40000).ToInteger(); }), kOverflow);
+  EXPECT_EQ(NumberOf([] { Variant(1e10).ToDate(); }), kOverflow) << "no year has five digits";
   EXPECT_EQ(NumberOf([] { Variant("3000000000").ToLong(); }), kOverflow);
 }
 
