@@ -5,6 +5,7 @@
 #include <ostream>
 #include <vector>
 
+#include "console/csv_text.h"
 #include "platform/format.h"
 #include "platform/text.h"
 
@@ -71,13 +72,9 @@ void PrintTable(std::ostream& out, const SGGrid& grid) {
 
 std::string CsvText(const Variant& value) {
   if (value.IsNull() || IsNoDate(value)) return {};
-  std::string text = value.ToText();
-  if (const auto* date = value.As<platform::Date>()) text = IsoDate(*date);
-  if (const auto* money = value.As<platform::Currency>()) text = money->ToText('.');
-  if (text.find_first_of(";\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (char c : text) quoted += c == '"' ? "\"\"" : std::string(1, c);
-  return quoted + "\"";
+  if (const auto* date = value.As<platform::Date>()) return IsoDate(*date);
+  if (const auto* money = value.As<platform::Currency>()) return money->ToText('.');
+  return CsvField(value.As<std::string>() ? Guarded(value.ToText()) : value.ToText());
 }
 
 void PrintCsv(std::ostream& out, const SGGrid& grid) {

@@ -2,6 +2,9 @@
 
 #include <QSaveFile>
 
+#include <utility>
+
+#include "console/csv_text.h"
 #include "desktop/text.h"
 #include "platform/runtime_error.h"
 
@@ -10,20 +13,19 @@ namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 
-QString Quoted(const QString& text) {
-  const bool plain = !text.contains(QLatin1Char(';')) && !text.contains(QLatin1Char('"')) &&
-                     !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r'));
-  if (plain) return text;
-  QString quoted = text;
-  quoted.replace(QLatin1Char('"'), QLatin1String("\"\""));
-  return QLatin1Char('"') + quoted + QLatin1Char('"');
+/// A cell as it is shown; one that holds a text is kept from being taken for a formula.
+std::string Cell(const TableSource& source, long row, std::size_t column) {
+  std::string text = FromQt(source.Text(row, column));
+  const bool is_text = source.Value(row, column).As<std::string>() != nullptr;
+  return console::CsvField(is_text ? console::Guarded(std::move(text)) : std::move(text));
 }
 
-template <typename TextOf>
-void WriteLine(QSaveFile& file, const std::vector<std::size_t>& columns, const TextOf& text_of) {
-  QStringList cells;
-  for (std::size_t column : columns) cells << Quoted(text_of(column));
-  file.write((cells.join(QLatin1Char(';')) + QLatin1String("\r\n")).toUtf8());
+template <typename FieldOf>
+void WriteLine(QSaveFile& file, const std::vector<std::size_t>& columns, const FieldOf& field_of) {
+  std::string line;
+  for (std::size_t column : columns) line += (column == columns.front() ? "" : ";") + field_of(column);
+  line += "\r\n";
+  file.write(line.data(), static_cast<qint64>(line.size()));
 }
 
 }  // namespace
@@ -33,14 +35,18 @@ void WriteCsv(const QString& name, const TableSource& source, const RowOrder& or
   const std::vector<std::size_t> columns = source.VisibleColumns();
   if (file.open(QIODevice::WriteOnly)) {
     file.write(kByteOrderMark);
-    WriteLine(file, columns, [&](std::size_t column) { return source.Columns()[column].caption; });
+    WriteLine(file, columns, [&](std::size_t column) {
+      return console::CsvField(FromQt(source.Columns()[column].caption));
+    });
     for (long place = 0; place < order.Count(); ++place)
-      WriteLine(file, columns, [&](std::size_t column) { return source.Text(order.RowAt(place), column); });
+      WriteLine(file, columns, [&](std::size_t column) { return Cell(source, order.RowAt(place), column); });
   }
   if (!file.commit())
     throw platform::RuntimeError(
         platform::kEngineFailure, "Exportar",
-        FromQt(QStringLiteral("Não foi possível escrever o ficheiro %1.").arg(name)));
+        FromQt(QStringLiteral("Não foi possível escrever o ficheiro %1 (%2). Veja se o disco está cheio, ou "
+                              "escolha outra pasta.")
+                   .arg(name, file.errorString())));
 }
 
 }  // namespace desktop
