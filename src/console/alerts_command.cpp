@@ -110,13 +110,21 @@ class AlertPrinter {
     for (const Familia& familia : Familias())
       if (options_.family.empty() || options_.family == familia.palavra) Print(familia);
     if (options_.json) out_ << json_.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
-    if (!options_.calendar.empty())
-      platform::WriteFile(options_.calendar, WriteCalendar(dates_.Entries(), platform::Now()));
+    if (!options_.calendar.empty()) WriteDates();
     if (failed_) return kFailed;
     return rows_ > 0 ? kDue : kDone;
   }
 
  private:
+  void WriteDates() {
+    try {
+      platform::WriteFile(options_.calendar, WriteCalendar(dates_.Entries(), platform::Now()));
+    } catch (const platform::RuntimeError& error) {
+      throw platform::RuntimeError(error.number(), "--ics",
+                                   "Não foi possível escrever o calendário " + options_.calendar + ".");
+    }
+  }
+
   void Print(const Familia& familia) {
     const auto list = sistema_.MostraListas(familia.lista);
     GridForm form;

@@ -31,6 +31,7 @@ struct Options {
   std::string file;
   std::string what;
   bool simulate = false;
+  std::string decimal;  // empty: found out
   bool apply = false;
   AlertsOptions alerts;
   std::int16_t kind = 0;
@@ -78,7 +79,9 @@ class Program {
       err_ << "Não se importa «" << options_.what << "». Pode importar: " << ImportTargetNames() << ".\n";
       return kUsage;
     }
-    const ImportResult result = ImportCsv(*database, *target, file, options_.simulate, out_);
+    const ImportResult result =
+        ImportCsv(*database, *target, file, options_.simulate, out_,
+                  options_.decimal.empty() ? std::nullopt : std::optional(options_.decimal[0]));
     out_ << result.added << (options_.simulate ? " entrariam, " : " novos, ") << result.known
          << " já existiam, " << result.refused << " recusados\n";
     return result.refused == 0 ? kDone : kRefused;
@@ -173,9 +176,7 @@ void Translate(CLI::App& app) {
   formatter->column_width(28);
 }
 
-}  // namespace
-
-int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
   ConsoleHost host(err);
   const platform::HostInstallation installation(host);
   Options options;
@@ -212,6 +213,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
       "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco,\n"
       "10 há alertas.\n"
       "Sem --db nem --ligacao, a base de dados é parvel/frota.db na pasta de dados do utilizador.\n"
+      "Em CSV, um texto que começa como uma fórmula (= + - @) leva um apóstrofo antes; a importação tira-o.\n"
       "A senha de um servidor vem da variável PARVEL_SENHA, de --senha-ficheiro, ou é pedida.");
 
   auto* lista = comando("lista", "Mostra uma lista; sem chave, as chaves das listas.");
@@ -260,6 +262,11 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
       ->type_name("")
       ->required();
   importar->add_flag("--simular", options.simulate, "Verifica e conta, sem gravar.");
+  importar
+      ->add_option("--decimal", options.decimal,
+                   "Sinal dos decimais no ficheiro, vírgula ou ponto, em vez do que os números mostram.")
+      ->type_name("SINAL")
+      ->check(CLI::Validator(CLI::IsMember({",", "."})).description(""));
   importar->callback([&] { command = [&] { return program.Import(); }; });
 
   auto* esquema = comando("esquema", "Mostra como se criam as tabelas; num servidor, as que lá faltam.");
@@ -285,6 +292,17 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     return kUsage;
   }
   return Guard(err, command);
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  const int code = Obey(arguments, out, err);
+  if (out.flush()) return code;
+  err << "Não foi possível escrever tudo o que o comando mostra: falta ou está incompleto. Veja se o disco "
+         "está "
+         "cheio ou se a saída foi fechada.\n";
+  return kFailed;
 }
 
 }  // namespace console

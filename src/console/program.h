@@ -16,7 +16,8 @@ enum ExitCode : int {
   kDue = 10,    // alerts: something is due
 };
 
-/// Runs the program on its arguments (without its name). Results go to `out`, messages to `err`.
+/// Runs the program on its arguments (without its name). Results go to `out`, messages to `err`. `kFailed`,
+/// whatever was done, when `out` didn't take all of it.
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace console

@@ -1,5 +1,6 @@
 #include "console/program.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -86,6 +87,53 @@ TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
   EXPECT_EQ(out.str().find("parvel "), 0U);
   EXPECT_EQ(Parvel({"--help"}), kDone);
   EXPECT_NE(out.str().find("copia"), std::string::npos);
+}
+
+TEST_F(ProgramTest, WhatCannotBeWrittenIsToldAndFails) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone);
+  std::ofstream(File("x.csv")) << "Codigo;Nome\nX;x\n";
+  const std::vector<std::vector<std::string>> commands = {{"--help"},
+                                                          {"lista"},
+                                                          {"lista", "Marcas"},
+                                                          {"lista", "Marcas", "--csv"},
+                                                          {"lista", "Marcas", "--json"},
+                                                          {"motorista", "0001"},
+                                                          {"alertas"},
+                                                          {"alertas", "--json"},
+                                                          {"anexos", "5", "X"},
+                                                          {"copia", File("copia.db")},
+                                                          {"importar", "motoristas", File("x.csv")},
+                                                          {"esquema"}};
+  for (std::vector<std::string> command : commands) {
+    SCOPED_TRACE(command.back());
+    command.insert(command.begin(), {"--db", database});
+    std::ofstream full("/dev/full");
+    err.str("");
+    EXPECT_EQ(console::Run(command, full, err), kFailed);
+    EXPECT_NE(err.str().find("Não foi possível escrever"), std::string::npos) << err.str();
+  }
+  EXPECT_EQ(OnDatabase({"alertas", "--ics", "/dev/full"}), kFailed);
+  EXPECT_EQ(err.str(), "Não foi possível escrever o calendário /dev/full.\n");
+}
+
+TEST_F(ProgramTest, AnImportIsToldTheDecimalMark) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone);
+  ASSERT_EQ(OnDatabase({"lista", "Viaturas", "--json"}), kDone);
+  const std::string plate = nlohmann::json::parse(out.str()).at(0).at("Matricula");
+  std::ofstream(File("i.csv")) << "Matricula;Data;Custo\n" << plate << ";01-01-2024;45.123\n";
+  EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv")}), kFailed);
+  EXPECT_NE(err.str().find("«--decimal ,»"), std::string::npos) << err.str();
+  EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv"), "--decimal", "x"}), kUsage);
+  EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv"), "--decimal", "."}), kDone);
+  EXPECT_EQ(out.str(), "1 novos, 0 já existiam, 0 recusados\n");
+  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone);
+  const auto inspections = nlohmann::json::parse(out.str())["inspeccoes"];
+  EXPECT_TRUE(std::any_of(inspections.begin(), inspections.end(), [](const auto& one) {
+    return one["Data"] == "2024-01-01" && one["Custo"] == 45.123;
+  })) << out.str();
+  EXPECT_EQ(OnDatabase({"importar", "nada", File("i.csv")}), kUsage);
+  EXPECT_NE(err.str().find("viaturas, motoristas, gastos"), std::string::npos);
+  EXPECT_EQ(OnDatabase({"importar", "gastos", File("não há.csv")}), kFailed);
 }
 
 TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {
