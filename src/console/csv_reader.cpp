@@ -4,12 +4,12 @@
 #include <array>
 #include <stdexcept>
 
-#include "platform/regional.h"
 #include "platform/text.h"
 
 namespace console {
 namespace {
 
+constexpr auto kEnd = std::istream::traits_type::eof();
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Windows-1252 from 0x80 to 0x9F; 0 where it has no character. The rest are Latin-1.
@@ -31,25 +31,6 @@ void AppendUtf8(std::string& text, unsigned c) {
   }
 }
 
-bool IsNumberLike(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos &&
-         text.find_first_not_of("0123456789.,+- ") == std::string_view::npos;
-}
-
-/// What one field tells of the decimal mark: a mark that doesn't stand before exactly three digits, or the
-/// last of two kinds, is one. 0 when it tells nothing.
-char DecimalOf(std::string_view text) {
-  if (!IsNumberLike(text)) return '\0';
-  const auto comma = text.rfind(',');
-  const auto point = text.rfind('.');
-  if (comma == std::string_view::npos && point == std::string_view::npos) return '\0';
-  if (comma != std::string_view::npos && point != std::string_view::npos) return comma > point ? ',' : '.';
-  const char mark = comma != std::string_view::npos ? ',' : '.';
-  const auto at = comma != std::string_view::npos ? comma : point;
-  if (std::count(text.begin(), text.end(), mark) > 1) return mark == ',' ? '.' : ',';  // it groups
-  return text.size() - at - 1 == 3 ? '\0' : mark;
-}
-
 char SeparatorOf(std::string_view header) {
   char best = ';';
   auto most = std::count(header.begin(), header.end(), ';');
@@ -63,7 +44,7 @@ char SeparatorOf(std::string_view header) {
   return best;
 }
 
-void Rewind(std::istream& file) {
+void ToBegin(std::istream& file) {
   file.clear();
   file.seekg(0);
   std::array<char, 3> mark{};
@@ -76,31 +57,20 @@ void Rewind(std::istream& file) {
 }  // namespace
 
 CsvShape DetectCsv(std::istream& file) {
-  Rewind(file);
+  ToBegin(file);
   CsvShape shape;
   std::string line;
   std::getline(file, line);
   shape.separator = SeparatorOf(line);
-  Rewind(file);
+  ToBegin(file);
   shape.utf8 = true;
   while (std::getline(file, line)) shape.utf8 = shape.utf8 && platform::IsUtf8(line);
 
-  Rewind(file);
+  ToBegin(file);
   CsvReader reader(file, shape);
   if (!reader.Next(shape.header))
     throw std::runtime_error("O ficheiro está vazio: falta a linha com os nomes das colunas.");
-  std::vector<std::string> row;
-  long commas = 0;
-  long points = 0;
-  while (reader.Next(row)) {
-    for (const std::string& field : row) {
-      const char mark = DecimalOf(field);
-      commas += mark == ',';
-      points += mark == '.';
-    }
-  }
-  shape.decimal = points > commas ? '.' : ',';
-  Rewind(file);
+  reader.Rewind();
   return shape;
 }
 
@@ -110,30 +80,29 @@ bool CsvReader::Next(std::vector<std::string>& row) {
   return false;
 }
 
+void CsvReader::Rewind() {
+  ToBegin(file_);
+  line_ = rowLine_ = lastLine_ = 1;
+}
+
 bool CsvReader::ReadRow(std::vector<std::string>& row) {
   row.clear();
   rowLine_ = line_;
   std::string field;
-  bool quoted = false;
   bool any = false;
   const auto close = [&] {
     row.push_back(ToUtf8(std::move(field)));
     field.clear();
   };
   std::streambuf& file = *file_.rdbuf();
-  for (int c = file.sbumpc(); c != std::istream::traits_type::eof(); c = file.sbumpc()) {
+  for (int c = file.sbumpc(); c != kEnd; c = file.sbumpc()) {
     any = true;
+    lastLine_ = line_;
     const char letter = static_cast<char>(c);
     if (letter == '\n') ++line_;
-    if (quoted) {
-      if (letter != '"')
-        field += letter;
-      else if (file.sgetc() == '"')
-        field += static_cast<char>(file.sbumpc());
-      else
-        quoted = false;
-    } else if (letter == '"' && field.empty()) {
-      quoted = true;
+    if (letter == '"' && field.empty()) {
+      ReadQuoted(field);
+      lastLine_ = line_;
     } else if (letter == shape_.separator) {
       close();
     } else if (letter == '\n') {
@@ -147,6 +116,26 @@ bool CsvReader::ReadRow(std::vector<std::string>& row) {
   return any;
 }
 
+void CsvReader::ReadQuoted(std::string& field) {
+  const long opened = line_;
+  std::streambuf& file = *file_.rdbuf();
+  int c = file.sbumpc();
+  for (; c != kEnd; c = file.sbumpc()) {
+    if (c == '"') {
+      if (file.sgetc() != '"') break;
+      file.sbumpc();
+    }
+    if (c == '\n') ++line_;
+    field += static_cast<char>(c);
+  }
+  const int next = file.sgetc();
+  const bool atEnd = next == kEnd || next == shape_.separator || next == '\r' || next == '\n' || next == ' ';
+  if (c != kEnd && (atEnd || line_ == opened)) return;
+  throw std::runtime_error("A aspa que se abre na linha " + std::to_string(opened) +
+                           " do ficheiro não se fecha no fim do seu campo, e levaria as linhas seguintes. "
+                           "Corrija essa linha; nada foi importado.");
+}
+
 std::string CsvReader::ToUtf8(std::string field) const {
   if (shape_.utf8) return field;
   std::string text;
@@ -157,37 +146,6 @@ std::string CsvReader::ToUtf8(std::string field) const {
     AppendUtf8(text, mapped == 0 ? 0xFFFD : mapped);
   }
   return text;
-}
-
-std::string RegionalNumber(std::string_view text, char decimal) {
-  const char grouping = decimal == ',' ? '.' : ',';
-  const std::string trimmed = platform::Trim(text);
-  const auto point = std::min(trimmed.find(decimal), trimmed.size());
-  const auto firstDigit = trimmed.find_first_not_of("+-");
-  if (firstDigit > 1) return {};  // nor when there is none
-  std::string number = trimmed.substr(0, firstDigit);
-  std::size_t sinceGroup = 0;
-  bool grouped = false;
-  for (std::size_t i = firstDigit; i < point; ++i) {
-    const char c = trimmed[i];
-    if (c == grouping) {
-      if (i == firstDigit || (grouped && sinceGroup != 3) || sinceGroup > 3) return {};
-      grouped = true;
-      sinceGroup = 0;
-    } else if (c >= '0' && c <= '9') {
-      number += c;
-      ++sinceGroup;
-    } else {
-      return {};
-    }
-  }
-  if (grouped && sinceGroup != 3) return {};
-  if (point < trimmed.size()) {
-    const std::string decimals = trimmed.substr(point + 1);
-    if (decimals.find_first_not_of("0123456789") != std::string::npos) return {};
-    number += platform::Regional::Current().decimal + decimals;
-  }
-  return number;
 }
 
 }  // namespace console

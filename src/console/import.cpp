@@ -4,13 +4,16 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "platform/runtime_error.h"
+#include "console/csv_number.h"
+#include "console/csv_text.h"
 #include "platform/text.h"
 
 namespace console {
 
 using platform::Currency;
 using platform::Date;
+
+constexpr int kFirstYear = 1753;  // the databases hold no earlier day
 
 const ImportRow::Field& ImportRow::field(std::string_view column) const {
   const auto found =
@@ -29,7 +32,7 @@ std::int16_t ImportRow::integer(std::string_view column) const {
 /// Turns the rows of a file into checked ones.
 class ImportReader {
  public:
-  ImportReader(std::istream& file, const std::vector<ImportColumn>& columns)
+  ImportReader(std::istream& file, const std::vector<ImportColumn>& columns, std::optional<char> decimal)
       : columns_(columns), shape_(DetectCsv(file)), reader_(file, shape_) {
     std::vector<std::string> header;
     reader_.Next(header);
@@ -43,19 +46,24 @@ class ImportReader {
     }
     RefuseUnknownColumns(header);
     width_ = header.size();
+    const DecimalMark found = LookThrough();
+    decimal_ = decimal ? *decimal : found.Found();
+    reader_.Rewind();
+    reader_.Next(header);
   }
 
   bool Next() { return reader_.Next(values_); }
-  long line() const { return reader_.line(); }
+  /// Where the row read last stands.
+  std::string Place() const {
+    const std::string first = std::to_string(reader_.line());
+    if (reader_.lastLine() == reader_.line()) return "linha " + first;
+    return "linhas " + first + " a " + std::to_string(reader_.lastLine());
+  }
 
   /// The row read last. Throws Refusal when a field isn't of its column's kind.
   const ImportRow& Checked() {
     if (values_.size() > width_) throw Refusal{"", "A linha tem mais campos do que a primeira."};
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const auto place = static_cast<std::size_t>(places_[i]);
-      const bool there = places_[i] >= 0 && place < values_.size();
-      Read(columns_[i], there ? values_[place] : std::string(), row_.fields_[i]);
-    }
+    for (std::size_t i = 0; i < columns_.size(); ++i) Read(columns_[i], ValueOf(i), row_.fields_[i]);
     return row_;
   }
 
@@ -64,6 +72,27 @@ class ImportReader {
     for (std::size_t i = 0; i < header.size(); ++i)
       if (platform::EqualsIgnoringCase(platform::Trim(header[i]), name)) return static_cast<int>(i);
     return -1;
+  }
+
+  /// What the row read last has in a column.
+  const std::string& ValueOf(std::size_t column) const {
+    static const std::string nothing;
+    const auto place = static_cast<std::size_t>(places_[column]);
+    return places_[column] >= 0 && place < values_.size() ? values_[place] : nothing;
+  }
+
+  /// Reads the file to its end before any row of it is taken.
+  DecimalMark LookThrough() {
+    DecimalMark mark;
+    while (Next())
+      for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (IsNumber(columns_[i]))
+          mark.Look(columns_[i].name, ValueOf(i), columns_[i].kind == ColumnKind::kInteger, reader_.line());
+    return mark;
+  }
+
+  static bool IsNumber(const ImportColumn& column) {
+    return column.kind == ColumnKind::kNumber || column.kind == ColumnKind::kInteger;
   }
 
   void RefuseUnknownColumns(const std::vector<std::string>& header) const {
@@ -76,46 +105,39 @@ class ImportReader {
   }
 
   void Read(const ImportColumn& column, const std::string& value, ImportRow::Field& field) const {
-    field.text = value;
+    field.text = column.kind == ColumnKind::kText ? WithoutGuard(value) : value;
     field.number.reset();
     field.date.reset();
-    const std::string trimmed = platform::Trim(value);
-    if (trimmed.empty()) {
-      if (column.required) throw Refusal{column.name, "Campo obrigatório!"};
-      if (column.kind != ColumnKind::kText) field.text.clear();
-      return;
+    const std::string trimmed = platform::Trim(field.text);
+    if (column.kind == ColumnKind::kText) {
+      if (platform::Length(field.text) > static_cast<std::size_t>(column.limit))
+        throw Refusal{column.name, "Tem mais de " + std::to_string(column.limit) + " caracteres."};
+    } else if (trimmed.empty()) {
+      field.text.clear();
+    } else if (column.kind == ColumnKind::kDate) {
+      field.date = ReadDate(column, trimmed);
+    } else {
+      field.number = ReadNumber(column, trimmed);
     }
-    switch (column.kind) {
-      case ColumnKind::kText:
-        if (platform::Length(value) > static_cast<std::size_t>(column.limit))
-          throw Refusal{column.name, "Tem mais de " + std::to_string(column.limit) + " caracteres."};
-        break;
-      case ColumnKind::kNumber:
-      case ColumnKind::kInteger:
-        field.number = ReadNumber(column, trimmed);
-        break;
-      case ColumnKind::kDate:
-        field.date = ReadDate(column, trimmed);
-        break;
-    }
+    const bool nothing = column.kind == ColumnKind::kDate ? !field.date : trimmed.empty();
+    if (column.required && nothing) throw Refusal{column.name, "Campo obrigatório!"};
   }
 
   Currency ReadNumber(const ImportColumn& column, const std::string& text) const {
-    try {
-      const Currency number = Currency::Parse(RegionalNumber(text, shape_.decimal));
-      if (column.kind == ColumnKind::kNumber || Currency(static_cast<long long>(number.ToWhole())) == number)
-        return number;
-    } catch (const platform::RuntimeError&) {
-      // said below, with the text that was read
-    }
-    throw Refusal{column.name, "«" + text + "» não é um número" +
-                                   (column.kind == ColumnKind::kInteger ? " inteiro." : ".")};
+    const bool whole = column.kind == ColumnKind::kInteger;
+    if (const auto number = NumberOf(text, decimal_, whole)) return *number;
+    throw Refusal{column.name, "«" + text + "» não é um número" + (whole ? " inteiro." : ".")};
   }
 
-  static Date ReadDate(const ImportColumn& column, std::string text) {
+  /// None for the zero date, which stands for none.
+  static std::optional<Date> ReadDate(const ImportColumn& column, std::string text) {
     std::replace(text.begin(), text.end(), 'T', ' ');  // as other programs write dates with times
     Date date;
     if (!Date::TryParse(text, date)) throw Refusal{column.name, "«" + text + "» não é uma data."};
+    if (date.IsZero()) return std::nullopt;
+    if (date.days() == 0) throw Refusal{column.name, "«" + text + "» é só uma hora: falta o dia."};
+    if (date.year() < kFirstYear)
+      throw Refusal{column.name, "«" + text + "» é uma data antes de " + std::to_string(kFirstYear) + "."};
     return date;
   }
 
@@ -124,13 +146,14 @@ class ImportReader {
   CsvReader reader_;
   std::vector<int> places_;
   std::size_t width_ = 0;
+  char decimal_ = ',';
   std::vector<std::string> values_;
   ImportRow row_;
 };
 
 ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
-                       std::ostream& report) {
-  ImportReader reader(file, target.Columns());
+                       std::ostream& report, std::optional<char> decimal) {
+  ImportReader reader(file, target.Columns(), decimal);
   zorCrmParvel::Batch batch(database);
   ImportResult result;
   while (reader.Next()) {
@@ -139,12 +162,14 @@ ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std:
       ++(outcome == Outcome::kAdded ? result.added : result.known);
     } catch (const Refusal& refusal) {
       ++result.refused;
-      report << "linha " << reader.line();
+      report << reader.Place();
       if (!refusal.column.empty()) report << ", " << refusal.column;
       report << ": " << refusal.reason << '\n';
     }
   }
   target.Finish();
+  if (!report.flush())
+    throw std::runtime_error("Não foi possível escrever que linhas são recusadas: nada foi importado.");
   if (!simulate) batch.Commit();
   return result;
 }

@@ -81,9 +81,11 @@ struct ImportResult {
   long refused = 0;
 };
 
-/// Imports a CSV file: all rows that pass their rules at once, or nothing when the file can't be read or the
-/// disk fails. The report names each refused row with its line, column and reason. `simulate` stores nothing.
+/// Imports a CSV file: all rows that pass their rules at once, or nothing when the file can't be read, the
+/// disk fails or the report can't be written. The report names each refused row with its line, column and
+/// reason. `simulate` stores nothing. `decimal` is the file's decimal mark; without it, it is found out, and
+/// std::runtime_error thrown when a number can be read in two ways.
 ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
-                       std::ostream& report);
+                       std::ostream& report, std::optional<char> decimal = std::nullopt);
 
 }  // namespace console

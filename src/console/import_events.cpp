@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <functional>
 #include <set>
 
 #include "console/import_codes.h"
+#include "console/import_repetitions.h"
 #include "console/import_targets.h"
 #include "drivers/motoristas.h"
 #include "events/acessorios.h"
@@ -72,8 +74,8 @@ struct EventImport {
   const char* notes = "Obs";
   std::vector<EventField<Entity>> fields;
   std::vector<CodeRule<Entity>> codes = {};
-  /// The same event among those of its vehicle.
-  RecordsetRef (Entity::*rows)();
+  const char* table;
+  const char* id;
   std::vector<const char*> same;  // columns that tell two events of a day apart
   Currency (*total)(const DataAccessRef&, const std::string&) = nullptr;  // null: the vehicle's figures stay
 };
@@ -82,7 +84,7 @@ template <typename Entity>
 class EventTarget : public ImportTarget {
  public:
   EventTarget(const DataAccessRef& bd, EventImport<Entity> import)
-      : bd_(bd), import_(std::move(import)), plates_(bd) {
+      : bd_(bd), import_(std::move(import)), repetitions_(bd, import_.table, import_.id), plates_(bd) {
     columns_ = {{"Matricula", ColumnKind::kText, 10, true}, {import_.date, ColumnKind::kDate, 0, true}};
     if (import_.notes != nullptr) columns_.push_back({import_.notes, ColumnKind::kText, 150});
     for (const auto& field : import_.fields) columns_.push_back(field.column);
@@ -133,17 +135,17 @@ class EventTarget : public ImportTarget {
     if (!place->second) throw Refusal{rule.column, rule.missing};
   }
 
-  /// True when the vehicle has an event of this day whose columns hold what the row holds.
-  bool IsKnown(Entity& event, const ImportRow& row) {
-    const RecordsetRef rows = (event.*import_.rows)();
-    bool known = false;
-    for (; !known && !rows->Eof(); rows->MoveNext()) {
-      known = rows->Fields(import_.date).Value().ToDate() == event.Data;
-      for (const char* column : import_.same)
-        known = known && Same(rows->Fields(column).Value(), row, column);
-    }
-    rows->Close();
-    return known;
+  /// True when the vehicle has had an event of this moment whose columns hold what the row holds.
+  bool IsKnown(const Entity& event, const ImportRow& row) {
+    const std::string moment = platform::FormatDate(event.Data, "yyyy.mm.dd hh:mm:ss");
+    return repetitions_.Stand({"SELECT * From ", fixed(import_.table), " WHERE Matricula=N'",
+                               value(event.Codigo), "' and ", fixed(import_.date), "='", value(moment), "'"},
+                              [&](platform::Recordset& stored) {
+                                return std::all_of(import_.same.begin(), import_.same.end(),
+                                                   [&](const char* column) {
+                                                     return Same(stored.Fields(column).Value(), row, column);
+                                                   });
+                              });
   }
 
   static bool Same(const platform::Variant& stored, const ImportRow& row, const char* column) {
@@ -155,6 +157,7 @@ class EventTarget : public ImportTarget {
   DataAccessRef bd_;
   EventImport<Entity> import_;
   std::vector<ImportColumn> columns_;
+  Repetitions repetitions_;
   Plates plates_;
   std::unordered_map<std::string, bool> codes_;
   std::set<std::string> touched_;
@@ -185,7 +188,8 @@ std::unique_ptr<ImportTarget> MakePolicyImport(const DataAccessRef& bd) {
               .codes = {{"Companhia", &E::Companhia, &NewTable<clCompanhias>, "Companhia não existente!"},
                         {"TipoSeguro", &E::TipoSeguro, &NewTable<clTiposSeguros>,
                          "Tipo de Seguro não existente!"}},
-              .rows = &E::LerApolices,
+              .table = "zor_PV_Seguros",
+              .id = "Seg_Id",
               .same = {"Apolice", "Premio"}});
 }
 
@@ -197,7 +201,8 @@ std::unique_ptr<ImportTarget> MakeRevisionImport(const DataAccessRef& bd) {
           .date = "Data",
           .fields = {Text("TipoManut", 10, &E::TipoManut), Money("Km", &E::Km), Money("Custo", &E::Custo)},
           .codes = {{"TipoManut", &E::TipoManut, &NewTable<clTiposManut>, "Tipo Manutenção não existente!"}},
-          .rows = &E::LerRevisoes,
+          .table = "zor_PV_Revisoes",
+          .id = "Manu_Id",
           .same = {"TipoManut", "Km", "Custo"},
           .total = &TotalWithRevisions});
 }
@@ -207,7 +212,8 @@ std::unique_ptr<ImportTarget> MakeInspectionImport(const DataAccessRef& bd) {
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{.date = "Data",
                          .fields = {Money("Km", &E::Km), Money("Custo", &E::Custo)},
-                         .rows = &E::LerInspecoes,
+                         .table = "zor_PV_Inspecoes",
+                         .id = "Insp_Id",
                          .same = {"Km", "Custo"},
                          .total = &Tools::SomaCustoSemRevisoes});
 }
@@ -220,7 +226,8 @@ std::unique_ptr<ImportTarget> MakeFineImport(const DataAccessRef& bd) {
               .fields = {Text("Motorista", 10, &E::Motorista), Money("ValorMulta", &E::Valor),
                          Flag("Responsabilidade", &E::Responsabilidade)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
-              .rows = &E::LerMultas,
+              .table = "zor_PV_Multas",
+              .id = "Id",
               .same = {"Motorista", "ValorMulta"}});
 }
 
@@ -232,7 +239,8 @@ std::unique_ptr<ImportTarget> MakeAccidentImport(const DataAccessRef& bd) {
               .fields = {Text("Motorista", 10, &E::Motorista), Text("LocalAc", 50, &E::LocalAc),
                          Flag("Responsavel", &E::Responsavel), Money("Custo", &E::Custo)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
-              .rows = &E::LerSinistros,
+              .table = "zor_PV_Sinistros",
+              .id = "Id",
               .same = {"Motorista", "LocalAc", "Custo"}});
 }
 
@@ -247,7 +255,8 @@ std::unique_ptr<ImportTarget> MakeAccessoryImport(const DataAccessRef& bd) {
                      Money("KmFinal", &E::KmFinal), Money("Custo", &E::Custo), Day("DataVal", &E::DataVal)},
           .codes = {{"TipoAcessorio", &E::TipoAcessorio, &NewTable<clTiposAcessorios>,
                      "Tipo Acessório não existente!"}},
-          .rows = &E::LerAcessorios,
+          .table = "zor_PV_Acessorios",
+          .id = "Id",
           .same = {"TipoAcessorio", "Marca", "Custo"},
           .total = &Tools::SomaCustoSemRevisoes});
 }

@@ -1,6 +1,7 @@
 #include <set>
 
 #include "console/import_codes.h"
+#include "console/import_repetitions.h"
 #include "console/import_targets.h"
 #include "drivers/motoristas.h"
 #include "events/expense_figures.h"
@@ -17,7 +18,8 @@ using platform::Currency;
 
 class ExpenseTarget : public ImportTarget {
  public:
-  explicit ExpenseTarget(const DataAccessRef& bd) : bd_(bd), plates_(bd), drivers_(bd), trips_(bd) {
+  explicit ExpenseTarget(const DataAccessRef& bd)
+      : bd_(bd), repetitions_(bd, "zor_PV_Gastos", "Gst_Id"), plates_(bd), drivers_(bd), trips_(bd) {
     gasto_.bd = bd;
   }
 
@@ -109,23 +111,18 @@ class ExpenseTarget : public ImportTarget {
     pass("Km", RegrasDeGastos::Km(fuel, gasto_.Km, clGastos::KmAnterior(bd_, gasto_.Codigo, gasto_.Data)));
   }
 
-  /// The same expense, stored already by an earlier run or row.
+  /// The same expense, stored already by an earlier run.
   bool IsKnown() {
-    RecordsetRef rows;
-    bd_->AbrirLeitura(
-        "",
+    return repetitions_.Stand(
         {"SELECT Gst_Id From zor_PV_Gastos WHERE Matricula=N'", value(gasto_.Codigo), "' and Data='",
          value(platform::FormatDate(gasto_.Data, "yyyy.mm.dd hh:mm:ss")), "' and TipoGasto=N'",
          value(gasto_.TipoGasto), "' and Qtd=", value(gasto_.Qtd.ToText('.')),
-         " and Km=", value(gasto_.Km.ToText('.')), " and Custo=", value(gasto_.Custo.ToText('.'))},
-        rows);
-    const bool known = !rows->Eof();
-    rows->Close();
-    return known;
+         " and Km=", value(gasto_.Km.ToText('.')), " and Custo=", value(gasto_.Custo.ToText('.'))});
   }
 
   DataAccessRef bd_;
   clGastos gasto_;
+  Repetitions repetitions_;
   Plates plates_;
   Codes<clMotoristas> drivers_;
   Codes<clViagens> trips_;

@@ -2,6 +2,7 @@
 #include "console/import_targets.h"
 #include "masterdata/code_table.h"
 #include "platform/host.h"
+#include "vehicles/computed_dates.h"
 #include "vehicles/viaturas.h"
 
 namespace console {
@@ -10,6 +11,10 @@ namespace {
 using namespace zorCrmParvel;
 using platform::Currency;
 using platform::Date;
+
+/// What a vehicle gets whose next revision nobody set by kilometres. The column may not be null, and 0 would
+/// be told as overdue for ever.
+constexpr Currency kSemKmDeRevisao = Currency::FromTenThousandths(std::int64_t{9'999'999} * 10'000);
 
 /// Vehicles that exist stay as they are.
 class VehicleTarget : public ImportTarget {
@@ -92,11 +97,11 @@ class VehicleTarget : public ImportTarget {
     viatura.Combustivel = row.integer("Combustivel");
     viatura.DataPrxRev = row.date("DataPrxRev").value_or(Date());
     viatura.DataPrxInsp = row.date("DataPrxInsp").value_or(Date());
-    viatura.KmPrxRev = number("KmPrxRev");
+    viatura.KmPrxRev = row.number("KmPrxRev").value_or(kSemKmDeRevisao);
     viatura.Inactiva = row.integer("Inactiva") != 0 ? 1 : 0;
     viatura.Tacografo = row.integer("Tacografo") != 0 ? 1 : 0;
     viatura.DtDescarga = row.date("DtDescarga").value_or(today);
-    viatura.DataSelo = row.date("DataSelo").value_or(Date());
+    viatura.DataSelo = row.date("DataSelo").value_or(FimDoPrazoDoSelo(viatura.DataMatricula.month(), today));
     viatura.SeloPago = row.integer("SeloPago") != 0;
   }
 

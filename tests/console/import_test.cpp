@@ -1,76 +1,16 @@
 #include "console/import.h"
 
-#include <sstream>
+#include <fstream>
 
-#include "support/database_test.h"
+#include "console/alerts_command.h"
+#include "console/import_fixture.h"
+#include "console/list_printer.h"
+#include "console/program.h"
 
 namespace console {
 namespace {
 
 using namespace testing_support;
-
-TEST(Csv, TellsSeparatorEncodingAndDecimalMark) {
-  const struct {
-    const char* text;
-    char separator;
-    bool utf8;
-    char decimal;
-  } files[] = {{"a;b\n1,5;2\n", ';', true, ','},
-               {"a,b\n\"1.5\",2\n", ',', true, '.'},
-               {"a\tb\n1.234\t5\n", '\t', true, ','},
-               {"a|b\n1.234,56|5\n", '|', true, ','},
-               {"a;b\n1,234.56;5\n", ';', true, '.'},
-               {"\xEF\xBB\xBF"
-                "a;b\ncaf\xC3\xA9;1\n",
-                ';', true, ','},
-               {"a;b\ncaf\xE9;1.25\n", ';', false, '.'},
-               {"a;b\n1.234.567;x\n", ';', true, ','}};
-  for (const auto& f : files) {
-    SCOPED_TRACE(f.text);
-    std::istringstream file(f.text);
-    const CsvShape shape = DetectCsv(file);
-    EXPECT_EQ(shape.separator, f.separator);
-    EXPECT_EQ(shape.utf8, f.utf8);
-    EXPECT_EQ(shape.decimal, f.decimal);
-    EXPECT_EQ(shape.header[0], "a");
-  }
-}
-
-TEST(Csv, ReadsQuotesBreaksAndOldEncodings) {
-  std::istringstream file("a;b\r\n\"x;\"\"y\"\"\nz\";\x80 \xE7\r\n\r\n ;\n1");
-  const CsvShape shape = DetectCsv(file);
-  CsvReader reader(file, shape);
-  std::vector<std::string> row;
-  ASSERT_TRUE(reader.Next(row));
-  ASSERT_TRUE(reader.Next(row));
-  EXPECT_EQ(row, (std::vector<std::string>{"x;\"y\"\nz", "€ ç"}));
-  EXPECT_EQ(reader.line(), 2);
-  ASSERT_TRUE(reader.Next(row));
-  EXPECT_EQ(reader.line(), 5);
-  ASSERT_TRUE(reader.Next(row));
-  EXPECT_EQ(row, std::vector<std::string>{"1"});
-  EXPECT_FALSE(reader.Next(row));
-}
-
-TEST(Csv, NumbersAreReadOnlyWhenTheyAreWhole) {
-  EXPECT_EQ(RegionalNumber("1.234,5", ','), "1234,5");
-  EXPECT_EQ(RegionalNumber("1,234.5", '.'), "1234,5");
-  EXPECT_EQ(RegionalNumber(" -12 ", ','), "-12");
-  for (const char* bad : {"1.5", "12.34,5", "1.2345", "abc", "", "1,2,3", "1-2", "--1", "1,2x"})
-    EXPECT_EQ(RegionalNumber(bad, ','), "") << bad;
-}
-
-class ImportTest : public DatabaseTest {
- protected:
-  ImportTest() { AddFleet(bd, 10000); }
-  ImportResult Import(const std::string& what, const std::string& csv, bool simulate = false) {
-    std::istringstream file(csv);
-    report.str("");
-    return ImportCsv(*bd, *MakeImportTarget(what, bd), file, simulate, report);
-  }
-
-  std::ostringstream report;
-};
 
 const char* const kExpenses =
     "matricula;Data;TipoGasto;Motorista;Qtd;ValorUn;Km\n"
@@ -148,44 +88,143 @@ TEST_F(ImportTest, VehiclesAndDriversThatExistStayAsTheyAre) {
             (Table{{"Ana", "NULL"}, {"Zé", "01-01-2030"}}));
 }
 
-TEST_F(ImportTest, EveryEventHasItsColumnsCodesAndTotals) {
-  Sql("INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
-  Sql("INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo')");
-  Sql("INSERT INTO zor_PV_TiposSeguro (Codigo, Nome) VALUES ('RC', 'RC')");
-  Sql("INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('GPS', 'GPS')");
+TEST_F(ImportTest, ANumberThatCanBeReadInTwoWaysIsRefusedUnlessTheFileTells) {
+  const std::string header = "Matricula;Data;TipoGasto;Qtd;ValorUn;Km\n12-AB-34;01-03-2024;GASOLEO;";
   const struct {
     const char* what;
-    const char* csv;  // a good row, then one with a code that doesn't exist
-    const char* refused;
-    const char* total;
-  } files[] = {
-      {"revisoes",
-       "Matricula;Data;TipoManut;Km;Custo\n12-AB-34;01-02-2024;OLEO;10500;100\n"
-       "12-AB-34;01-02-2024;NADA;1;1\n",
-       "TipoManut: Tipo Manutenção não existente!", "100"},
-      {"inspecoes", "Matricula;Data;Km;Custo\n12-AB-34;01-02-2024;10500;30\n99-ZZ-99;01-02-2024;1;1\n",
-       "Matricula: Viatura não existente!", "30"},
-      {"acessorios",
-       "Matricula;Data;TipoAcessorio;Custo;DataVal\n12-AB-34;01-02-2024;GPS;50;\n"
-       "12-AB-34;01-02-2024;X;1;\n",
-       "TipoAcessorio: Tipo Acessório não existente!", "80"},
-      {"apolices",
-       "Matricula;Validade;Companhia;TipoSeguro;Apolice;Premio\n12-AB-34;01-02-2025;TEJO;RC;A1;300\n"
-       "12-AB-34;01-02-2025;TEJO;XX;A1;300\n",
-       "TipoSeguro: Tipo de Seguro não existente!", "80"},
-      {"multas", "Matricula;Data;Motorista;ValorMulta\n12-AB-34;01-02-2024;1;60\n12-AB-34;01-02-2024;9;60\n",
-       "Motorista: Motorista não existente!", "80"},
-      {"sinistros",
-       "Matricula;Data;Motorista;LocalAc;Custo\n12-AB-34;01-02-2024;1;A1;60\n"
-       "12-AB-34;01-02-2024;9;A1;60\n",
-       "Motorista: Motorista não existente!", "80"}};
-  for (const auto& f : files) {
-    SCOPED_TRACE(f.what);
-    EXPECT_EQ(Import(f.what, f.csv).added, 1);
-    EXPECT_EQ(report.str(), "linha 3, " + std::string(f.refused) + "\n");
-    EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas")[0][0], f.total);
-    EXPECT_EQ(Import(f.what, f.csv).known, 1) << "a second run adds nothing";
+    const char* numbers;
+    std::optional<char> decimal;
+    const char* stored;  // null: refused
+  } cases[] = {{"three decimals alone", "45.123;1.789;10000", {}, nullptr},
+               {"the other mark", "45,123;1,789;10000", {}, nullptr},
+               {"marks that contradict each other", "45,5;1.7;10.500", {}, nullptr},
+               {"the option settles it", "45.123;1.789;10000", '.', "45,123 1,789 10000"},
+               {"the other way", "45.123;1.789;10000", ',', "45123 1789 10000"},
+               {"another column tells", "40,5;1,789;10.500", {}, "40,5 1,789 10500"},
+               {"a number with both marks tells", "40;1.789;10,500.0", {}, "40 1,789 10500"},
+               {"nothing is grouped behind a zero", "40;0.789;10500", {}, "40 0,789 10500"},
+               {"nor after four digits", "1.200;2;10500,000", {}, "1200 2 10500"},
+               {"no mark at all", "40;2;10500", {}, "40 2 10500"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    Sql("DELETE FROM zor_PV_Gastos");
+    if (c.stored == nullptr) {
+      EXPECT_THROW(Import("gastos", header + c.numbers + "\n", false, c.decimal), std::runtime_error);
+      EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
+      continue;
+    }
+    Import("gastos", header + c.numbers + "\n", false, c.decimal);
+    const Table rows = Rows(bd, "SELECT Qtd, ValorUn, Km FROM zor_PV_Gastos");
+    ASSERT_EQ(rows.size(), 1U) << report.str();
+    EXPECT_EQ(rows[0][0] + " " + rows[0][1] + " " + rows[0][2], c.stored);
   }
+  try {
+    Import("gastos", header + "45;1.789;10000\n");
+    ADD_FAILURE() << "a price of 1.789 was taken";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(
+        error.what(),
+        "A coluna «ValorUn» tem números que se podem ler de duas maneiras: «1.789», na linha 2, é 1789 ou "
+        "1,789. Diga qual é o sinal dos decimais do ficheiro, com «--decimal ,» ou «--decimal .».");
+  }
+  EXPECT_EQ(Import("viaturas", "Matricula;KmInicial\nAA-00-BB;125.300\n").added, 1)
+      << "a column of whole numbers";
+  EXPECT_EQ(Rows(bd, "SELECT KmInicial FROM zor_PV_Viaturas WHERE Matricula='AA-00-BB'"),
+            (Table{{"125300"}}));
+}
+
+TEST_F(ImportTest, AQuoteThatSwallowsRowsRefusesTheFile) {
+  const std::string header = "Matricula;Data;TipoGasto;Custo;Obs\n";
+  const std::string first = "12-AB-34;01-03-2024;PORTAGEM;5;\"Posto \"\"A\"\"\nda ponte\"\n";
+  const struct {
+    const char* rows;
+    const char* line;
+  } cases[] = {{"12-AB-34;02-03-2024;PORTAGEM;5;\"A1\n12-AB-34;03-03-2024;PORTAGEM;6;\n", "linha 4 "},
+               {"12-AB-34;02-03-2024;PORTAGEM;5;\"A1\n12-AB-34;03-03-2024;PORTAGEM;6;\"A2\"\n", "linha 4 "},
+               {"12-AB-34;02-03-2024;PORTAGEM;5;\n12-AB-34;02-03-2024;PORTAGEM;5;\"A1", "linha 5 "}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.rows);
+    try {
+      Import("gastos", header + first + c.rows);
+      ADD_FAILURE() << report.str();
+    } catch (const std::runtime_error& error) {
+      EXPECT_NE(std::string(error.what()).find(c.line), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(report.str(), "");
+    EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
+  }
+  EXPECT_EQ(Import("gastos", header + first + "12-AB-34;02-03-2024;PORTAGEM;5;\"A\"1\n").added, 2);
+  EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Gastos ORDER BY Data"),
+            (Table{{"Posto \"A\"\nda ponte"}, {"A1"}}));
+  Import("gastos", header + "12-AB-34;04-03-2024;NADA;5;\"A\n\n1\"\n");
+  EXPECT_EQ(report.str(), "linhas 2 a 4, TipoGasto: Tipo Gasto não existente!\n");
+}
+
+TEST_F(ImportTest, OfEqualRowsThoseAreNewThatTheDatabaseLacks) {
+  Sql("INSERT INTO zor_PV_TiposManut (Codigo, Nome) VALUES ('OLEO', 'Óleo')");
+  const struct {
+    const char* what;
+    const char* table;
+    std::string header;
+    std::string row;
+  } kinds[] = {
+      {"gastos", "zor_PV_Gastos", "Matricula;Data;TipoGasto;Custo\n", "12-AB-34;01-03-2024;PORTAGEM;5\n"},
+      {"revisoes", "zor_PV_Revisoes", "Matricula;Data;TipoManut;Custo\n", "12-AB-34;01-03-2024;OLEO;5\n"}};
+  for (const auto& kind : kinds) {
+    SCOPED_TRACE(kind.what);
+    const std::string other = std::string(kind.row).replace(kind.row.find(";5"), 2, ";6");
+    const auto import = [&](const std::string& rows) {
+      const ImportResult result = Import(kind.what, kind.header + rows);
+      EXPECT_EQ(result.refused, 0) << report.str();
+      return std::pair(result.added, result.known);
+    };
+    const auto added = [](long n, long known) { return std::pair(n, known); };
+    EXPECT_EQ(import(kind.row + kind.row + other), added(3, 0)) << "two tolls of one price on one day";
+    EXPECT_EQ(import(kind.row + kind.row + other), added(0, 3));
+    EXPECT_EQ(import(kind.row + other + kind.row + kind.row + other), added(2, 3));
+    EXPECT_EQ(Rows(bd, std::string("SELECT COUNT(*) AS n FROM ") + kind.table), (Table{{"5"}}));
+  }
+}
+
+TEST_F(ImportTest, VehiclesWithoutTheirNextDatesAreNoAlerts) {
+  Sql("DELETE FROM zor_PV_Viaturas");
+  Sql("INSERT INTO zor_PV_Categorias (Codigo, Nome) VALUES ('LIGP', 'Ligeiro')");
+  const std::string vehicles =
+      "Matricula;Marca;Categoria;KmInicial;AnoMatricula;DataMatricula;SeloPago\n"
+      "AA-00-BB;REN;LIGP;90000;2023;01-02-2023;\nAA-00-CC;REN;LIGP;90000;2023;15-10-2023;1\n";
+  EXPECT_EQ(Import("viaturas", vehicles).added, 2) << report.str();
+  EXPECT_EQ(Rows(bd, "SELECT DataSelo, SeloPago, DataPrxRev, KmPrxRev, DataPrxInsp FROM zor_PV_Viaturas"),
+            (Table{{"28-02-2025", "False", "NULL", "9999999", "NULL"},
+                   {"31-10-2024", "True", "NULL", "9999999", "NULL"}}));
+  std::ostringstream out;
+  EXPECT_EQ(PrintAlerts(bd, {}, out, out), kDone) << out.str();
+}
+
+TEST_F(ImportTest, WhatTheListsWriteIsTakenBackAsItWas) {
+  const std::vector<std::string> names = {"=1+1", "+351 912", "-5", "@soma", "\tx", "\ry", "'=1", "''-x",
+                                          "'olá", "a=b",      "\"", "x;y",   "7",   "",    "' ="};
+  for (std::size_t i = 0; i < names.size(); ++i) AddDriver(bd, "N" + std::to_string(10 + i), names[i]);
+  zorCrmParvel::RecordsetRef rows;
+  bd->AbrirLeitura("", "SELECT Codigo, Nome FROM zor_Funcionarios WHERE Codigo>'N' ORDER BY Codigo", rows);
+  GridForm form;
+  form.Grelha.SetDataSource(rows);
+  std::ostringstream csv;
+  PrintList(csv, form.Grelha, Output::kCsv);
+  EXPECT_NE(
+      csv.str().find("N10;'=1+1\nN11;'+351 912\nN12;'-5\nN13;'@soma\nN14;'\tx\nN15;\"'\ry\"\nN16;''=1\n"),
+      std::string::npos)
+      << csv.str();
+  Sql("DELETE FROM zor_Funcionarios WHERE Codigo>'N'");
+  EXPECT_EQ(Import("motoristas", csv.str()).added, static_cast<long>(names.size())) << report.str();
+  const Table stored = Rows(bd, "SELECT Nome FROM zor_Funcionarios WHERE Codigo>'N' ORDER BY Codigo");
+  for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(stored.at(i).at(0), names[i]);
+}
+
+TEST_F(ImportTest, NothingIsStoredWhenNobodyIsToldWhatIsRefused) {
+  std::ofstream full("/dev/full");
+  std::istringstream file(kExpenses);
+  EXPECT_THROW(ImportCsv(*bd, *MakeImportTarget("gastos", bd), file, false, full), std::runtime_error);
+  EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
 }
 
 }  // namespace
