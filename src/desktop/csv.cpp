@@ -1,10 +1,9 @@
 #include "desktop/csv.h"
 
-#include <QSaveFile>
-
 #include <utility>
 
 #include "console/csv_text.h"
+#include "desktop/save_file.h"
 #include "desktop/text.h"
 #include "platform/runtime_error.h"
 
@@ -41,7 +40,7 @@ void WriteCsv(const QString& name, const TableSource& source, const RowOrder& or
     for (long place = 0; place < order.Count(); ++place)
       WriteLine(file, columns, [&](std::size_t column) { return Cell(source, order.RowAt(place), column); });
   }
-  if (!file.commit())
+  if (!Keep(file))
     throw platform::RuntimeError(
         platform::kEngineFailure, "Exportar",
         FromQt(QStringLiteral("Não foi possível escrever o ficheiro %1 (%2). Veja se o disco está cheio, ou "

@@ -15,6 +15,8 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/message_box.h"
+#include "desktop/save_file.h"
+#include "platform/runtime_error.h"
 
 namespace desktop {
 namespace {
@@ -102,16 +104,23 @@ void ReportDialog::ShowPage() {
 void ReportDialog::PrintOut() {
   QPrintDialog dialog(printer_.get(), this);
   if (dialog.exec() != QDialog::Accepted) return;
-  Guarded(this, [this] { table_.Print(*printer_); });
-  accept();
+  const bool printed = Guarded(this, [this] {
+    if (!table_.Print(*printer_))
+      throw platform::RuntimeError(
+          platform::kEngineFailure, "Imprimir",
+          "Não foi possível imprimir. Veja se a impressora está ligada, ou se o disco está cheio.");
+  });
+  if (printed) accept();
 }
 
 bool ReportDialog::WritePdf(const QString& file) {
-  QPdfWriter writer(file);
+  QSaveFile target(file);  // the file is as it was until all is written
+  if (!target.open(QIODevice::WriteOnly)) return false;
+  QPdfWriter writer(&target);
   writer.setResolution(kPdfResolution);
   writer.setPageLayout(table_.PageLayout());
   writer.setTitle(title_);
-  return table_.Print(writer);
+  return table_.Print(writer) && Keep(target);
 }
 
 void ReportDialog::AskAndWritePdf() {

@@ -21,7 +21,7 @@ class ReportDialog : public QDialog {
   ReportDialog(const TableSource& source, QString title, QWidget* parent, const RowOrder* order = nullptr);
   ~ReportDialog() override;
 
-  /// Writes the report as a PDF. False when the file can't be written.
+  /// Writes the report as a PDF. False when the file can't be written; it is then as it was.
   bool WritePdf(const QString& file);
 
  private:

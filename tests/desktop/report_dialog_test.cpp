@@ -1,18 +1,29 @@
 #include "desktop/report_dialog.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
+#include <fstream>
+#include <utility>
+
+#include "desktop/csv.h"
 #include "desktop/sources.h"
+#include "desktop/text.h"
 #include "pdf.h"
+#include "platform/runtime_error.h"
+#include "support/files.h"
 #include "user.h"
 
 namespace desktop_test {
 namespace {
 
-/// Answers any statement with a hundred expenses.
+/// Answers any statement with a hundred expenses, or with rows given.
 class Expenses : public platform::Connection {
  public:
+  explicit Expenses(platform::RecordsetRef rows = {}) : given_(std::move(rows)) {}
   platform::RecordsetRef Execute(const std::string&) override {
+    if (given_) return given_;
     auto rows = std::make_shared<platform::MemoryRecordset>();
     rows->Append("Designação", platform::FieldType::kText, 200);
     rows->Append("Custo", platform::FieldType::kCurrency, 8);
@@ -26,6 +37,9 @@ class Expenses : public platform::Connection {
     }
     return platform::RecordsetRef(std::shared_ptr<platform::Recordset>(rows));
   }
+
+ private:
+  platform::RecordsetRef given_;
 };
 
 platform::MapaListagem ExpenseReport() {
@@ -66,11 +80,63 @@ TEST(ReportDialogTest, ThePdfHoldsTitleHeadingsRowsAndPageNumbersAsText) {
                                 .arg(now.year())));
 }
 
-TEST(ReportDialogTest, APdfThatCannotBeWrittenIsToldApart) {
+/// While it lives, a file may grow to some bytes only: the disk is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  sighandler_t handler_;
+  rlimit before_{};
+};
+
+TEST(ReportDialogTest, WhatCannotBeWrittenIsToldAndLeavesTheFileAsItWas) {
   Desk desk;
   platform::MapaListagem report = ExpenseReport();
   desktop::DialogSource source(report);
-  EXPECT_FALSE(desktop::ReportDialog(source, "Gastos", nullptr).WritePdf("/nenhures/mapa.pdf"));
+  desktop::ReportDialog dialog(source, "Gastos", nullptr);
+  const desktop::RowOrder order(source);
+  EXPECT_FALSE(dialog.WritePdf("/nenhures/mapa.pdf"));
+  const std::string file = desk.folder.filePath("mapa").toStdString();
+  std::ofstream(file) << "antes";
+  {
+    const FullDisk full(1000);
+    EXPECT_FALSE(dialog.WritePdf(desktop::ToQt(file)));
+    EXPECT_THROW(desktop::WriteCsv(desktop::ToQt(file), source, order), platform::RuntimeError);
+  }
+  EXPECT_EQ(testing_support::Contents(file), "antes");
+}
+
+TEST(ReportDialogTest, AnExportedTextIsNoFormulaAndANumberStaysOne) {
+  Desk desk;
+  auto rows = platform::MakeRef<platform::MemoryRecordset>();
+  rows->Append("Nome", platform::FieldType::kText, 50);
+  rows->Append("Custo", platform::FieldType::kCurrency, 8);
+  rows->Open();
+  for (const char* name : {"=1;\"+1\"", "'@x", "Zé"}) {
+    rows->AddNew();
+    rows->Fields("Nome").SetValue(name);
+    rows->Fields("Custo").SetValue(platform::Currency::Parse("-1234,5"));
+    rows->Update();
+  }
+  platform::MapaListagem report;
+  report.Ligacao = platform::MakeRef<Expenses>(rows);
+  report.Carrega();
+  desktop::DialogSource source(report);
+  const QString file = desk.folder.filePath("mapa.csv");
+  desktop::WriteCsv(file, source, desktop::RowOrder(source));
+  EXPECT_EQ(testing_support::Contents(file.toStdString()),
+            "\xEF\xBB\xBFNome;Custo\r\n\"'=1;\"\"+1\"\"\";-1.234,50\r\n''@x;-1.234,50\r\nZé;-1.234,50\r\n");
 }
 
 TEST(ReportDialogTest, TheModulesReportIsShownAndClosed) {
