@@ -39,31 +39,19 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   EXPECT_EQ(nlohmann::json::parse(out.str()).size(), 7U);
 }
 
-TEST_F(ProgramTest, PrintsAVehicleAndADriverWithTheirEvents) {
+TEST_F(ProgramTest, PrintsAVehicleAndADriver) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
-  ASSERT_EQ(OnDatabase({"lista", "Viaturas", "--json"}), kDone) << err.str();
-  const std::string plate = nlohmann::json::parse(out.str()).at(0).at("Matricula");
-  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone) << err.str();
-  const auto vehicle = nlohmann::json::parse(out.str());
-  EXPECT_EQ(vehicle["Matricula"], plate);
-  double cost = 0;
-  for (const auto& expense : vehicle["gastos"]) cost += expense["Custo"].get<double>();
-  EXPECT_GT(cost, 0);
-  for (const char* kind : {"apolices", "revisoes", "inspeccoes", "multas", "sinistros", "acessorios"})
-    EXPECT_TRUE(vehicle[kind].is_array()) << kind;
-  const std::string newest = vehicle["gastos"].front()["Data"];
-  EXPECT_GT(newest, vehicle["gastos"].back()["Data"].get<std::string>());
-
-  ASSERT_EQ(OnDatabase({"viatura", plate}), kDone);
-  EXPECT_EQ(out.str().find("Matricula"), 0U) << out.str();
-  EXPECT_NE(out.str().find("Gastos: " + std::to_string(vehicle["gastos"].size()) + "\n"), std::string::npos);
-
   ASSERT_EQ(OnDatabase({"motorista", "0002", "--json"}), kDone) << err.str();
   const auto person = nlohmann::json::parse(out.str());
   EXPECT_EQ(person["Codigo"], "0002");
-  EXPECT_TRUE(person["DataBI"].is_null()) << "the zero date is none";
-  EXPECT_FALSE(person["gastos"].empty());
-  EXPECT_EQ(person["cartas"].at(0)["Classe"], "B    - Ligeiros");
+  const std::string plate = person["gastos"].at(0).at("Matricula");
+  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone) << err.str();
+  const auto vehicle = nlohmann::json::parse(out.str());
+  EXPECT_EQ(vehicle["Matricula"], plate);
+  const std::string newest = vehicle["gastos"].front()["Data"];
+  EXPECT_GT(newest, vehicle["gastos"].back()["Data"].get<std::string>());
+  ASSERT_EQ(OnDatabase({"viatura", plate}), kDone);
+  EXPECT_EQ(out.str().find("Matricula      " + plate), 0U) << out.str();
 
   EXPECT_EQ(OnDatabase({"viatura", "D'OR"}), kRefused);
   EXPECT_NE(err.str().find("«D'OR»"), std::string::npos);
