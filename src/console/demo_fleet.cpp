@@ -155,7 +155,6 @@ class Vehicle {
 
   /// A fill of `tenths` of a unit.
   void Store(Date day, const char* tipo, int tenths, int km) {
-    gasto_.Id = 0;
     gasto_.Codigo = viatura_.Matricula;
     gasto_.Data = Date::FromParts(day.year(), day.month(), day.day(), dice_.Roll(6, 20), dice_.Roll(0, 59));
     gasto_.TipoGasto = tipo;
@@ -172,7 +171,6 @@ class Vehicle {
   void Spend(const OtherCost& cost) {
     for (Date day = start_.AddDays(dice_.Roll(1, cost.everyDays)); day < today_;
          day = day.AddDays(cost.everyDays + dice_.Roll(-5, 5))) {
-      gasto_.Id = 0;
       gasto_.Codigo = viatura_.Matricula;
       gasto_.Data = day;
       gasto_.TipoGasto = cost.tipo;

@@ -49,7 +49,6 @@ class ExpenseTarget : public ImportTarget {
     Take(row, type);
     if (IsKnown()) return Outcome::kKnown;
     Check(type.fuel);
-    gasto_.Id = 0;
     gasto_.Escrever();
     touched_.insert(gasto_.Codigo);
     return Outcome::kAdded;

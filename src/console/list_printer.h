@@ -17,7 +17,8 @@ class GridForm : public platform::Form {
 enum class Output { kTable, kCsv, kJson };
 
 /// Prints the visible columns of a list that has been started: an aligned table under the captions, or CSV
-/// (semicolons) or JSON under the columns' names, with dates as yyyy-mm-dd and numbers with a point.
+/// (semicolons) or JSON under the columns' names, with dates as yyyy-mm-dd and numbers with a point. In CSV a
+/// text that begins like a formula has an apostrophe before it.
 void PrintList(std::ostream& out, const zorCrmParvel::SGGrid& grid, Output format);
 
 }  // namespace console

@@ -299,9 +299,9 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
   const int code = Obey(arguments, out, err);
   if (out.flush()) return code;
-  err << "Não foi possível escrever tudo o que o comando mostra: falta ou está incompleto. Veja se o disco "
-         "está "
-         "cheio ou se a saída foi fechada.\n";
+  err << "Não foi possível escrever tudo o que o comando mostra. Veja se o disco está cheio ou se a saída "
+         "foi "
+         "fechada.\n";
   return kFailed;
 }
 

@@ -113,11 +113,11 @@ Currency Variant::ToCurrency() const {
 Date Variant::ToDate() const {
   if (const auto* d = As<Date>()) return *d;
   if (const auto* s = As<std::string>()) return Date::Parse(*s);
-  const std::int64_t seconds = RoundToWhole(ToDouble() * 86400.0);
-  if (seconds < Date::FromParts(100, 1, 1).seconds() ||
-      seconds > Date::FromParts(9999, 12, 31, 23, 59, 59).seconds())
-    throw RuntimeError(kOverflow);
-  return Date::FromSeconds(seconds);
+  static const Date first = Date::FromParts(100, 1, 1);
+  static const Date last = Date::FromParts(9999, 12, 31, 23, 59, 59);
+  const Date date = Date::FromSeconds(RoundToWhole(ToDouble() * 86400.0));
+  if (date < first || date > last) throw RuntimeError(kOverflow);
+  return date;
 }
 
 const Bytes& Variant::ToBytes() const {

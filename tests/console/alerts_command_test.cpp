@@ -1,8 +1,9 @@
 #include "console/alerts_command.h"
 
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <set>
 
 #include "console/calendar_file.h"
 #include "console/program_fixture.h"
@@ -100,22 +101,45 @@ TEST_F(AlertsCommandTest, AListThatFailsDoesntHideTheOthers) {
 
 TEST_F(AlertsCommandTest, WritesOneCalendarEntryForEachDueDate) {
   Fill();
+  Sql("INSERT INTO zor_PV_Seguros (Matricula, TipoSeguro, Apolice, Validade, Inactiva) VALUES ('12-AB-34', "
+      "'DP', 'P2', '2024.04.14', 0)");
+  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, DtDescarga='2024.03.18'");
+  AddDriver(bd, "1", "Ana");
+  Sql("UPDATE zor_Funcionarios SET BI='5', DataValBI='2024.03.25'");
+  Sql("INSERT INTO zor_PV_TiposAcessorios (Codigo, Nome) VALUES ('EXT', 'Extintor')");
+  Sql("INSERT INTO zor_PV_Acessorios (Matricula, TipoAcessorio, Marca, Data, DataVal) VALUES ('12-AB-34', "
+      "'EXT', "
+      "'Sicur', '2023.01.01', '2024.03.30')");
   const std::string path = File("alertas.ics");
   EXPECT_EQ(Alerts({.json = true, .calendar = path}), kDue);
   const std::string file = Contents(path);
   const auto uids = Values(file, "UID");
-  EXPECT_EQ(uids.size(), 4U) << "road tax, policy, inspection, and the revision once";
-  EXPECT_EQ(std::set<std::string>(uids.begin(), uids.end()).size(), uids.size());
+  EXPECT_EQ(
+      uids,
+      (std::vector<std::string>{
+          "AlertasAcess-Dias-1-20240330@parvel", "AlertasAp-Dias-12-AB-34-P2-20240414@parvel",
+          "AlertasAp-Dias-12-AB-34-P\\;1-20240314@parvel", "AlertasInsp-Dias-12-AB-34-20240320@parvel",
+          "AlertasMot-Dias-1-BI-20240325@parvel", "AlertasRev-Dias-12-AB-34-20240320@parvel",
+          "AlertasViat-DiasSelo-12-AB-34-20240320@parvel", "AlertasViat-DiasTac-12-AB-34-20240318@parvel"}));
+  EXPECT_EQ(Values(file, "SUMMARY"),
+            (std::vector<std::string>{"Acessório: EXT Sicur 12-AB-34", "Apólice: P2 12-AB-34",
+                                      "Apólice: P\\;1 12-AB-34", "Inspecção: 12-AB-34", "Motorista: BI Ana",
+                                      "Revisão: 12-AB-34 Renault", "Selo: 12-AB-34 Renault",
+                                      "Descarga do tacógrafo: 12-AB-34 Renault"}));
+  EXPECT_EQ(Values(file, "DESCRIPTION"),
+            (std::vector<std::string>{"Acessório deve ser regularizado!", "Prazo Pagamento ultrapassado!",
+                                      "Faltam 5 dias para a inspecção!", "Documento deve ser regularizado!",
+                                      "Faltam  200.00 Km para a revisão \\nRevisão marcada para  20-03-2024",
+                                      "Pagamento do Selo deve ser efectuado durante o mês corrente",
+                                      "Data de Descarga do Tacógrafo deve ser actualizada"}))
+      << "a policy due in thirty days has no note";
   EXPECT_EQ(Values(file, "DTSTART;VALUE=DATE"),
-            (std::vector<std::string>{"20240314", "20240320", "20240320", "20240320"}));
-  EXPECT_EQ(Values(file, "SUMMARY")[0], "Apólice: P\\;1 12-AB-34");
-  EXPECT_EQ(Values(file, "BEGIN"),
-            (std::vector<std::string>{"VCALENDAR", "VEVENT", "VEVENT", "VEVENT", "VEVENT"}));
+            (std::vector<std::string>{"20240330", "20240414", "20240314", "20240320", "20240325", "20240320",
+                                      "20240320", "20240318"}));
 
   host.clock = host.clock.AddDays(3);
   Alerts({.calendar = path});
   EXPECT_EQ(Values(Contents(path), "UID"), uids) << "the same entries on another day";
-  EXPECT_EQ(Values(Contents(path), "DTSTART;VALUE=DATE")[1], "20240320");
 }
 
 TEST(CalendarFile, EscapesAndFoldsItsLines) {
@@ -130,9 +154,23 @@ TEST(CalendarFile, EscapesAndFoldsItsLines) {
   std::istringstream in(file);
   for (std::string line; std::getline(in, line);)
     EXPECT_NE(static_cast<unsigned char>(line[line[0] == ' ' ? 1 : 0]) & 0xC0U, 0x80U) << "a split character";
-  const std::string stamp = Values(file, "DTSTAMP").at(0);
-  EXPECT_EQ(stamp.size(), 16U);
-  EXPECT_EQ(stamp.back(), 'Z');
+}
+
+TEST(CalendarFile, HoldsAllDayEntriesStampedInUniversalTime) {
+  setenv("TZ", "WEST-1", 1);
+  const std::string file = WriteCalendar({{"u", platform::Date::FromParts(2024, 12, 9), "s", "d"}, {}},
+                                         platform::Date::FromParts(2024, 3, 15, 0, 20, 30));
+  unsetenv("TZ");
+  tzset();
+  const std::string entry = "TRANSP:TRANSPARENT\r\nEND:VEVENT\r\n";
+  EXPECT_EQ(file,
+            "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Parvel//Alertas da frota//PT\r\n"
+            "BEGIN:VEVENT\r\nUID:u\r\nDTSTAMP:20240314T232030Z\r\nDTSTART;VALUE=DATE:20241209\r\n"
+            "SUMMARY:s\r\nDESCRIPTION:d\r\n" +
+                entry +
+                "BEGIN:VEVENT\r\nUID:\r\nDTSTAMP:20240314T232030Z\r\nDTSTART;VALUE=DATE:18991230\r\n"
+                "SUMMARY:\r\n" +
+                entry + "END:VCALENDAR\r\n");
 }
 
 TEST_F(AlertsCommandTest, TheProgramTakesItsCommands) {

@@ -167,6 +167,7 @@ TEST_F(ImportColumnsTest, ARowThatBreaksARuleIsRefusedByItsColumn) {
       {"viaturas", "Matricula;DataSelo", "P;257-01-2024", "DataSelo: «257-01-2024» não é uma data."},
       {"viaturas", "Matricula;Obs", "P;a;b", "A linha tem mais campos do que a primeira."},
       {"motoristas", "Codigo", "O'R", "Codigo: Não pode ter apóstrofos."},
+      {"motoristas", "Codigo;Inactivo", "2;-32769", "Inactivo: Valor inválido!"},
       {"motoristas", "Codigo;TipoCartaCond", "2;10", "TipoCartaCond: Valor inválido!"},
       {"motoristas", "Codigo;TipoCartaCond", "2;-1", "TipoCartaCond: Valor inválido!"},
       {"gastos", "Matricula;Data;TipoGasto", "P;01-02-2024;PORTAGEM", "Matricula: Viatura não existente!"},

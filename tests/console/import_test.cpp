@@ -13,7 +13,7 @@ namespace {
 using namespace testing_support;
 
 const char* const kExpenses =
-    "matricula;Data;TipoGasto;Motorista;Qtd;ValorUn;Km\n"
+    "matricula; Data ;TipoGasto;Motorista;Qtd;ValorUn;Km;\n"
     "12-AB-34;01-03-2024 08:00;GASOLEO;1;50,00;1,500;10000\n"
     "99-ZZ-99;01-03-2024;GASOLEO;1;50;1,5;10000\n"
     "12-AB-34;02-03-2024;GASOLEO;1;0;1,5;10100\n"
@@ -54,6 +54,7 @@ TEST_F(ImportTest, AFileThatCannotBeReadStoresNothing) {
   EXPECT_THROW(Import("gastos", ""), std::runtime_error);
   EXPECT_THROW(Import("gastos", "Matricula;Data\n12-AB-34;01-03-2024\n"), std::runtime_error);
   EXPECT_THROW(Import("gastos", "Matricula;Data;TipoGasto;Litros\n"), std::runtime_error);
+  EXPECT_THROW(Import("gastos", "Matricula;Data;TipoGasto;Data\n"), std::runtime_error) << "twice";
   EXPECT_EQ(MakeImportTarget("multas?", bd), nullptr);
 }
 
