@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "platform/currency.h"
 #include "platform/date.h"
 #include "platform/format.h"
@@ -89,8 +91,10 @@ TEST(Date, ReadsTheTextsOfScreensAndStatements) {
     SCOPED_TRACE(text);
     EXPECT_EQ(NumberOf([&] { Date::Parse(text); }), kTypeMismatch);
   }
-  for (const auto& [m, d] : {std::pair{257, 1}, {1, 257}, {13, 1}, {0, 1}, {1, 0}, {-255, 1}})
-    EXPECT_EQ(NumberOf([&] { Date::FromParts(2024, m, d); }), kTypeMismatch) << m << '-' << d;
+  const std::pair<int, int> impossible[] = {{257, 1}, {1, 257}, {13, 1}, {0, 1}, {1, 0}, {-255, 1}};
+  for (const auto& part : impossible)
+    EXPECT_EQ(NumberOf([&] { Date::FromParts(2024, part.first, part.second); }), kTypeMismatch)
+        << part.first << '-' << part.second;
 }
 
 TEST(Date, ShowsMidnightWithoutTimeAndZeroAsTime) {
