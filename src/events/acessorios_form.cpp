@@ -82,9 +82,9 @@ void Acessorios::MostrarPercurso() {
   const Currency percurso = fim - Tools::TextoParaMoeda(Campo[kKmInicial]);
   const Currency custo = Tools::TextoParaMoeda(Campo[kCusto]);
   const bool inteiro = percurso == 0 || (semFim && percurso < 0);
+  const double porKm = inteiro ? custo.ToDouble() : platform::Divide(custo.ToDouble(), percurso.ToDouble());
   Titulo[kPercurso].Caption = "Acessório com " + platform::Format(percurso, "###,##0") + " Km";
-  Titulo[kCustoPorKm].Caption =
-      "Custo/Km " + platform::Format(inteiro ? custo : Tools::CustoPorKm(custo, percurso), "#,##0.00") + " €";
+  Titulo[kCustoPorKm].Caption = "Custo/Km " + platform::Format(porKm, "#,##0.00") + " €";
 }
 
 void Acessorios::LevarCampos() {

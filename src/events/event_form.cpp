@@ -60,7 +60,7 @@ void EventForm::LerFicha() {
   MostrarViatura();
   Campo[0].Text = entidade_->Codigo;
   Campo[0].Enabled = true;
-  DTPicker1.Value = entidade_->Data;
+  DTPicker1.Value = NoFormatoDaData(entidade_->Data);
   MostrarCampos();
   for (const Referencia& referencia : referencias_) MostrarReferencia(referencia);
 }
@@ -92,9 +92,11 @@ void EventForm::Limparform() {
   Alterado = false;
 }
 
-platform::Date EventForm::DataDoDia() const {
-  return platform::Date::Parse(platform::FormatDate(platform::Now(), textos_.formatoData));
+platform::Date EventForm::NoFormatoDaData(platform::Date data) const {
+  return platform::Date::Parse(platform::FormatDate(data, textos_.formatoData));
 }
+
+platform::Date EventForm::DataDoDia() const { return NoFormatoDaData(platform::Now()); }
 
 void EventForm::LimparParaOMesmoVeiculo() {
   Limparform();

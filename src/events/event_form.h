@@ -133,6 +133,8 @@ class EventForm : public Ficha {
 
  private:
   void LerFicha();
+  /// A date as far as the ficha's date shows it.
+  platform::Date NoFormatoDaData(platform::Date data) const;
   void MostrarMarca(const std::string& codigo);
   /// What the ficha shows and keeps of the vehicle `Matricula`.
   void MostrarViatura();

@@ -118,6 +118,7 @@ const ListaDeEventos kAcessorios{
      {"KmInicial", 2500, "Km. Iniciais", platform::kGridLong},
      {"KmFinal", 2500, "Km. Finais", platform::kGridLong}},
     &NovaFichaDeEvento<Acessorios>,
+    true,
     true};
 
 }  // namespace
@@ -148,6 +149,7 @@ void EventList::ICrmVwList_Editar(GridRow* row) {
     const auto id = Chave(row, kChave);
     if (!id) return;
     const auto ficha = NovaFicha();
+    if (lista_.editaComMatricula) ficha->Matricula = *Chave(row, "Matricula");
     ficha->Carrega(platform::Variant(*id).ToLong());
     ficha->ShowModal();
     ICrmVwList_Iniciar();

@@ -15,7 +15,8 @@ struct ListaDeEventos {
   const char* sql;
   std::vector<ColunaDeLista> colunas;
   std::unique_ptr<EventForm> (*ficha)();
-  bool anulaComMatricula;  // a removal names the vehicle, whose figures it brings up to date
+  bool anulaComMatricula;          // a removal names the vehicle, whose figures it brings up to date
+  bool editaComMatricula = false;  // the ficha knows the row's vehicle even when its event has gone
 };
 
 template <typename T>

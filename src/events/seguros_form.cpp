@@ -78,6 +78,7 @@ void Seguros::MostrarCampos() {
   Campo[kFranquia].Text = seguro().Franquia.ToText();
   Campo[kCoberturas].Text = seguro().Coberturas;
   Combo1.ListIndex = seguro().Modalidade;
+  DTPicker1.Value = seguro().Validade;  // a policy's dates are shown as they stand
   DTPicker2.Value = seguro().DataInicio;
   Check1.Value = seguro().Inactiva == 1 ? 1 : 0;
 }

@@ -41,7 +41,7 @@ std::string PrazoDaApolice(const clSeguros& seguro) {
 void MostrarPercurso(Viaturas& ficha, const clAcessorios& acessorio) {
   const Currency fim = acessorio.KmFinal == 0 ? ficha.viatura().KmActual : acessorio.KmFinal;
   const Currency km = fim - acessorio.KmInicial;
-  const Currency custo = km <= 0 ? Currency() : Tools::CustoPorKm(acessorio.Custo, km);
+  const double custo = km <= 0 ? 0 : platform::Divide(acessorio.Custo.ToDouble(), km.ToDouble());
   ficha.Titulo[2].Caption = "Acessório com " + platform::Format(km, "###,##0") + " Km";
   ficha.Titulo[51].Caption = "Custo/Km " + platform::Format(custo, "#,##0.00") + " €";
 }

@@ -148,6 +148,7 @@ TEST_F(EventsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
     const char* perKm;
   } cases[] = {{10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
                {5000, 5000, "1234,5", "Acessório com 0 Km", "Custo/Km 1.234,50 €"},
+               {5000, 6000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
                {1000, 0, "100", "Acessório com -1.000 Km", "Custo/Km -0,10 €"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.distance);
@@ -163,6 +164,39 @@ TEST_F(EventsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
     EXPECT_EQ(form.Titulo[12].Caption, c.distance);
     EXPECT_EQ(form.Titulo[13].Caption, c.perKm);
     acessorio.Anular();
+  }
+}
+
+TEST_F(EventsTest, AStoredDateIsShownAsFarAsItsFieldGoes) {
+  const auto shown = [&](auto&& form, auto&& event) {
+    event.Data = platform::Date::FromParts(2024, 2, 10, 8, 5, 30);
+    event.Escrever();
+    Open(form, 0);
+    form.Carrega(1);
+    return form.DTPicker1.Value.ToText();
+  };
+  const char* const plate = "12-AB-34";
+  EXPECT_EQ(shown(Gastos(), EventOf<clGastos>(bd, plate)), "10-02-2024 08:05:00");
+  EXPECT_EQ(shown(Revisoes(), EventOf<clRevisoes>(bd, plate)), "10-02-2024");
+  EXPECT_EQ(shown(Inspecoes(), EventOf<clInspecoes>(bd, plate)), "10-02-2024");
+  EXPECT_EQ(shown(Seguros(), EventOf<clSeguros>(bd, plate)), "10-02-2024 08:05:30") << "as it stands";
+}
+
+TEST_F(EventsTest, TheListOfAccessoriesKeepsTheVehicleOfARowThatHasGone) {
+  for (const char* table : {"Acessorios", "Inspecoes"}) {
+    SCOPED_TRACE(table);
+    Sql(std::string("INSERT INTO zor_PV_") + table + " (Matricula) VALUES ('12-AB-34')");
+    sistema.ICrmSistema_ZorDataAccess = bd;
+    const auto list = sistema.MostraListas(table);
+    GridWindow window;
+    window.Start(*list);
+    GridRow row = window.grid.RowAt(0);
+    Sql(std::string("Delete zor_PV_") + table);
+    host.NextForm([&](platform::Form& form) {
+      EXPECT_EQ(dynamic_cast<EventForm&>(form).Campo[0].Text,
+                table == std::string("Acessorios") ? "12-AB-34" : "");
+    });
+    list->ICrmVwList_Editar(&row);
   }
 }
 

@@ -196,12 +196,14 @@ TEST_F(ViaturasTabsTest, APolicyTellsHowLongItStillRuns) {
 TEST_F(ViaturasTabsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
   const struct {
     int first, last;
+    const char* cost;
     const char* distance;
     const char* perKm;
-  } cases[] = {{10000, 12500, "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
-               {5000, 5000, "Acessório com 0 Km", "Custo/Km 0,00 €"},
-               {19900, 0, "Acessório com 100 Km", "Custo/Km 1,00 €"},
-               {21000, 0, "Acessório com -1.000 Km", "Custo/Km 0,00 €"}};
+  } cases[] = {{10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
+               {10000, 11000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
+               {5000, 5000, "100", "Acessório com 0 Km", "Custo/Km 0,00 €"},
+               {19900, 0, "100", "Acessório com 100 Km", "Custo/Km 1,00 €"},
+               {21000, 0, "100", "Acessório com -1.000 Km", "Custo/Km 0,00 €"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.distance);
     Sql("Delete zor_PV_Acessorios");
@@ -209,7 +211,7 @@ TEST_F(ViaturasTabsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
     acessorio.TipoAcessorio = "GPS";
     acessorio.KmInicial = c.first;
     acessorio.KmFinal = c.last;
-    acessorio.Custo = 100;
+    acessorio.Custo = Currency::Parse(c.cost);
     acessorio.Escrever();
     Show(kAcessorios);
     EXPECT_EQ(form.Titulo[2].Caption, c.distance);
