@@ -169,9 +169,11 @@ void Motoristas::Recomecar() {
 }
 
 void Motoristas::Navega(int indice, std::string& codigo) {
-  motorista_.Codigo = codigo;
-  motorista_.bd = mybd;
-  LerPelaSeta(motorista_, indice);
+  if (indice >= 0 && indice <= 3) {
+    motorista_.Codigo = codigo;
+    motorista_.bd = mybd;
+    LerPelaSeta(motorista_, indice);
+  }
   codigo = motorista_.Codigo;
 }
 

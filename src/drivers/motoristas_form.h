@@ -16,6 +16,11 @@ class Motoristas : public Ficha {
   /// True: opened for one given driver, whose code can't be changed.
   void Edicao(bool valor) { Edicao_ = valor; }
   void CarregaFicha(const std::string& codigo) override;
+  /// Moves the code given to the first (0), previous (1), next (2) or last (3) driver; it stays where there
+  /// is none. Another index looks for nothing, and the code becomes that of the record in hand.
+  void Navega(int indice, std::string& codigo);
+  /// Always false: this ficha saves without a look at what was there before.
+  bool ComparaValores() const { return false; }
   void Definir(std::string_view membro, const platform::Variant& valor) override;
 
   DataAccessRef bdSal;      // the personnel database, read when `UsaPessoal` is on
@@ -56,7 +61,6 @@ class Motoristas : public Ficha {
   void Limparform();
   void Anular();
   void Recomecar();
-  void Navega(int indice, std::string& codigo);
   platform::Date DataOuZero(int indice) const;
   void MostrarData(int indice, platform::Date data);
   void MostrarDataOuHoje(int indice, platform::Date data);

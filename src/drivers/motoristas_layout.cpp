@@ -172,7 +172,7 @@ void Motoristas::LigarEventos() {
 void Motoristas::AdicionarFoto() {
   const auto ficheiro =
       platform::Host::Current().OpenFile({.Filter = "Ficheiros Jpg (*.jpg; )|*.jpg", .Title = ""});
-  if (!ficheiro) return;
+  if (!ficheiro || ficheiro->empty()) return;
   motorista_.bd = mybd;
   motorista_.Codigo = Campo[0].Text;
   motorista_.Foto_Add(*ficheiro);

@@ -150,9 +150,11 @@ void Viaturas::Gravar() {
 }
 
 void Viaturas::Navega(int indice, std::string& matricula) {
-  viatura_.Matricula = matricula;
-  viatura_.bd = mybd;
-  LerPelaSeta(viatura_, indice);
+  if (indice >= 0 && indice <= 3) {
+    viatura_.Matricula = matricula;
+    viatura_.bd = mybd;
+    LerPelaSeta(viatura_, indice);
+  }
   matricula = viatura_.Matricula;
 }
 

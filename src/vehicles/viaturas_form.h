@@ -24,7 +24,7 @@ class Viaturas : public Ficha {
   /// changes.
   void CarregaViatura(const std::string& matricula);
   /// Moves the plate given to the first (0), previous (1), next (2) or last (3) vehicle; it stays where there
-  /// is none.
+  /// is none. Another index looks for nothing, and the plate becomes that of the record in hand.
   void Navega(int indice, std::string& matricula);
   /// Always false: this ficha saves without a look at what was there before.
   bool ComparaValores() const { return false; }
@@ -134,6 +134,7 @@ class Viaturas : public Ficha {
   void Editar(const SeparadorDeEventos& separador);
 
   clViaturas viatura_;
+  bool Validar_ = false;     // a key was pressed since the last Escape or check of a field
   bool aRegressar_ = false;  // an event's ficha has closed and its grid is getting the focus back
 };
 

@@ -12,6 +12,7 @@ namespace zorCrmParvel {
 using platform::Variant;
 
 void Viaturas::Campo_Validate(int indice, bool& cancel) {
+  Validar_ = false;
   if (indice == 0) {
     if (platform::Trim(Campo[0].Text).empty()) return;
     viatura_.Matricula = Campo[0].Text;
@@ -36,6 +37,7 @@ void Viaturas::Campo_Validate(int indice, bool& cancel) {
 /// The odometer starts at the initial km, until the first expense moves it.
 void Viaturas::CopiarKmIniciais() {
   std::string& actuais = Campo[8].Text;
+  if (actuais.empty()) actuais = Campo[3].Text;
   if (Tools::TextoParaMoeda(actuais) == 0) actuais = Campo[3].Text;
 }
 
@@ -53,7 +55,8 @@ void Viaturas::ValidarAno(bool& cancel) {
 }
 
 void Viaturas::Campo_KeyPress(int indice, int& keyCode) {
-  if (keyCode != platform::kKeyEscape) return;
+  Validar_ = keyCode != platform::kKeyEscape;
+  if (Validar_) return;
   SendKeys("+{TAB}");
   keyCode = platform::kKeyNone;
   if (indice == 0) Unload();
@@ -80,6 +83,7 @@ void Viaturas::btNavega_Click(int indice) {
   std::string matricula = Campo[0].Text;
   Navega(indice, matricula);
   Gravar();
+  Validar_ = true;
   CarregaViatura(matricula);
 }
 

@@ -81,6 +81,20 @@ TEST_F(MotoristasFormTest, AMoveSavesWhoIsLeft) {
   Press(form.botoes.btNavega[0]);
   EXPECT_EQ(form.Campo[1].Text, "Ana");
   EXPECT_EQ(Names(), (Table{{"1", "Ana"}, {"2", "José"}}));
+  std::string code = "2";
+  form.Navega(4, code);
+  EXPECT_EQ(code, "1") << "no arrow: the code is that of the record in hand";
+  EXPECT_FALSE(form.ComparaValores());
+}
+
+TEST_F(MotoristasFormTest, AFileDialogThatChoosesNothingLeavesThePhoto) {
+  GoTo("1");
+  const int shown = form.ShowImg1.Revision();
+  for (const std::optional<std::string>& choice : {std::optional<std::string>(), {""}}) {
+    host.AnswerFile(choice);
+    Press(form.PicAdd);
+  }
+  EXPECT_EQ(form.ShowImg1.Revision(), shown);
 }
 
 TEST_F(MotoristasFormTest, ARemovalClearsTheScreenOnBothAnswers) {

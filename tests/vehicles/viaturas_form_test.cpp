@@ -156,6 +156,11 @@ TEST_F(ViaturasFormTest, InitialKmBecomeTheCurrentOnesUntilThereAreSome) {
     Leave(3, initial);
     EXPECT_EQ(form.Campo[8].Text, after);
   }
+  form.UserGoesTo(form.Campo[3]);
+  form.Campo[3].Text = "muitos";
+  form.Campo[8].Text.clear();
+  EXPECT_EQ(NumberOf([&] { form.UserKey(platform::kKeyTab); }), platform::kTypeMismatch)
+      << "the text that was copied is read as a number";
 }
 
 TEST_F(ViaturasFormTest, AKnownPlateReplacesWhatIsThereAndANewOneKeepsIt) {
@@ -187,6 +192,10 @@ TEST_F(ViaturasFormTest, ArrowsSaveTheVehicleThatIsLeft) {
   EXPECT_EQ(form.Campo[16].Text, "última") << "past the last it is saved and read again";
   Press(form.botoes.btNavega[1]);
   EXPECT_EQ(form.Campo[0].Text, "A");
+  std::string plate = "B";
+  form.Navega(4, plate);
+  EXPECT_EQ(plate, "A") << "no arrow: the plate is that of the record in hand";
+  EXPECT_FALSE(form.ComparaValores());
   form.Campo[3].Text = "muitos";
   EXPECT_THROW(Press(form.botoes.btNavega[3]), platform::RuntimeError);
   EXPECT_EQ(form.Campo[0].Text + form.Campo[3].Text, "Amuitos") << "a text in a number stops the move";
