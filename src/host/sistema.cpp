@@ -140,13 +140,12 @@ void Sistema::MostraFicha(const std::string& nome) {
 }
 
 void Sistema::Calendario(zorCrmParvel::Calendario& calendario) {
-  myCalendario_ = &calendario;
   const auto say = [](const char* text) {
     return [text](std::int32_t id) { platform::MsgBox(text + std::to_string(id)); };
   };
-  myCalendario_->AfterAlterar = say("after aletrar");
-  myCalendario_->AfterInserir = say("after inserir");
-  myCalendario_->AfterRemover = say("After remover");
+  myCalendario_ = calendario.Ouvir({.AfterAlterar = say("after aletrar"),
+                                    .AfterInserir = say("after inserir"),
+                                    .AfterRemover = say("After remover")});
 }
 
 void Sistema::VerificaAlertasMotoristas(bool& Alerta) {

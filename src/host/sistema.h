@@ -40,7 +40,7 @@ class Sistema : public ICrmSistema {
  public:
   Sistema();
 
-  /// Listens to the host's calendar from now on.
+  /// Listens to the host's calendar from now on, and to no other, until this object goes.
   void Calendario(zorCrmParvel::Calendario& calendario);
   /// A new list by its key, compared character for character; null for an unknown key. It isn't started.
   std::unique_ptr<ICrmVwList> MostraListas(const std::string& NomeLista);
@@ -84,7 +84,7 @@ class Sistema : public ICrmSistema {
   void MostraFicha(const std::string& nome);
 
  private:
-  zorCrmParvel::Calendario* myCalendario_ = nullptr;
+  zorCrmParvel::Calendario::Assinatura myCalendario_;
 };
 
 }  // namespace zorCrmParvel

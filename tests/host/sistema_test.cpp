@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+
 #include "support/errors.h"
 #include "support/recording_data_access.h"
 #include "support/scripted_host.h"
@@ -91,17 +94,33 @@ TEST(Sistema, AListWithoutADatabaseFailsWithItsTitleAsTheSource) {
   EXPECT_EQ(error.source(), "Tipos de Revisão::Iniciar");
 }
 
-TEST(Sistema, SaysWhatHappensInTheHostsCalendar) {
+TEST(Sistema, SaysWhatHappensInTheHostsCalendarWhileItListens) {
   ScriptedHost host;
-  Calendario calendario;
-  Sistema sistema;
-  sistema.Calendario(calendario);
+  Calendario first;
+  std::string heard;
+  const auto ownListener = first.Ouvir({.AfterAlterar = [&](std::int32_t id) { heard += std::to_string(id); },
+                                        .AfterInserir = {},
+                                        .AfterRemover = {}});
+  auto sistema = std::make_unique<Sistema>();
+  sistema->Calendario(first);
+  sistema->Calendario(first);
   host.ExpectBox("after aletrar7");
   host.ExpectBox("after inserir8");
   host.ExpectBox("After remover9");
-  calendario.AfterAlterar(7);
-  calendario.AfterInserir(8);
-  calendario.AfterRemover(9);
+  first.AfterAlterar(7);
+  first.AfterInserir(8);
+  first.AfterRemover(9);
+  {
+    Calendario next;
+    sistema->Calendario(next);
+    first.AfterAlterar(1);
+    host.ExpectBox("after aletrar2");
+    next.AfterAlterar(2);
+  }
+  sistema->Calendario(first);
+  sistema.reset();
+  first.AfterAlterar(3);
+  EXPECT_EQ(heard, "713") << "the host's own listener hears everything";
 }
 
 }  // namespace
