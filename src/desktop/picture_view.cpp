@@ -93,6 +93,7 @@ void PictureFrame::paintEvent(QPaintEvent*) {
     painter.drawText(rect().adjusted(gap, gap, -gap, -gap), Qt::AlignCenter | Qt::TextWordWrap, text_);
     return;
   }
+  if (ground_.isValid()) painter.fillRect(rect(), ground_);
   const QSize size = picture_.size().scaled(this->size(), Qt::KeepAspectRatio);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size),
@@ -102,6 +103,7 @@ void PictureFrame::paintEvent(QPaintEvent*) {
 void PictureView::SyncContent() {
   if (revision_ == picture_.Revision()) return;
   revision_ = picture_.Revision();
+  frame_->SetGround(picture_.BackColor ? QColor::fromRgb(*picture_.BackColor) : QColor());
   if (picture_.Shown().empty())
     frame_->Clear();
   else

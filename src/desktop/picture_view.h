@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QPixmap>
 #include <QWidget>
 #include <atomic>
@@ -21,6 +22,8 @@ class PictureFrame : public QWidget {
   /// Returns at once. The picture of an earlier call is dropped, whenever it comes.
   void Load(const QString& file);
   void Clear();
+  /// What is painted behind a picture that doesn't fill its place; an invalid color leaves it as it is.
+  void SetGround(const QColor& ground) { ground_ = ground; }
   /// Null while there is none.
   const QPixmap& picture() const { return picture_; }
   /// What is said instead of a picture.
@@ -41,6 +44,7 @@ class PictureFrame : public QWidget {
   void Say(const QString& text);
 
   QPixmap picture_;
+  QColor ground_;
   QString text_;
   std::shared_ptr<std::atomic<int>> turn_;  // of the call whose picture is wanted, seen by the thread as well
 };

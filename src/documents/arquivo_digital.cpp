@@ -1,5 +1,7 @@
 #include "documents/arquivo_digital.h"
 
+#include <exception>
+
 #include "host/row.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -28,8 +30,8 @@ bool Cl_ArquivoDigital::Add(const std::string& NomeFicheiro, const std::string& 
   try {
     Guardar(NomeFicheiro, NumeroFicha, TipoEntidade, nReg, Designacao);
     return true;
-  } catch (const platform::RuntimeError&) {
-    return false;  // the screen keeps what was typed
+  } catch (const std::exception&) {  // a file that memory can't hold, too
+    return false;                    // the screen keeps what was typed
   }
 }
 
@@ -73,8 +75,13 @@ Variant Cl_ArquivoDigital::VisalizarDocumento(std::int32_t numero, long /*IdDaJa
                    rs);
   std::string ficheiro;
   if (!rs->Eof()) {
+    const platform::Cell& documento = rs->CellAt(0, *rs->FindField("zor_ArquivoDigital_Documento"));
+    if (documento.IsNull())
+      throw platform::RuntimeError(platform::kInvalidUseOfNull, "VisalizarDocumento",
+                                   "Este documento não tem conteúdo: só o título foi guardado. Anexe o "
+                                   "ficheiro de novo e apague este título.");
     ficheiro = percurso + platform::FileNameOf(Row(*rs).text("zor_ArquivoDigital_NomeFicheiro"));
-    platform::WriteFile(ficheiro, rs->CellAt(0, *rs->FindField("zor_ArquivoDigital_Documento")).block());
+    platform::WriteFile(ficheiro, documento.block());
   }
   rs->Close();
   if (platform::FileExists(ficheiro)) platform::Host::Current().OpenDocument(ficheiro);

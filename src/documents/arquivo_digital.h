@@ -22,7 +22,7 @@ class Cl_ArquivoDigital {
   bool Add(const std::string& NomeFicheiro, const std::string& NumeroFicha, std::int16_t TipoEntidade,
            std::int32_t nReg, const std::string& Designacao);
   /// Writes a document into the folder `percurso` (which ends with its separator) and opens it. The window's
-  /// handle is the system's business.
+  /// handle is the system's business. Error 94, and no file, when the row holds no document.
   platform::Variant VisalizarDocumento(std::int32_t numero, long IdDaJanela, const std::string& percurso);
   /// Numbers and titles of a record's documents. The caller closes the rows.
   RecordsetRef ListaDeDocumentos(const std::string& NumeroDeFicha, std::int16_t TipoDeEntidade);

@@ -11,6 +11,7 @@
 namespace zorCrmParvel {
 namespace {
 
+using platform::RuntimeError;
 using platform::Variant;
 
 constexpr float kLargura = 9000;  // twips, all that the form leaves to the grid
@@ -30,7 +31,7 @@ std::optional<std::string> EscolheFicheiro() {
                                                          "|Word (*.doc;*.rtf)|*.doc;*.rtf"
                                                          "|Todos os tipos (*.*)|*.*",
                                                .Title = ""});
-  } catch (const platform::RuntimeError&) {
+  } catch (const RuntimeError&) {
     return std::nullopt;  // a dialog that fails chooses nothing
   }
 }
@@ -112,9 +113,9 @@ void frm_Attach::CarregaInfo() {
   attach_.Codigo = Codigo;
   attach_.Tipo = Tipo;
   const RecordsetRef rs = attach_.LerDocs();
+  ids_.assign(1, 0);
   if (!rs->Eof()) {
     Grelha.SetRows(static_cast<int>(rs->RecordCount()) + 1);
-    ids_.assign(1, 0);
     const Row row(*rs);
     for (; !rs->Eof(); rs->MoveNext()) {
       Grelha.SetTextMatrix(static_cast<int>(ids_.size()), 0, row.text("Fx"));
@@ -139,6 +140,11 @@ void frm_Attach::Adicionar_Ficheiro(const std::string& ficheiro) {
   CarregaInfo();
 }
 
+std::int32_t frm_Attach::IdDaLinha(int linha) const {
+  if (linha < 1 || linha >= static_cast<int>(ids_.size())) throw RuntimeError(platform::kSubscriptOutOfRange);
+  return ids_[static_cast<std::size_t>(linha)];
+}
+
 bool frm_Attach::TemFicheiroEscolhido() {
   if (Grelha.Row != 0) return true;
   platform::MsgBox("Deve escolher um ficheiro!", platform::kInformation);
@@ -148,7 +154,7 @@ bool frm_Attach::TemFicheiroEscolhido() {
 void frm_Attach::ApagarFicheiros() {
   if (!TemFicheiroEscolhido()) return;
   attach_.mybd = mybd;
-  attach_.Id = ids_[static_cast<std::size_t>(Grelha.Row)];
+  attach_.Id = IdDaLinha(Grelha.Row);
   attach_.Anular();
   PreparaEcra();
   CarregaInfo();
@@ -162,6 +168,7 @@ void frm_Attach::Grelha_Click() {
   const std::string& ficheiro = Grelha.TextMatrix(Grelha.Row, 0);
   if (!TemImagem(ficheiro)) return Imagem.Clear();
   Imagem.FileName = ficheiro;
+  Imagem.BackColor = 0xFFFFFF;
   Imagem.Load();
 }
 

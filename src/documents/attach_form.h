@@ -43,9 +43,11 @@ class frm_Attach : public Ficha {
   void PreviewFile();
   void Grelha_Click();
   bool TemFicheiroEscolhido();
+  /// Error 9 for a row without a file.
+  std::int32_t IdDaLinha(int linha) const;
 
   clAttach attach_;
-  std::vector<std::int32_t> ids_;  // by the grid's rows
+  std::vector<std::int32_t> ids_;  // by the grid's rows, 0 for the heading
 };
 
 }  // namespace zorCrmParvel

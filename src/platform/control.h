@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -72,6 +74,7 @@ class ControlArray {
   }
 
   T& Add(Form& form, const std::string& name, int index) {
+    if (index < 0) throw RuntimeError(kSubscriptOutOfRange);
     if (items_.size() <= static_cast<std::size_t>(index)) items_.resize(static_cast<std::size_t>(index) + 1);
     auto& place = items_[static_cast<std::size_t>(index)];
     place = std::make_unique<T>(form, name, index);
@@ -171,7 +174,8 @@ class ShowImg : public Control {
  public:
   using Control::Control;
   bool TakesFocus() const override { return false; }
-  std::string FileName;  // the file to show with the next Load
+  std::string FileName;                    // the file to show with the next Load
+  std::optional<std::uint32_t> BackColor;  // 0xRRGGBB, behind the picture; without one the host's own
   void Load() {
     shown_ = FileName;
     ++revision_;

@@ -228,6 +228,7 @@ void Form::UserDoubleClicks(SGGrid& grid, long row) {
 }
 
 void Form::UserSelectsRow(MSFlexGrid& grid, int row) {
+  if (row < 0 || row >= grid.Rows()) throw RuntimeError(kSubscriptOutOfRange);
   if (!UserGoesTo(grid)) return;
   Handling handling(*this);
   grid.Row = row;

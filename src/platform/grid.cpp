@@ -45,12 +45,13 @@ void SGGrid::ClearColumns() {
 long SGGrid::RowCount() const { return source_ ? source_->RecordCount() : static_cast<long>(cells_.size()); }
 
 void SGGrid::SetRowCount(long rows) {
+  if (rows < 0) throw RuntimeError(kSubscriptOutOfRange);
   cells_.resize(static_cast<std::size_t>(rows));
   ++revision_;
 }
 
 void SGGrid::SetCell(long row, std::string_view key, const Variant& value) {
-  if (row < 0 || row >= RowCount()) throw RuntimeError(kSubscriptOutOfRange);
+  if (row < 0 || row >= static_cast<long>(cells_.size())) throw RuntimeError(kSubscriptOutOfRange);
   auto& cells = cells_[static_cast<std::size_t>(row)];
   cells.resize(columns_.size());
   cells[ColumnIndex(key)] = value;
@@ -65,6 +66,7 @@ Variant SGGrid::CellValue(long row, std::size_t column) const {
 }
 
 std::string SGGrid::CellText(long row, std::size_t column) const {
+  if (row < 0 || column >= columns_.size()) throw RuntimeError(kSubscriptOutOfRange);
   const std::string& mask = columns_[column].format;
   if (source_ && mask.empty()) return source_->CellAt(static_cast<std::size_t>(row), column).ToText();
   const Variant value = CellValue(row, column);
@@ -121,6 +123,7 @@ void MSFlexGrid::SetFormatString(const std::string& format) {
 }
 
 void MSFlexGrid::SetRows(int rows) {
+  if (rows < 0) throw RuntimeError(kSubscriptOutOfRange);
   cells_.resize(static_cast<std::size_t>(rows), std::vector<std::string>(static_cast<std::size_t>(cols_)));
   ++revision_;
 }

@@ -92,11 +92,12 @@ class SGGrid : public Control {
   void ClearColumns();
 
   long RowCount() const;
-  /// Unbound only: keeps what the rows that stay hold.
+  // Both unbound only. Error 9 for a number that no row can have.
+  /// Keeps what the rows that stay hold.
   void SetRowCount(long rows);
   void SetCell(long row, std::string_view key, const Variant& value);
   Variant CellValue(long row, std::size_t column) const;
-  /// The value by the column's mask; null is empty.
+  /// The value by the column's mask; null is empty. Error 9 outside the grid.
   std::string CellText(long row, std::size_t column) const;
 
   /// A new style. Error 457 when the grid has one of this name.

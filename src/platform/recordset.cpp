@@ -100,6 +100,11 @@ std::optional<std::size_t> Recordset::FindField(std::string_view name) const {
   return std::nullopt;
 }
 
+Recordset::Field Recordset::Fields(std::size_t index) {
+  if (index >= fields_.size()) throw RuntimeError(kNoSuchField, std::to_string(index));
+  return Field(this, index);
+}
+
 Recordset::Field Recordset::Fields(std::string_view name) {
   RequireOpen();
   std::size_t index = Expected();
@@ -124,6 +129,7 @@ void Recordset::Expect(std::size_t field) {
 }
 
 const Cell& Recordset::CellAt(std::size_t row, std::size_t column) {
+  if (column >= fields_.size()) throw RuntimeError(kSubscriptOutOfRange);
   if (store_ == nullptr || row >= store_->rows()) {
     RequireOpen();
     if (!Reach(row)) throw RuntimeError(kNoCurrentRecord);

@@ -89,6 +89,16 @@ TEST_F(PictureFrameTest, OnlyTheLastPictureAskedForIsShown) {
   WaitForThreads();
 }
 
+TEST_F(PictureFrameTest, TheGroundShowsBesideAPictureThatDoesNotFillItsPlace) {
+  frame.SetGround(Qt::white);
+  frame.resize(400, 60);
+  frame.Load(Plain("a.png", Qt::green));
+  WaitForThreads();
+  const QImage drawn = frame.grab().toImage();
+  EXPECT_EQ(drawn.pixelColor(1, 1), QColor(Qt::white));
+  EXPECT_EQ(drawn.pixelColor(drawn.rect().center()), QColor(Qt::green));
+}
+
 TEST_F(PictureFrameTest, WhatIsNoPictureIsSaidSo) {
   const QString text = folder.filePath("carta.jpg");
   QFile file(text);

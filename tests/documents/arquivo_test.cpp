@@ -1,5 +1,7 @@
 #include "documents/arquivo_form.h"
 
+#include <new>
+
 #include "platform/files.h"
 #include "support/database_test.h"
 #include "support/files.h"
@@ -95,6 +97,30 @@ TEST_F(ArquivoTest, AMissingFileIsSaidAndNothingIsStored) {
   arquivo.bd = bd;
   EXPECT_FALSE(arquivo.Add(folder.File("nada.pdf"), "12-AB-34", 303, 0, "t"));
   EXPECT_TRUE(Documents().empty());
+}
+
+TEST_F(ArquivoTest, EveryFailureToStoreIsAFalse) {
+  class Exhausted : public RecordingDataAccess {
+   public:
+    using RecordingDataAccess::RecordingDataAccess;
+
+   protected:
+    RecordsetRef OpenForEditing(const std::string&) override { throw std::bad_alloc(); }
+  };
+  Cl_ArquivoDigital arquivo;
+  arquivo.bd = platform::MakeRef<Exhausted>(bd);
+  EXPECT_FALSE(arquivo.Add(File("a.txt", "x"), "12-AB-34", 303, 0, "t")) << "too little memory";
+  arquivo.bd = {};
+  EXPECT_FALSE(arquivo.Add(File("a.txt", "x"), "12-AB-34", 303, 0, "t")) << "no database";
+}
+
+TEST_F(ArquivoTest, ATitleWithoutADocumentIsSaidSoAndOpensNothing) {
+  Attach(File("a.txt", "x"), "Contrato");
+  Sql("UPDATE zor_ArquivoDigital SET zor_ArquivoDigital_Documento=NULL");
+  const platform::RuntimeError error = FailureOf([&] { form.UserDoubleClicks(form.Grelha, 0); });
+  EXPECT_EQ(error.number(), platform::kInvalidUseOfNull);
+  EXPECT_NE(error.description().find("não tem conteúdo"), std::string::npos);
+  EXPECT_TRUE(host.opened.empty());
 }
 
 }  // namespace

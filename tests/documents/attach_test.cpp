@@ -97,6 +97,16 @@ TEST_F(AttachTest, TheHeadingIsNoFile) {
       EXPECT_EQ(host.boxes.back().style, 64);
     }
     EXPECT_EQ(Files(form).size(), 1U);
+    for (int row : {-1, 2}) {
+      form.Grelha.Row = row;
+      for (platform::PushButton* button : {&form.btRemove, &form.btView})
+        EXPECT_EQ(NumberOf([&] { Press(*button); }), platform::kSubscriptOutOfRange) << row;
+      EXPECT_EQ(NumberOf([&] { form.UserSelectsRow(form.Grelha, row); }), platform::kSubscriptOutOfRange);
+    }
+    form.UserSelectsRow(form.Grelha, 1);
+    Press(form.btRemove);
+    form.Grelha.Row = 1;
+    EXPECT_EQ(NumberOf([&] { Press(form.btRemove); }), platform::kSubscriptOutOfRange) << "it has gone";
   });
 }
 
@@ -110,6 +120,7 @@ TEST_F(AttachTest, PreviewsPicturesOfThreeEndingsAlone) {
       Click(form, 1);
       Click(form, ++row);
       EXPECT_EQ(form.Imagem.Shown(), shown ? file : "") << file;
+      EXPECT_EQ(form.Imagem.BackColor, 0xFFFFFFU);
       Click(form, 0);
       EXPECT_EQ(form.Imagem.Shown(), "");
       form.Grelha.Row = row;

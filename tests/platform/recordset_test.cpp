@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "support/errors.h"
 #include "support/grid_window.h"
 
@@ -138,6 +140,39 @@ TEST(Grid, TakesColumnsFromItsSourceAndColoursRowsByTheFirstConditionMet) {
   grid.SetDataSource(Alerts());
   EXPECT_EQ(grid.RowCount(), 0);
   EXPECT_FALSE(rs->IsOpen()) << "a grid closes the recordset that it lets go";
+}
+
+TEST(Grid, WhatLiesOutsideIsRefused) {
+  testing_support::GridWindow form;
+  SGGrid& grid = form.grid;
+  grid.AddColumn("A", "A", 100);
+  grid.SetRowCount(2);
+  MSFlexGrid files(form, "Ficheiros");
+  auto rs = Alerts();
+  Add(*rs, "00-AA-00", 5);
+  ControlArray<Label> labels(form, "Titulo", 2);
+  const std::function<void()> acts[] = {[&] { grid.SetRowCount(-1); },
+                                        [&] { grid.SetCell(2, "A", 1); },
+                                        [&] { grid.SetCell(-1, "A", 1); },
+                                        [&] { grid.CellValue(2, 0); },
+                                        [&] { grid.CellText(0, 1); },
+                                        [&] { grid.CellText(-1, 0); },
+                                        [&] { grid.SetRow(2); },
+                                        [&] { grid.RowAt(0).Cell(1); },
+                                        [&] { files.SetRows(-1); },
+                                        [&] { (void)files.TextMatrix(1, 0); },
+                                        [&] { files.SetTextMatrix(0, 1, ""); },
+                                        [&] { form.UserSelectsRow(files, 1); },
+                                        [&] { rs->CellAt(0, 3); },
+                                        [&] { labels.Add(form, "Titulo", -1); },
+                                        [&] { (void)labels[2]; },
+                                        [&] {
+                                          grid.SetDataSource(rs);
+                                          grid.SetCell(0, "Dias", 1);  // a bound grid has no cells of its own
+                                        }};
+  for (const auto& act : acts) EXPECT_EQ(NumberOf(act), kSubscriptOutOfRange) << &act - acts;
+  EXPECT_EQ(NumberOf([&] { rs->Fields(std::size_t{3}); }), kNoSuchField);
+  EXPECT_EQ(NumberOf([&] { rs->CellAt(1, 0); }), kNoCurrentRecord);
 }
 
 }  // namespace
