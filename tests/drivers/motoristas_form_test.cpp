@@ -2,8 +2,10 @@
 
 #include "drivers/licence_classes.h"
 #include "drivers/motoristas_list.h"
+#include "platform/format.h"
 #include "support/database_test.h"
 #include "support/grid_window.h"
+#include "support/screen.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -57,19 +59,47 @@ TEST_F(MotoristasFormTest, AnEmptyCodeHoldsTheFocus) {
   EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(MotoristasFormTest, EveryFieldComesBackInItsPlace) {
+TEST_F(MotoristasFormTest, EveryFieldGoesAndComesBack) {
+  Sql("UPDATE zor_Funcionarios SET DataCartaoCid='2019.05.06' WHERE Codigo='1'");  // has no field
   GoTo("1");
-  for (int i = 2; i <= 19; ++i) form.Campo[i].Text = "t" + std::to_string(i);
-  for (int i = 0; i <= 10; ++i) form.DTPicker1[i].Value = Date::FromParts(2025, 1, 1 + i);
-  form.Combo1.ListIndex = 4;
-  form.Check1.Value = 1;
+  FillOut(form);
+  for (int tipo = 0; tipo < 10; ++tipo)
+    form.Grelha.SetCell(tipo, "Data", platform::FormatDate(Date::FromParts(2030, 1, 1 + tipo), "dd-mm-yyyy"));
+  const Screen typed = ScreenOf(form);
   Press(form.botoes.btConf);
-  GoTo("1");
-  for (int i = 2; i <= 19; ++i) EXPECT_EQ(form.Campo[i].Text, "t" + std::to_string(i));
-  for (int i = 0; i <= 10; ++i)
-    EXPECT_EQ(form.DTPicker1[i].Value.ToDate(), Date::FromParts(2025, 1, 1 + i)) << i;
-  EXPECT_EQ(form.Combo1.ListIndex, 4);
-  EXPECT_EQ(form.Check1.Value, 1);
+  std::vector<std::string> row;
+  for (const char* control :
+       {"Campo(0)",      "Campo(1)",  "Campo(3)",     "Campo(8)",     "Campo(7)",     "Campo(13)",
+        "DTPicker1(0)",  "Campo(9)",  "DTPicker1(1)", "Campo(10)",    "Campo(6)",     "Campo(5)",
+        "Campo(4)",      "Campo(15)", "DTPicker1(5)", "DTPicker1(6)", "Campo(11)",    "",
+        "DTPicker1(2)",  "Campo(17)", "DTPicker1(3)", "DTPicker1(4)", "Combo1",       "Campo(14)",
+        "Campo(16)",     "Campo(2)",  "Campo(12)",    "DTPicker1(7)", "DTPicker1(8)", "DTPicker1(9)",
+        "DTPicker1(10)", "Campo(18)", "Campo(19)",    "Check1"})
+    row.push_back(*control == '\0' ? "06-05-2019" : typed.at(control));
+  const char* const all = "SELECT * FROM zor_Funcionarios WHERE Codigo='1'";
+  EXPECT_EQ(Rows(bd, all), (Table{row}));
+  RecordsetRef stored;
+  bd->AbrirLeitura("", all, stored);
+  ExpectLimits(form, typed, *stored);
+
+  Motoristas again;
+  again.mybd = bd;
+  again.Load();
+  Screen blank = ScreenOf(again);
+  blank["Combo1"] = typed.at("Combo1");  // the licence class stays for the next driver
+  again.CarregaFicha("1");
+  EXPECT_EQ(ScreenOf(again), typed);
+  for (int tipo = 0; tipo < 10; ++tipo)
+    EXPECT_EQ(again.Grelha.CellText(tipo, 1), (tipo < 9 ? "0" : "") + std::to_string(1 + tipo) + "-01-2030");
+  for (int date : {5, 6, 8, 9, 10}) again.DTPicker1[date].Value = platform::Variant::Null{};
+  Press(again.botoes.btConf);
+  EXPECT_EQ(ScreenOf(again), blank);
+  EXPECT_EQ(Rows(bd,
+                 "SELECT DataPassa, ValidadePassa, DtInicioCartaoCondutor, DtFimCartaoCondutor, DtDescarga "
+                 "FROM zor_Funcionarios WHERE Codigo='1'"),
+            (Table{{"NULL", "NULL", "00:00:00", "00:00:00", "00:00:00"}}));
+  again.CarregaFicha("1");
+  for (int date : {5, 6, 8, 9, 10}) EXPECT_EQ(again.DTPicker1[date].Value.ToText(), "15-03-2024") << date;
 }
 
 TEST_F(MotoristasFormTest, AMoveSavesWhoIsLeft) {

@@ -2,6 +2,7 @@
 
 #include "masterdata/tipos_gastos_form.h"
 #include "support/database_test.h"
+#include "support/screen.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -140,6 +141,50 @@ TEST_F(CodeTableFormTest, ClosingOrCancellingDropsAChangeWithoutAQuestion) {
   Type(form.Campo[1], "Outra");
   Press(form.botoes.btSair);
   EXPECT_EQ(Marcas_()[0][1], "Marca A");
+}
+
+TEST_F(CodeTableFormTest, EveryFieldOfEachTableGoesAndComesBack) {
+  const struct {
+    std::unique_ptr<CodeTableForm> form, again;
+    const char* table;
+    std::vector<const char*> row;
+  } tables[] = {
+      {std::make_unique<Categorias>(), std::make_unique<Categorias>(), "Categorias", {}},
+      {std::make_unique<Marcas>(), std::make_unique<Marcas>(), "Marcas", {}},
+      {std::make_unique<Modelos>(), std::make_unique<Modelos>(), "Modelos", {}},
+      {std::make_unique<Companhias>(), std::make_unique<Companhias>(), "Companhias", {}},
+      {std::make_unique<Departamentos>(), std::make_unique<Departamentos>(), "Departamentos", {}},
+      {std::make_unique<Viagens>(), std::make_unique<Viagens>(), "Viagens", {}},
+      {std::make_unique<TiposSeguro>(), std::make_unique<TiposSeguro>(), "TiposSeguro", {}},
+      {std::make_unique<TiposManut>(), std::make_unique<TiposManut>(), "TiposManut", {}},
+      {std::make_unique<TiposAcessorios>(), std::make_unique<TiposAcessorios>(), "TiposAcessorios", {}},
+      {std::make_unique<TiposGastos>(),
+       std::make_unique<TiposGastos>(),
+       "TiposGastos",
+       {"Check1", "Campo(2)"}}};
+  for (const auto& c : tables) {
+    SCOPED_TRACE(c.table);
+    for (auto* ficha : {c.form.get(), c.again.get()}) {
+      ficha->mybd = bd;
+      ficha->Load();
+    }
+    const auto blank = ScreenOf(*c.form);
+    Enter(c.form->Campo[0], "0123456789");
+    FillOut(*c.form);
+    const auto typed = ScreenOf(*c.form);
+    Press(c.form->botoes.btConf);
+    EXPECT_EQ(ScreenOf(*c.form), blank);
+    std::vector<std::string> row = {typed.at("Campo(0)"), typed.at("Campo(1)")};
+    for (const char* control : c.row) row.push_back(typed.at(control));
+    const std::string stored = std::string("SELECT * FROM zor_PV_") + c.table + " WHERE Codigo='0123456789'";
+    EXPECT_EQ(Rows(bd, stored), (Table{row}));
+    RecordsetRef rows;
+    bd->AbrirLeitura("", stored.c_str(), rows);
+    ExpectLimits(*c.form, typed, *rows);
+    c.again->CarregaFicha("0123456789");
+    EXPECT_EQ(ScreenOf(*c.again), typed);
+    EXPECT_EQ(c.again->Campo[0].maxlength, 10);
+  }
 }
 
 class TiposGastosTest : public DatabaseTest {

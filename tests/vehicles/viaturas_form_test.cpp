@@ -9,7 +9,9 @@
 #include "host/sistema.h"
 #include "platform/files.h"
 #include "support/database_test.h"
+#include "support/screen.h"
 #include "support/temporary_folder.h"
+#include "vehicles/viaturas_fields.h"
 #include "vehicles/viaturas_tabs.h"
 
 namespace zorCrmParvel {
@@ -107,6 +109,57 @@ TEST_F(ViaturasFormTest, AVehicleIsTypedFromNothing) {
   EXPECT_EQ(form.Titulo[27].Caption, "Nome em Categorias");
   EXPECT_EQ(form.DTPicker1[12].Value, platform::Variant(Date())) << "shown as it stands";
   EXPECT_EQ(form.chkBxSeloPago.Value, 1);
+}
+
+TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
+  Leave(0, kPlate);
+  FillOut(form, {{"Campo(4)", "4,5"},
+                 {"Campo(5)", "5,5"},
+                 {"Campo(6)", "6,5"},
+                 {"Campo(7)", "7,5"},
+                 {"Campo(8)", "8"},
+                 {"Campo(9)", ""}});  // the sector has no column
+  const Screen typed = ScreenOf(form);
+  Press(form.botoes.btConf);
+  std::vector<std::string> row;
+  for (const char* control :
+       {"Campo(0)",  "Campo(1)",  "Campo(12)",     "Campo(11)",    "Campo(13)",    "Campo(10)",
+        "Campo(3)",  "Campo(8)",  "DTPicker1(1)",  "Campo(6)",     "DTPicker1(3)", "Campo(24)",
+        "Campo(17)", "Campo(14)", "Campo(20)",     "Campo(2)",     "DTPicker1(0)", "Campo(19)",
+        "Campo(21)", "Campo(22)", "Campo(5)",      "Campo(23)",    "Campo(4)",     "Campo(16)",
+        "Campo(7)",  "Campo(43)", "Combo2",        "DTPicker1(8)", "DTPicker1(9)", "Campo(53)",
+        "Check1",    "Check2",    "DTPicker1(12)", "DTPicker1(13)"})
+    row.push_back(typed.at(control));
+  row.emplace_back("True");
+  EXPECT_EQ(Rows(bd, "SELECT * FROM zor_PV_Viaturas"), (Table{row}));
+  RecordsetRef stored;
+  bd->AbrirLeitura("", "SELECT * FROM zor_PV_Viaturas", stored);
+  ExpectLimits(form, typed, *stored,
+               {{"Campo(24)", 4}, {"Campo(19)", 12}, {"Campo(21)", 12}, {"Campo(22)", 12}});
+
+  for (const CodigoDaViatura& codigo : kCodigosDaViatura) {
+    const auto tabela = codigo.nova();
+    tabela->bd = bd;
+    tabela->Codigo = typed.at("Campo(" + std::to_string(codigo.campo) + ")");
+    tabela->Descrição = "Nome de " + tabela->Codigo;
+    tabela->Escrever();
+  }
+  Viaturas again;
+  again.mybd = bd;
+  again.Load();
+  const Screen blank = ScreenOf(again);
+  again.CarregaViatura(kPlate);
+  EXPECT_EQ(ScreenOf(again), typed);
+  for (const CodigoDaViatura& codigo : kCodigosDaViatura)
+    EXPECT_EQ(again.Titulo[codigo.titulo].Caption, "Nome de " + again.Campo[codigo.campo].Text);
+  again.UserGoesTo(again.Check1);  // leaving the plate reads its vehicle
+  for (int date : {0, 8, 9, 12}) again.DTPicker1[date].Value = platform::Variant::Null{};
+  Press(again.botoes.btConf);
+  EXPECT_EQ(ScreenOf(again), blank);
+  EXPECT_EQ(Rows(bd, "SELECT ValContrato, DataPrxRev, DataPrxInsp, DtDescarga FROM zor_PV_Viaturas"),
+            (Table{{"NULL", "NULL", "NULL", "00:00:00"}}));
+  again.CarregaViatura(kPlate);
+  for (int date : {0, 8, 9}) EXPECT_EQ(again.DTPicker1[date].Value.ToText(), "15-03-2024") << date;
 }
 
 TEST_F(ViaturasFormTest, FieldsHoldTheFocusInTheirOwnWords) {

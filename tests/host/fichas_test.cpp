@@ -1,0 +1,235 @@
+#include <algorithm>
+#include <memory>
+
+#include "events/event_form.h"
+#include "host/form_catalog.h"
+#include "host/sistema.h"
+#include "platform/files.h"
+#include "support/database_test.h"
+#include "support/screen.h"
+#include "support/temporary_folder.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using namespace testing_support;
+
+constexpr const char* kFichas[] = {
+    "Viaturas",    "Motoristas",  "Multas",     "Inspecoes", "Acessorios",   "Sinistros",       "Seguros",
+    "Revisoes",    "Gastos",      "Categorias", "Modelos",   "TiposManut",   "TiposAcessorios", "Companhias",
+    "TiposSeguro", "TiposGastos", "Viagens",    "Marcas",    "Departamentos"};
+
+/// Answers whatever is asked, so that a form goes on.
+class EasyHost : public ScriptedHost {
+ public:
+  int MsgBox(const std::string&, int, const std::string&) override { return platform::kOk; }
+  std::string ShowLookup(platform::ListaPesquisa& list) override {
+    const auto& rows = list.Linhas();
+    return rows->Eof() ? "" : rows->Fields(0).Value().ToText();
+  }
+  void ShowReport(platform::MapaListagem&) override {}
+  std::optional<std::string> OpenFile(const platform::FileDialog&) override { return file; }
+  void ShowModal(platform::Form& form, platform::Form*) override { form.UserCloses(); }
+
+  std::string file;
+};
+
+/// A data-access object that a form no longer holds fails the test when it is used.
+class Watched : public RecordingDataAccess {
+ public:
+  using RecordingDataAccess::RecordingDataAccess;
+  bool gone = false;
+  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
+    EXPECT_FALSE(gone);
+    return RecordingDataAccess::ObterLigacao(connection);
+  }
+
+ protected:
+  bool Execute(const std::string& statement) override {
+    EXPECT_FALSE(gone) << statement;
+    return RecordingDataAccess::Execute(statement);
+  }
+  RecordsetRef OpenForEditing(const std::string& statement) override {
+    EXPECT_FALSE(gone) << statement;
+    return RecordingDataAccess::OpenForEditing(statement);
+  }
+  RecordsetRef OpenForReading(const std::string& statement) override {
+    EXPECT_FALSE(gone) << statement;
+    return RecordingDataAccess::OpenForReading(statement);
+  }
+};
+
+/// A fleet with three records of each kind.
+class FichasTest : public testing::Test {
+ protected:
+  FichasTest() { NewFleet(); }
+
+  void NewFleet() {
+    bd = MemoryDatabase();
+    const auto sql = [&](const std::string& statement) { bd->ExecutarSql("", statement.c_str()); };
+    int n = 0;
+    for (const std::string code : {"A", "B", "C"}) {
+      const std::string number = std::to_string(++n);
+      AddVehicle(bd, code, 10 * n);
+      AddDriver(bd, code, "Nome " + code);
+      for (const char* table : {"Categorias", "Modelos", "TiposManut", "TiposAcessorios", "Companhias",
+                                "TiposSeguro", "Viagens", "Marcas", "Departamentos"})
+        sql(std::string("INSERT INTO zor_PV_").append(table) + " (Codigo, Nome) VALUES ('" + code +
+            "', 'Nome " + code + "')");
+      sql("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel, CustoUnit) VALUES ('" + code +
+          "', 'Nome " + code + "', 0, " + number + ")");
+      const std::string head = " (Matricula, Obs, Data, Custo";
+      const std::string values = ") VALUES ('A', 'nota " + number + "', '2024.01.0" + number + "', " + number;
+      sql("INSERT INTO zor_PV_Gastos" + head + ", Motorista, Viagem, Qtd, Km, ValorUn, TipoGasto" + values +
+          ", 'A', '', 0, 0, 0, 'A')");
+      sql("INSERT INTO zor_PV_Revisoes" + head + ", TipoManut, Km" + values + ", 'A', 0)");
+      sql("INSERT INTO zor_PV_Inspecoes" + head + ", Km" + values + ", 0)");
+      sql("INSERT INTO zor_PV_Sinistros" + head + ", Motorista, LocalAc, Responsavel" + values +
+          ", 'A', '', 0)");
+      sql("INSERT INTO zor_PV_Acessorios" + head + ", TipoAcessorio, Marca, Modelo, KmInicial, KmFinal, Qtd" +
+          values + ", 'A', '', '', 0, 0, 0)");
+      sql("INSERT INTO zor_PV_Multas (Matricula, Obs, Data, ValorMulta, Motorista, Responsabilidade" +
+          values + ", 'A', 0)");
+      sql("INSERT INTO zor_PV_Seguros (Matricula, Coberturas, Validade, Premio, Companhia, TipoSeguro, "
+          "Apolice, Franquia, Modalidade, DataInicio, Inactiva" +
+          values + ", 'A', 'A', '', 0, 0, '2024.01.01', 0)");
+    }
+    sql("UPDATE zor_PV_Viaturas SET Marca='A'");
+    sql("Delete zor_PV_Marcas WHERE Codigo='REN'");
+  }
+  std::unique_ptr<Ficha> New(const std::string& name) const {
+    auto form = FormCatalog::Shared().Make(name);
+    form->mybd = bd;
+    form->Load();
+    return form;
+  }
+  /// A new ficha on the n-th record.
+  std::unique_ptr<Ficha> Opened(const std::string& name, int n) const {
+    auto form = New(name);
+    if (auto* event = dynamic_cast<EventForm*>(form.get()))
+      event->Carrega(n);
+    else
+      form->Chamar(name == "Viaturas" ? "CarregaViatura" : "CarregaFicha", std::string(1, "ABC"[n - 1]));
+    return form;
+  }
+
+  EasyHost host;
+  Sistema sistema;
+  DataAccessRef bd;
+};
+
+TEST_F(FichasTest, ArrowsWalkOverTheRecordsAndShowEachAsItIs) {
+  for (const char* name : kFichas) {
+    SCOPED_TRACE(name);
+    Screen screens[4];
+    for (int n : {1, 2, 3}) screens[n] = ScreenOf(*Opened(name, n));
+    const auto form = Opened(name, 1);
+    for (const auto& [arrow, record] : {std::pair{2, 2},
+                                        {2, 3},
+                                        {2, 3},
+                                        {1, 2},
+                                        {1, 1},
+                                        {1, 1},
+                                        {3, 3},
+                                        {0, 1},
+                                        {2, 2},
+                                        {3, 3},
+                                        {1, 2},
+                                        {0, 1}}) {
+      Press(Find<platform::PushButton>(*form, "btNavega(" + std::to_string(arrow) + ")"));
+      EXPECT_EQ(ScreenOf(*form), screens[record]) << "arrow " << arrow;
+    }
+  }
+}
+
+TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
+  for (const char* name : kFichas) {
+    SCOPED_TRACE(name);
+    const auto form = New(name);
+    const auto placed = Placed(*form);
+    for (const platform::Control* control : form->Controls()) {
+      const bool drawn = control->Visible && dynamic_cast<const platform::Frame*>(control) == nullptr;
+      EXPECT_TRUE(!drawn || placed.count(control) == 1) << NameOf(*control);
+    }
+  }
+}
+
+/// The buttons and the fields with requests that a user reaches on a tab, by their places among the controls;
+/// the removal, which leaves less for the others, last.
+std::vector<std::size_t> Reachable(const platform::Form& form, int tab) {
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < form.Controls().size(); ++i) {
+    const platform::Control& control = *form.Controls()[i];
+    if (!control.CanFocus() || (tab > 0 && control.Container == nullptr)) continue;
+    const auto* field = dynamic_cast<const platform::zor_input*>(&control);
+    const bool asks = field != nullptr && (field->PedidoLista || field->PedidoFicha || field->PedidoMapa);
+    if (asks || dynamic_cast<const platform::PushButton*>(&control) != nullptr) places.push_back(i);
+  }
+  std::stable_partition(places.begin(), places.end(),
+                        [&](std::size_t i) { return form.Controls()[i]->Name() != "btAnular"; });
+  return places;
+}
+
+/// The error of each thing that a user can do with a control: of the press of a button, or of the requests of
+/// a field.
+int DoAll(platform::Form& form, platform::Control& control) {
+  return NumberOf([&] {
+    if (auto* button = dynamic_cast<platform::PushButton*>(&control)) return form.UserPresses(*button);
+    if (!form.UserGoesTo(control)) return;
+    for (int key : {platform::kKeyF3, platform::kKeyF4, platform::kKeyF7}) form.UserKey(key);
+  });
+}
+
+/// Lets a user do each thing that a ficha offers, each on a ficha of its own that `open` gives.
+template <typename Open>
+void DoEverything(const std::string& name, Open&& open) {
+  const auto onTab = [&](int tab) {
+    auto form = open();
+    if (tab > 0) form->UserSelectsTab(dynamic_cast<platform::TabControl&>(*form->layout.tabs), tab);
+    return form;
+  };
+  const auto probe = open();
+  const int tabs = std::max(1, static_cast<int>(probe->layout.pages.size()));
+  for (int tab = 0; tab < tabs; ++tab)
+    for (const std::size_t place : Reachable(*onTab(tab), tab)) {
+      const auto form = onTab(tab);
+      platform::Control& control = *form->Controls()[place];
+      const int error = DoAll(*form, control);
+      const bool field = dynamic_cast<platform::zor_input*>(&control) != nullptr;
+      EXPECT_TRUE(error == 0 || (field && error == platform::kStatementRefused))
+          << name << " " << NameOf(control) << ": " << error;
+    }
+}
+
+TEST_F(FichasTest, AnythingCanBeTheFirstActOnANewFicha) {
+  const TemporaryFolder folder;
+  host.temporaryFolder = folder.File("");
+  host.file = folder.File("x.jpg");
+  platform::WriteFile(host.file, "imagem");
+  for (const char* name : kFichas) {
+    NewFleet();
+    DoEverything(name, [&] { return New(name); });
+  }
+}
+
+TEST_F(FichasTest, EachActUsesTheDatabaseThatTheFichaHoldsThen) {
+  const TemporaryFolder folder;
+  host.temporaryFolder = folder.File("");
+  host.file = folder.File("x.jpg");
+  platform::WriteFile(host.file, "imagem");
+  for (const char* name : kFichas) {
+    NewFleet();
+    const DataAccessRef fleet = bd;
+    DoEverything(name, [&] {
+      const auto before = platform::MakeRef<Watched>(fleet);
+      bd = before;
+      auto form = Opened(name, 1);
+      form->mybd = fleet;
+      before->gone = true;
+      return form;
+    });
+  }
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
