@@ -32,6 +32,12 @@ class ArquivoTest : public DatabaseTest {
     form.Campo[1].Text = title;
     Press(form.btConf);
   }
+  /// The entry of the context menu with this caption, on the first row.
+  void Choose(const std::string& caption) {
+    for (const platform::MenuItem& item : form.CommandBarsArquivo.Items())
+      if (item.caption == caption) return form.UserCommands(form.Grelha, 0, item.id);
+    ADD_FAILURE() << caption;
+  }
   Table Documents() {
     return Rows(bd,
                 "SELECT zor_ArquivoDigital_Titulo, zor_ArquivoDigital_NomeFicheiro FROM zor_ArquivoDigital");
@@ -45,6 +51,7 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   const std::string content("%PDF\0\xFF binary", 13);
   host.AnswerFile(File("factura.pdf", content));
   Press(form.btLista);
+  EXPECT_EQ(host.dialogs.back().text, "Ficheiros  (*.*)|*.*");
   form.Campo[1].Text = "Factura de Março";
   Press(form.btConf);
   EXPECT_EQ(form.Campo[0].Text, "");
@@ -52,24 +59,27 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
 
   form.UserDoubleClicks(form.Grelha, 0);
-  ASSERT_EQ(host.opened.size(), 1U);
+  Choose("&Visualizar");
+  ASSERT_EQ(host.opened.size(), 2U);
   EXPECT_EQ(Contents(host.opened[0]), content);
 
   host.AnswerInput("");
-  form.UserCommands(form.Grelha, 0, 701);
+  Choose("&Renomear");
+  EXPECT_EQ(host.dialogs.back().text, "Introduza o novo título do documento");
+  EXPECT_EQ(host.dialogs.back().title, "Renomear Documentos");
   EXPECT_EQ(Documents()[0][0], "Factura de Março");
   host.AnswerInput("Paga");
-  form.UserCommands(form.Grelha, 0, 701);
+  Choose("&Renomear");
   EXPECT_EQ(Documents()[0][0], "Paga ") << "a title given this way ends in a blank";
   host.AnswerInput("D'Arcy");
-  EXPECT_THROW(form.UserCommands(form.Grelha, 0, 701), platform::RuntimeError);
+  EXPECT_THROW(Choose("&Renomear"), platform::RuntimeError);
 
   host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kNo);
-  form.UserCommands(form.Grelha, 0, 702);
+  Choose("&Apagar");
   EXPECT_EQ(host.boxes.back().style, 292);
   EXPECT_EQ(Documents().size(), 1U);
   host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kYes);
-  form.UserCommands(form.Grelha, 0, 702);
+  Choose("&Apagar");
   EXPECT_TRUE(Documents().empty());
   EXPECT_EQ(form.Grelha.RowCount(), 0);
 }

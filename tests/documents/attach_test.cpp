@@ -64,6 +64,10 @@ TEST_F(AttachTest, AddsShowsAndRemovesFilesOfItsRecordAlone) {
     EXPECT_EQ(Files(form), Names());
     host.AnswerFile("/x/a.jpg");
     Press(form.btAdd);
+    EXPECT_EQ(
+        host.dialogs.back().text,
+        "Imagens (*.bmp;*.gif;*.jpg)|*.bmp;*.gif;*.jpg|Adobe Acrobat (*.pdf)|*.pdf|Auto CAD (*.dwg)|*.dwg"
+        "|Word (*.doc;*.rtf)|*.doc;*.rtf|Todos os tipos (*.*)|*.*");
     host.AnswerFile("/x/não há.tiff");
     Press(form.btAdd);
     host.AnswerFile("   ");

@@ -109,21 +109,6 @@ TEST_F(FileTest, TwoProgramsSeeOneAnothersWrites) {
   EXPECT_EQ(Codes(one).size(), 202u);
 }
 
-TEST_F(FileTest, ManyProgramsMayCreateOneDatabaseAtOnce) {
-  std::vector<std::string> errors(8);
-  std::vector<std::thread> threads;
-  threads.reserve(errors.size());
-  for (std::string& error : errors)
-    threads.emplace_back([&error, this] {
-      embedded::OpenOptions options = Options();
-      options.busyTimeout = std::chrono::seconds(20);
-      error = ErrorOf([&] { Database::Open(file_, options); });
-    });
-  for (std::thread& thread : threads) thread.join();
-  for (const std::string& error : errors) EXPECT_EQ(error, "");
-  EXPECT_EQ(Codes(Open()), Table{});
-}
-
 TEST_F(FileTest, ALockedDatabaseRefusesTheWriteInTime) {
   const auto database = Open();
   const SqliteConnection other(file_, kCreate);

@@ -3,6 +3,7 @@
 #include "events/gastos.h"
 #include "events/inspecoes.h"
 #include "events/revisoes.h"
+#include "events/seguros.h"
 #include "support/database_test.h"
 
 namespace zorCrmParvel {
@@ -135,6 +136,30 @@ TEST_F(EventEntityTest, WritesByIdAndKeepsThePlateForEver) {
   EXPECT_FALSE(gasto.Ler());
   EXPECT_EQ(gasto.Custo, Currency(77));
   EXPECT_TRUE(gasto.Anular()) << "removing nothing is no failure";
+}
+
+TEST_F(EventEntityTest, TheIdIsThatOfTheRowWhichCame) {
+  class AnyRow : public RecordingDataAccess {
+   public:
+    using RecordingDataAccess::RecordingDataAccess;
+
+   protected:
+    RecordsetRef OpenForReading(const std::string& statement) override {
+      return RecordingDataAccess::OpenForReading(statement.substr(0, statement.find(" WHERE")));
+    }
+  };
+  const DataAccessRef anyRow = platform::MakeRef<AnyRow>(bd);
+  const auto idRead = [&](auto&& event) {
+    event.Escrever();
+    event.bd = anyRow;
+    event.Id = 99;
+    EXPECT_TRUE(event.Ler());
+    return event.Id;
+  };
+  EXPECT_EQ(idRead(EventOf<clGastos>(bd, "A")), 1);
+  EXPECT_EQ(idRead(EventOf<clInspecoes>(bd, "A")), 1);
+  EXPECT_EQ(idRead(EventOf<clSeguros>(bd, "A")), 1);
+  EXPECT_EQ(idRead(EventOf<clRevisoes>(bd, "A")), 99) << "here and elsewhere the id stays";
 }
 
 TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {

@@ -34,35 +34,15 @@ class EasyHost : public ScriptedHost {
   std::string file;
 };
 
-/// A data-access object that a form no longer holds fails the test when it is used.
-class Watched : public RecordingDataAccess {
- public:
-  using RecordingDataAccess::RecordingDataAccess;
-  bool gone = false;
-  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
-    EXPECT_FALSE(gone);
-    return RecordingDataAccess::ObterLigacao(connection);
-  }
-
- protected:
-  bool Execute(const std::string& statement) override {
-    EXPECT_FALSE(gone) << statement;
-    return RecordingDataAccess::Execute(statement);
-  }
-  RecordsetRef OpenForEditing(const std::string& statement) override {
-    EXPECT_FALSE(gone) << statement;
-    return RecordingDataAccess::OpenForEditing(statement);
-  }
-  RecordsetRef OpenForReading(const std::string& statement) override {
-    EXPECT_FALSE(gone) << statement;
-    return RecordingDataAccess::OpenForReading(statement);
-  }
-};
-
 /// A fleet with three records of each kind.
 class FichasTest : public testing::Test {
  protected:
-  FichasTest() { NewFleet(); }
+  FichasTest() {
+    host.temporaryFolder = folder.File("");
+    host.file = folder.File("x.jpg");
+    platform::WriteFile(host.file, "imagem");
+    NewFleet();
+  }
 
   void NewFleet() {
     bd = MemoryDatabase();
@@ -113,6 +93,7 @@ class FichasTest : public testing::Test {
     return form;
   }
 
+  const TemporaryFolder folder;
   EasyHost host;
   Sistema sistema;
   DataAccessRef bd;
@@ -202,10 +183,6 @@ void DoEverything(const std::string& name, Open&& open) {
 }
 
 TEST_F(FichasTest, AnythingCanBeTheFirstActOnANewFicha) {
-  const TemporaryFolder folder;
-  host.temporaryFolder = folder.File("");
-  host.file = folder.File("x.jpg");
-  platform::WriteFile(host.file, "imagem");
   for (const char* name : kFichas) {
     NewFleet();
     DoEverything(name, [&] { return New(name); });
@@ -213,19 +190,15 @@ TEST_F(FichasTest, AnythingCanBeTheFirstActOnANewFicha) {
 }
 
 TEST_F(FichasTest, EachActUsesTheDatabaseThatTheFichaHoldsThen) {
-  const TemporaryFolder folder;
-  host.temporaryFolder = folder.File("");
-  host.file = folder.File("x.jpg");
-  platform::WriteFile(host.file, "imagem");
   for (const char* name : kFichas) {
     NewFleet();
     const DataAccessRef fleet = bd;
     DoEverything(name, [&] {
-      const auto before = platform::MakeRef<Watched>(fleet);
+      const auto before = platform::MakeRef<RecordingDataAccess>(fleet);
       bd = before;
       auto form = Opened(name, 1);
       form->mybd = fleet;
-      before->gone = true;
+      before->Leave();
       return form;
     });
   }

@@ -24,6 +24,14 @@ class GridWindow : public platform::Form {
     return headings;
   }
 
+  /// The cells of a row that are shown, each with "|" behind it.
+  std::string Row(long row) const {
+    std::string text;
+    for (std::size_t i = 0; i < grid.Columns().size(); ++i)
+      if (!grid.Columns()[i].hidden) text += grid.CellText(row, i) + "|";
+    return text;
+  }
+
   platform::SGGrid grid{*this, "Grelha"};
 };
 

@@ -1,28 +1,36 @@
 #include "support/recording_data_access.h"
 
+#include <gtest/gtest.h>
+
 #include "platform/host.h"
 
 namespace testing_support {
 
+using zorCrmParvel::DataAccess;
 using zorCrmParvel::DataAccessRef;
 using zorCrmParvel::RecordsetRef;
 
+DataAccess& RecordingDataAccess::Inner() const {
+  EXPECT_FALSE(left_) << "a data-access object that is no longer held";
+  return *inner_;
+}
+
 bool RecordingDataAccess::Execute(const std::string& statement) {
   statements.push_back(statement);
-  return inner_->ExecutarSql("", statement.c_str());
+  return Inner().ExecutarSql("", statement.c_str());
 }
 
 RecordsetRef RecordingDataAccess::OpenForEditing(const std::string& statement) {
   statements.push_back(statement);
   RecordsetRef rows;
-  inner_->AbrirEdicao(statement.c_str(), rows);
+  Inner().AbrirEdicao(statement.c_str(), rows);
   return rows;
 }
 
 RecordsetRef RecordingDataAccess::OpenForReading(const std::string& statement) {
   statements.push_back(statement);
   RecordsetRef rows;
-  inner_->AbrirLeitura("", statement.c_str(), rows);
+  Inner().AbrirLeitura("", statement.c_str(), rows);
   return rows;
 }
 

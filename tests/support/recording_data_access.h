@@ -17,10 +17,13 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
 
   std::vector<std::string> statements;
 
+  /// From now on any use of it fails the test.
+  void Leave() { left_ = true; }
+
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
-    return inner_->ObterLigacao(connection);
+    return Inner().ObterLigacao(connection);
   }
-  void BeginSnapshot() override { inner_->BeginSnapshot(); }
+  void BeginSnapshot() override { Inner().BeginSnapshot(); }
   void EndSnapshot() noexcept override { inner_->EndSnapshot(); }
 
  protected:
@@ -29,7 +32,10 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
+  zorCrmParvel::DataAccess& Inner() const;
+
   zorCrmParvel::DataAccessRef inner_;
+  bool left_ = false;
 };
 
 /// An empty embedded database in memory, whose getdate() is the current host's clock.

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <sstream>
+
 namespace testing_support {
 namespace {
 
@@ -74,9 +77,28 @@ void FillOut(Form& form, const Screen& given) {
   }
 }
 
-void ExpectLimits(const Form& form, const Screen& typed, Recordset& row,
-                  const std::map<std::string, int>& others) {
-  const auto& fields = row.FieldList();
+std::vector<std::string> InColumns(const Screen& screen, const std::string& controls) {
+  std::vector<std::string> row;
+  std::istringstream names(controls);
+  for (std::string name; names >> name;) {
+    if (row.empty() && name != "0") {
+      row.push_back(name);
+      continue;
+    }
+    if (name[0] == '#')
+      name = "DTPicker1(" + name.substr(1) + ")";
+    else if (std::isdigit(static_cast<unsigned char>(name[0])) != 0)
+      name = "Campo(" + name + ")";
+    row.push_back(screen.at(name));
+  }
+  return row;
+}
+
+void ExpectLimits(const Form& form, const Screen& typed, const zorCrmParvel::DataAccessRef& bd,
+                  const std::string& statement, const std::map<std::string, int>& others) {
+  RecordsetRef row;
+  bd->AbrirLeitura("", statement.c_str(), row);
+  const auto& fields = row->FieldList();
   for (const Control* control : form.Controls()) {
     const auto* field = dynamic_cast<const zor_input*>(control);
     const std::string name = NameOf(*control);
@@ -87,7 +109,7 @@ void ExpectLimits(const Form& form, const Screen& typed, Recordset& row,
       continue;
     }
     std::size_t column = 0;
-    while (column < fields.size() && row.CellAt(0, column).ToText() != typed.at(name)) ++column;
+    while (column < fields.size() && row->CellAt(0, column).ToText() != typed.at(name)) ++column;
     ASSERT_LT(column, fields.size()) << "no column holds " << typed.at(name);
     if (name == "Campo(0)")
       EXPECT_LE(field->maxlength, fields[column].definedSize);

@@ -3,9 +3,10 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
+#include "host/data_access.h"
 #include "platform/form.h"
-#include "platform/recordset.h"
 
 /// Whole screens, by the form's own model.
 namespace testing_support {
@@ -21,10 +22,14 @@ Screen ScreenOf(const platform::Form& form);
 /// controls too.
 void FillOut(platform::Form& form, const Screen& given = {});
 
-/// Compares the limit of each text field with the width of the column that holds its text in the current row.
-/// Numbers take ten characters, but for those of `others`.
-void ExpectLimits(const platform::Form& form, const Screen& typed, platform::Recordset& row,
-                  const std::map<std::string, int>& others = {});
+/// What a screen puts into the columns of a row: the controls in their order, a number n for "Campo(n)", #n
+/// for "DTPicker1(n)". A first one that the screen hasn't stands for itself.
+std::vector<std::string> InColumns(const Screen& screen, const std::string& controls);
+
+/// Compares the limit of each text field with the width of the column that holds its text, in the row that a
+/// statement finds. Numbers take ten characters, but for those of `others`; the first field may take less.
+void ExpectLimits(const platform::Form& form, const Screen& typed, const zorCrmParvel::DataAccessRef& bd,
+                  const std::string& statement, const std::map<std::string, int>& others = {});
 
 /// The control of this name, which must be there.
 template <typename T>

@@ -51,12 +51,16 @@ int ScriptedHost::MsgBox(const std::string& text, int style, const std::string& 
   return box.answer;
 }
 
-std::string ScriptedHost::InputBox(const std::string& prompt, const std::string&, const std::string&) {
+std::string ScriptedHost::InputBox(const std::string& prompt, const std::string& title,
+                                   const std::string& initial) {
+  EXPECT_EQ(initial, "") << "no input box of the module begins with a text";
+  dialogs.push_back({prompt, title});
   if (inputs_.empty()) ADD_FAILURE() << "an input box that nobody expected: " << prompt;
   return Take(inputs_, std::string());
 }
 
 std::optional<std::string> ScriptedHost::OpenFile(const platform::FileDialog& dialog) {
+  dialogs.push_back({dialog.Filter, dialog.Title});
   if (files_.empty()) ADD_FAILURE() << "a file dialog that nobody expected: " << dialog.Filter;
   return Take(files_, std::optional<std::string>());
 }

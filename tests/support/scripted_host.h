@@ -41,9 +41,14 @@ class ScriptedHost : public platform::Host {
     std::vector<float> widths;
     long width;
   };
-  std::vector<Box> boxes;      // shown so far
-  std::vector<Table> lookups;  // shown so far
-  std::vector<Table> reports;  // shown so far
+  struct Dialog {
+    std::string text;  // the prompt of an input box, the filter of a file dialog
+    std::string title;
+  };
+  std::vector<Dialog> dialogs;  // shown so far
+  std::vector<Box> boxes;       // shown so far
+  std::vector<Table> lookups;   // shown so far
+  std::vector<Table> reports;   // shown so far
   std::vector<std::string> opened;
   std::vector<platform::Form*> owners;  // of the forms shown so far
 

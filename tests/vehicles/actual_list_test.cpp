@@ -20,10 +20,13 @@ class ActualListTest : public DatabaseTest {
     list.Tipo = tipo;
     list.ICrmVwList_Iniciar();
   }
-  void Command(long row, long command = 945) {
+  /// The entry that the list adds to the menu of a row, unless it is another command.
+  void Command(long row, long command = 0) {
     form.grid.SetRow(row);
     PopUpMenu menu;
-    menu.Command = command;
+    list.ICrmVwList_BeforePopUpViewListEdit(menu);
+    ASSERT_EQ(menu.Items().back().caption, "Actualizar");
+    menu.Command = command == 0 ? menu.Items().back().id : command;
     list.ICrmVwList_ExecutePopUpViewListEdit(menu);
   }
   std::string Shown(long row, std::size_t column) { return form.grid.CellText(row, column); }

@@ -41,6 +41,9 @@ TEST_F(ViaturasTest, NullsMeanNothingOrAreRefusedByTheirColumn) {
   EXPECT_FALSE(viatura.SeloPago);
   viatura.Escrever();
   EXPECT_EQ(Rows(bd, "SELECT Responsavel, DataSelo FROM zor_PV_Viaturas"), (Table{{"NULL", "00:00:00"}}));
+  Sql("UPDATE zor_PV_Viaturas SET Responsavel='Ana'");
+  viatura.Escrever();
+  EXPECT_EQ(Rows(bd, "SELECT Responsavel FROM zor_PV_Viaturas"), (Table{{"NULL"}}));
   Sql("UPDATE zor_PV_Viaturas SET KmPrxRev=NULL");
   EXPECT_EQ(NumberOf([&] { viatura.Ler(); }), platform::kInvalidUseOfNull);
 }
