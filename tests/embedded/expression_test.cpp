@@ -49,6 +49,7 @@ TEST_F(ExpressionTest, Texts) {
                 {"LEFT(Nome + '000000000000000 ', 15) + '|'", "Ávila0000000000|"},
                 {"LEFT(Km, 1)", "7"},
                 {"LEN('ab  ')", "2"},
+                {"LEN('ab  ') + '1'", "3"},
                 {"cast(Nome as nvarchar(3))", "Ávi"},
                 {"COALESCE(Notas, Nome)", "Ávila"},
                 {"ISNULL(Notas, 'sem')", "sem"}});

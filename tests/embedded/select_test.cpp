@@ -40,7 +40,8 @@ TEST_F(SelectTest, NamesAreSpelledAsInTheStatementOrTheTable) {
 TEST_F(SelectTest, ColumnsHaveTheTypesOfTheServer) {
   const RecordsetRef rows = Open(
       "SELECT Tudo.Nome, Notas, Foto, Tudo.Nome + 'abc' AS a, CASE WHEN Km = 1 THEN 'um' ELSE 'outro' END AS "
-      "b, Valor - Km AS c, Outra.Nome AS d, 100 AS e, Activa, Ano, Razao, Data FROM Tudo LEFT JOIN Codigos "
+      "b, Valor - Km AS c, Outra.Nome AS d, 100 AS e, Activa, Ano, Razao, Data, COALESCE(Notas, '') AS f "
+      "FROM Tudo LEFT JOIN Codigos "
       "AS Outra ON 1 = 0");
   struct Expected {
     platform::FieldType type;
@@ -59,7 +60,8 @@ TEST_F(SelectTest, ColumnsHaveTheTypesOfTheServer) {
                                           {FieldType::kBool, 2, true},
                                           {FieldType::kInteger, 2, true},
                                           {FieldType::kDouble, 8, true},
-                                          {FieldType::kDate, 16, true}};
+                                          {FieldType::kDate, 16, true},
+                                          {FieldType::kText, platform::kUnlimitedSize, false}};
   for (std::size_t i = 0; i < expected.size(); ++i) {
     SCOPED_TRACE(i);
     const platform::FieldInfo& field = rows->FieldList().at(i);
