@@ -14,8 +14,7 @@ bool Control::CanFocus() const {
 }
 
 void Control::SetFocus() {
-  Control* target = CanFocus() ? this : form_.Neighbour(this, false);
-  if (target != nullptr) form_.Focus(target);
+  if (CanFocus()) form_.Focus(this);
 }
 
 }  // namespace platform

@@ -21,6 +21,8 @@ enum Key : int {
   kKeyTab = 9,
   kKeyEnter = 13,
   kKeyEscape = 27,
+  kKeyDelete = 46,
+  kKeyF2 = 113,
   kKeyF3 = 114,
   kKeyF4 = 115,
   kKeyF7 = 118,
@@ -47,8 +49,8 @@ class Control {
   bool CausesValidation = true;  // false: going here doesn't validate the control that is left
   Frame* Container = nullptr;    // hidden with it
 
-  /// Moves the focus here at once, without validating the control that is left. A disabled control passes it
-  /// on.
+  /// Moves the focus here at once, without validating the control that is left. Does nothing where the focus
+  /// can't come.
   void SetFocus();
   /// True when the focus can come here.
   bool CanFocus() const;
@@ -156,7 +158,7 @@ class DTPicker : public Control {
 class MonthView : public Control {
  public:
   using Control::Control;
-  Date Value;
+  Date Value;  // the day that the keyboard stands on
   std::function<void(Date clicked)> DateClick;
 };
 

@@ -10,7 +10,9 @@ namespace platform {
 /// delivered; when an error leaves it, they are dropped.
 class Form::Handling {
  public:
-  explicit Handling(Form& form) : form_(form) { ++form_.handling_; }
+  explicit Handling(Form& form) : form_(form) {
+    if (++form_.handling_ == 1) form_.notice_.clear();
+  }
   Handling(const Handling&) = delete;
   Handling& operator=(const Handling&) = delete;
   ~Handling() {
@@ -31,6 +33,7 @@ void Form::Load() {
 void Form::ShowModal(Form* owner) {
   Load();
   closed_ = false;
+  Settle();
   Host::Current().ShowModal(*this, owner);
 }
 
@@ -45,11 +48,19 @@ void Form::SendKeys(const std::string& keys) {
 }
 
 void Form::DeliverKeys() {
-  while (handling_ == 1 && !keys_.empty() && !closed_) {
+  if (handling_ != 1) return;
+  for (Settle(); !keys_.empty() && !closed_; Settle()) {
     const bool backwards = keys_.front()[0] == '+';
     keys_.pop_front();
     if (backwards || PressTab()) MoveFocus(backwards);
   }
+}
+
+/// A control that was disabled or hidden under the focus gives it to the next one; what can't be reached
+/// can't be put right either, so it isn't checked.
+void Form::Settle() {
+  if (closed_ || active_ == nullptr || active_->CanFocus()) return;
+  if (Control* next = Neighbour(active_, false)) Focus(next);
 }
 
 /// Tells the control of the key; false when it swallowed it. A step back that a handler sent isn't told: it
@@ -84,10 +95,21 @@ void Form::Focus(Control* control) {
 }
 
 bool Form::Leave(Control* to) {
-  if (active_ == nullptr || active_ == to || !to->CausesValidation || !active_->Validate) return true;
+  if (active_ == nullptr || active_ == to || !to->CausesValidation) return true;
+  if (Objects(active_)) return false;
+  if (!active_->Validate) return true;
   bool cancel = false;
   active_->Validate(cancel);
   return !cancel;
+}
+
+/// Tells why a field can't be left, if so.
+bool Form::Objects(const Control* control) {
+  const auto* field = dynamic_cast<const zor_input*>(control);
+  std::string objection = field != nullptr ? field->Objection() : std::string();
+  if (objection.empty()) return false;
+  Notify(std::move(objection));
+  return true;
 }
 
 void Form::MoveFocus(bool backwards) {
@@ -121,17 +143,38 @@ void Form::UserKey(int key, bool shift) {
     if (PressTab()) MoveFocus(shift);
     return DeliverKeys();
   }
-  auto* field = dynamic_cast<zor_input*>(control);
-  auto* button = dynamic_cast<PushButton*>(control);
+  const std::size_t sent = keys_.size();
   int code = key;
   if (control->KeyPress) control->KeyPress(code);
-  if (field && code == kKeyF3 && field->PedidoLista) field->PedidoLista();
-  if (field && code == kKeyF4 && field->PedidoFicha) field->PedidoFicha();
-  if (field && code == kKeyF7 && field->PedidoMapa) field->PedidoMapa();
-  if (field && code == kKeyEnter) SendKeys("{TAB}");
-  if (button && code == kKeyEnter && button->Click) button->Click();
-  if (button && code == kKeyEscape) SendKeys("+{TAB}");
+  if (code != kKeyNone && keys_.size() == sent && !closed_) UnhandledKey(*control, code);
   DeliverKeys();
+}
+
+void Form::UnhandledKey(Control& control, int key) {
+  if (const auto* field = dynamic_cast<zor_input*>(&control)) Request(*field, key);
+  auto* grid = dynamic_cast<SGGrid*>(&control);
+  if (key == kKeyEnter) {
+    const auto* button = dynamic_cast<PushButton*>(&control);
+    if (button != nullptr && button->Click)
+      button->Click();
+    else if (grid != nullptr && grid->DoubleClick && grid->Row() >= 0)
+      grid->DoubleClick(grid->Row());
+    else if (button == nullptr)
+      SendKeys("{TAB}");
+  } else if (key == kKeyEscape) {
+    SendKeys("+{TAB}");
+  } else if (const MenuItem* command = grid != nullptr ? grid->CommandOf(key) : nullptr) {
+    grid->PopUpCommand(command->id);
+  }
+}
+
+/// A request may take the focus elsewhere, so it asks what leaving the field asks.
+void Form::Request(const zor_input& field, int key) {
+  const std::function<void()>* request = key == kKeyF3   ? &field.PedidoLista
+                                         : key == kKeyF4 ? &field.PedidoFicha
+                                         : key == kKeyF7 ? &field.PedidoMapa
+                                                         : nullptr;
+  if (request != nullptr && *request && !Objects(&field)) (*request)();
 }
 
 bool Form::UserTypes(zor_input& field, const std::string& text) {
@@ -184,6 +227,10 @@ void Form::UserClicksDate(MonthView& view, Date date) {
   DeliverKeys();
 }
 
+void Form::UserMovesToDate(MonthView& view, Date date) {
+  if (UserGoesTo(view)) view.Value = date;
+}
+
 void Form::UserSelectsTab(TabControl& tabs, int index) {
   if (index < 0 || index >= static_cast<int>(tabs.Captions.size()) || index == tabs.Tab) return;
   if (!UserGoesTo(tabs)) return;
@@ -194,17 +241,17 @@ void Form::UserSelectsTab(TabControl& tabs, int index) {
   DeliverKeys();
 }
 
-void Form::UserSelectsRow(SGGrid& grid, long row) {
-  if (!UserGoesTo(grid)) return;
+bool Form::UserSelectsRow(SGGrid& grid, long row) {
+  if (!UserGoesTo(grid)) return false;
   Handling handling(*this);
   grid.SetRow(row);
+  if (grid.Click) grid.Click(row);
   DeliverKeys();
+  return grid.Row() == row;
 }
 
 bool Form::UserEditsCell(SGGrid& grid, long row, const std::string& text) {
-  if (grid.EditableColumn.empty()) return false;
-  UserSelectsRow(grid, row);
-  if (grid.Row() != row) return false;
+  if (grid.EditableColumn.empty() || !UserSelectsRow(grid, row)) return false;
   Handling handling(*this);
   bool cancel = false;
   if (grid.ValidateEdit) grid.ValidateEdit(row, text, cancel);
@@ -214,16 +261,16 @@ bool Form::UserEditsCell(SGGrid& grid, long row, const std::string& text) {
 }
 
 void Form::UserCommands(SGGrid& grid, long row, long command) {
-  UserSelectsRow(grid, row);
+  if (!UserSelectsRow(grid, row)) return;
   Handling handling(*this);
-  if (grid.Row() == row && grid.PopUpCommand) grid.PopUpCommand(command);
+  if (grid.PopUpCommand) grid.PopUpCommand(command);
   DeliverKeys();
 }
 
 void Form::UserDoubleClicks(SGGrid& grid, long row) {
-  UserSelectsRow(grid, row);
+  if (!UserSelectsRow(grid, row)) return;
   Handling handling(*this);
-  if (grid.Row() == row && grid.DoubleClick) grid.DoubleClick(row);
+  if (grid.DoubleClick) grid.DoubleClick(row);
   DeliverKeys();
 }
 

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/control.h"
@@ -39,13 +40,17 @@ class Form {
 
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* ActiveControl() const { return active_; }
+  /// Tells the user something that needs no answer. It stands until the next act.
+  void Notify(std::string text) { notice_ = std::move(text); }
+  const std::string& Notice() const { return notice_; }
   /// Sends "{TAB}" or "+{TAB}", delivered after the running handler. Error 5 for other keys.
   void SendKeys(const std::string& keys);
 
   /// The user clicks or moves into a control. False when validation keeps the focus where it was.
   bool UserGoesTo(Control& control);
   void UserPresses(PushButton& button);
-  /// A key on the control with the focus: one of `Key`.
+  /// A key on the control with the focus: one of `Key`. Where the control's handler has no use for it, Enter
+  /// presses a button, opens a row, or goes on like Tab; Escape steps back.
   void UserKey(int key, bool shift = false);
   /// The field's text becomes `text`. False, and no change, when it is longer than the field takes.
   bool UserTypes(zor_input& field, const std::string& text);
@@ -53,8 +58,11 @@ class Form {
   void UserChooses(ComboBox& box, int index);
   void UserPicksDate(DTPicker& picker, const Variant& value);
   void UserClicksDate(MonthView& view, Date date);
+  /// The user moves to another day of the calendar, and hasn't chosen it yet.
+  void UserMovesToDate(MonthView& view, Date date);
   void UserSelectsTab(TabControl& tabs, int index);
-  void UserSelectsRow(SGGrid& grid, long row);
+  /// False when validation kept the focus elsewhere.
+  bool UserSelectsRow(SGGrid& grid, long row);
   void UserDoubleClicks(SGGrid& grid, long row);
   void UserSelectsRow(MSFlexGrid& grid, int row);
   /// The user typed a text into the grid's editable column. False when it was refused.
@@ -79,12 +87,17 @@ class Form {
   bool Leave(Control* to);
   void Focus(Control* control);
   void MoveFocus(bool backwards);
+  void Settle();
+  bool Objects(const Control* control);
+  void Request(const zor_input& field, int key);
+  void UnhandledKey(Control& control, int key);
   bool PressTab();
   void DeliverKeys();
 
   std::vector<Control*> controls_;
   Control* active_ = nullptr;
   std::deque<std::string> keys_;
+  std::string notice_;
   int handling_ = 0;
   bool loaded_ = false;
   bool closed_ = false;

@@ -107,6 +107,10 @@ void SGGrid::SetRow(long row) {
   if (RowChange) RowChange(row);
 }
 
+const MenuItem* SGGrid::CommandOf(int key) const {
+  return PopUp != nullptr && PopUpCommand && row_ >= 0 ? PopUp->OfKey(key) : nullptr;
+}
+
 void MSFlexGrid::SetFormatString(const std::string& format) {
   std::vector<std::string> captions(1);
   for (char c : format) {

@@ -116,12 +116,15 @@ class SGGrid : public Control {
   GridRow RowAt(long row) { return GridRow(*this, row); }
 
   std::function<void(long row)> RowChange;
-  std::function<void(long row)> DoubleClick;
-  std::string EditableColumn;  // key of the column that the user can type into, if any
+  std::function<void(long row)> Click;        // the user chose a row, be it the current one again
+  std::function<void(long row)> DoubleClick;  // or Enter on the current row
+  std::string EditableColumn;                 // key of the column that the user can type into, if any
   /// The user typed a text into a cell; Cancel keeps what the cell held.
   std::function<void(long row, const std::string& text, bool& Cancel)> ValidateEdit;
   PopUpMenu* PopUp = nullptr;                      // the rows' context menu, the form's own
   std::function<void(long command)> PopUpCommand;  // a command of it was chosen on the current row
+  /// The command of the menu that a key runs on the current row; null when none does.
+  const MenuItem* CommandOf(int key) const;
 
   /// Counts the changes of content and set-up, for whoever draws the grid.
   int Revision() const { return revision_; }

@@ -19,13 +19,14 @@ struct LayoutField {
 /// Fields side by side; most rows hold one.
 using LayoutRow = std::vector<LayoutField>;
 
-/// A grid at the left, rows of fields at the right (or the one that there is over the whole width), buttons
-/// below.
+/// A grid at the left, rows of fields at the right (or the other way round, or the one that there is over the
+/// whole width), buttons below.
 struct LayoutBlock {
   Control* grid = nullptr;
   ShowImg* picture = nullptr;
   MonthView* calendar = nullptr;  // beside the grid
   std::vector<LayoutRow> rows;
+  bool fieldsFirst = false;  // the rows at the left, the grid at the right
   std::vector<PushButton*> buttons;
 };
 

@@ -13,4 +13,10 @@ MenuItem* PopUpMenu::Find(long id) {
   return nullptr;
 }
 
+const MenuItem* PopUpMenu::OfKey(int key) const {
+  for (const MenuItem& item : items_)
+    if (item.key == key && item.visible && item.enabled) return &item;
+  return nullptr;
+}
+
 }  // namespace platform

@@ -27,6 +27,9 @@ class zor_input : public Control {
   bool Numeric() const { return formato_campo != kTexto; }
   /// The text by the field's mask when it is a number, else as it stands. For a field without the focus.
   std::string DisplayText() const;
+  /// Why the field can't be left with its text, for the user to read; empty when it can. A number whose
+  /// grouping marks don't part its digits in threes is refused: "40.5" would be read as 405.
+  std::string Objection() const;
   /// True when a text is not longer than the field takes.
   bool Fits(const std::string& text) const;
   void SelectAll();

@@ -109,7 +109,10 @@ TEST(Form, TabSkipsWhatIsDisabledHiddenOrOutOfTheOrder) {
   form.UserKey(kKeyTab, true);
   EXPECT_EQ(form.ActiveControl(), &form.a);
   form.b.SetFocus();
-  EXPECT_EQ(form.ActiveControl(), &form.ok) << "a disabled control passes the focus on";
+  EXPECT_EQ(form.ActiveControl(), &form.a) << "nothing happens where the focus can't come";
+  form.ok.Click = [&] { form.ok.Enabled = false; };
+  form.UserPresses(form.ok);
+  EXPECT_EQ(form.ActiveControl(), &form.close) << "nor does it stay there";
 }
 
 TEST(Form, AFieldTakesNoMoreThanItsLimit) {
@@ -133,6 +136,111 @@ TEST(Form, RequestsReachTheFieldWithTheFocus) {
   form.a.PedidoMapa = [&] { asked += "mapa "; };
   for (int key : {kKeyF3, kKeyF4, kKeyF7}) form.UserKey(key);
   EXPECT_EQ(asked, "lista ficha mapa ");
+}
+
+/// One control of each kind between two fields.
+class Kinds : public Form {
+ public:
+  Kinds() {
+    tabs.Captions = {"um", "dois"};
+    grid.SetRowCount(2);
+    middle.assign(Controls().begin() + 1, Controls().end() - 2);
+    Load();
+  }
+  zor_input field{*this, "field"};
+  CheckBox box{*this, "box"};
+  ComboBox combo{*this, "combo"};
+  DTPicker date{*this, "date"};
+  MonthView month{*this, "month"};
+  TabControl tabs{*this, "tabs"};
+  SGGrid grid{*this, "grid"};
+  MSFlexGrid files{*this, "files"};
+  zor_input after{*this, "after"};
+  PushButton last{*this, "last"};
+  std::vector<Control*> middle;
+};
+
+TEST(Form, EnterGoesOnAndEscapeStepsBackInControlsOfEveryKind) {
+  Kinds form;
+  for (Control* control : form.middle) {
+    SCOPED_TRACE(control->Name());
+    form.UserGoesTo(*control);
+    form.UserKey(kKeyEnter);
+    EXPECT_EQ(form.ActiveControl(), form.Neighbour(control, false));
+    form.UserKey(kKeyEscape);
+    EXPECT_EQ(form.ActiveControl(), control);
+  }
+  form.date.KeyPress = [&](int& key) {
+    if (key == kKeyEnter) form.SendKeys("{TAB}");
+  };
+  form.UserGoesTo(form.date);
+  form.UserKey(kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.month) << "one step, whoever sends the key";
+  long opened = -1;
+  form.grid.DoubleClick = [&](long row) { opened = row; };
+  form.UserSelectsRow(form.grid, 1);
+  form.UserKey(kKeyEnter);
+  EXPECT_EQ(opened, 1);
+}
+
+TEST(Form, APointThatDoesNotPartDigitsInThreesKeepsTheField) {
+  Kinds form;
+  form.field.formato_campo = zor_input::kNumero;
+  form.field.PedidoLista = [&] { form.last.SetFocus(); };
+  int pressed = 0;
+  form.last.Click = [&] { ++pressed; };
+  for (const char* text :
+       {"40.5", "1.5", "1234.567", "0.500", "1.23", ".5", "1.2345", "1..234", "1,5.000", "-40.5"}) {
+    SCOPED_TRACE(text);
+    form.UserGoesTo(form.field);
+    form.UserTypes(form.field, text);
+    EXPECT_EQ(form.Notice(), "");
+    EXPECT_FALSE(form.UserGoesTo(form.box));
+    for (int key : {kKeyTab, kKeyEnter, kKeyEscape, kKeyF3}) form.UserKey(key);
+    EXPECT_NE(form.Notice().find(text), std::string::npos) << form.Notice();
+    form.UserPresses(form.last);
+    EXPECT_EQ(pressed, 0);
+    EXPECT_EQ(form.ActiveControl(), &form.field);
+    EXPECT_EQ(form.field.Text, text);
+  }
+  for (const char* text : {"40,5", "1.234", "12.345.678,90", "-1.234", "", "1234"}) {
+    SCOPED_TRACE(text);
+    form.UserGoesTo(form.field);
+    form.UserTypes(form.field, text);
+    EXPECT_TRUE(form.UserGoesTo(form.box));
+    EXPECT_EQ(form.Notice(), "");
+  }
+  form.field.formato_campo = zor_input::kTexto;
+  form.UserTypes(form.field, "v1.5");
+  EXPECT_TRUE(form.UserGoesTo(form.box)) << "a text is no number";
+}
+
+TEST(Form, ARowIsLeftAloneWhenTheFocusCannotComeToItsGrid) {
+  Kinds form;
+  PopUpMenu menu;
+  menu.Add(7, "Apagar").key = kKeyDelete;
+  std::string acts;
+  form.grid.AddColumn("a", "a", 100);
+  form.grid.EditableColumn = "a";
+  form.grid.PopUp = &menu;
+  form.grid.PopUpCommand = [&](long command) { acts += "c" + std::to_string(command); };
+  form.grid.DoubleClick = [&](long) { acts += "d"; };
+  form.UserKey(kKeyDelete);
+  form.UserGoesTo(form.grid);
+  form.UserKey(kKeyDelete);
+  EXPECT_EQ(acts, "") << "no row is chosen";
+  form.UserSelectsRow(form.grid, 1);
+  form.UserKey(kKeyDelete);
+  menu.Find(7)->enabled = false;
+  form.UserKey(kKeyDelete);
+  EXPECT_EQ(acts, "c7");
+  form.UserGoesTo(form.field);
+  form.field.Validate = [](bool& cancel) { cancel = true; };
+  form.UserCommands(form.grid, 1, 7);
+  form.UserDoubleClicks(form.grid, 1);
+  EXPECT_FALSE(form.UserEditsCell(form.grid, 1, "x"));
+  EXPECT_EQ(acts, "c7");
+  EXPECT_EQ(form.grid.CellText(1, 0), "");
 }
 
 TEST(Form, ShownModallyItIsTheHostsUntilItCloses) {
