@@ -42,7 +42,12 @@ void EventForm::Carrega(std::int32_t id) {
     Campo[0].Text = Matricula;
     MostrarViatura();
   }
-  if (TipoMostrar == 1) Campo[0].Enabled = false;
+  if (TipoMostrar == 1) FixarMatricula();
+}
+
+void EventForm::FixarMatricula() {
+  Campo[0].Enabled = false;
+  if (ActiveControl() == &Campo[0]) PrimeiroCampo().SetFocus();
 }
 
 void EventForm::GuardarDaViatura(const clViaturas&) {}
@@ -189,6 +194,7 @@ void EventForm::ListaDosEventos() {
 
 void EventForm::btLista_Click(int indice) {
   if (indice == 0) return ListaDosEventos();
+  if (btLista.Has(indice) && !btLista[indice].Enabled) return;
   std::string codigo;
   int campo = 0;
   if (const Referencia* referencia = ReferenciaDaLista(indice)) {
@@ -196,7 +202,7 @@ void EventForm::btLista_Click(int indice) {
     tabela->bd = mybd;
     codigo = tabela->MostraLista();
     campo = referencia->campo;
-  } else if (indice == textos_.listaViaturas && btLista[indice].Enabled) {
+  } else if (indice == textos_.listaViaturas) {
     clViaturas viatura;
     viatura.bd = mybd;
     codigo = viatura.MostraLista();
@@ -290,9 +296,15 @@ void EventForm::Campo_PedidoFicha(int indice) {
   if (indice != 0 && referencia == nullptr) return;
   const auto ficha = FormCatalog::Shared().Make(indice == 0 ? "Viaturas" : referencia->ficha);
   if (!ficha) return;
+  const std::string& codigo = Campo[indice].Text;
   ficha->mybd = mybd;
   ficha->Load();
-  ficha->Chamar(indice == 0 ? "CarregaViatura" : "CarregaFicha", Campo[indice].Text);
+  const auto* chave = dynamic_cast<const zor_input*>(ficha->ActiveControl());
+  if (chave == nullptr || chave->Fits(codigo))
+    ficha->Chamar(indice == 0 ? "CarregaViatura" : "CarregaFicha", codigo);
+  else
+    ficha->Notify("«" + codigo + "» não é um código: tem mais de " + std::to_string(chave->maxlength) +
+                  " caracteres.");
   ficha->ShowModal();
 }
 

@@ -35,7 +35,7 @@ EventForm::EventForm(const TextosDoEvento& textos, std::unique_ptr<EventEntity> 
     Titulo.Add(*this, "Titulo", referencia.titulo);
   }
   btLista[0].Caption = "&Lista";
-  btArquivo.Caption = "&Arquivo";
+  btArquivo.Caption = "Ar&quivo";
   btArquivo.ToolTipText = "Arquivo digital.";
   btArquivo.TabStop = false;
   botoes.Dispor(layout);
@@ -71,11 +71,6 @@ void EventForm::LinhaDaData(platform::DTPicker& data, const char* legenda, const
   data.CustomFormat = textos_.formatoData;
   data.ToolTipText = dica;
   data.Change = [this] { Alterado = true; };
-  data.KeyPress = [this](int& keyCode) {
-    if (keyCode != platform::kKeyEnter && keyCode != platform::kKeyEscape) return;
-    SendKeys(keyCode == platform::kKeyEnter ? "{TAB}" : "+{TAB}");
-    keyCode = platform::kKeyNone;
-  };
   LinhaDeControlo(data, legenda);
 }
 

@@ -67,7 +67,7 @@ Viaturas::Viaturas()
   }
   btArquivo = {*this, "btArquivo", 9};
   btArquivo.Each([](PushButton& button) {
-    button.Caption = "&Arquivo";
+    button.Caption = "Ar&quivo";
     button.ToolTipText = "Arquivo digital.";
   });
   layout.tabs = &SSTab1;
@@ -214,27 +214,17 @@ void Viaturas::LigarCampos() {
     campo.PedidoFicha = [this, indice] { Campo_PedidoFicha(indice); };
     if (btLista.Has(indice)) campo.PedidoLista = [this, indice] { btLista_Click(indice); };
   });
-  DTPicker1.Each([this](platform::DTPicker& data) {
-    data.KeyPress = [this](int& keyCode) {
-      if (keyCode == platform::kKeyEnter) SendKeys("{TAB}");
-      if (keyCode == platform::kKeyEscape) SendKeys("+{TAB}");
-    };
-  });
   DTPicker1[3].Change = [this] {
     CalculaDataSelo();
     MostrarProximaInspecao();
   };
   Combo2.KeyPress = [this](int& keyCode) {
-    if (keyCode == platform::kKeyEnter) SendKeys("{TAB}");
     if (keyCode == platform::kKeyEscape) Unload();
   };
 }
 
 void Viaturas::LigarEventos() {
   SSTab1.Click = [this](int) { SSTab1_Click(); };
-  SSTab1.KeyPress = [this](int& keyCode) {
-    if (keyCode == platform::kKeyEnter) SendKeys("{TAB}");
-  };
   for (const SeparadorDeEventos& separador : SeparadoresDeEventos()) LigarSeparador(separador);
   btLista.Each([this](PushButton& button) {
     button.Click = [this, indice = button.Index()] { btLista_Click(indice); };
