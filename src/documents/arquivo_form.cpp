@@ -28,6 +28,7 @@ frmArquivo::frmArquivo()
   btConf.ToolTipText = "Anexa o ficheiro.";
   btConf.Click = [this] { btConf_Click(); };
   btSair.Caption = "&Sair";
+  TabBefore(Grelha, Campo[0]);
   btSair.CausesValidation = false;
   btSair.Click = [this] { Unload(); };
   layout.head.grid = &Grelha;
@@ -66,8 +67,10 @@ void frmArquivo::Chamar(std::string_view rotina, const Variant& argumento) {
 void frmArquivo::mostra() {
   CommandBarsArquivo = {};
   CommandBarsArquivo.Add(kVisualizar, "&Visualizar").toolTip = "Visualiar o ficheiro";
-  CommandBarsArquivo.Add(kRenomear, "&Renomear");
-  CommandBarsArquivo.Add(kApagar, "&Apagar").toolTip = "Apagar o ficheiro";
+  CommandBarsArquivo.Add(kRenomear, "&Renomear").key = platform::kKeyF2;
+  platform::MenuItem& apagar = CommandBarsArquivo.Add(kApagar, "&Apagar");
+  apagar.toolTip = "Apagar o ficheiro";
+  apagar.key = platform::kKeyDelete;
   Grelha.PopUp = &CommandBarsArquivo;
   Grelha.PopUpCommand = [this](long comando) { CommandBarsArquivo_Execute(comando); };
   Grelha.DoubleClick = [this](long) { CommandBarsArquivo_Execute(kVisualizar); };

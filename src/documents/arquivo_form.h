@@ -31,6 +31,9 @@ class frmArquivo : public Ficha {
   platform::SGGrid Grelha;
   platform::PopUpMenu CommandBarsArquivo;  // shown over the grid's rows
 
+ protected:
+  void Form_Load() override { Campo[0].SetFocus(); }
+
  private:
   void NovoCampo(int indice, const char* titulo, int maxlength);
   void PreencheGrelha();

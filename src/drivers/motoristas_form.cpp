@@ -196,7 +196,9 @@ void Motoristas::btAnular_Click() {
 void Motoristas::btLista_Click(int indice) {
   motorista_.bd = mybd;
   const std::string codigo = motorista_.MostraLista();
-  if (codigo.empty()) return Campo[indice].SetFocus();
+  const bool cabe = Campo[indice].Fits(codigo);
+  if (!cabe) Notify("«" + codigo + "» é mais comprido do que este campo.");
+  if (codigo.empty() || !cabe) return Campo[indice].SetFocus();
   Campo[indice].Text = codigo;
   Campo[indice].SelectAll();
   Campo[indice].SetFocus();

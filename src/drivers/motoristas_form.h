@@ -72,6 +72,7 @@ class Motoristas : public Ficha {
   void GravarCartas();
   void GravarCarta(int tipo);
   void ValidarDataDaCarta(const std::string& texto, bool& cancel);
+  void MostrarCalendario();
   void EscolherDataDaCarta(platform::Date data, const char* recusa);
   void LigarGrelha();
 

@@ -44,7 +44,7 @@ Motoristas::Motoristas()
   layout.pages.resize(5);
   DisporIdentificacao();
   DisporDocumentos();
-  btArquivo.Caption = "&Arquivo";
+  btArquivo.Caption = "Ar&quivo";
   btArquivo.ToolTipText = "Arquivo digital.";
   for (platform::PushButton* button : {&PicAdd, &PicDel, &btArquivo}) button->TabStop = false;
   botoes.Dispor(layout);
@@ -79,12 +79,9 @@ LayoutField Motoristas::NovaData(int indice, int separador, const char* legenda,
 
 void Motoristas::DisporIdentificacao() {
   const int s = kIdentificacao;
-  LayoutField postal = NovoCampo(7, s, "Código Postal", "Código Postal.", 8);
-  postal.list = &btLista[7];
-  LayoutField morada = NovoCampo(3, s, "Morada", "Morada.", 50);
   layout.pages[s].rows = {
-      {morada, NovoCampo(8, s, "Localidade", "Localidade.", 40)},
-      {postal, NovoCampo(13, s, "NIF", "NIF.", 13)},
+      {NovoCampo(3, s, "Morada", "Morada.", 50), NovoCampo(8, s, "Localidade", "Localidade.", 40)},
+      {NovoCampo(7, s, "Código Postal", "Código Postal.", 8), NovoCampo(13, s, "NIF", "NIF.", 13)},
       {NovoCampo(6, s, "Telefone", "Telefone.", 20), NovoCampo(5, s, "Telemóvel", "Telemóvel.", 20)},
       {NovoCampo(4, s, "E-mail", "e-mail.", 50), NovaData(0, s, "Data Nascimento", "Data Nascimento.")},
       {NovoCampo(9, s, "BI", "BI.", 13), NovoCampo(10, s, "Local Emissão", "Local Emissão do BI.", 20)},
@@ -92,6 +89,7 @@ void Motoristas::DisporIdentificacao() {
       {NovoCampo(11, s, "Cartão Cidadão", "Cartão Cidadão.", 13),
        NovoCampo(12, s, "Local Emissão", "Local Emissão.", 20)},
       {NovaData(2, s, "Data Emissão", "Data Emissão do Cartão Cidadão."), ComLegenda(Check1, "")}};
+  layout.pages[s].rows[1][0].list = &btLista[7];
   Check1.Caption = "Inactivo";
   Check1.Container = &Frame5[s];
 }
@@ -103,6 +101,7 @@ void Motoristas::DisporDocumentos() {
     control->Container = &Frame5[kCarta];
   layout.pages[kCarta].grid = &Grelha;
   layout.pages[kCarta].calendar = &MonthView1;
+  layout.pages[kCarta].fieldsFirst = true;
   layout.pages[kCarta].rows = {{NovoCampo(17, kCarta, "Carta Condução", "No. Carta de Condução.", 13)},
                                {ComLegenda(Combo1, "Tipo")},
                                {NovaData(3, kCarta, "Data Emissão", "Data de Emissão.")},
@@ -136,15 +135,7 @@ void Motoristas::LigarEventos() {
       motorista_.MostraMapa();
     };
   });
-  const auto tecla = [this](int& keyCode) {
-    if (keyCode == platform::kKeyEnter) SendKeys("{TAB}");
-    if (keyCode == platform::kKeyEscape) SendKeys("+{TAB}");
-  };
-  DTPicker1.Each([&](platform::DTPicker& data) {
-    data.Change = [this] { Alterado_ = true; };
-    data.KeyPress = tecla;
-  });
-  Combo1.KeyPress = tecla;
+  DTPicker1.Each([this](platform::DTPicker& data) { data.Change = [this] { Alterado_ = true; }; });
   Combo1.Change = Combo1.Click = Check1.Click = [this] { Alterado_ = true; };
   SSTab1.Click = [this](int) { SSTab1_Click(); };
   btLista.Each([this](platform::PushButton& button) {

@@ -17,6 +17,7 @@ constexpr const char* kRecusaDoCalendario = "A data de Validade não pode ser in
 }  // namespace
 
 void Motoristas::Act_Grelha() {
+  Grelha.SetRow(-1);
   Grelha.ClearColumns();
   Grelha.ClearStyles();
   platform::GridStyle& heading = Grelha.AddStyle("Heading");
@@ -94,7 +95,17 @@ void Motoristas::ValidarDataDaCarta(const std::string& texto, bool& cancel) {
     Alterado_ = true;
 }
 
-/// A date of the calendar: it is compared with this very moment, so that today is too early.
+/// The calendar of the current row, on the row's date.
+void Motoristas::MostrarCalendario() {
+  MonthView1.Visible = Grelha.Row() >= 0;
+  if (!MonthView1.Visible) return;
+  platform::Date data;
+  const std::string texto = Grelha.CellText(Grelha.Row(), Grelha.ColumnIndex(kData));
+  MonthView1.Value = platform::Date::TryParse(texto, data) ? data : platform::Today();
+}
+
+/// A date of the calendar: it is compared with this very moment, so that today is too early. The calendar has
+/// then served its row, which gets the focus back.
 void Motoristas::EscolherDataDaCarta(platform::Date data, const char* recusa) {
   if (Grelha.Row() < 0) return;
   if (data < platform::Now()) {
@@ -103,6 +114,7 @@ void Motoristas::EscolherDataDaCarta(platform::Date data, const char* recusa) {
     Grelha.SetCell(Grelha.Row(), kData, platform::FormatDate(data, "dd-mm-yyyy"));
     Alterado_ = true;
   }
+  Grelha.SetFocus();
   MonthView1.Visible = false;
 }
 
@@ -110,13 +122,22 @@ void Motoristas::LigarGrelha() {
   Grelha.ValidateEdit = [this](long, const std::string& texto, bool& cancel) {
     ValidarDataDaCarta(texto, cancel);
   };
-  Grelha.RowChange = [this](long row) {
-    MonthView1.Visible = row >= 0;
-    MonthView1.Value = platform::Today();
+  Grelha.GotFocus = [this] {
+    if (Grelha.Row() < 0 && Grelha.RowCount() > 0) Grelha.SetRow(0);
+    MostrarCalendario();
+  };
+  Grelha.Click = [this](long) { MostrarCalendario(); };
+  Grelha.KeyPress = [this](int& keyCode) {
+    if (keyCode != platform::kKeyEnter) return;
+    MostrarCalendario();
+    MonthView1.SetFocus();
+    keyCode = platform::kKeyNone;
   };
   MonthView1.DateClick = [this](platform::Date data) { EscolherDataDaCarta(data, kRecusaDoCalendario); };
   MonthView1.KeyPress = [this](int& keyCode) {
-    if (keyCode == platform::kKeyEnter) EscolherDataDaCarta(MonthView1.Value, kRecusa);
+    if (keyCode != platform::kKeyEnter) return;
+    EscolherDataDaCarta(MonthView1.Value, kRecusa);
+    keyCode = platform::kKeyNone;
   };
 }
 

@@ -58,7 +58,8 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   ASSERT_EQ(form.Grelha.RowCount(), 1);
   EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
 
-  form.UserDoubleClicks(form.Grelha, 0);
+  form.UserSelectsRow(form.Grelha, 0);
+  form.UserKey(platform::kKeyEnter);
   Choose("&Visualizar");
   ASSERT_EQ(host.opened.size(), 2U);
   EXPECT_EQ(Contents(host.opened[0]), content);
@@ -69,7 +70,8 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(host.dialogs.back().title, "Renomear Documentos");
   EXPECT_EQ(Documents()[0][0], "Factura de Março");
   host.AnswerInput("Paga");
-  Choose("&Renomear");
+  form.UserSelectsRow(form.Grelha, 0);
+  form.UserKey(platform::kKeyF2);
   EXPECT_EQ(Documents()[0][0], "Paga ") << "a title given this way ends in a blank";
   host.AnswerInput("D'Arcy");
   EXPECT_THROW(Choose("&Renomear"), platform::RuntimeError);
@@ -79,7 +81,8 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(host.boxes.back().style, 292);
   EXPECT_EQ(Documents().size(), 1U);
   host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kYes);
-  Choose("&Apagar");
+  form.UserSelectsRow(form.Grelha, 0);
+  form.UserKey(platform::kKeyDelete);
   EXPECT_TRUE(Documents().empty());
   EXPECT_EQ(form.Grelha.RowCount(), 0);
 }

@@ -186,6 +186,31 @@ TEST_F(MotoristasFormTest, LicenceClassesAreTypedPickedAndTakenAway) {
   EXPECT_EQ(form.Grelha.CellText(0, 1), "") << "the classes are the driver's own";
 }
 
+TEST_F(MotoristasFormTest, TheCalendarServesTheRowsByTheKeyboard) {
+  GoTo("1");
+  form.UserSelectsTab(form.SSTab1, 1);
+  form.UserGoesTo(form.Grelha);
+  EXPECT_EQ(form.Grelha.Row(), 0);
+  form.UserSelectsRow(form.Grelha, 4);
+  EXPECT_EQ(form.MonthView1.Value, platform::Today());
+  for (int day : {6, 7}) {  // and again on the row that it served
+    form.UserKey(platform::kKeyEnter);
+    ASSERT_EQ(form.ActiveControl(), &form.MonthView1);
+    form.UserMovesToDate(form.MonthView1, Date::FromParts(2030, 5, day));
+    form.UserKey(platform::kKeyEnter);
+    EXPECT_EQ(form.ActiveControl(), &form.Grelha);
+    EXPECT_FALSE(form.MonthView1.Visible);
+    EXPECT_EQ(form.Grelha.CellText(4, 1), "0" + std::to_string(day) + "-05-2030");
+  }
+  form.UserSelectsRow(form.Grelha, 4);
+  EXPECT_TRUE(form.MonthView1.Visible) << "a click on the same row";
+  EXPECT_EQ(form.MonthView1.Value, Date::FromParts(2030, 5, 7));
+  form.UserGoesTo(form.MonthView1);
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_EQ(form.ActiveControl(), &form.Grelha);
+  EXPECT_EQ(form.Grelha.CellText(4, 1), "07-05-2030");
+}
+
 TEST_F(MotoristasFormTest, ThePersonnelLinkDecidesWhoExists) {
   form.UsaPessoal = true;
   form.bdSal = bd;
@@ -200,6 +225,9 @@ TEST_F(MotoristasFormTest, TheListButtonOfThePostalCodePicksADriverAllTheSame) {
   host.NextLookup("2");
   Press(form.btLista[7]);
   EXPECT_EQ(form.Campo[7].Text, "2");
+  host.NextLookup("1234567890");
+  Press(form.btLista[7]);
+  EXPECT_EQ(form.Campo[7].Text, "2") << "a code that is longer than the field stays out";
 }
 
 TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
