@@ -111,13 +111,26 @@ CalendarView::CalendarView(platform::MonthView& month, UserActs& acts, QWidget* 
     : ControlView(month, acts), month_(month), shown_(new QCalendarWidget(parent)) {
   shown_->setLocale(QLocale(QLocale::Portuguese, QLocale::Portugal));
   shown_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  connect(shown_, &QCalendarWidget::clicked, this, [this](QDate day) {
-    const platform::Date date = FromQt(QDateTime(day, QTime(0, 0), Qt::UTC));
-    this->acts().Act([&] { this->acts().form().UserClicksDate(month_, date); });
-  });
+  shown_->setDateEditEnabled(false);
+  QSizePolicy policy = shown_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  shown_->setSizePolicy(policy);
+  using Chosen = void (platform::Form::*)(platform::MonthView&, platform::Date);
+  const auto tell = [this](Chosen chosen) {
+    return [this, chosen](QDate day) {
+      const platform::Date date = FromQt(QDateTime(day, QTime(0, 0), Qt::UTC));
+      this->acts().Act([&] { (this->acts().form().*chosen)(month_, date); });
+    };
+  };
+  connect(shown_, &QCalendarWidget::clicked, this, tell(&platform::Form::UserClicksDate));
+  connect(shown_, &QCalendarWidget::selectionChanged, this,
+          [this, moved = tell(&platform::Form::UserMovesToDate)] { moved(shown_->selectedDate()); });
 }
 
 QWidget* CalendarView::widget() const { return shown_; }
+QWidget* CalendarView::focusWidget() const {
+  return shown_->focusProxy() != nullptr ? shown_->focusProxy() : shown_;
+}
 
 void CalendarView::SyncContent() {
   const QDate day = ToQt(month_.Value).date();

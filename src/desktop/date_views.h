@@ -36,11 +36,12 @@ class PickerView : public ControlView {
   QDateTimeEdit* edit_;
 };
 
-/// A month to click a day in.
+/// A month to choose a day in. Hidden, it keeps its room.
 class CalendarView : public ControlView {
  public:
   CalendarView(platform::MonthView& month, UserActs& acts, QWidget* parent);
   QWidget* widget() const override;
+  QWidget* focusWidget() const override;
 
  protected:
   void SyncContent() override;

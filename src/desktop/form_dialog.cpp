@@ -20,8 +20,16 @@ QString PlaceKey(const platform::Form& form) {
 }
 
 /// The module's number of a key that the form wants to know of; 0 for all others.
-int ModelKey(int key) {
+int ModelKey(int key, const platform::Control* active) {
+  const auto* grid = dynamic_cast<const platform::SGGrid*>(active);
+  const auto command = [grid](int code) {
+    return grid != nullptr && grid->CommandOf(code) != nullptr ? code : platform::kKeyNone;
+  };
   switch (key) {
+    case Qt::Key_Delete:
+      return command(platform::kKeyDelete);
+    case Qt::Key_F2:
+      return command(platform::kKeyF2);
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
       return platform::kKeyTab;
@@ -58,6 +66,7 @@ FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* paren
   layout.Build(notice_);
   views_ = layout.TakeViews();
   WatchWidgets();
+  Notice(ToQt(form.Notice()));
   Sync();
   RestorePlace();
 }
@@ -91,9 +100,9 @@ void FormDialog::reject() {
 void FormDialog::Act(const std::function<void()>& act) {
   if (IsSyncing() || form_.IsClosed()) return;
   acting_ = true;
-  notice_->clear();
   Guarded(this, act);
   acting_ = false;
+  Notice(ToQt(form_.Notice()));
   if (form_.IsClosed()) return accept();
   Guarded(this, [this] { Sync(); });
 }
@@ -150,7 +159,7 @@ bool FormDialog::Pressed(ControlView& view) {
 
 bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
   if (IsCellEditor(focusWidget())) return false;
-  const int key = ModelKey(event.key());
+  const int key = ModelKey(event.key(), form_.ActiveControl());
   const bool turns = event.key() == Qt::Key_PageDown || event.key() == Qt::Key_PageUp;
   if (turns && event.modifiers() == Qt::ControlModifier) return TurnPage(event.key() == Qt::Key_PageDown);
   if (key == platform::kKeyNone || event.modifiers().testFlag(Qt::AltModifier)) return false;

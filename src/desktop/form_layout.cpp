@@ -111,10 +111,12 @@ QLayout* FormLayout::Block(const LayoutBlock& block, QWidget* parent) {
   column->setSpacing(WideGap(window_));
   auto* sides = new QHBoxLayout;
   sides->setSpacing(WideGap(window_));
-  at_left_ = block.grid == nullptr;
+  at_left_ = block.grid == nullptr || block.fieldsFirst;
+  if (block.fieldsFirst) sides->addLayout(Fields(block, parent), 2);
   if (block.grid != nullptr) sides->addWidget(Plain(block.grid, parent), 3);
   if (block.calendar != nullptr) sides->addWidget(Plain(block.calendar, parent), 0, Qt::AlignTop);
-  if (!block.rows.empty()) sides->addLayout(Fields(block, parent), block.grid != nullptr ? 2 : 3);
+  if (!block.rows.empty() && !block.fieldsFirst)
+    sides->addLayout(Fields(block, parent), block.grid != nullptr ? 2 : 3);
   if (block.picture != nullptr) sides->addLayout(Picture(block, parent));
   column->addLayout(sides, 1);
   if (block.picture == nullptr && !block.buttons.empty()) column->addLayout(Buttons(block.buttons, parent));

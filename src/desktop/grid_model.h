@@ -32,6 +32,7 @@ class GridModel : public QAbstractTableModel {
 
   /// The one column that the user can type into; nothing for none.
   void SetEditable(std::optional<std::size_t> column) { editable_ = column; }
+  std::optional<std::size_t> editable() const { return editable_; }
   /// Told what was typed into a row; false refuses it.
   std::function<bool(long row, const QString& text)> on_edit;
   std::function<void(const std::exception&)> on_error;

@@ -1,6 +1,7 @@
 #include "desktop/house_style.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QPainter>
 #include <QStyleOption>
 #include <QToolBar>
@@ -45,6 +46,17 @@ void DrawButton(const QStyleOption& option, QPainter& painter, bool accent) {
     painter.setPen(border);
     painter.drawRoundedRect(outline.adjusted(line, line, -line, -line), radius / 2, radius / 2);
   }
+  painter.restore();
+}
+
+/// The line around a control with the keyboard that has no frame of its own.
+void DrawFocus(const QStyleOption& option, QPainter& painter) {
+  const double radius = std::max(2.0, option.fontMetrics.height() / 6.0);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Accent(option.palette), 2.0));
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), radius, radius);
   painter.restore();
 }
 
@@ -119,6 +131,8 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameTabBarBase:
       return painter->fillRect(BottomLine(option->rect), LineColor(option->palette));
     case PE_FrameFocusRect:
+      if (qobject_cast<const QCheckBox*>(widget) != nullptr) DrawFocus(*option, *painter);
+      return;
     case PE_FrameStatusBarItem:
       return;
     case PE_FrameLineEdit:

@@ -1,5 +1,6 @@
 #include "desktop/input_view.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPlainTextEdit>
@@ -9,6 +10,7 @@
 
 #include "desktop/look.h"
 #include "desktop/text.h"
+#include "platform/regional.h"
 
 namespace desktop {
 namespace {
@@ -47,7 +49,10 @@ InputView::InputView(platform::zor_input& field, UserActs& acts, QWidget* parent
 void InputView::MakeLine(QWidget* parent) {
   line_ = new QLineEdit(parent);
   line_->setAcceptDrops(false);
-  if (field_.Numeric()) line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  if (field_.Numeric()) {
+    line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    line_->installEventFilter(this);
+  }
   if (field_.Numeric() && field_.maxlength == 0)
     line_->setFixedWidth(WidthFor(kNumberField, line_));
   else if (field_.maxlength > 0 && field_.maxlength <= kWidestField)
@@ -69,6 +74,15 @@ void InputView::MakeNotes(QWidget* parent) {
   connect(notes_, &QPlainTextEdit::textChanged, this, [this] {
     if (!acts().IsSyncing()) Typed(notes_->toPlainText());
   });
+}
+
+bool InputView::eventFilter(QObject*, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const bool mark = key.key() == Qt::Key_Period || key.key() == Qt::Key_Comma;
+  if (!mark || !key.modifiers().testFlag(Qt::KeypadModifier)) return false;
+  line_->insert(QString(QLatin1Char(platform::Regional::Current().decimal)));
+  return true;
 }
 
 QWidget* InputView::widget() const {

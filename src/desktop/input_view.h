@@ -18,6 +18,8 @@ class InputView : public ControlView {
 
  protected:
   void SyncContent() override;
+  /// The key of the number pad types the decimal mark, whichever the keyboard has on it.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeLine(QWidget* parent);

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
+#include "desktop/context_menu.h"
 #include "desktop/csv.h"
 #include "desktop/look.h"
 #include "desktop/message_page.h"
@@ -266,15 +267,10 @@ void ListPage::RowMenu(const QPoint& place) {
   if (!table_->indexAt(place).isValid()) return;
   Guarded(window(), [this] { commands_ = ListCommands(list_.get()); });
   QMenu menu(this);
-  for (const platform::MenuItem& item : commands_.menu().Items()) {
-    if (!item.visible) continue;
-    QAction* action = menu.addAction(ToQt(item.caption));
-    action->setToolTip(PlainToolTip(ToQt(item.toolTip)));
-    action->setEnabled(item.enabled);
-    action->setData(static_cast<qlonglong>(item.id));
-  }
-  const QAction* chosen = menu.exec(table_->viewport()->mapToGlobal(place));
-  if (chosen != nullptr) RunCommand(static_cast<long>(chosen->data().toLongLong()));
+  std::optional<long> chosen;
+  FillMenu(menu, commands_.menu(), [&](long command) { chosen = command; });
+  menu.exec(table_->viewport()->mapToGlobal(place));
+  if (chosen) RunCommand(*chosen);
 }
 
 void ListPage::RunCommand(long command) {

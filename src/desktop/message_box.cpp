@@ -1,5 +1,7 @@
 #include "desktop/message_box.h"
 
+#include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -82,6 +84,34 @@ QString Headline(const platform::RuntimeError& error) {
   return QStringLiteral("A operação não foi concluída.");
 }
 
+/// Lets a box be seen before a key can answer it: what was typed ahead, or is held down, was meant for the
+/// window below.
+class TypedAhead : public QObject {
+ public:
+  explicit TypedAhead(QMessageBox& box) {
+    box.installEventFilter(this);
+    for (QAbstractButton* button : box.buttons()) button->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    constexpr int kMoment = 500;  // milliseconds
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Show) shown_.start();
+    if (type != QEvent::KeyPress && type != QEvent::Shortcut) return false;
+    const bool held = type == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    return held || !shown_.hasExpired(kMoment);
+  }
+
+ private:
+  QElapsedTimer shown_;
+};
+
+void Run(QMessageBox& box) {
+  const TypedAhead guard(box);
+  box.exec();
+}
+
 }  // namespace
 
 int ShowMessage(QWidget* parent, const QString& text, int style, const QString& title) {
@@ -98,7 +128,7 @@ int ShowMessage(QWidget* parent, const QString& text, int style, const QString& 
     shown.push_back(box.addButton(QString::fromUtf8(button.text), button.role));
   box.setDefaultButton(shown[DefaultOf(style, shown.size())]);
   box.setEscapeButton(shown.back());
-  box.exec();
+  Run(box);
   for (std::size_t i = 0; i < shown.size(); ++i)
     if (box.clickedButton() == shown[i]) return buttons[i].answer;
   return buttons.back().answer;
@@ -125,7 +155,7 @@ void ShowError(QWidget* parent, const ErrorText& text) {
   box.setIcon(QMessageBox::Warning);
   box.setText(text.headline + QStringLiteral("\n\n") + text.details);
   box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
-  box.exec();
+  Run(box);
 }
 
 bool Guarded(QWidget* parent, const std::function<void()>& act) {

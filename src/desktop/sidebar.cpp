@@ -18,10 +18,14 @@ constexpr int kCountRole = Qt::UserRole + 1;
 constexpr int kStartIndex = -1;
 constexpr int kWidthInCharacters = 24;
 
-/// Paints an item with its number at the right.
+/// Paints an entry behind the edge of its group's heading, with its number at the right.
 class SidebarPainter : public ItemPainter {
  public:
   using ItemPainter::ItemPainter;
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    ItemPainter::initStyleOption(option, index);
+    if (index.data(kEntryRole).isValid()) option->text.prepend(QStringLiteral("  "));
+  }
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     ItemPainter::paint(painter, option, index);
     const QString count = index.data(kCountRole).toString();
@@ -75,11 +79,11 @@ void Sidebar::Fill() {
 
 void Sidebar::AddGroup(const QString& title) {
   auto* item = new QListWidgetItem(title, this);
-  item->setFlags(Qt::ItemIsEnabled);
+  item->setFlags(Qt::NoItemFlags);  // the keyboard passes it by
 }
 
 void Sidebar::AddItem(const QString& title, int index) {
-  auto* item = new QListWidgetItem(QStringLiteral("  ") + title, this);
+  auto* item = new QListWidgetItem(title, this);
   item->setData(kEntryRole, index);
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
 }

@@ -1,9 +1,11 @@
 #include "desktop/start_page.h"
 
+#include <QApplication>
 #include <QDate>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
 
@@ -93,12 +95,15 @@ void StartPage::ShowBoard() {
                            : QString());
   notice_->setVisible(failure.has_value());
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
+  const bool had_focus = stack_->isAncestorOf(QApplication::focusWidget());
   stack_->setCurrentWidget(board_.HasFleet() ? static_cast<QWidget*>(scroll_) : message_);
+  if (had_focus) TakeFocus();
 }
 
 QString StartPage::NoticeText() const { return notice_->text(); }
 
 void StartPage::TakeFocus() {
+  if (stack_->currentWidget() == message_) return message_->button()->setFocus(Qt::OtherFocusReason);
   for (const AlertCard* card : cards_)
     if (card->hasFocus()) return;
   cards_.front()->setFocus(Qt::OtherFocusReason);

@@ -1,8 +1,10 @@
 #include "desktop/table_control_views.h"
 
+#include <QMenu>
 #include <QScrollBar>
 #include <algorithm>
 
+#include "desktop/context_menu.h"
 #include "desktop/look.h"
 #include "desktop/sources.h"
 #include "desktop/text.h"
@@ -37,11 +39,32 @@ GridView::GridView(platform::SGGrid& grid, UserActs& acts, QWidget* parent)
   });
   connect(table_, &TableView::RowOpened, this,
           [this](long row) { this->acts().Act([&] { this->acts().form().UserDoubleClicks(grid_, row); }); });
+  // A click on the current row chooses it again, of which the table doesn't tell.
+  connect(table_, &QTableView::clicked, this, [this] {
+    if (grid_.Click)
+      this->acts().Act([this] { this->acts().form().UserSelectsRow(grid_, table_->CurrentRow()); });
+  });
+  table_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(table_, &QWidget::customContextMenuRequested, this, &GridView::ShowMenu);
   table_->grid().on_edit = [this](long row, const QString& text) {
     bool taken = false;
     this->acts().Act([&] { taken = this->acts().form().UserEditsCell(grid_, row, FromQt(text)); });
     return taken;
   };
+}
+
+/// The table goes after its view, and may still have a cell open.
+GridView::~GridView() { table_->grid().on_edit = nullptr; }
+
+void GridView::ShowMenu(const QPoint& place) {
+  const long row = table_->CurrentRow();
+  if (grid_.PopUp == nullptr || row < 0 || !table_->indexAt(place).isValid()) return;
+  auto* menu = new QMenu(table_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  FillMenu(*menu, *grid_.PopUp, [this, row](long command) {
+    acts().Act([&] { acts().form().UserCommands(grid_, row, command); });
+  });
+  menu->popup(table_->viewport()->mapToGlobal(place));
 }
 
 void GridView::SyncContent() {

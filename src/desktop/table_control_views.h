@@ -9,12 +9,15 @@ namespace desktop {
 class GridView : public ControlView {
  public:
   GridView(platform::SGGrid& grid, UserActs& acts, QWidget* parent);
+  ~GridView() override;
   QWidget* widget() const override { return table_; }
 
  protected:
   void SyncContent() override;
 
  private:
+  void ShowMenu(const QPoint& place);
+
   platform::SGGrid& grid_;
   TableView* table_;
   int revision_ = -1;

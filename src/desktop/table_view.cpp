@@ -84,6 +84,22 @@ void TableView::SetUserWidths(std::map<std::string, float> widths) {
   ApplyColumns();
 }
 
+QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action != MoveHome && action != MoveEnd) return QTableView::moveCursor(action, modifiers);
+  const int row = action == MoveHome ? 0 : model_->rowCount() - 1;
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  const int column = visible.empty() ? 0 : static_cast<int>(visible.front());
+  return model_->index(row, currentIndex().isValid() ? currentIndex().column() : column);
+}
+
+bool TableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool typed = trigger == EditKeyPressed || trigger == AnyKeyPressed;
+  const std::optional<std::size_t> column = model_->editable();
+  if (!typed || !index.isValid() || !column) return QTableView::edit(index, trigger, event);
+  setCurrentIndex(index.siblingAtColumn(static_cast<int>(*column)));
+  return QTableView::edit(currentIndex(), trigger, event);
+}
+
 void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   if (!arranging_ && current.row() != previous.row()) Q_EMIT RowChosen(CurrentRow());

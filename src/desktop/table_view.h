@@ -45,6 +45,10 @@ class TableView : public QTableView {
   void WidthsChanged();
 
  protected:
+  /// Home and End go to the first and the last row: rows are chosen whole.
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  /// Typing begins in the column that can be typed into, wherever in the row the cursor stands.
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
 

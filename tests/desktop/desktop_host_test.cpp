@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 
 #include "user.h"
 
@@ -57,6 +60,23 @@ TEST(DesktopHostTest, AnswersHaveTheModulesNumbers) {
   desk.script.Answer("OK");
   EXPECT_EQ(platform::MsgBox("<b>não é marcação</b>", platform::kOkCancel), platform::kOk);
   EXPECT_EQ(desk.script.boxes.last(), "<b>não é marcação</b>");
+}
+
+TEST(DesktopHostTest, KeysTypedAheadAnswerNoBox) {
+  Desk desk;
+  desk.script.Next([](QWidget& box) {
+    Press(box, Qt::Key_Return);
+    Press(box, Qt::Key_S, Qt::AltModifier);
+    Press(box, Qt::Key_Escape);
+    ASSERT_TRUE(box.isVisible());
+    QTest::qWait(600);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(box.focusWidget(), &held);
+    ASSERT_TRUE(box.isVisible());
+    Press(box, Qt::Key_Return);
+    EXPECT_FALSE(box.isVisible());
+  });
+  EXPECT_EQ(platform::MsgBox("?", platform::kYesNo), platform::kYes);
 }
 
 TEST(DesktopHostTest, AnInputBoxGivesItsTextOrNothing) {

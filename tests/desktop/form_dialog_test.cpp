@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QImage>
 #include <QLineEdit>
 #include <QTest>
 
@@ -50,6 +51,51 @@ TEST_F(FormDialogTest, TypingReachesTheFormAndNumbersAreShownByTheirMaskWhenLeft
   EXPECT_EQ(form.cost.Text, "1234,5");
   Press(dialog, Qt::Key_Tab, Qt::ShiftModifier);
   EXPECT_EQ(Line(form.cost).text(), "1234,5");
+}
+
+TEST_F(FormDialogTest, TheKeypadTypesTheDecimalMarkAndAPointThatMultipliesStaysInItsField) {
+  FillCode();
+  Type(dialog, "v");
+  QTest::keyClick(dialog.focusWidget(), Qt::Key_Period, Qt::KeypadModifier);
+  EXPECT_EQ(form.name.Text, "v.") << "a text gets what the key says";
+  for (Qt::Key key : {Qt::Key_Period, Qt::Key_Comma}) {
+    dialog.WidgetOf(form.cost)->setFocus();
+    Click(*dialog.WidgetOf(form.cost));
+    Press(dialog, Qt::Key_A, Qt::ControlModifier);
+    Type(dialog, "40");
+    QTest::keyClick(dialog.focusWidget(), key, Qt::KeypadModifier);
+    Type(dialog, "5");
+    EXPECT_EQ(form.cost.Text, "40,5");
+  }
+  Press(dialog, Qt::Key_A, Qt::ControlModifier);
+  Type(dialog, "40.5");
+  Press(dialog, Qt::Key_Tab);
+  EXPECT_TRUE(HasFocus(form.cost));
+  EXPECT_EQ(Line(form.cost).text(), "40.5");
+  EXPECT_TRUE(dialog.NoticeText().startsWith("«40.5» não é um número")) << dialog.NoticeText().toStdString();
+  Press(dialog, Qt::Key_A, Qt::ControlModifier);
+  Type(dialog, "40,5");
+  EXPECT_EQ(dialog.NoticeText(), "");
+  Press(dialog, Qt::Key_Tab);
+  EXPECT_EQ(Line(form.cost).text(), "40,500");
+}
+
+TEST_F(FormDialogTest, ACheckBoxShowsItsFocus) {
+  FillCode();
+  QWidget* box = dialog.WidgetOf(form.fuel);
+  form.fuel.Caption = "Inactiva";
+  dialog.Sync();
+  const QImage without = box->grab().toImage();
+  Press(dialog, Qt::Key_Tab);
+  Press(dialog, Qt::Key_Return);
+  ASSERT_TRUE(HasFocus(form.fuel));
+  EXPECT_NE(box->grab().toImage(), without);
+  Press(dialog, Qt::Key_Space);
+  EXPECT_EQ(form.fuel.Value, 1);
+  Press(dialog, Qt::Key_Return);
+  EXPECT_TRUE(HasFocus(form.kind));
+  Press(dialog, Qt::Key_Escape);
+  EXPECT_TRUE(HasFocus(form.fuel));
 }
 
 TEST_F(FormDialogTest, AFieldThatRefusesToBeLeftKeepsTheFocusWhateverTheUserTries) {

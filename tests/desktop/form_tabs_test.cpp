@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTabWidget>
@@ -140,7 +141,7 @@ TEST_F(FormTabsTest, AnEditableColumnTakesWhatTheFormAccepts) {
   form.events.SetCell(0, "Tipo", "Gasto 0");  // a change, so that the grid is drawn anew
   FillCode();
   desktop::TableView& table = Table(form.events);
-  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, Cell(table, 0, 0));
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, Cell(table, 0, 1));  // beside the column
   for (const auto& [text, kept] : {std::pair{"novo", "novo"}, {"mau", "novo"}}) {
     SCOPED_TRACE(text);
     QTest::keyClick(&table, Qt::Key_F2);
@@ -155,6 +156,33 @@ TEST_F(FormTabsTest, AnEditableColumnTakesWhatTheFormAccepts) {
     EXPECT_EQ(table.model()->index(0, 0).data(), kept);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
+}
+
+TEST_F(FormTabsTest, AGridShowsItsMenuAndRunsItsKeysOnTheChosenRow) {
+  platform::PopUpMenu commands;
+  commands.Add(701, "&Renomear").key = platform::kKeyF2;
+  commands.Add(702, "&Apagar").key = platform::kKeyDelete;
+  commands.Add(703, "Oculto").visible = false;
+  QStringList run;
+  form.events.PopUp = &commands;
+  form.events.PopUpCommand = [&](long command) {
+    run << QString("%1:%2").arg(form.events.Row()).arg(command);
+  };
+  FillCode();
+  desktop::TableView& table = Table(form.events);
+  QTest::mouseClick(table.viewport(), Qt::RightButton, {}, Cell(table, 1, 0));
+  Q_EMIT table.customContextMenuRequested(Cell(table, 1, 0));
+  auto* menu = table.findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  QStringList entries;
+  for (const QAction* action : menu->actions()) entries << action->text();
+  EXPECT_EQ(entries, (QStringList{"&Renomear\tF2", "&Apagar\tDel"}));
+  QTest::keyClick(menu, Qt::Key_A);
+  Press(dialog, Qt::Key_End);
+  Press(dialog, Qt::Key_F2);
+  Press(dialog, Qt::Key_Home);
+  Press(dialog, Qt::Key_Delete);
+  EXPECT_EQ(run, (QStringList{"1:702", "2:701", "0:702"}));
 }
 
 TEST_F(FormTabsTest, ThePlainGridPicturesAndNotesFollowTheForm) {

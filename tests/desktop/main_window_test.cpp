@@ -1,10 +1,12 @@
 #include "desktop/main_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolTip>
@@ -108,6 +110,31 @@ TEST_F(MainWindowTest, EnterEditsTheChosenRecordAndKeepsItChosen) {
   Press(window, Qt::Key_Return);
   EXPECT_EQ(Chosen(), "MB");
   EXPECT_EQ(page().table().currentIndex().siblingAtColumn(1).data(), "Mercedes");
+}
+
+TEST_F(MainWindowTest, HomeEndAndLettersMoveInTheListsAndBesideThem) {
+  QApplication::setKeyboardInputInterval(1);  // milliseconds, so that each letter is a search of its own
+  AddBrands();
+  for (const auto& [key, code] :
+       {std::pair{Qt::Key_End, "REN"}, {Qt::Key_Home, "CIT"}, {Qt::Key_M, "MB"}, {Qt::Key_R, "REN"}}) {
+    QTest::qWait(5);
+    Press(window, key);
+    EXPECT_EQ(Chosen(), code);
+  }
+  Press(window, Qt::Key_F6);
+  auto* side = window.findChild<QListWidget*>();
+  ASSERT_TRUE(side->hasFocus());
+  for (const auto& [key, title] : {std::pair{Qt::Key_Home, "Início"},
+                                   {Qt::Key_Down, "Viaturas"},
+                                   {Qt::Key_Up, "Início"},
+                                   {Qt::Key_M, "Motoristas"},
+                                   {Qt::Key_Down, "Gastos"},
+                                   {Qt::Key_T, "Tacógrafos"},
+                                   {Qt::Key_End, "Viagens"}}) {
+    QTest::qWait(5);
+    Press(window, key);
+    EXPECT_EQ(side->currentItem()->text(), title);
+  }
 }
 
 TEST_F(MainWindowTest, RemovingAsksByNameAndGoesOnToTheNextRecord) {

@@ -71,6 +71,11 @@ class StartPageTest : public OpenWindow {
 TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstVehicle) {
   window.alerts().Finish();
   ASSERT_TRUE(window.start().message().isVisible());
+  EXPECT_TRUE(window.start().message().button()->hasFocus());
+  for (bool button : {false, true}) {
+    Press(window, Qt::Key_F6);
+    EXPECT_EQ(window.start().message().button()->hasFocus(), button);
+  }
   EXPECT_TRUE(window.start().message().Headline().contains("Ainda não há viaturas"));
   QString opened;
   desk.script.Next([&](QWidget& ficha) { opened = ficha.windowTitle(); });
