@@ -1,5 +1,7 @@
 #include "documents/arquivo_form.h"
 
+#include <algorithm>
+
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/text.h"
@@ -73,6 +75,9 @@ void frmArquivo::mostra() {
   apagar.key = platform::kKeyDelete;
   Grelha.PopUp = &CommandBarsArquivo;
   Grelha.PopUpCommand = [this](long comando) { CommandBarsArquivo_Execute(comando); };
+  Grelha.GotFocus = [this] {
+    if (Grelha.Row() < 0 && Grelha.RowCount() > 0) Grelha.SetRow(0);
+  };
   Grelha.DoubleClick = [this](long) { CommandBarsArquivo_Execute(kVisualizar); };
   arquivo_.bd = mybd;
   PreencheGrelha();
@@ -105,8 +110,9 @@ void frmArquivo::btConf_Click() {
 }
 
 void frmArquivo::CommandBarsArquivo_Execute(long comando) {
-  if (Grelha.Row() < 0) return;
-  const std::int32_t numero = Grelha.CellValue(Grelha.Row(), Grelha.ColumnIndex("Numero")).ToLong();
+  const long linha = Grelha.Row();
+  if (linha < 0) return;
+  const std::int32_t numero = Grelha.CellValue(linha, Grelha.ColumnIndex("Numero")).ToLong();
   if (comando == kVisualizar) {
     arquivo_.VisalizarDocumento(numero, 0, platform::Host::Current().TemporaryFolder());
     return;
@@ -119,6 +125,7 @@ void frmArquivo::CommandBarsArquivo_Execute(long comando) {
     arquivo_.RemoverDocumento(numero);
   }
   PreencheGrelha();
+  Grelha.SetRow(std::min(linha, Grelha.RowCount() - 1));
 }
 
 }  // namespace zorCrmParvel

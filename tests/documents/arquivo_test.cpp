@@ -58,7 +58,7 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   ASSERT_EQ(form.Grelha.RowCount(), 1);
   EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
 
-  form.UserSelectsRow(form.Grelha, 0);
+  form.UserKey(platform::kKeyTab, true);  // back from the file, to the list of documents
   form.UserKey(platform::kKeyEnter);
   Choose("&Visualizar");
   ASSERT_EQ(host.opened.size(), 2U);
@@ -70,7 +70,6 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(host.dialogs.back().title, "Renomear Documentos");
   EXPECT_EQ(Documents()[0][0], "Factura de Março");
   host.AnswerInput("Paga");
-  form.UserSelectsRow(form.Grelha, 0);
   form.UserKey(platform::kKeyF2);
   EXPECT_EQ(Documents()[0][0], "Paga ") << "a title given this way ends in a blank";
   host.AnswerInput("D'Arcy");
@@ -81,7 +80,6 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(host.boxes.back().style, 292);
   EXPECT_EQ(Documents().size(), 1U);
   host.ExpectBox("Confirma a remoção do ficheiro arquivado ?", platform::kYes);
-  form.UserSelectsRow(form.Grelha, 0);
   form.UserKey(platform::kKeyDelete);
   EXPECT_TRUE(Documents().empty());
   EXPECT_EQ(form.Grelha.RowCount(), 0);
