@@ -19,6 +19,7 @@ struct KeyText {
 
 constexpr KeyText kListKeys[] = {
     {"↑ ↓", "Mudar de registo"},
+    {"Home, End, letra", "Primeiro registo, último, o seguinte com essa letra"},
     {"Enter", "Editar o registo; no início, abrir a lista"},
     {"Ins, Ctrl+N", "Novo registo"},
     {"Del", "Remover o registo, depois de confirmar"},
@@ -36,7 +37,7 @@ constexpr KeyText kFichaKeys[] = {
     {"Esc", "Recuar; no primeiro campo, sair"},         {"F3", "Lista dos códigos do campo"},
     {"F4", "Ficha do código que está no campo"},        {"F7", "Mapa: imprimir a tabela do campo"},
     {"Ctrl+Enter", "Nova linha nas observações"},       {"Ctrl+PgUp, PgDn", "Separador anterior, seguinte"},
-    {"Alt+letra", "O botão com essa letra sublinhada"},
+    {"Alt+letra", "O botão com essa letra sublinhada"}, {"F2, Del", "No arquivo: mudar o título, apagar"},
 };
 
 template <std::size_t N>

@@ -135,10 +135,10 @@ class EventForm : public Ficha {
   void LerFicha();
   /// A date as far as the ficha's date shows it.
   platform::Date NoFormatoDaData(platform::Date data) const;
-  void FixarMatricula();
   void MostrarMarca(const std::string& codigo);
   /// What the ficha shows and keeps of the vehicle `Matricula`.
   void MostrarViatura();
+  void FixarMatricula();
   void Navega(int indice, std::int32_t& id);
   void LigarEventos();
   void LigarCampo(platform::zor_input& campo);
