@@ -186,16 +186,6 @@ TEST_F(GastosTest, ATextInANumberStoresNothingAndKeepsTheScreen) {
   EXPECT_TRUE(Expenses().empty());
 }
 
-TEST_F(GastosTest, OpenedFromAVehicleItStaysOnIt) {
-  OpenForVehicle("12-AB-34");
-  EXPECT_FALSE(form.Campo[0].Enabled);
-  EXPECT_FALSE(form.btLista[3].Enabled);
-  EXPECT_EQ(form.Titulo[8].Caption, "Renault");
-  Save("PORTAGEM", "0", "10", "0", Date::FromParts(2024, 1, 11));
-  EXPECT_EQ(form.Campo[0].Text, "12-AB-34");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
-}
-
 TEST_F(GastosTest, ArrowsWalkAndAskAboutChanges) {
   for (int day : {1, 2, 3})
     AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, day), "GASOLEO", "1", "2", day);

@@ -178,16 +178,6 @@ TEST_F(EventsTest, TheListOfAccessoriesKeepsTheVehicleOfARowThatHasGone) {
   }
 }
 
-TEST_F(EventsTest, InspectionsOfAVehicleBeginAtTheDate) {
-  Inspecoes form;
-  Open(form);
-  Press(form.botoes.btCancelar);
-  EXPECT_EQ(form.ActiveControl(), &form.DTPicker1);
-  EXPECT_FALSE(form.btLista[1].Enabled);
-  form.UserKey(platform::kKeyEnter);
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
-}
-
 TEST_F(EventsTest, ReportsThatTheServerRejectsSaySoAndTheFichaGoesOn) {
   Revisoes form;
   Open(form);
