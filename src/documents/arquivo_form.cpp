@@ -30,10 +30,10 @@ frmArquivo::frmArquivo()
   btConf.ToolTipText = "Anexa o ficheiro.";
   btConf.Click = [this] { btConf_Click(); };
   btSair.Caption = "&Sair";
-  TabBefore(Grelha, Campo[0]);
   btSair.CausesValidation = false;
   btSair.Click = [this] { Unload(); };
   layout.head.grid = &Grelha;
+  TabBefore(Grelha, Campo[0]);
   layout.actions = {&btConf, &btSair};
   layout.accent = &btConf;
 }
