@@ -145,16 +145,16 @@ TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
   const struct {
     const char* key;
     const char* title;
-    Texts visible;
+    const char* visible;
     std::map<std::string, std::uint32_t> colours;
   } cases[] = {
       {"AlertasAp",
        "Alertas - Apólices",
-       {"Matrícula", "Apólice", "Tipo Apólice", "Data Validade", "Notas"},
+       "Matrícula|Apólice|Tipo Apólice|Data Validade|Notas|",
        {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFF8000}}},
       {"AlertasRev",
        "Alertas - Revisões",
-       {"Matrícula", "Marca", "Km Actuais", "Km Prx.Rev.", "Data Prx.Rev.", "Notas"},
+       "Matrícula|Marca|Km Actuais|Km Prx.Rev.|Data Prx.Rev.|Notas|",
        {{"PintarG", 0xFF0000},
         {"PintarMG", 0xFF8000},
         {"PintarMnG", 0xFFFF00},
@@ -163,19 +163,19 @@ TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
         {"PintarMnGKm", 0xFFFF00}}},
       {"AlertasViat",
        "Alertas - Viaturas",
-       {"Matrícula", "Marca", "Data", "Notas"},
+       "Matrícula|Marca|Data|Notas|",
        {{"PintarG", 0xFF0000}, {"PintarMnG", 0xFF00FF}, {"PintarGKm", 0xFF0000}, {"PintarMnGKm", 0xFF00FF}}},
       {"AlertasInsp",
        "Alertas - Inspecções",
-       {"Matrícula", "Km Actuais", "Mês/Ano", "Data Prx.Insp.", "Notas"},
+       "Matrícula|Km Actuais|Mês/Ano|Data Prx.Insp.|Notas|",
        {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFF8000}}},
       {"AlertasMot",
        "Alertas - Motoristas",
-       {"Motorista", "Documento", "Data Validade", "Notas", "Dias"},
+       "Motorista|Documento|Data Validade|Notas|Dias|",
        {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF00FF}, {"PintarMnG", 0x0000FF}}},
       {"AlertasAcess",
        "Alertas - Acessórios",
-       {"Matrícula", "Acessório", "Marca", "Data Validade", "Notas", "Id"},
+       "Matrícula|Acessório|Marca|Data Validade|Notas|Id|",
        {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFFFF00}}},
   };
   for (const auto& c : cases) {

@@ -1,9 +1,17 @@
 #include <algorithm>
 #include <memory>
 
+#include "events/acessorios.h"
 #include "events/event_form.h"
+#include "events/gastos.h"
+#include "events/inspecoes.h"
+#include "events/multas.h"
+#include "events/revisoes.h"
+#include "events/seguros.h"
+#include "events/sinistros.h"
 #include "host/form_catalog.h"
 #include "host/sistema.h"
+#include "masterdata/tipos_gastos.h"
 #include "platform/files.h"
 #include "support/database_test.h"
 #include "support/screen.h"
@@ -44,39 +52,35 @@ class FichasTest : public testing::Test {
     NewFleet();
   }
 
+  template <typename Event>
+  void Add(int n) {
+    EventOf<Event> event(bd, "A");
+    event.Data = platform::Date::FromParts(2024, 1, n);
+    event.Obs = "nota " + std::to_string(n);
+    event.Escrever();
+  }
   void NewFleet() {
     bd = MemoryDatabase();
-    const auto sql = [&](const std::string& statement) { bd->ExecutarSql("", statement.c_str()); };
-    int n = 0;
-    for (const std::string code : {"A", "B", "C"}) {
-      const std::string number = std::to_string(++n);
+    for (const int n : {1, 2, 3}) {
+      const std::string code = Code(n);
       AddVehicle(bd, code, 10 * n);
       AddDriver(bd, code, "Nome " + code);
+      AddCode<clTiposGastos>(bd, code, "Nome " + code);
       for (const char* table : {"Categorias", "Modelos", "TiposManut", "TiposAcessorios", "Companhias",
                                 "TiposSeguro", "Viagens", "Marcas", "Departamentos"})
-        sql(std::string("INSERT INTO zor_PV_").append(table) + " (Codigo, Nome) VALUES ('" + code +
-            "', 'Nome " + code + "')");
-      sql("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel, CustoUnit) VALUES ('" + code +
-          "', 'Nome " + code + "', 0, " + number + ")");
-      const std::string head = " (Matricula, Obs, Data, Custo";
-      const std::string values = ") VALUES ('A', 'nota " + number + "', '2024.01.0" + number + "', " + number;
-      sql("INSERT INTO zor_PV_Gastos" + head + ", Motorista, Viagem, Qtd, Km, ValorUn, TipoGasto" + values +
-          ", 'A', '', 0, 0, 0, 'A')");
-      sql("INSERT INTO zor_PV_Revisoes" + head + ", TipoManut, Km" + values + ", 'A', 0)");
-      sql("INSERT INTO zor_PV_Inspecoes" + head + ", Km" + values + ", 0)");
-      sql("INSERT INTO zor_PV_Sinistros" + head + ", Motorista, LocalAc, Responsavel" + values +
-          ", 'A', '', 0)");
-      sql("INSERT INTO zor_PV_Acessorios" + head + ", TipoAcessorio, Marca, Modelo, KmInicial, KmFinal, Qtd" +
-          values + ", 'A', '', '', 0, 0, 0)");
-      sql("INSERT INTO zor_PV_Multas (Matricula, Obs, Data, ValorMulta, Motorista, Responsabilidade" +
-          values + ", 'A', 0)");
-      sql("INSERT INTO zor_PV_Seguros (Matricula, Coberturas, Validade, Premio, Companhia, TipoSeguro, "
-          "Apolice, Franquia, Modalidade, DataInicio, Inactiva" +
-          values + ", 'A', 'A', '', 0, 0, '2024.01.01', 0)");
+        bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Codigo, Nome) VALUES ('", value(code),
+                             "', 'Nome ", value(code), "')"});
+      Add<clGastos>(n);
+      Add<clSeguros>(n);
+      Add<clRevisoes>(n);
+      Add<clInspecoes>(n);
+      Add<clMultas>(n);
+      Add<clSinistros>(n);
+      Add<clAcessorios>(n);
     }
-    sql("UPDATE zor_PV_Viaturas SET Marca='A'");
-    sql("Delete zor_PV_Marcas WHERE Codigo='REN'");
+    bd->ExecutarSql("", "Delete zor_PV_Marcas WHERE Codigo='REN'");
   }
+  static std::string Code(int n) { return {1, "ABC"[n - 1]}; }
   std::unique_ptr<Ficha> New(const std::string& name) const {
     auto form = FormCatalog::Shared().Make(name);
     form->mybd = bd;
@@ -89,7 +93,7 @@ class FichasTest : public testing::Test {
     if (auto* event = dynamic_cast<EventForm*>(form.get()))
       event->Carrega(n);
     else
-      form->Chamar(name == "Viaturas" ? "CarregaViatura" : "CarregaFicha", std::string(1, "ABC"[n - 1]));
+      form->Chamar(name == "Viaturas" ? "CarregaViatura" : "CarregaFicha", Code(n));
     return form;
   }
 
@@ -105,20 +109,10 @@ TEST_F(FichasTest, ArrowsWalkOverTheRecordsAndShowEachAsItIs) {
     Screen screens[4];
     for (int n : {1, 2, 3}) screens[n] = ScreenOf(*Opened(name, n));
     const auto form = Opened(name, 1);
-    for (const auto& [arrow, record] : {std::pair{2, 2},
-                                        {2, 3},
-                                        {2, 3},
-                                        {1, 2},
-                                        {1, 1},
-                                        {1, 1},
-                                        {3, 3},
-                                        {0, 1},
-                                        {2, 2},
-                                        {3, 3},
-                                        {1, 2},
-                                        {0, 1}}) {
-      Press(Find<platform::PushButton>(*form, "btNavega(" + std::to_string(arrow) + ")"));
-      EXPECT_EQ(ScreenOf(*form), screens[record]) << "arrow " << arrow;
+    // Each arrow with the record that it leads to.
+    for (const char* step : {"22", "23", "23", "12", "11", "11", "33", "01", "22", "33", "12", "01"}) {
+      Press(Find<platform::PushButton>(*form, std::string("btNavega(") + step[0] + ")"));
+      EXPECT_EQ(ScreenOf(*form), screens[step[1] - '0']) << step;
     }
   }
 }

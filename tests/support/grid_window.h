@@ -16,15 +16,14 @@ class GridWindow : public platform::Form {
     list.ICrmVwList_GridMaster(&grid);
     list.ICrmVwList_Iniciar();
   }
-  /// The captions of the columns that are shown.
-  std::vector<std::string> Headings() const {
-    std::vector<std::string> headings;
+  /// The captions of the columns that are shown, each with "|" behind it.
+  std::string Headings() const {
+    std::string text;
     for (const platform::GridColumn& column : grid.Columns())
-      if (!column.hidden) headings.push_back(column.caption);
-    return headings;
+      if (!column.hidden) text += column.caption + "|";
+    return text;
   }
-
-  /// The cells of a row that are shown, each with "|" behind it.
+  /// The cells of a row that are shown, likewise.
   std::string Row(long row) const {
     std::string text;
     for (std::size_t i = 0; i < grid.Columns().size(); ++i)

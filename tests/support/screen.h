@@ -27,7 +27,7 @@ void FillOut(platform::Form& form, const Screen& given = {});
 std::vector<std::string> InColumns(const Screen& screen, const std::string& controls);
 
 /// Compares the limit of each text field with the width of the column that holds its text, in the row that a
-/// statement finds. Numbers take ten characters, but for those of `others`; the first field may take less.
+/// statement finds. The key and numbers take ten characters, but for those of `others`.
 void ExpectLimits(const platform::Form& form, const Screen& typed, const zorCrmParvel::DataAccessRef& bd,
                   const std::string& statement, const std::map<std::string, int>& others = {});
 

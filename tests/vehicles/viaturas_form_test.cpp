@@ -99,12 +99,9 @@ TEST_F(ViaturasFormTest, AVehicleIsTypedFromNothing) {
   EXPECT_EQ(form.SSTab1.Tab, kIdentificacao);
 
   form.CarregaViatura(kPlate);
-  EXPECT_EQ(form.Campo[22].Text, "350,75");
   EXPECT_EQ(form.Campo[22].DisplayText(), "350,75");
   EXPECT_EQ(form.Campo[8].DisplayText(), "12.500");
-  EXPECT_EQ(form.Titulo[27].Caption, "Nome em Categorias");
   EXPECT_EQ(form.DTPicker1[12].Value, platform::Variant(Date())) << "shown as it stands";
-  EXPECT_EQ(form.chkBxSeloPago.Value, 1);
 }
 
 TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
