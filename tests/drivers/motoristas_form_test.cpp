@@ -232,7 +232,8 @@ TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
   VwLstMotoristas list;
   list.mybd = bd;
   window.Start(list);
-  EXPECT_EQ(window.grid.Columns()[1].caption, "Nome");
+  EXPECT_EQ(window.Headings(), "Código|Nome|");
+  EXPECT_EQ(window.Row(1), "2|Zé|");
   GridRow row = window.grid.RowAt(1);
   host.NextForm([](platform::Form& shown) {
     auto& ficha = dynamic_cast<Motoristas&>(shown);

@@ -2,8 +2,10 @@
 #include "events/cost_sums.h"
 #include "events/gastos.h"
 #include "events/inspecoes.h"
+#include "events/multas.h"
 #include "events/revisoes.h"
 #include "events/seguros.h"
+#include "events/sinistros.h"
 #include "support/database_test.h"
 
 namespace zorCrmParvel {
@@ -173,7 +175,6 @@ TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {
   host.NextLookup("");
   gasto.MostraLista(0);
   EXPECT_EQ(host.lookups.back().rows.size(), 2U);
-  EXPECT_EQ(host.lookups.back().widths, (std::vector<float>{1000, 1000, 1000, 2500}));
   gasto.Codigo = "B'";
   EXPECT_THROW(gasto.MostraLista(1), platform::RuntimeError);
   EXPECT_FALSE(gasto.MostraMapa());
@@ -181,6 +182,24 @@ TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {
   revisao.bd = bd;
   EXPECT_THROW(revisao.MostraMapa(), platform::RuntimeError)
       << "the report's statement is one the server rejects";
+}
+
+TEST_F(EventEntityTest, EachKindHasItsLookup) {
+  const auto lookup = [&](auto&& event) {
+    event.bd = bd;
+    host.NextLookup("");
+    event.MostraLista(0);
+    const auto& shown = host.lookups.back();
+    std::string text = shown.title + " " + std::to_string(shown.width) + ":";
+    for (float width : shown.widths) text += " " + std::to_string(static_cast<int>(width));
+    return text;
+  };
+  EXPECT_EQ(lookup(clGastos()), "Gastos 5000: 1000 1000 1000 2500");
+  EXPECT_EQ(lookup(clSeguros()), "Seguros 6000: 1000 1000 3000 1500");
+  EXPECT_EQ(lookup(clRevisoes()), "Revisões 5000: 1000 1000 2000 1500");
+  EXPECT_EQ(lookup(clInspecoes()), "Inspecções 2900: 1000 1200 1200");
+  EXPECT_EQ(lookup(clMultas()), "Multas 4500: 1000 1000 1500 1500");
+  EXPECT_EQ(lookup(clSinistros()), "Sinistros 5500: 1000 3000 1000 1500");
 }
 
 TEST_F(EventEntityTest, CostsAreSummedExactly) {

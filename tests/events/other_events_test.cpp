@@ -160,6 +160,25 @@ TEST_F(EventsTest, AStoredDateIsShownAsFarAsItsFieldGoes) {
   EXPECT_EQ(shown(Seguros(), EventOf<clSeguros>(bd, plate)), "10-02-2024 08:05:30") << "as it stands";
 }
 
+TEST_F(EventsTest, AnEventWithLostCodesIsListedAndNoRowIsNoEvent) {
+  sistema.ICrmSistema_ZorDataAccess = bd;
+  for (const char* key :
+       {"Gastos", "Apolices", "Revisoes", "Inspecoes", "Multas", "Sinistros", "Acessorios"}) {
+    SCOPED_TRACE(key);
+    const std::string table = key == std::string("Apolices") ? "Seguros" : key;
+    Sql("INSERT INTO zor_PV_" + table + " (Matricula) VALUES ('PERDIDA')");
+    const auto list = sistema.MostraListas(key);
+    GridWindow window;
+    window.Start(*list);
+    GridRow group(window.grid, 0, true);
+    for (GridRow* row : {static_cast<GridRow*>(nullptr), &group}) {
+      list->ICrmVwList_Editar(row);
+      list->ICrmVwList_Remover(row);
+    }
+    EXPECT_EQ(list->ICrmVwList_NumeroItens(), 1);
+  }
+}
+
 TEST_F(EventsTest, TheListOfAccessoriesKeepsTheVehicleOfARowThatHasGone) {
   for (const char* table : {"Acessorios", "Inspecoes"}) {
     SCOPED_TRACE(table);

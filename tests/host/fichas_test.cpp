@@ -125,6 +125,16 @@ TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
     for (const platform::Control* control : form->Controls()) {
       const bool drawn = control->Visible && dynamic_cast<const platform::Frame*>(control) == nullptr;
       EXPECT_TRUE(!drawn || placed.count(control) == 1) << NameOf(*control);
+      const bool ownStop = control->Name() != "btLista";
+      EXPECT_TRUE(ownStop || !control->TabStop) << "Tab goes past the button of a field's list";
+    }
+    const auto opened = Opened(name, 1);
+    for (int page = 0; page < static_cast<int>(opened->layout.pages.size()); ++page) {
+      opened->UserSelectsTab(dynamic_cast<platform::TabControl&>(*opened->layout.tabs), page);
+      for (const platform::LayoutRow& row : opened->layout.pages[static_cast<std::size_t>(page)].rows)
+        for (const platform::LayoutField& place : row)
+          EXPECT_TRUE(place.field == nullptr || place.field->Container->Visible)
+              << name << " page " << page << " " << NameOf(*place.field);
     }
   }
 }

@@ -46,6 +46,8 @@ TEST(Recordset, WalksAddsAndChangesRows) {
   rs->MoveNext();
   EXPECT_TRUE(rs->Eof());
   EXPECT_EQ(NumberOf([&] { rs->Fields("Dias").Value(); }), kNoCurrentRecord);
+  EXPECT_EQ(NumberOf([&] { rs->Fields("Dias").SetValue(1); }), kNoCurrentRecord);
+  EXPECT_EQ(NumberOf([&] { rs->Update(); }), kNoCurrentRecord);
   EXPECT_EQ(NumberOf([&] { rs->MoveNext(); }), kNoCurrentRecord);
   EXPECT_EQ(rs->CellAt(0, 1).integer(), 7);
 }
@@ -90,7 +92,11 @@ TEST(Recordset, RefusesWhatAFieldCannotHold) {
   EXPECT_EQ(NumberOf([&] { rs->Fields("Nada"); }), kNoSuchField);
   rs->Close();
   EXPECT_EQ(NumberOf([&] { rs->Close(); }), kObjectClosed);
-  EXPECT_EQ(NumberOf([&] { rs->Eof(); }), kObjectClosed);
+  const std::function<void()> uses[] = {
+      [&] { rs->Eof(); },      [&] { rs->MoveNext(); },     [&] { rs->MoveFirst(); },
+      [&] { rs->MoveLast(); }, [&] { rs->AddNew(); },       [&] { rs->RecordCount(); },
+      [&] { rs->Update(); },   [&] { rs->Fields("Dias"); }, [&] { rs->FetchMore(1); }};
+  for (const auto& use : uses) EXPECT_EQ(NumberOf(use), kObjectClosed) << &use - uses;
   RecordsetRef unset;
   EXPECT_EQ(NumberOf([&] { unset->Eof(); }), kObjectNotSet);
 }

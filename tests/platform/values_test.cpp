@@ -95,6 +95,7 @@ TEST(Date, ReadsTheTextsOfScreensAndStatements) {
   for (const auto& part : impossible)
     EXPECT_EQ(NumberOf([&] { Date::FromParts(2024, part.first, part.second); }), kTypeMismatch)
         << part.first << '-' << part.second;
+  EXPECT_EQ(NumberOf([] { Date::FromParts(2024, 1, 1, 24); }), kTypeMismatch);
 }
 
 TEST(Date, ShowsMidnightWithoutTimeAndZeroAsTime) {

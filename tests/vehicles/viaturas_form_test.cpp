@@ -1,5 +1,7 @@
 #include "vehicles/viaturas_form.h"
 
+#include <set>
+
 #include "events/acessorios.h"
 #include "events/inspecoes.h"
 #include "events/multas.h"
@@ -146,6 +148,15 @@ TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
             (Table{{"NULL", "NULL", "NULL", "00:00:00"}}));
   again.CarregaViatura(kPlate);
   for (int date : {0, 8, 9}) EXPECT_EQ(again.DTPicker1[date].Value.ToText(), "15-03-2024") << date;
+}
+
+TEST_F(ViaturasFormTest, KilometresAreWholeAndOtherFiguresHaveTwoDecimals) {
+  form.Campo.Each([](const platform::zor_input& field) {
+    if (!field.Numeric() || field.Index() == 24) return;
+    const std::set<int> km = {3, 8, 32, 33, 46, 51, 53};
+    EXPECT_EQ(field.formato, km.count(field.Index()) == 1 ? "###,##0" : "###,###.#0") << field.Index();
+    EXPECT_EQ(field.formato_campo == platform::zor_input::kInteiro, km.count(field.Index()) == 1);
+  });
 }
 
 TEST_F(ViaturasFormTest, FieldsHoldTheFocusInTheirOwnWords) {

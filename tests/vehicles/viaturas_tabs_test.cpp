@@ -153,6 +153,20 @@ TEST_F(ViaturasTabsTest, EachTabShowsItsEventsAndTheDetailsOfTheFirst) {
   }
 }
 
+TEST_F(ViaturasTabsTest, AnEventThatHasGoneEmptiesTheDetails) {
+  AddEvents();
+  for (const SeparadorDeEventos& tab : SeparadoresDeEventos()) {
+    SCOPED_TRACE(tab.ficha);
+    Show(tab.indice);
+    EXPECT_EQ(form.Campo[tab.campoId].Text, "1");
+    form.UserSelectsRow(form.*tab.grelha, 5);
+    Sql(std::string("Delete zor_PV_") + tab.ficha);
+    form.UserSelectsRow(form.*tab.grelha, 0);
+    EXPECT_EQ(form.Campo[tab.campoId].Text, "");
+    EXPECT_EQ(Fields(tab.campos), Row(tab.campos.size()));
+  }
+}
+
 TEST_F(ViaturasTabsTest, AGridGrowsWithItsEventsAndKeepsNoneOfAnotherVehicle) {
   for (int count = 1; count <= 30; ++count) {
     Event<clMultas>(bd, 1).Escrever();
