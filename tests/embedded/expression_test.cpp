@@ -66,6 +66,7 @@ TEST_F(ExpressionTest, Numbers) {
                 {"cast('' as int)", "0"},
                 {"cast(Razao as int)", "0"},
                 {"cast('true' as bit)", "True"},
+                {"SUM(Ano)", "2024"},
                 {"cast(5.9 as int)", "5"},
                 {"cast(-5.9 as int)", "-5"},
                 {"cast(-(-5.9) as smallint)", "5"},
@@ -95,6 +96,11 @@ TEST_F(ExpressionTest, Numbers) {
        {"cast(70000 as smallint)", "Arithmetic overflow error converting expression to data type smallint."},
        {"Km * 2000000000", "Arithmetic overflow error converting expression to data type int."},
        {"Km / (Km - 7)", "Divide by zero error encountered."},
+       {"SUM(Activa)", "Operand data type bit is invalid for sum operator."},
+       {"Km + COUNT(*)",
+        "Column 'Km' is invalid in the select list because it is not contained in either an aggregate "
+        "function "
+        "or the GROUP BY clause."},
        {"Razao % 2", "Operand data type float is invalid for modulo operator."},
        {"Nome - Nome", "Operand data type nvarchar is invalid for subtract operator."},
        {"cast(2000 as nvarchar(3))",
