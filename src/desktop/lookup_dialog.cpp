@@ -49,6 +49,8 @@ void LookupDialog::Build() {
   column->setSpacing(Gap(this));
   search_->setPlaceholderText(QStringLiteral("Procurar…"));
   search_->setClearButtonEnabled(true);
+  search_->setAccessibleName(QStringLiteral("Procurar na lista"));
+  table_->setAccessibleName(windowTitle());
   column->addWidget(search_);
   column->addWidget(table_, 1);
 
@@ -68,10 +70,7 @@ void LookupDialog::Build() {
 }
 
 void LookupDialog::SizeToColumns() {
-  int width = 0;
-  for (std::size_t column : table_->grid().source().VisibleColumns())
-    width += table_->columnWidth(static_cast<int>(column));
-  width = std::max(width, FromTwips(static_cast<float>(list_.Largura), this));
+  int width = std::max(table_->WidthWanted(), FromTwips(static_cast<float>(list_.Largura), this));
   width += table_->verticalScrollBar()->sizeHint().width() + 2 * (table_->frameWidth() + WideGap(this));
   const int height = table_->verticalHeader()->defaultSectionSize() * kLines + Em(this) * 6;
   resize(QSize(width, height).boundedTo(screen()->availableSize()));

@@ -24,9 +24,8 @@ TableView* MakeTable(std::unique_ptr<TableSource> source, QWidget* parent) {
 
 /// Room for all columns, within reason.
 void KeepColumnsInSight(TableView& table) {
-  int width = 2 * table.frameWidth() + table.verticalScrollBar()->sizeHint().width();
-  for (std::size_t column : table.grid().source().VisibleColumns())
-    width += table.columnWidth(static_cast<int>(column));
+  const int width =
+      table.WidthWanted() + 2 * table.frameWidth() + table.verticalScrollBar()->sizeHint().width();
   table.setMinimumWidth(std::min(width, Em(&table) * kWidest));
 }
 

@@ -1,15 +1,18 @@
 #include "desktop/table_view.h"
 
 #include <QAbstractItemDelegate>
-
 #include <QEvent>
 #include <QHeaderView>
+#include <QResizeEvent>
+#include <algorithm>
+#include <utility>
 
 #include "desktop/item_painter.h"
 #include "desktop/look.h"
 #include "desktop/message_box.h"
 
 namespace desktop {
+
 TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent)
     : QTableView(parent), model_(new GridModel(std::move(source), this)) {
   setModel(model_);
@@ -110,20 +113,17 @@ void TableView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange && model_ != nullptr) ApplyColumns();
 }
 
+void TableView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (event->oldSize().width() != event->size().width()) ShareColumns();
+}
+
 void TableView::ApplyColumns() {
   arranging_ = true;
   verticalHeader()->setMinimumSectionSize(Em(this));
   verticalHeader()->setDefaultSectionSize(Em(this) * 7 / 4);
   const auto& columns = model_->source().Columns();
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const int section = static_cast<int>(i);
-    const auto own = widths_.find(columns[i].key);
-    setColumnHidden(section, columns[i].hidden);
-    if (columns[i].hidden) continue;
-    const int heading = fontMetrics().horizontalAdvance(columns[i].caption) + 2 * Em(this);
-    const int given = FromTwips(own != widths_.end() ? own->second : columns[i].width, this);
-    setColumnWidth(section, own != widths_.end() ? given : std::max(heading, WideEnough(section, given)));
-  }
+  for (std::size_t i = 0; i < columns.size(); ++i) setColumnHidden(static_cast<int>(i), columns[i].hidden);
   const auto& sort = model_->order().sort();
   horizontalHeader()->setSortIndicatorShown(sort.has_value());
   // Qt points downwards for an ascending order; here the arrow rises with the values.
@@ -132,21 +132,62 @@ void TableView::ApplyColumns() {
     horizontalHeader()->setSortIndicator(static_cast<int>(sort->column),
                                          ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
   arranging_ = false;
+  MeasureColumns();
+  ShareColumns();
 }
 
-// Plates and dates are shown whole even where the list is a little narrow for them; long names are not waited
-// for.
-int TableView::WideEnough(int section, int width) const {
-  constexpr int kRowsLookedAt = 30;
+void TableView::MeasureColumns() {
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  const std::vector<int> widest = WidestCells(visible);
+  wishes_.clear();
+  for (std::size_t i = 0; i < visible.size(); ++i) {
+    const TableColumn& column = model_->source().Columns()[visible[i]];
+    const auto own = widths_.find(column.key);
+    if (own != widths_.end()) {
+      const double width = FromTwips(own->second, this);
+      wishes_.push_back({.given = width, .holds = width, .least = width});
+      continue;
+    }
+    const int heading = fontMetrics().horizontalAdvance(column.caption) + 2 * Em(this);
+    const double given = FromTwips(column.width, this);
+    const double holds = std::max(heading, widest[i]);
+    wishes_.push_back({.given = given, .holds = holds, .least = std::min(given, holds)});
+  }
+}
+
+/// The width of the widest cell of each column, among the rows at the top: the rest isn't waited for.
+std::vector<int> TableView::WidestCells(const std::vector<std::size_t>& columns) const {
+  constexpr int kRowsLookedAt = 200;
   QStyleOptionViewItem option;
   initViewItemOption(&option);
-  int wanted = width;
+  std::vector<int> advance(columns.size(), -1);
+  std::vector<QModelIndex> widest(columns.size());
   for (int row = 0; row < std::min(kRowsLookedAt, model_->rowCount()); ++row) {
-    const QModelIndex index = model_->index(row, section);
-    wanted = std::max(wanted, itemDelegateForIndex(index)->sizeHint(option, index).width() + 1);
+    const QVariant font = model_->data(model_->index(row, 0), Qt::FontRole);
+    const QFontMetrics metrics = font.isValid() ? QFontMetrics(font.value<QFont>()) : option.fontMetrics;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const QModelIndex index = model_->index(row, static_cast<int>(columns[i]));
+      const int width = metrics.horizontalAdvance(index.data().toString());
+      if (width > std::exchange(advance[i], std::max(advance[i], width))) widest[i] = index;
+    }
   }
-  return wanted <= width * 3 / 2 ? wanted : width;
+  std::vector<int> widths(columns.size(), 0);
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    if (widest[i].isValid())
+      widths[i] = itemDelegateForIndex(widest[i])->sizeHint(option, widest[i]).width() + 1;
+  return widths;
 }
+
+void TableView::ShareColumns() {
+  const bool outer = std::exchange(arranging_, true);
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  const std::vector<double> widths = ShareRoom(wishes_, viewport()->width());
+  for (std::size_t i = 0; i < std::min(visible.size(), widths.size()); ++i)
+    setColumnWidth(static_cast<int>(visible[i]), static_cast<int>(widths[i]));
+  arranging_ = outer;
+}
+
+int TableView::WidthWanted() const { return static_cast<int>(RoomWanted(wishes_)); }
 
 void TableView::ClickedHeading(int section) {
   const auto column = static_cast<std::size_t>(section);

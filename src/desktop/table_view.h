@@ -5,12 +5,14 @@
 #include <map>
 #include <string>
 
+#include "desktop/column_widths.h"
 #include "desktop/grid_model.h"
 
 namespace desktop {
 
-/// The one table of the program: lists, grids of fichas, lookups. Rows are chosen whole, columns have the
-/// widths of their source, the last one takes what is left.
+/// The one table of the program: lists, grids of fichas, lookups. Rows are chosen whole. Columns have the
+/// widths of their source or share the room by what they hold; those that the user gave a width keep it, and
+/// the last one takes what is left.
 class TableView : public QTableView {
   Q_OBJECT
 
@@ -36,6 +38,8 @@ class TableView : public QTableView {
   /// Widths that the user gave, in twips by the column's key.
   std::map<std::string, float> UserWidths() const { return widths_; }
   void SetUserWidths(std::map<std::string, float> widths);
+  /// The width at which no column is cut, without frame and scroll bar.
+  int WidthWanted() const;
 
  Q_SIGNALS:
   void RowChosen(long row);
@@ -51,17 +55,21 @@ class TableView : public QTableView {
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ApplyColumns();
+  void MeasureColumns();
+  std::vector<int> WidestCells(const std::vector<std::size_t>& columns) const;
+  void ShareColumns();
   void ClickedHeading(int section);
-  int WideEnough(int section, int width) const;
   void ResizedColumn(int section, int width);
   void KeepRow(const std::function<void()>& change);
 
   GridModel* model_;
   QTimer read_ahead_;
   std::map<std::string, float> widths_;
+  std::vector<ColumnWish> wishes_;  // of the columns that are shown, in pixels
   bool arranging_ = false;
 };
 

@@ -12,6 +12,7 @@
 #include "desktop/text.h"
 #include "pdf.h"
 #include "platform/runtime_error.h"
+#include "sheet.h"
 #include "support/files.h"
 #include "user.h"
 
@@ -78,6 +79,59 @@ TEST(ReportDialogTest, ThePdfHoldsTitleHeadingsRowsAndPageNumbersAsText) {
                                 .arg(now.day(), 2, 10, QChar('0'))
                                 .arg(now.month(), 2, 10, QChar('0'))
                                 .arg(now.year())));
+}
+
+/// Writes a table as a PDF and gives the file.
+QString Printed(Desk& desk, const Sheet& sheet) {
+  QString file = desk.folder.filePath("folha.pdf");
+  EXPECT_TRUE(desktop::ReportDialog(sheet, "Folha", nullptr).WritePdf(file));
+  return file;
+}
+
+TEST(ReportDialogTest, WhatIsShortStaysInOneLineAndNotesHaveTheRoomThatItLeaves) {
+  const QString note = "Revisão dos 90.000 km com mudança de óleo, filtros e pastilhas";
+  Desk desk;
+  const Sheet sheet({{.key = "Nome", .caption = "Nome", .width = 9000},
+                     {.key = "Data", .caption = "Data", .width = 1000},
+                     {.key = "Notas", .caption = "Notas", .width = 1500}},
+                    std::vector<Sheet::Line>(30, {{"Maria", "24-11-2026 13:45:00", note}, {}}));
+  const QString text = PdfText(Printed(desk, sheet));
+  EXPECT_EQ(text.count("24-11-2026 13:45:00"), 30);
+  EXPECT_EQ(text.count(note), 30);
+  EXPECT_TRUE(text.contains("Página 1 de 1"));
+}
+
+TEST(ReportDialogTest, HeadingsOfManyLinesStandAboveTheFirstRow) {
+  Desk desk;
+  std::vector<desktop::TableColumn> columns;
+  Sheet::Line line;
+  for (int i = 0; i < 24; ++i) {
+    columns.push_back({.key = std::to_string(i), .caption = "Vencimentos previsionais"});
+    line.cells << "linha";
+  }
+  double headings = 0;
+  double first_row = 1e6;
+  for (const PdfWord& word : PdfWords(Printed(desk, Sheet(columns, {line})))) {
+    if (word.text.startsWith("linh")) first_row = std::min(first_row, word.top);
+    if (word.text.endsWith("s")) headings = std::max(headings, word.bottom);
+  }
+  EXPECT_GT(headings, 0);
+  EXPECT_LE(headings, first_row);
+}
+
+TEST(ReportDialogTest, AnAlertsMarkIsSeenOnPaper) {
+  const auto red = [](std::optional<int> band) {
+    Desk desk;
+    const QImage page = PdfPicture(
+        Printed(desk, Sheet({{.key = "Matricula", .caption = "Matrícula"}}, {{{"12-AB-34"}, band}})));
+    EXPECT_FALSE(page.isNull());
+    int count = 0;
+    for (int y = 0; y < page.height(); ++y)
+      for (int x = 0; x < page.width(); ++x) count += page.pixelColor(x, y) == Qt::red ? 1 : 0;
+    return count;
+  };
+  EXPECT_GT(red(0), 5);
+  EXPECT_EQ(red(std::nullopt), 0);
 }
 
 /// While it lives, a file may grow to some bytes only: the disk is full.
