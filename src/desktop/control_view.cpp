@@ -13,6 +13,8 @@
 
 namespace desktop {
 
+void ControlView::SetName(const QString& name) { widget()->setAccessibleName(name); }
+
 void ControlView::Sync() {
   QWidget* shown = widget();
   const bool visible = IsShown();

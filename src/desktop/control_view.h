@@ -35,6 +35,8 @@ class ControlView : public QObject {
   virtual QWidget* widget() const = 0;
   /// What has the keyboard when the control has the focus.
   virtual QWidget* focusWidget() const { return widget(); }
+  /// Tells those who can't see it what the control is called.
+  virtual void SetName(const QString& name);
   /// Shows what the control holds.
   void Sync();
   /// Tells that the control stands on a page of tabs.

@@ -76,11 +76,15 @@ QWidget* PickerView::focusWidget() const {
                                                   : static_cast<QWidget*>(edit_);
 }
 
+void PickerView::SetName(const QString& name) {
+  edit_->setAccessibleName(name);
+  if (check_ != nullptr) check_->setAccessibleName(name + QStringLiteral(": com data"));
+}
+
 void PickerView::MakeOptional() {
   check_ = new QCheckBox(whole_);
   check_->setFocusPolicy(Qt::NoFocus);
   check_->setToolTip(QStringLiteral("Com data"));
-  check_->setAccessibleName(QStringLiteral("Com data"));
   whole_->layout()->addWidget(check_);
   connect(check_, &QCheckBox::clicked, this, [this](bool checked) {
     Pick(checked ? platform::Variant(platform::Today()) : platform::Variant(platform::Variant::Null()));
@@ -110,7 +114,7 @@ void PickerView::SyncContent() {
 CalendarView::CalendarView(platform::MonthView& month, UserActs& acts, QWidget* parent)
     : ControlView(month, acts), month_(month), shown_(new QCalendarWidget(parent)) {
   shown_->setLocale(QLocale(QLocale::Portuguese, QLocale::Portugal));
-  shown_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  shown_->setAccessibleName(QStringLiteral("Calendário"));
   shown_->setDateEditEnabled(false);
   QSizePolicy policy = shown_->sizePolicy();
   policy.setRetainSizeWhenHidden(true);

@@ -22,6 +22,7 @@ class PickerView : public ControlView {
   PickerView(platform::DTPicker& picker, UserActs& acts, QWidget* parent);
   QWidget* widget() const override { return whole_; }
   QWidget* focusWidget() const override;
+  void SetName(const QString& name) override;
 
  protected:
   void SyncContent() override;

@@ -1,6 +1,7 @@
 #include "desktop/form_dialog.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -138,7 +139,9 @@ bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Wheel: {
       const ControlView* view = ViewOf(watched);
       const bool scrolls = view != nullptr && qobject_cast<QAbstractScrollArea*>(view->widget()) != nullptr;
-      return view != nullptr && !scrolls && &view->control() != form_.ActiveControl();
+      if (view == nullptr || scrolls || &view->control() == form_.ActiveControl()) return false;
+      event->ignore();  // what the field stands in may scroll
+      return true;
     }
     default:
       return false;
@@ -185,9 +188,12 @@ void FormDialog::keyPressEvent(QKeyEvent* event) {
   if (!Key(*event, nullptr)) event->ignore();
 }
 
+/// The window is put in its place by its size, which is known once all that stands in it is laid out.
 void FormDialog::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
   Sync();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  if (!testAttribute(Qt::WA_Resized)) resize(sizeHint());
+  QDialog::showEvent(event);
 }
 
 /// The focus moves by the form alone.
@@ -200,10 +206,7 @@ void FormDialog::ShowFocus() {
   if (widget != nullptr && focusWidget() != widget) widget->setFocus(Qt::OtherFocusReason);
 }
 
-void FormDialog::RestorePlace() {
-  const QByteArray place = settings_.value(PlaceKey(form_)).toByteArray();
-  if (place.isEmpty() || !restoreGeometry(place)) adjustSize();
-}
+void FormDialog::RestorePlace() { restoreGeometry(settings_.value(PlaceKey(form_)).toByteArray()); }
 
 void FormDialog::KeepPlace() { settings_.setValue(PlaceKey(form_), saveGeometry()); }
 

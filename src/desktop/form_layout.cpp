@@ -7,6 +7,7 @@
 
 #include "desktop/button_view.h"
 #include "desktop/choice_views.h"
+#include "desktop/ficha_area.h"
 #include "desktop/label_view.h"
 #include "desktop/look.h"
 
@@ -83,17 +84,27 @@ void FormLayout::Build(QLabel* notice) {
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(Gap(window_));
 
-  if (!IsEmpty(layout.head)) {
-    column->addLayout(Block(layout.head, window_), layout.tabs == nullptr ? 1 : 0);
-  }
-  if (layout.tabs != nullptr) column->addWidget(Tabs(layout), 1);
+  column->addWidget(Content(layout), 1);
   AlignCaptions();
   column->addWidget(notice);
   column->addLayout(ButtonRow(layout));
 }
 
-QWidget* FormLayout::Tabs(const Layout& layout) {
-  QTabWidget* tabs = Make<TabView>(layout.tabs, window_)->tabs();
+/// All that stands above the buttons.
+QWidget* FormLayout::Content(const Layout& layout) {
+  auto* area = new FichaArea(window_);
+  auto* content = new QWidget(area);
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(Gap(window_));
+  area->setWidget(content);  // which asks for its size, and had better do so before there is anything to keep
+  if (!IsEmpty(layout.head)) column->addLayout(Block(layout.head, content), layout.tabs == nullptr ? 1 : 0);
+  if (layout.tabs != nullptr) column->addWidget(Tabs(layout, content), 1);
+  return area;
+}
+
+QWidget* FormLayout::Tabs(const Layout& layout, QWidget* parent) {
+  QTabWidget* tabs = Make<TabView>(layout.tabs, parent)->tabs();
   for (std::size_t i = 0; i < layout.tabs->Captions.size(); ++i) {
     auto* page = new QWidget(tabs);
     page_ = static_cast<int>(i);
@@ -113,7 +124,7 @@ QLayout* FormLayout::Block(const LayoutBlock& block, QWidget* parent) {
   sides->setSpacing(WideGap(window_));
   at_left_ = block.grid == nullptr || block.fieldsFirst;
   if (block.fieldsFirst) sides->addLayout(Fields(block, parent), 2);
-  if (block.grid != nullptr) sides->addWidget(Plain(block.grid, parent), 3);
+  if (block.grid != nullptr) sides->addWidget(Grid(block.grid, parent), 3);
   if (block.calendar != nullptr) sides->addWidget(Plain(block.calendar, parent), 0, Qt::AlignTop);
   if (!block.rows.empty() && !block.fieldsFirst)
     sides->addLayout(Fields(block, parent), block.grid != nullptr ? 2 : 3);
@@ -121,6 +132,15 @@ QLayout* FormLayout::Block(const LayoutBlock& block, QWidget* parent) {
   column->addLayout(sides, 1);
   if (block.picture == nullptr && !block.buttons.empty()) column->addLayout(Buttons(block.buttons, parent));
   return column;
+}
+
+/// A grid is called as its page, or its window.
+QWidget* FormLayout::Grid(Control* grid, QWidget* parent) {
+  const platform::Form& form = acts_.form();
+  auto* view = Make<ControlView>(grid, parent);
+  view->SetName(QString::fromStdString(
+      page_ >= 0 ? form.layout.tabs->Captions[static_cast<std::size_t>(page_)] : form.Caption));
+  return view->widget();
 }
 
 /// A picture with the buttons of its block below it.
@@ -171,8 +191,9 @@ QLayout* FormLayout::Field(const LayoutField& field, QWidget* parent) {
   cell->setSpacing(Gap(window_) / 3);
   bool grows = field.description != nullptr;
   if (field.field != nullptr) {
-    QWidget* shown = Plain(field.field, parent);
-    if (field.caption != nullptr) shown->setAccessibleName(QString::fromStdString(field.caption->Caption));
+    auto* view = Make<ControlView>(field.field, parent);
+    QWidget* shown = view->widget();
+    if (field.caption != nullptr) view->SetName(QString::fromStdString(field.caption->Caption));
     const bool wide = Grows(shown) && shown->sizePolicy().horizontalPolicy() == QSizePolicy::Expanding;
     cell->addWidget(shown, wide && !grows ? 1 : 0);
     grows = grows || wide;

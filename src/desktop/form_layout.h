@@ -29,12 +29,14 @@ class FormLayout {
   QWidget* Plain(platform::Control* control, QWidget* parent);
 
   QLayout* Block(const platform::LayoutBlock& block, QWidget* parent);
+  QWidget* Grid(platform::Control* grid, QWidget* parent);
   QLayout* Picture(const platform::LayoutBlock& block, QWidget* parent);
   QLayout* Fields(const platform::LayoutBlock& block, QWidget* parent);
   void Row(const platform::LayoutRow& row, int line, int columns, QGridLayout& grid, QWidget* parent);
   QLayout* Field(const platform::LayoutField& field, QWidget* parent);
   QLayout* Buttons(const std::vector<platform::PushButton*>& buttons, QWidget* parent);
-  QWidget* Tabs(const platform::Layout& layout);
+  QWidget* Content(const platform::Layout& layout);
+  QWidget* Tabs(const platform::Layout& layout, QWidget* parent);
   QLayout* ButtonRow(const platform::Layout& layout);
   void AlignCaptions();
 
