@@ -55,7 +55,7 @@ void AlertCard::Show(const AlertFamily& family) {
   setToolTip(QStringLiteral("Abrir a lista"));
   if (family.failure) {
     message_ = QStringLiteral("Não foi possível ler a lista.\n") + family.failure->headline;
-    setToolTip(PlainToolTip(family.failure->headline + QStringLiteral("\n") + family.failure->details));
+    setToolTip(PlainToolTip(WithDetails(*family.failure)));
   } else if (family.counts) {
     ShowBands(family);
   }

@@ -170,7 +170,7 @@ void ConnectionDialog::TryAndClose() {
     workspace_ = server ? std::make_unique<Workspace>(OpenServer(Connection(), password_->text()))
                         : std::make_unique<Workspace>(FromQt(file_->text()));
   } catch (const std::exception& error) {
-    ShowReason(QString::fromUtf8(error.what()));
+    ShowReason(WithDetails(Describe(error)));
     return;
   }
   if (server) {

@@ -23,7 +23,7 @@ constexpr KeyText kListKeys[] = {
     {"Enter", "Editar o registo; no início, abrir a lista"},
     {"Ins, Ctrl+N", "Novo registo"},
     {"Del", "Remover o registo, depois de confirmar"},
-    {"F5", "Actualizar a lista"},
+    {"F5", "Recarregar a lista"},
     {"Ctrl+F", "Procurar na lista"},
     {"Esc", "Na procura: limpar e voltar à lista"},
     {"Ctrl+P", "Imprimir a lista"},

@@ -1,10 +1,16 @@
 #include "desktop/house_style.h"
 
 #include <QAbstractItemView>
+#include <QCalendarWidget>
 #include <QCheckBox>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QHeaderView>
 #include <QPainter>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 #include <QToolBar>
+#include <QTreeView>
 #include <QWidget>
 #include <algorithm>
 
@@ -15,6 +21,20 @@ namespace desktop {
 namespace {
 
 constexpr char kAccent[] = "accent";
+constexpr int kModifiedColumn = 3;  // of a file dialog
+
+/// Tells when a file was written, which the toolkit does in the language of the system.
+class FileDays : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const auto* files = qobject_cast<const QFileSystemModel*>(index.model()))
+      option->text = files->lastModified(index).toString(QStringLiteral("dd-MM-yyyy HH:mm"));
+  }
+};
 
 bool IsAccent(const QWidget* widget) { return widget != nullptr && widget->property(kAccent).toBool(); }
 
@@ -120,6 +140,19 @@ void ShowOutlines(QPalette& palette) {
 HouseStyle::HouseStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
 void HouseStyle::SetAccent(QWidget* button) { button->setProperty(kAccent, true); }
+
+void HouseStyle::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  if (auto* calendar = qobject_cast<QCalendarWidget*>(widget)) {
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) calendar->setWeekdayTextFormat(day, {});
+  }
+  auto* files = qobject_cast<QTreeView*>(widget);
+  if (files == nullptr || qobject_cast<QFileDialog*>(files->window()) == nullptr) return;
+  files->setItemDelegateForColumn(kModifiedColumn, new FileDays(files));
+  files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {

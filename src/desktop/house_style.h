@@ -13,6 +13,9 @@ class HouseStyle : public QProxyStyle {
   /// Makes a button the main one of its window.
   static void SetAccent(QWidget* button);
 
+  using QProxyStyle::polish;
+  /// Calendars and file dialogs tell days as the rest of the program does.
+  void polish(QWidget* widget) override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -76,6 +76,7 @@ void ListPage::Build() {
   heading->addWidget(count_, 0, Qt::AlignBottom);
   column->addLayout(heading);
 
+  table_->setAccessibleName(Title());
   table_->setFrameShape(QFrame::NoFrame);
   table_->setContextMenuPolicy(Qt::CustomContextMenu);
   stack_->addWidget(table_);
@@ -214,8 +215,7 @@ void ListPage::TakeFocus() {
 void ListPage::ShowState() {
   const RowOrder& order = table_->grid().order();
   if (failure_) {
-    message_->Show(QStringLiteral("Não foi possível ler a lista."),
-                   failure_->headline + QStringLiteral("\n") + failure_->details,
+    message_->Show(QStringLiteral("Não foi possível ler a lista."), WithDetails(*failure_),
                    QStringLiteral("&Tentar de novo"), [this] { Load(); });
   } else if (order.Count() == 0 && !order.search().isEmpty()) {
     message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(order.search()), {},

@@ -50,10 +50,10 @@ MainActions::MainActions(QMainWindow* window)
                  Sign::kNew, "Novo")),
       edit(Signed(Make(window, "&Editar\tEnter", {}, "Editar o registo (Enter)"), Sign::kEdit, "Editar")),
       remove(Signed(Make(window, "&Remover\tDel", {}, "Remover o registo (Del)"), Sign::kRemove, "Remover")),
-      reload(Signed(Make(window, "&Actualizar", {QKeySequence("F5")}, "Ler a lista de novo"), Sign::kReload,
-                    "Actualizar")),
+      reload(Signed(Make(window, "&Recarregar", {QKeySequence("F5")}, "Ler a lista de novo"), Sign::kReload,
+                    "Recarregar")),
       find(Make(window, "&Procurar", {QKeySequence("Ctrl+F")}, "Procurar na lista")),
-      switch_side(Make(window, "Listas e &registos", {QKeySequence("F6")},
+      switch_side(Make(window, "Listas e re&gistos", {QKeySequence("F6")},
                        "Ir das listas para os registos, e voltar")),
       reset_columns(Make(window, "Repor &larguras das colunas", {}, "Repor as larguras que a lista dá")),
       keys(Make(window, "&Teclas", {QKeySequence("F1")}, "As teclas do programa")),
@@ -99,6 +99,7 @@ void MainActions::BuildBar() {
   bar->addWidget(space);
   search->setPlaceholderText(QStringLiteral("Procurar…"));
   search->setToolTip(QStringLiteral("Procurar na lista (Ctrl+F)"));
+  search->setAccessibleName(QStringLiteral("Procurar na lista"));
   search->setClearButtonEnabled(true);
   search->setFixedWidth(bar->fontMetrics().averageCharWidth() * kSearchCharacters);
   search->addAction(SignIcon(Sign::kSearch), QLineEdit::LeadingPosition);

@@ -5,9 +5,12 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
+#include <stdexcept>
+#include <system_error>
 #include <vector>
 
 #include "desktop/text.h"
+#include "host/error_text.h"
 #include "platform/host.h"
 #include "platform/runtime_error.h"
 
@@ -57,31 +60,6 @@ std::size_t DefaultOf(int style, std::size_t buttons) {
                              : style & platform::kDefaultButton2 ? 1
                                                                  : 0;
   return std::min(wanted, buttons - 1);
-}
-
-struct Advice {
-  int number;
-  const char* text;
-};
-
-constexpr Advice kAdvice[] = {
-    {platform::kOverflow, "Um número é grande de mais. Corrija-o e tente de novo."},
-    {platform::kTypeMismatch,
-     "Um dos campos não tem o número ou a data que devia ter. Corrija-o e tente de novo."},
-    {platform::kFileNotFound, "O ficheiro não existe."},
-    {platform::kInvalidUseOfNull, "Falta um valor no registo lido."},
-    {platform::kMultipleStep,
-     "Um dos textos é mais comprido do que o campo permite. Encurte-o e tente de novo."},
-    {platform::kStatementRefused,
-     "A base de dados não aceita um dos textos. Retire os apóstrofos (') dos campos e tente de novo."},
-    {platform::kConstraint, "A base de dados recusou o registo, que não respeita as suas regras."},
-};
-
-QString Headline(const platform::RuntimeError& error) {
-  for (const Advice& advice : kAdvice)
-    if (advice.number == error.number()) return QString::fromUtf8(advice.text);
-  if (error.number() == platform::kEngineFailure) return WithLineBreaks(ToQt(error.description()));
-  return QStringLiteral("A operação não foi concluída.");
 }
 
 /// Lets a box be seen before a key can answer it: what was typed ahead, or is held down, was meant for the
@@ -136,14 +114,19 @@ int ShowMessage(QWidget* parent, const QString& text, int style, const QString& 
 
 ErrorText Describe(const std::exception& error) {
   if (const auto* known = dynamic_cast<const platform::RuntimeError*>(&error)) {
-    QString details = QStringLiteral("Erro %1").arg(known->number());
-    const QString text = WithLineBreaks(ToQt(known->description()));
-    const QString headline = Headline(*known);
-    if (!text.isEmpty() && text != headline) details += QStringLiteral(": ") + text;
-    if (!known->source().empty()) details += QStringLiteral("\nOrigem: ") + ToQt(known->source());
-    return {headline, details};
+    const zorCrmParvel::ErrorText text = zorCrmParvel::TextOf(*known);
+    return {WithLineBreaks(ToQt(text.message)), WithLineBreaks(ToQt(text.details))};
   }
+  // The rooms around the module speak for themselves, and the system doesn't.
+  const bool own = dynamic_cast<const std::runtime_error*>(&error) != nullptr &&
+                   dynamic_cast<const std::system_error*>(&error) == nullptr;
+  if (own) return {ToQt(error.what()), {}};
   return {QStringLiteral("A operação não foi concluída."), QStringLiteral("Erro: ") + ToQt(error.what())};
+}
+
+QString WithDetails(const ErrorText& text) {
+  return text.details.isEmpty() ? text.headline
+                                : text.headline + QStringLiteral("\n\nPormenores\n") + text.details;
 }
 
 void ShowError(QWidget* parent, const std::exception& error) { ShowError(parent, Describe(error)); }
@@ -153,8 +136,11 @@ void ShowError(QWidget* parent, const ErrorText& text) {
   box.setWindowTitle(QStringLiteral("Erro"));
   box.setTextFormat(Qt::PlainText);
   box.setIcon(QMessageBox::Warning);
-  box.setText(text.headline + QStringLiteral("\n\n") + text.details);
-  box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+  box.setText(text.headline);
+  box.setDetailedText(text.details);
+  QPushButton* ok = box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+  box.setDefaultButton(ok);
+  box.setEscapeButton(ok);
   Run(box);
 }
 

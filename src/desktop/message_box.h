@@ -12,14 +12,17 @@ namespace desktop {
 /// is the answer that declines.
 int ShowMessage(QWidget* parent, const QString& text, int style, const QString& title);
 
-/// An error as the user reads it: what went wrong and what to do, then number, text and source.
+/// An error as the user reads it: what went wrong and what to do, and apart from that number, words and
+/// source.
 struct ErrorText {
   QString headline;
-  QString details;
+  QString details;  // empty when the headline says all
 };
 ErrorText Describe(const std::exception& error);
+/// Both, one below the other, for a place that has no button to show the details with.
+QString WithDetails(const ErrorText& text);
 
-/// Shows an error in a box of its own.
+/// Shows an error in a box of its own, with its details behind a button.
 void ShowError(QWidget* parent, const ErrorText& text);
 void ShowError(QWidget* parent, const std::exception& error);
 

@@ -1,5 +1,7 @@
 #include "desktop/portuguese.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <cstring>
 #include <iterator>
 
@@ -33,6 +35,8 @@ constexpr Text kTexts[] = {
     {"&Yes", "&Sim"},
     {"&No", "&Não"},
     {"&Print", "&Imprimir"},
+    {"Show Details...", "&Pormenores"},
+    {"Hide Details...", "Ocultar &pormenores"},
     // The file dialog.
     {"Look in:", "Procurar em:"},
     {"Directory:", "Pasta:"},
@@ -54,6 +58,9 @@ constexpr Text kTexts[] = {
     {"Name", "Nome"},
     {"Size", "Tamanho"},
     {"Type", "Tipo"},
+    {"Folder", "Pasta"},
+    {"File", "Ficheiro"},
+    {"%1 File", "Ficheiro %1"},
     {"Kind", "Tipo"},
     {"Date Modified", "Modificado em"},
     {"All Files (*)", "Todos os ficheiros (*)"},
@@ -116,6 +123,16 @@ QString PortugueseTexts::translate(const char*, const char* source, const char*,
   for (const Text& text : kTexts)
     if (std::strcmp(text.source, source) == 0) return QString::fromUtf8(text.portuguese);
   return {};
+}
+
+void SpeakPortuguese() {
+  // The last one is asked first.
+  for (const char* name : {"qtbase_pt_BR", "qt_pt_PT"}) {
+    auto* texts = new QTranslator(qApp);
+    if (texts->load(QString::fromUtf8(name), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+      QCoreApplication::installTranslator(texts);
+  }
+  QCoreApplication::installTranslator(new PortugueseTexts(qApp));
 }
 
 }  // namespace desktop

@@ -13,4 +13,8 @@ class PortugueseTexts : public QTranslator {
                     int n) const override;
 };
 
+/// Gives the application's toolkit its texts in Portuguese: the program's own, then what the system has of
+/// the toolkit's, from Portugal before Brazil.
+void SpeakPortuguese();
+
 }  // namespace desktop

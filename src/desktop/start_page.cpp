@@ -90,8 +90,7 @@ void StartPage::Build() {
 void StartPage::ShowBoard() {
   day_->setText(Today());
   const auto& failure = board_.feed_failure();
-  notice_->setText(failure ? QStringLiteral("Não foi possível ler todos os avisos. %1\n%2")
-                                 .arg(failure->headline, failure->details)
+  notice_->setText(failure ? QStringLiteral("Não foi possível ler todos os avisos. ") + WithDetails(*failure)
                            : QString());
   notice_->setVisible(failure.has_value());
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);

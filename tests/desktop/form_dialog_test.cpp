@@ -2,12 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QImage>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
+#include <QTextEdit>
+#include <algorithm>
 
 #include "sample_form.h"
 #include "user.h"
@@ -148,13 +155,19 @@ TEST_F(FormDialogTest, TheListOfAFieldFillsItAndMovesOn) {
   EXPECT_TRUE(HasFocus(form.name));
 }
 
-TEST_F(FormDialogTest, AnErrorIsShownWithNumberAndSourceAndTheWindowGoesOn) {
+TEST_F(FormDialogTest, AnErrorIsToldInPortugueseWithItsNumberBehindAButtonAndTheWindowGoesOn) {
   FillCode();
-  desk.script.Answer("OK");
+  desk.script.Next([](QWidget& window) {
+    auto& box = dynamic_cast<QMessageBox&>(window);
+    EXPECT_TRUE(box.text().contains("não tem o número ou a data")) << box.text().toStdString();
+    EXPECT_FALSE(box.text().contains("Type mismatch"));
+    EXPECT_EQ(box.detailedText(), "Erro 13: Type mismatch\nOrigem: Amostra.Gravar");
+    ClickButton(box, "Pormenores");
+    EXPECT_TRUE(box.findChild<QTextEdit*>()->isVisible());
+    ClickButton(box, "Ocultar pormenores");
+    ClickButton(box, "OK");
+  });
   ClickButton(dialog, "Falhar");
-  ASSERT_EQ(desk.script.boxes.size(), 1);
-  for (const char* part : {"Erro 13", "Type mismatch", "Amostra.Gravar"})
-    EXPECT_TRUE(desk.script.boxes[0].contains(part)) << part << " in " << desk.script.boxes[0].toStdString();
   EXPECT_TRUE(dialog.isVisible());
   Click(*dialog.WidgetOf(form.name));
   Type(dialog, "Maria");
@@ -223,6 +236,57 @@ TEST_F(FormDialogTest, SizeAndPlaceAreRememberedByTheFormsName) {
   }
   SampleForm again;
   EXPECT_EQ(FormDialog(again, desk.settings, nullptr).size(), size);
+}
+
+TEST_F(FormDialogTest, AFieldIsCalledByItsCaption) {
+  const auto name_of = [this](const platform::Control& control) {
+    return QAccessible::queryAccessibleInterface(dialog.WidgetOf(control))->text(QAccessible::Name);
+  };
+  EXPECT_EQ(name_of(form.code), "Código");
+  EXPECT_EQ(name_of(form.date), "Validade");
+}
+
+/// A form with more fields than any screen has lines.
+class LongForm : public SampleForm {
+ public:
+  explicit LongForm(int fields) {
+    layout.head.rows.clear();
+    for (int i = 0; i < fields; ++i) layout.head.rows.push_back({{.field = &campo.Add(*this, "Longo", i)}});
+  }
+  platform::ControlArray<platform::zor_input> campo;
+};
+
+TEST(FormDialogScrollTest, AFichaLargerThanTheScreenScrollsToTheFieldThatHasTheKeyboard) {
+  Desk desk;
+  LongForm form(60);
+  FormDialog dialog(form, desk.settings, nullptr);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  EXPECT_LT(dialog.height(), dialog.screen()->availableSize().height());
+  const auto in_sight = [&](const platform::Control& control) {
+    const QWidget* widget = dialog.WidgetOf(control);
+    return widget->visibleRegion().boundingRect() == widget->rect();
+  };
+  EXPECT_TRUE(in_sight(form.confirm));
+  EXPECT_FALSE(in_sight(form.campo[59]));
+  form.campo[59].SetFocus();
+  dialog.Sync();
+  EXPECT_TRUE(in_sight(form.campo[59]));
+  EXPECT_TRUE(in_sight(form.confirm));
+
+  LongForm small(5);
+  small.campo[4].Visible = false;
+  FormDialog fits(small, desk.settings, nullptr);
+  fits.show();
+  fits.resize(1, 1);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&fits));
+  small.campo[4].Visible = true;
+  fits.Sync();
+  QApplication::processEvents();
+  const auto bars = fits.findChildren<QScrollBar*>();
+  const auto scrolls = [](const QScrollBar* bar) { return bar->maximum() > 0; };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::none_of(bars.begin(), bars.end(), scrolls); }))
+      << "never where it fits, also when more is shown";
 }
 
 }  // namespace

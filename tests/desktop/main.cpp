@@ -13,7 +13,6 @@ int main(int argc, char** argv) {
   QApplication::setStyle(new desktop::HouseStyle);
   QApplication::setQuitOnLastWindowClosed(false);
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
-  desktop::PortugueseTexts texts;
-  QCoreApplication::installTranslator(&texts);
+  desktop::SpeakPortuguese();
   return RUN_ALL_TESTS();
 }

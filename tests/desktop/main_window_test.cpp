@@ -1,5 +1,6 @@
 #include "desktop/main_window.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
@@ -69,6 +70,15 @@ TEST_F(MainWindowTest, AListShowsItsRowsAndTheirNumber) {
   EXPECT_EQ(page().CountText(), "3 registos · 1 seleccionado");
   EXPECT_TRUE(window.windowTitle().startsWith("Marcas"));
   EXPECT_TRUE(page().table().hasFocus());
+}
+
+TEST_F(MainWindowTest, ListAndSearchHaveNamesForThoseWhoCannotSeeThem) {
+  AddBrands();
+  const auto name_of = [](QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+  };
+  EXPECT_EQ(name_of(&page().table()), "Marcas");
+  EXPECT_EQ(name_of(window.actions().search), "Procurar na lista");
 }
 
 TEST_F(MainWindowTest, AnEmptyListOffersTheFirstRecordWhichItsFichaMakes) {
@@ -237,6 +247,7 @@ TEST_F(MainWindowTest, AWorkListOffersItsOwnCommandInsteadOfTheStandardOnes) {
   QStringList commands;
   for (const QAction* action : window.actions().record_menu->actions()) commands << action->text();
   EXPECT_TRUE(commands.contains("Actualizar")) << commands.join(", ").toStdString();
+  EXPECT_EQ(window.actions().reload->iconText(), "Recarregar") << "to read again is another thing";
 }
 
 TEST_F(MainWindowTest, ADatabaseThatIsGoneIsToldAndTheWindowGoesOn) {

@@ -71,10 +71,11 @@ class SampleForm : public platform::Form {
           SendKeys("+{TAB}");
       };
     title.Caption = "Código";
+    until.Caption = "Validade";
     layout.head.rows = {{{.caption = &title, .field = &code, .description = &description}},
                         {{.field = &name}},
                         {{.field = &cost}, {.field = &fuel}},
-                        {{.field = &kind}, {.field = &date}}};
+                        {{.field = &kind}, {.caption = &until, .field = &date}}};
     layout.actions = {&confirm, &fail, &leave};
     layout.accent = &confirm;
     Load();
@@ -83,6 +84,7 @@ class SampleForm : public platform::Form {
   platform::Label title{*this, "Titulo", 0};
   platform::zor_input code{*this, "Campo", 0};
   platform::Label description{*this, "Titulo", 1};
+  platform::Label until{*this, "Titulo", 2};
   platform::zor_input name{*this, "Campo", 1};
   platform::zor_input cost{*this, "Campo", 2};
   platform::CheckBox fuel{*this, "Check1"};

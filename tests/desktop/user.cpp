@@ -55,7 +55,7 @@ void Script::Answer(const QString& button) {
   Next([this, button](QWidget& window) {
     auto* box = qobject_cast<QMessageBox*>(&window);
     ASSERT_NE(box, nullptr) << "no message box, but " << window.windowTitle().toStdString();
-    boxes << box->text();
+    boxes << box->text() + box->detailedText();
     ClickButton(window, button);
   });
 }

@@ -19,7 +19,8 @@ class Script : public QObject {
   ~Script() override;
 
   void Next(std::function<void(QWidget& window)> step) { steps_.push_back(std::move(step)); }
-  /// The next window is a message box: its text is kept, and the button with this text is pressed.
+  /// The next window is a message box: its text is kept, with the details behind it, and the button with this
+  /// text is pressed.
   void Answer(const QString& button);
   /// The texts of the boxes answered so far.
   QStringList boxes;
