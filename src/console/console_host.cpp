@@ -1,11 +1,17 @@
 #include "console/console_host.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <ostream>
 
 namespace console {
 
 using platform::RuntimeError;
+
+ConsoleHost::~ConsoleHost() {
+  std::error_code failure;
+  if (!folder_.empty()) std::filesystem::remove_all(folder_, failure);
+}
 
 int ConsoleHost::MsgBox(const std::string& text, int style, const std::string& title) {
   messages_ << (title.empty() ? "" : title + ": ") << text << '\n';
@@ -34,7 +40,16 @@ void ConsoleHost::ShowReport(platform::MapaListagem& report) { messages_ << repo
 
 void ConsoleHost::OpenDocument(const std::string& path) { messages_ << path << '\n'; }
 
-std::string ConsoleHost::TemporaryFolder() { return std::filesystem::temp_directory_path().string() + "/"; }
+std::string ConsoleHost::TemporaryFolder() {
+  if (folder_.empty()) {
+    std::string name = std::filesystem::temp_directory_path() / "parvel-XXXXXX";
+    if (mkdtemp(name.data()) == nullptr)
+      throw RuntimeError(platform::kPathAccess, name,
+                         "Não foi possível criar uma pasta só sua para o documento, e nada foi escrito.");
+    folder_ = name + "/";
+  }
+  return folder_;
+}
 
 platform::Date ConsoleHost::Now() { return platform::SystemTime(); }
 

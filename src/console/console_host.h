@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "platform/host.h"
 
@@ -10,6 +11,10 @@ namespace console {
 class ConsoleHost : public platform::Host {
  public:
   explicit ConsoleHost(std::ostream& messages) : messages_(messages) {}
+  /// Takes the temporary folder away.
+  ~ConsoleHost() override;
+  ConsoleHost(const ConsoleHost&) = delete;
+  ConsoleHost& operator=(const ConsoleHost&) = delete;
 
   int MsgBox(const std::string& text, int style, const std::string& title) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
@@ -20,11 +25,13 @@ class ConsoleHost : public platform::Host {
   std::string ShowLookup(platform::ListaPesquisa& list) override;
   void ShowReport(platform::MapaListagem& report) override;
   void OpenDocument(const std::string& path) override;
+  /// Nobody else can look into it. Error 75 when it can't be made.
   std::string TemporaryFolder() override;
   platform::Date Now() override;
 
  private:
   std::ostream& messages_;
+  std::string folder_;
 };
 
 }  // namespace console

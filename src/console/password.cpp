@@ -12,6 +12,13 @@
 namespace console {
 namespace {
 
+constexpr char kVariable[] = "PARVEL_SENHA";
+
+std::optional<std::string> PasswordInEnvironment() {
+  const char* password = std::getenv(kVariable);
+  return password != nullptr ? std::optional<std::string>(password) : std::nullopt;
+}
+
 /// A terminal that does not show what is typed.
 class Silence {
  public:
@@ -58,8 +65,14 @@ std::string PasswordFromFile(const std::string& file) {
   return password;
 }
 
+std::optional<std::string> TakePassword() {
+  auto password = PasswordInEnvironment();
+  unsetenv(kVariable);
+  return password;
+}
+
 std::optional<std::string> KnownPassword(const std::string& file) {
-  if (const char* password = std::getenv("PARVEL_SENHA"); password != nullptr) return password;
+  if (auto password = PasswordInEnvironment()) return password;
   if (!file.empty()) return PasswordFromFile(file);
   return {};
 }

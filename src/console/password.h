@@ -5,6 +5,10 @@
 
 namespace console {
 
+/// The password in the environment (PARVEL_SENHA), which loses it: no program started from here inherits it.
+/// To be called while the program has one thread.
+std::optional<std::string> TakePassword();
+
 /// The password for a server as far as nobody need be asked: from the environment (PARVEL_SENHA), else from a
 /// file, when one is named. Throws as `PasswordFromFile`.
 std::optional<std::string> KnownPassword(const std::string& file);

@@ -1,11 +1,11 @@
 #include "desktop/desktop_host.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QUrl>
+#include <utility>
 
+#include "desktop/documents.h"
 #include "desktop/form_dialog.h"
 #include "desktop/lookup_dialog.h"
 #include "desktop/message_box.h"
@@ -96,14 +96,17 @@ void DesktopHost::ShowReport(platform::MapaListagem& report) {
   ReportDialog(source, ToQt(report.Titulo), Front()).exec();
 }
 
-void DesktopHost::OpenDocument(const std::string& path) {
-  if (QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)))) return;
-  ShowMessage(Front(), QStringLiteral("Não há programa que abra o ficheiro\n%1").arg(ToQt(path)),
-              platform::kOkOnly | platform::kExclamation, QStringLiteral("Abrir documento"));
-}
+void DesktopHost::OpenDocument(const std::string& path) { OpenOrSave(ToQt(path), Front()); }
 
 std::string DesktopHost::TemporaryFolder() {
   if (!temporary_) temporary_ = std::make_unique<QTemporaryDir>();
+  if (!temporary_->isValid()) {
+    const QString reason = std::exchange(temporary_, nullptr)->errorString();
+    throw platform::RuntimeError(
+        platform::kPathAccess, FromQt(reason),
+        "Não foi possível criar uma pasta só sua para o documento, e nada foi escrito. Verifique o espaço no "
+        "disco e as permissões da pasta temporária.");
+  }
   return FromQt(temporary_->path()) + "/";
 }
 

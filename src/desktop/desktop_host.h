@@ -31,8 +31,9 @@ class DesktopHost : public platform::Host {
   void ShowModal(platform::Form& form, platform::Form* owner) override;
   std::string ShowLookup(platform::ListaPesquisa& list) override;
   void ShowReport(platform::MapaListagem& report) override;
-  /// Says so in a box when the system has no viewer for the document.
+  /// A program or a script is never opened; that, and what the system has no viewer for, may be saved.
   void OpenDocument(const std::string& path) override;
+  /// Nobody else can look into it. Error 75 when it can't be made.
   std::string TemporaryFolder() override;
   platform::Date Now() override;
 

@@ -3,9 +3,11 @@
 #include <QTimer>
 #include <iostream>
 
+#include "console/password.h"
 #include "desktop/desktop_host.h"
 #include "desktop/house_style.h"
 #include "desktop/main_window.h"
+#include "desktop/message_box.h"
 #include "desktop/picture.h"
 #include "desktop/portuguese.h"
 #include "desktop/start_up.h"
@@ -76,18 +78,18 @@ int main(int argc, char** argv) {
   if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
 
+  options.password = console::TakePassword();
   int arguments = 1;  // the words are the program's own, not Qt's
   QApplication application(arguments, argv);
   QApplication::setOrganizationName(QStringLiteral("parvel"));
   QApplication::setApplicationName(QStringLiteral("parvel-desktop"));
   QApplication::setStyle(new HouseStyle);
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
-  PortugueseTexts texts;
-  QCoreApplication::installTranslator(&texts);
+  SpeakPortuguese();
   try {
     return options.picture.isEmpty() ? RunWindow(application, options) : RunPicture(options);
   } catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
+    std::cerr << FromQt(WithDetails(Describe(error))) << '\n';
     return kFailure;
   }
 }

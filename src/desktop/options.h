@@ -3,14 +3,16 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <string>
 
 namespace desktop {
 
 /// What the program was called with.
 struct Options {
-  QString database;       // empty: the usual one
-  QString connection;     // of a server; empty: a file, or the server chosen last time
-  QString password_file;  // with the server's password; empty: none
+  QString database;                     // empty: the usual one
+  QString connection;                   // of a server; empty: a file, or the server chosen last time
+  QString password_file;                // with the server's password; empty: none
+  std::optional<std::string> password;  // of the server, when the environment gave one
   bool demo = false;
   QString picture;  // a file: the window is painted into it, and the program ends
   QString list;

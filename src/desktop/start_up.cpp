@@ -24,8 +24,8 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   box.setWindowTitle(QStringLiteral("Base de dados"));
   box.setTextFormat(Qt::PlainText);
   box.setIcon(QMessageBox::Warning);
-  box.setText(QStringLiteral("Não foi possível abrir a base de dados.\n\n") + failure.headline +
-              QStringLiteral("\n") + failure.details);
+  box.setText(QStringLiteral("Não foi possível abrir a base de dados.\n\n") + failure.headline);
+  box.setDetailedText(failure.details);
   QPushButton* other = box.addButton(QStringLiteral("&Escolher outra…"), QMessageBox::AcceptRole);
   QPushButton* create = box.addButton(QStringLiteral("&Criar nova…"), QMessageBox::ActionRole);
   QPushButton* leave = box.addButton(QStringLiteral("&Sair"), QMessageBox::RejectRole);
@@ -39,18 +39,22 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   }
 }
 
+/// The password as far as nobody need be asked.
+std::optional<std::string> KnownPassword(const Options& options) {
+  return options.password ? options.password : console::KnownPassword(FromQt(options.password_file));
+}
+
 /// Opens a server without asking for its password.
 std::unique_ptr<Workspace> OpenServer(const QString& connection, const Options& options) {
   sqlserver::OpenOptions server;
   server.connection = FromQt(connection);
-  server.password = console::KnownPassword(FromQt(options.password_file)).value_or("");
+  server.password = KnownPassword(options).value_or("");
   return std::make_unique<Workspace>(sqlserver::Database::Open(server));
 }
 
 /// True when the server's user has a password that only the user knows.
 bool MustAskForPassword(const QString& connection, const Options& options) {
-  return sqlserver::ConnectionText(FromQt(connection)).NamesUser() &&
-         !console::KnownPassword(FromQt(options.password_file));
+  return sqlserver::ConnectionText(FromQt(connection)).NamesUser() && !KnownPassword(options);
 }
 
 }  // namespace
@@ -75,7 +79,7 @@ std::unique_ptr<Workspace> OpenAtStart(const Options& options, QSettings& settin
   try {
     if (!MustAskForPassword(server, options)) return OpenServer(server, options);
   } catch (const std::exception& error) {
-    dialog.ShowReason(QString::fromUtf8(error.what()));
+    dialog.ShowReason(WithDetails(Describe(error)));
   }
   return dialog.exec() == QDialog::Accepted ? dialog.Take() : nullptr;
 }

@@ -81,7 +81,7 @@ Variant Cl_ArquivoDigital::VisalizarDocumento(std::int32_t numero, long /*IdDaJa
                                    "Este documento não tem conteúdo: só o título foi guardado. Anexe o "
                                    "ficheiro de novo e apague este título.");
     ficheiro = percurso + platform::FileNameOf(Row(*rs).text("zor_ArquivoDigital_NomeFicheiro"));
-    platform::WriteFile(ficheiro, documento.block());
+    platform::WritePrivateFile(ficheiro, documento.block());
   }
   rs->Close();
   if (platform::FileExists(ficheiro)) platform::Host::Current().OpenDocument(ficheiro);

@@ -78,7 +78,7 @@ std::string Foto_Get(const Tipo& tipo, const DataAccessRef& bd, const std::strin
   if (!rs->Eof()) {
     const platform::Bytes imagem = Row(*rs).value("zor_Fotos_Imagem").ToBytes();
     ficheiro = NovoFicheiro();
-    platform::WriteFile(ficheiro, {reinterpret_cast<const char*>(imagem.data()), imagem.size()});
+    platform::WritePrivateFile(ficheiro, {reinterpret_cast<const char*>(imagem.data()), imagem.size()});
   }
   rs->Close();
   return ficheiro;

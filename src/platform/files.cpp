@@ -30,6 +30,15 @@ void WriteFile(const std::string& path, std::string_view data) {
   if (!file) throw RuntimeError(kPathAccess, path);
 }
 
+void WritePrivateFile(const std::string& path, std::string_view data) {
+  WriteFile(path, {});
+  using std::filesystem::perms;
+  std::error_code failure;
+  std::filesystem::permissions(path, perms::owner_read | perms::owner_write, failure);
+  if (failure) throw RuntimeError(kPathAccess, path);
+  WriteFile(path, data);
+}
+
 std::string FileNameOf(const std::string& path) { return path.substr(path.find_last_of("\\/") + 1); }
 
 }  // namespace platform

@@ -13,6 +13,8 @@ bool FileExists(const std::string& path);
 Bytes ReadFile(const std::string& path);
 /// Writes a whole file, over one that is there. Error 75 when it can't be written.
 void WriteFile(const std::string& path, std::string_view data);
+/// The same, for a file that nobody but the user may read.
+void WritePrivateFile(const std::string& path, std::string_view data);
 /// What stands behind the last "\" or "/" of a path.
 std::string FileNameOf(const std::string& path);
 

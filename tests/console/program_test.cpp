@@ -6,6 +6,7 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "console/console_host.h"
 #include "console/list_printer.h"
 #include "console/paths.h"
 #include "console/program_fixture.h"
@@ -16,6 +17,19 @@ namespace {
 namespace fs = std::filesystem;
 
 class ProgramTest : public ProgramFixture {};
+
+TEST(ConsoleHostTest, TheTemporaryFolderIsTheUsersAloneAndGoesWithTheHost) {
+  std::ostringstream messages;
+  std::string made;
+  {
+    ConsoleHost host(messages);
+    made = host.TemporaryFolder();
+    EXPECT_EQ(host.TemporaryFolder(), made);
+    EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
+    std::ofstream(made + "foto.jpg") << "x";
+  }
+  EXPECT_FALSE(fs::exists(made));
+}
 
 TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();

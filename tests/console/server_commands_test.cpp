@@ -75,7 +75,8 @@ TEST_F(ServerCommandsTest, ThePasswordIsReadFromWhereNobodyElseReads) {
   EXPECT_EQ(KnownPassword(File("senha")), "seg;redo");
   setenv("PARVEL_SENHA", "do ambiente", 1);
   EXPECT_EQ(KnownPassword(File("senha")), "do ambiente");
-  unsetenv("PARVEL_SENHA");
+  EXPECT_EQ(TakePassword(), "do ambiente");
+  EXPECT_EQ(getenv("PARVEL_SENHA"), nullptr) << "what is started from here inherits it";
   EXPECT_EQ(KnownPassword(""), std::nullopt);
   fs::resize_file(File("senha"), 0);
   EXPECT_THROW(PasswordFromFile(File("senha")), std::runtime_error);

@@ -1,5 +1,6 @@
 #include "documents/arquivo_form.h"
 
+#include <filesystem>
 #include <new>
 
 #include "platform/files.h"
@@ -63,6 +64,8 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   Choose("&Visualizar");
   ASSERT_EQ(host.opened.size(), 2U);
   EXPECT_EQ(Contents(host.opened[0]), content);
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(host.opened[0]).permissions(), perms::owner_read | perms::owner_write);
 
   host.AnswerInput("");
   Choose("&Renomear");
