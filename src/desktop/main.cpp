@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QLocale>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <iostream>
 
@@ -75,9 +76,8 @@ int main(int argc, char** argv) {
     (reply->exit_code == 0 ? std::cout : std::cerr) << FromQt(reply->text);
     return reply->exit_code;
   }
-  if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-
+  const QTemporaryDir screen;
+  if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) UseScreenOfItsOwn(screen);
   options.password = console::TakePassword();
   int arguments = 1;  // the words are the program's own, not Qt's
   QApplication application(arguments, argv);

@@ -1,9 +1,11 @@
 #include "desktop/picture.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPainter>
 #include <QPalette>
 #include <QTabBar>
+#include <QTemporaryDir>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -17,6 +19,10 @@ namespace {
 
 constexpr int kWidth = 84;  // in lines of text
 constexpr int kHeight = 46;
+
+/// For the toolkit; large enough for any ficha at any scale.
+constexpr char kScreen[] = R"({"screens":[{"name":"retrato","x":0,"y":0,"width":7680,"height":4320,)"
+                           R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
 
 /// A dialog with a plain frame and title: there is no window manager to give it one.
 void PaintDialog(QPainter& painter, QWidget& dialog, const QPoint& place) {
@@ -55,6 +61,14 @@ void CloseDialogs() {
 }
 
 }  // namespace
+
+void UseScreenOfItsOwn(const QTemporaryDir& folder) {
+  QFile description(folder.filePath(QStringLiteral("ecra.json")));
+  const bool described =
+      description.open(QIODevice::WriteOnly) && description.write(kScreen) > 0 && description.flush();
+  qputenv("QT_QPA_PLATFORM",
+          described ? "offscreen:configfile=" + QFile::encodeName(description.fileName()) : "offscreen");
+}
 
 void UseDarkColors() {
   QPalette palette;

@@ -2,9 +2,15 @@
 
 #include "desktop/options.h"
 
+class QTemporaryDir;
+
 namespace desktop {
 
 class MainWindow;
+
+/// Before the application is made: paints on a screen of its own, which has room for any ficha. The toolkit
+/// reads what the screen is like from the folder.
+void UseScreenOfItsOwn(const QTemporaryDir& folder);
 
 /// Colours of a dark desktop, for pictures.
 void UseDarkColors();
