@@ -3,9 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QLayout>
-#include <QScreen>
 #include <QScrollBar>
-#include <QStyle>
 
 #include "desktop/look.h"
 
@@ -31,14 +29,13 @@ QSize FichaArea::Within(const QSize& wanted) const {
   return size.boundedTo(room);
 }
 
-/// The screen without the window's frame and without what stands beside the area.
+/// The screen without what stands beside the area.
 QSize FichaArea::Room() const {
   const QLayout* layout = window()->layout();
   const QMargins margins = layout->contentsMargins();
-  QSize room = window()->screen()->availableSize();
+  QSize room = RoomOnScreen(window());
   room -= {margins.left() + margins.right(), margins.top() + margins.bottom()};
-  room.rheight() -=
-      style()->pixelMetric(QStyle::PM_TitleBarHeight) + layout->spacing() * (layout->count() - 1);
+  room.rheight() -= layout->spacing() * (layout->count() - 1);
   for (int i = 0; i < layout->count(); ++i)
     if (layout->itemAt(i)->widget() != this) room.rheight() -= layout->itemAt(i)->minimumSize().height();
   return room;

@@ -2,6 +2,8 @@
 
 #include <QEvent>
 #include <QFontMetrics>
+#include <QScreen>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -54,6 +56,11 @@ class MutedColor : public QObject {
 int Em(const QWidget* widget) { return widget->fontMetrics().height(); }
 int Gap(const QWidget* widget) { return std::max(1, Em(widget) / 2); }
 int WideGap(const QWidget* widget) { return Em(widget); }
+
+QSize RoomOnScreen(const QWidget* window) {
+  const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  return window->screen()->availableSize() - QSize(0, title);
+}
 
 int FromTwips(float twips, const QWidget* widget) {
   return static_cast<int>(std::lround(twips * PixelsPerTwip(widget)));

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QSize>
 #include <QWidget>
 
 namespace desktop {
@@ -10,6 +11,9 @@ namespace desktop {
 int Em(const QWidget* widget);       // the height of a line
 int Gap(const QWidget* widget);      // between things that belong together
 int WideGap(const QWidget* widget);  // between groups, and the margin of a window
+
+/// The largest size that a window may have on its screen, which its title bar shares.
+QSize RoomOnScreen(const QWidget* window);
 
 /// Twips in pixels: 15 to a pixel at 100 % and the usual font, more with a larger one.
 int FromTwips(float twips, const QWidget* widget);

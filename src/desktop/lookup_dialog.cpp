@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 
 #include "desktop/house_style.h"
@@ -73,7 +72,7 @@ void LookupDialog::SizeToColumns() {
   int width = std::max(table_->WidthWanted(), FromTwips(static_cast<float>(list_.Largura), this));
   width += table_->verticalScrollBar()->sizeHint().width() + 2 * (table_->frameWidth() + WideGap(this));
   const int height = table_->verticalHeader()->defaultSectionSize() * kLines + Em(this) * 6;
-  resize(QSize(width, height).boundedTo(screen()->availableSize()));
+  resize(QSize(width, height).boundedTo(RoomOnScreen(this)));
 }
 
 void LookupDialog::Narrow(const QString& text) {

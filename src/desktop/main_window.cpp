@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <cstring>
@@ -49,7 +48,7 @@ MainWindow::MainWindow(QSettings& settings)
   ConnectAlerts();
   FillFichas();
   Update();
-  resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(screen()->availableSize()));
+  resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(RoomOnScreen(this)));
   restoreGeometry(settings_.value(kPlace).toByteArray());
   splitter_->restoreState(settings_.value(kSplit).toByteArray());
 }

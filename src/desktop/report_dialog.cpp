@@ -8,7 +8,6 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScreen>
 
 #include "desktop/desktop_host.h"
 #include "desktop/house_style.h"
@@ -46,7 +45,7 @@ ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* pa
   connect(preview_, &QPrintPreviewWidget::paintRequested, this,
           [this](QPrinter* printer) { Guarded(this, [&] { table_.Print(*printer); }); });
   connect(preview_, &QPrintPreviewWidget::previewChanged, this, &ReportDialog::ShowPage);
-  resize(QSize(Em(this) * 60, Em(this) * 48).boundedTo(screen()->availableSize()));
+  resize(QSize(Em(this) * 60, Em(this) * 48).boundedTo(RoomOnScreen(this)));
   preview_->fitToWidth();
 }
 
