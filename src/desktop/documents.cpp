@@ -83,7 +83,7 @@ void OfferToSave(const QString& path, const QString& reason, QWidget* parent) {
   QPushButton* leave = box.addButton(QStringLiteral("Cancelar"), QMessageBox::RejectRole);
   box.setDefaultButton(leave);
   box.setEscapeButton(leave);
-  box.exec();
+  Run(box);
   if (box.clickedButton() == save) SaveCopy(path, parent);
 }
 

@@ -85,12 +85,12 @@ class TypedAhead : public QObject {
   QElapsedTimer shown_;
 };
 
+}  // namespace
+
 void Run(QMessageBox& box) {
   const TypedAhead guard(box);
   box.exec();
 }
-
-}  // namespace
 
 int ShowMessage(QWidget* parent, const QString& text, int style, const QString& title) {
   QMessageBox box(parent);

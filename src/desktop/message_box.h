@@ -4,9 +4,13 @@
 #include <exception>
 #include <functional>
 
+class QMessageBox;
 class QWidget;
 
 namespace desktop {
+
+/// Shows a box until it is answered, which keys that were typed ahead don't do.
+void Run(QMessageBox& box);
 
 /// A modal message box by the module's style bits; the answer by the module's numbers. Closing it, or Escape,
 /// is the answer that declines.

@@ -32,7 +32,7 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   box.setDefaultButton(other);
   box.setEscapeButton(leave);
   while (true) {
-    box.exec();
+    Run(box);
     if (box.clickedButton() != other && box.clickedButton() != create) return {};
     QString file = box.clickedButton() == other ? AskForDatabase(parent) : AskForNewDatabase(parent);
     if (!file.isEmpty()) return file;
