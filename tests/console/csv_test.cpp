@@ -17,6 +17,7 @@ TEST(Csv, TellsSeparatorAndEncoding) {
                {"a,b\n\"1.5\",2\n", ',', true},
                {"a\tb\n1.234\t5\n", '\t', true},
                {"a|b\n1.234,56|5\n", '|', true},
+               {"a,b,c\td\n", ',', true},
                {"\xEF\xBB\xBF"
                 "a;b\ncaf\xC3\xA9;1\n",
                 ';', true},

@@ -58,6 +58,12 @@ TEST_F(ImportTest, AFileThatCannotBeReadStoresNothing) {
   EXPECT_EQ(MakeImportTarget("multas?", bd), nullptr);
 }
 
+TEST_F(ImportTest, AnEmptyFieldHoldsNothingOfTheRowBefore) {
+  Import("viaturas", "Matricula;ValContrato;Mensalidade;Obs\nAA;01-02-2024;5;x\nBB;;;\n");
+  EXPECT_EQ(Rows(bd, "SELECT ValContrato, Mensalidade, Obs FROM zor_PV_Viaturas WHERE Matricula='BB'"),
+            (Table{{"NULL", "0", ""}}));
+}
+
 TEST_F(ImportTest, WhatTheFileLeavesOutComesFromTheType) {
   Import("gastos", "Matricula,Data,TipoGasto,Qtd,Km\n12-AB-34,2024-03-01T08:30,GASOLEO,40.5,10000\n");
   EXPECT_EQ(Rows(bd, "SELECT Data, ValorUn, Custo, Motorista FROM zor_PV_Gastos"),
@@ -147,6 +153,8 @@ TEST_F(ImportTest, AQuoteThatSwallowsRowsRefusesTheFile) {
             (Table{{"Posto \"A\"\nda ponte"}, {"A1"}}));
   Import("gastos", header + "12-AB-34;04-03-2024;NADA;5;\"A\n\n1\"\n");
   EXPECT_EQ(report.str(), "linhas 2 a 4, TipoGasto: Tipo Gasto não existente!\n");
+  Import("gastos", header + "12-AB-34;04-03-2024;NADA;5;\"A\n1\"");
+  EXPECT_EQ(report.str(), "linhas 2 a 3, TipoGasto: Tipo Gasto não existente!\n");
 }
 
 TEST_F(ImportTest, OfEqualRowsThoseAreNewThatTheDatabaseLacks) {
