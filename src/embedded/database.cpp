@@ -1,7 +1,13 @@
 #include "embedded/database.h"
 
+#include <filesystem>
+
+#include "embedded/database_copy.h"
 #include "embedded/database_file.h"
+#include "embedded/database_look.h"
+#include "embedded/database_restore.h"
 #include "embedded/engine.h"
+#include "embedded/file_steps.h"
 #include "embedded/schema.h"
 
 namespace schema {
@@ -22,25 +28,63 @@ class EngineConnection : public platform::Connection {
   std::shared_ptr<Engine> engine_;
 };
 
+Schema SchemaOf(const OpenOptions& options) {
+  return Schema::Parse(options.schema.empty() ? schema::kTables : options.schema);
+}
+
+/// Says so when others than its owner may read a file.
+void CheckMode(const std::string& path, std::vector<std::string>& problems) {
+  using std::filesystem::perms;
+  const perms mode = std::filesystem::status(path).permissions();
+  if ((mode & (perms::group_all | perms::others_all)) != perms::none)
+    problems.push_back(
+        "Outros utilizadores desta máquina podem entrar no ficheiro, que tem dados de pessoas. "
+        "Para que só o dono possa: chmod 600 \"" +
+        path + "\"");
+}
+
 }  // namespace
 
 Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
 Database::~Database() = default;
 
 std::shared_ptr<Database> Database::Open(const std::string& path, OpenOptions options) {
-  Schema tables = Schema::Parse(options.schema.empty() ? schema::kTables : options.schema);
-  SqliteConnection connection = OpenDatabaseFile(path, tables.version, options.busyTimeout);
-  BringUpToDate(connection, tables, path);
-  UseWriteAheadLog(connection, options.busyTimeout);
+  Schema tables = SchemaOf(options);
+  SqliteConnection connection =
+      path == ":memory:" ? OpenDatabaseInMemory(tables) : OpenDatabaseFile(path, tables, options.busyTimeout);
   Clock clock = options.clock ? std::move(options.clock) : Clock(&platform::SystemTime);
-  auto engine =
-      std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog), std::move(clock));
+  auto engine = std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog),
+                                         std::move(clock), LogLimits{options.logLimit, options.busyTimeout});
   return std::shared_ptr<Database>(new Database(std::move(engine)));
+}
+
+std::string Database::Restore(const std::string& path, const std::string& copy, const OpenOptions& options) {
+  const platform::Date now = options.clock ? options.clock() : platform::SystemTime();
+  return RestoreDatabase(path, copy, SchemaOf(options).version, now, options.busyTimeout);
+}
+
+FileReport Database::Check(const std::string& path, const OpenOptions& options) {
+  const std::string file = RealPath(path);
+  RequireFolder(file);
+  const FolderLock lock(file, options.busyTimeout);
+  const SqliteConnection connection = OpenExamined(file, SchemaOf(options).version, options.busyTimeout);
+  FileReport report;
+  report.version = connection.Number("PRAGMA user_version");
+  for (const auto& [table, rows] : CountRows(connection)) {
+    ++report.tables;
+    report.rows += rows;
+  }
+  const std::string faults = Faults(connection);
+  if (faults != "ok")
+    report.problems.push_back("Está danificada: reponha a última cópia com «parvel repor CÓPIA».\n" + faults);
+  CheckMode(file, report.problems);
+  return report;
 }
 
 const std::string& Database::path() const { return engine_->path(); }
 
 void Database::CopyTo(const std::string& file) { engine_->CopyTo(file); }
+void Database::KeepLogShort() { engine_->KeepLogShort(); }
 
 void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "embedded/database_check.h"
 #include "host/store.h"
 #include "platform/date.h"
 
@@ -17,24 +19,37 @@ struct OpenOptions {
   std::function<platform::Date()> clock;
   /// How long a write waits for another process before it fails.
   std::chrono::milliseconds busyTimeout{5000};
+  /// Bytes past which the log beside the file is brought back into it, and rows still unread are read.
+  std::int64_t logLimit = std::int64_t{64} << 20;
   /// The schema to create or upgrade to; empty: the program's own.
   std::string schema;
 };
 
-/// The embedded engine: the data-access contract on one SQLite file, which it creates when it is missing.
+/// The embedded engine: the data-access contract on one SQLite file, which it creates where no file is.
 /// Every write is durable when its call returns. Several processes may hold one file.
 class Database : public zorCrmParvel::Store {
  public:
   /// Opens, creates or upgrades a database; ":memory:" lives in memory. A file that is no database of this
-  /// program, is newer than the program, or can't be opened raises error -2147467259 and is left as it was.
+  /// program, is newer than the program, has the log of another file beside it or can't be opened raises
+  /// error -2147467259 and is left as it was.
   static std::shared_ptr<Database> Open(const std::string& path, OpenOptions options = {});
+  /// Puts a copy in the place of a file that no program has open, this one included. What was there stays,
+  /// under the dated name that is given back (empty: nothing was there). Error -2147467259, with nothing
+  /// changed, when the copy is no sound database of this program or the file is in use.
+  static std::string Restore(const std::string& path, const std::string& copy,
+                             const OpenOptions& options = {});
+  /// Looks at a file from end to end. Errors as of `Open`; nothing is created or upgraded.
+  static FileReport Check(const std::string& path, const OpenOptions& options = {});
   ~Database() override;
 
   /// The file's path as it was given.
   const std::string& path() const;
-  /// Writes a consistent copy of the database to a new file. Error -2147467259 when the file exists or can't
-  /// be written.
+  /// Writes a consistent copy of the database to a new file, and compares it. Error -2147467259 when the file
+  /// exists or can't be written.
   void CopyTo(const std::string& file);
+  /// Brings back a log that has grown past its limit, and reads what is still unread, since that holds the
+  /// log. For a program that rests with rows open: now and then.
+  void KeepLogShort();
 
   /// Other processes can't write while a batch is under way.
   using Batch = zorCrmParvel::Batch;

@@ -1,25 +1,24 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <string>
 
+#include "embedded/schema.h"
 #include "embedded/sqlite.h"
 
 namespace embedded {
 
-/// Opens the file of a database, or creates an empty one; ":memory:" lives in memory. The connection waits
+/// Opens the file of a database, creates it where no file is, or brings it up to date. The connection waits
 /// `busyTimeout` for others, makes every commit durable and knows the server's order and functions. Raises
-/// -2147467259, with the file left as it was, for anything but a database of this program that `knownVersion`
-/// or an earlier version wrote.
-SqliteConnection OpenDatabaseFile(const std::string& path, std::int64_t knownVersion,
+/// -2147467259, with the file left as it was, for anything but a database of this program of the schema's
+/// version or an earlier one, and for a place on another machine.
+SqliteConnection OpenDatabaseFile(const std::string& name, const Schema& schema,
                                   std::chrono::milliseconds busyTimeout);
 
-/// Lets readers and one writer work at the same time; waits `busyTimeout` for others who open the file just
-/// now. Only once the file holds its tables and marks.
-void UseWriteAheadLog(const SqliteConnection& connection, std::chrono::milliseconds busyTimeout);
+/// The same in memory.
+SqliteConnection OpenDatabaseInMemory(const Schema& schema);
 
-/// Writes a copy to a file that does not exist yet, and makes it durable. Error -2147467259 otherwise.
-void CopyDatabase(const SqliteConnection& connection, const std::string& file);
+/// Raises -2147467259 unless databases can be kept in the folder of a file. The path is absolute.
+void RequireFolder(const std::string& path);
 
 }  // namespace embedded

@@ -1,6 +1,6 @@
 #include "embedded/engine.h"
 
-#include "embedded/database_file.h"
+#include "embedded/database_copy.h"
 #include "embedded/edit_recordset.h"
 #include "embedded/select_recordset.h"
 #include "platform/runtime_error.h"
@@ -24,9 +24,11 @@ class RunGuard {
 
 }  // namespace
 
-Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock)
+Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock,
+               const LogLimits& limits)
     : path_(std::move(path)),
       connection_(std::move(connection)),
+      log_(connection_, limits.bytes, limits.busyTimeout),
       catalog_(std::move(catalog)),
       clock_(std::move(clock)),
       plans_(connection_.get(), catalog_) {}
@@ -49,13 +51,16 @@ platform::RecordsetRef Engine::Open(const std::string& statement, Plan::Use use)
 void Engine::Run(const std::string& statement) { Run(*Begin(statement, Plan::Use::kRead)); }
 
 void Engine::Run(const Plan& plan) {
-  const RunGuard guard(plan.rows());
-  if (!plan.reads()) {
-    SettleToWrite();
-    RequireInPlace();
+  {
+    const RunGuard guard(plan.rows());
+    if (!plan.reads()) {
+      SettleToWrite();
+      RequireInPlace();
+    }
+    while (plan.rows().Step()) {
+    }
   }
-  while (plan.rows().Step()) {
-  }
+  if (!plan.reads()) Written();
 }
 
 int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*)>& bind) {
@@ -66,10 +71,15 @@ int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*
     if (writes_.size() == kMostWrites) writes_.clear();
     found = writes_.emplace(sql, SqliteStatement(connection_.get(), sql)).first;
   }
-  const RunGuard guard(found->second);
-  bind(found->second.get());
-  found->second.Step();
-  return sqlite3_changes(connection_.get());
+  int hit = 0;
+  {
+    const RunGuard guard(found->second);
+    bind(found->second.get());
+    found->second.Step();
+    hit = sqlite3_changes(connection_.get());
+  }
+  Written();
+  return hit;
 }
 
 void Engine::BeginSnapshot() {
@@ -101,11 +111,22 @@ void Engine::CommitBatch() {
   Settle();
   batch_->Commit();
   batch_.reset();
+  Written();
 }
 
 void Engine::CopyTo(const std::string& file) {
   SettleToWrite();
   CopyDatabase(connection_, file);
+}
+
+void Engine::KeepLogShort() {
+  if (batch_ || inSnapshot_ || !log_.IsLong()) return;
+  Settle();
+  log_.BringBack();
+}
+
+void Engine::Written() {
+  if (!batch_) log_.Written();
 }
 
 void Engine::Settle() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,6 +12,7 @@
 #include "embedded/plan.h"
 #include "embedded/plan_cache.h"
 #include "embedded/sqlite.h"
+#include "embedded/write_ahead_log.h"
 #include "platform/recordset.h"
 #include "tsql/catalog.h"
 
@@ -17,13 +20,20 @@ namespace embedded {
 
 class SelectRecordset;
 
+/// How far the log may grow, in bytes, and how long others are waited for.
+struct LogLimits {
+  std::int64_t bytes;
+  std::chrono::milliseconds busyTimeout;
+};
+
 /// One open database: it runs statements for `Database` and for the recordsets that came of them, and lives
 /// as long as any of them needs it. Before a statement starts, the recordsets that still read from the file
 /// are read to their end, so that they show the tables as they were, and the new statement sees them as they
 /// are. Only within a snapshot do several read side by side.
 class Engine : public std::enable_shared_from_this<Engine> {
  public:
-  Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock);
+  Engine(std::string path, SqliteConnection connection, tsql::Catalog catalog, Clock clock,
+         const LogLimits& limits);
 
   const std::string& path() const { return path_; }
 
@@ -31,6 +41,8 @@ class Engine : public std::enable_shared_from_this<Engine> {
   void Run(const std::string& statement);
   /// Writes a copy to a file that does not exist yet.
   void CopyTo(const std::string& file);
+  /// Brings back a log past its limit, after reading what is still unread: that holds it.
+  void KeepLogShort();
 
   // Reads that see one state of the data; they nest, and the first write ends them.
   void BeginSnapshot();
@@ -56,11 +68,13 @@ class Engine : public std::enable_shared_from_this<Engine> {
   void Run(const Plan& plan);
   void Settle();
   void SettleToWrite();
+  void Written();
   void LeaveSnapshot() noexcept;
   void RequireInPlace() const;
 
   std::string path_;
   SqliteConnection connection_;
+  WriteAheadLog log_;
   tsql::Catalog catalog_;
   Clock clock_;
   PlanCache plans_;

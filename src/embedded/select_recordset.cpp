@@ -56,9 +56,10 @@ SelectRecordset::SelectRecordset(std::shared_ptr<Engine> engine, std::shared_ptr
 SelectRecordset::~SelectRecordset() { Finish(); }
 
 // One more row than asked for shows whether there is another, and often ends the read of the file; then ever
-// more.
+// more. A log that has grown long meanwhile waits for the end of the read.
 bool SelectRecordset::Reach(std::size_t row) {
   if (row < store().rows()) return true;
+  if (const auto engine = engine_; engine != nullptr && store().rows() > 0) engine->KeepLogShort();
   const std::size_t wanted = row + std::clamp(store().rows(), std::size_t{1}, kMostRowsAhead);
   while (store().rows() <= wanted && ReadRow()) {
   }

@@ -55,7 +55,9 @@ const char* FailureText(int code) {
       return "Não foi possível abrir o ficheiro da base de dados. Verifique o caminho e as permissões da "
              "pasta.";
     case SQLITE_CORRUPT:
-      return "A base de dados está danificada. Feche o programa e reponha a última cópia de segurança.";
+      return "A base de dados está danificada. Feche o programa e reponha a última cópia de segurança: "
+             "«parvel "
+             "repor CÓPIA», ou \"Ficheiro > Repor cópia…\".";
     case SQLITE_NOTADB:
       return "O ficheiro não é uma base de dados deste programa. Escolha outro ficheiro.";
     case SQLITE_IOERR:
@@ -108,6 +110,19 @@ std::int64_t SqliteConnection::Number(const std::string& sql) const {
 std::string SqliteConnection::Text(const std::string& sql) const {
   const SqliteStatement statement(get(), sql);
   return statement.Step() ? statement.Text(0) : std::string();
+}
+
+// The characters that mean something in a URI are escaped.
+SqliteConnection OpenStill(const std::string& path) {
+  constexpr const char* kHex = "0123456789ABCDEF";
+  std::string uri = "file:";
+  for (const char c : path) {
+    if (c == '%' || c == '?' || c == '#')
+      uri.append({'%', kHex[static_cast<unsigned char>(c) >> 4], kHex[c & 15]});
+    else
+      uri += c;
+  }
+  return {uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
 }
 
 SqliteStatement::SqliteStatement(sqlite3* connection, std::string_view sql) {

@@ -18,7 +18,8 @@ namespace embedded {
 class SqliteConnection {
  public:
   SqliteConnection() = default;
-  /// `flags` are SQLITE_OPEN_…; always without SQLite's own locks, for use by one thread.
+  /// The file's path is absolute, or ":memory:". `flags` are SQLITE_OPEN_…; always without SQLite's own
+  /// locks, for use by one thread.
   SqliteConnection(const std::string& file, int flags);
 
   sqlite3* get() const { return connection_.get(); }
@@ -27,6 +28,12 @@ class SqliteConnection {
   /// The first column of the first row, 0 when there is none.
   std::int64_t Number(const std::string& sql) const;
   std::string Text(const std::string& sql) const;
+  /// True when the last call failed because others hold the file.
+  bool WasBusy() const { return (sqlite3_errcode(get()) & 0xFF) == SQLITE_BUSY; }
+  /// Whether a log that is left when the connection closes stays as it is instead of going into the file.
+  void KeepLogAtClose(bool keep) const {
+    sqlite3_db_config(get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keep ? 1 : 0, nullptr);
+  }
 
  private:
   struct Closer {
@@ -34,6 +41,10 @@ class SqliteConnection {
   };
   std::unique_ptr<sqlite3, Closer> connection_;
 };
+
+/// A connection to a file as it lies there, without its log and without any lock: nobody writes to it.
+/// The path is absolute.
+SqliteConnection OpenStill(const std::string& path);
 
 /// A prepared statement.
 class SqliteStatement {

@@ -3,8 +3,11 @@
 #include <fstream>
 #include <thread>
 
+#include "embedded/collation.h"
+#include "embedded/file_system.h"
 #include "embedded/sqlite.h"
 #include "engine_fixture.h"
+#include "support/child.h"
 #include "support/files.h"
 
 namespace embedded_tests {
@@ -47,7 +50,6 @@ class FileTest : public testing::Test {
 };
 
 TEST_F(FileTest, KeepsItsRowsAndWritesNothingWhenItIsUpToDate) {
-  WriteContents(file_, "");  // an empty file becomes a database
   Add(Open(), "A1");
   const std::string before = Contents(file_);
   EXPECT_EQ(Codes(Open()), (Table{{"A1"}}));
@@ -57,12 +59,14 @@ TEST_F(FileTest, KeepsItsRowsAndWritesNothingWhenItIsUpToDate) {
 }
 
 TEST_F(FileTest, RefusesWhatIsNoDatabaseOfThisProgram) {
+  WriteContents(file_, "");
+  ExpectRefused("está vazio: não é uma base de dados. Reponha uma cópia");
   WriteContents(file_, "\x89PNG\r\n\x1a\n" + std::string(5000, 'x'));
   ExpectRefused("não é uma base de dados");
   WriteContents(file_, "SQLite");
   ExpectRefused("não é uma base de dados");
   WriteContents(file_, std::string("SQLite format 3\0", 16) + std::string(4080, '\xff'));
-  ExpectRefused("outro programa");
+  ExpectRefused("não é uma base de dados");
   fs::remove(file_);
   for (const char* mark : {"", "PRAGMA application_id = 99;", "PRAGMA journal_mode = WAL;"}) {
     SqliteConnection(file_, kCreate).Execute(std::string(mark) + "CREATE TABLE notas (texto)");
@@ -73,6 +77,36 @@ TEST_F(FileTest, RefusesWhatIsNoDatabaseOfThisProgram) {
   EXPECT_NE(ErrorOf([&] { Open(); }).find("é uma pasta"), std::string::npos);
   file_ = folder_.File("nada/frota.parvel");
   EXPECT_NE(ErrorOf([&] { Open(); }).find("não existe"), std::string::npos);
+  EXPECT_NE(ErrorOf([&] { Database::Open("", Options()); }).find("Falta o nome"), std::string::npos);
+}
+
+TEST_F(FileTest, AForeignDatabaseIsNotChangedByLookingAtItNorIsItsLog) {
+  testing_support::InKilledProgram([this] {
+    const SqliteConnection foreign(file_, kCreate);
+    foreign.Execute("PRAGMA journal_mode = WAL; CREATE TABLE notas (texto); INSERT INTO notas VALUES ('x')");
+    _exit(0);
+  });
+  const std::string before = Contents(file_) + Contents(file_ + "-wal");
+  EXPECT_NE(ErrorOf([&] { Open(); }).find("outro programa"), std::string::npos);
+  EXPECT_EQ(Contents(file_) + Contents(file_ + "-wal"), before);
+}
+
+TEST_F(FileTest, WhatWasHalfDoneIsUndoneBeforeItIsLookedAt) {
+  {
+    const auto database = Open();
+    for (int i = 1000; i < 1300; ++i) Add(database, std::to_string(i));
+  }
+  testing_support::InKilledProgram([this] {
+    const SqliteConnection other(file_, SQLITE_OPEN_READWRITE);
+    embedded::RegisterCollation(other.get());
+    other.Execute(
+        "PRAGMA journal_mode = DELETE; PRAGMA cache_size = 2; PRAGMA cache_spill = 2; BEGIN; "
+        "UPDATE Codigos SET Nome = Codigo || hex(zeroblob(15)); PRAGMA application_id = 7; "
+        "CREATE TABLE x AS SELECT * FROM Codigos");
+    _exit(0);
+  });
+  ASSERT_TRUE(fs::exists(file_ + "-journal"));
+  EXPECT_EQ(testing_support::Rows(Open(), "SELECT Codigo FROM Codigos WHERE Nome IS NULL").size(), 300u);
 }
 
 TEST_F(FileTest, RefusesADatabaseOfALaterVersionOrDamaged) {
@@ -94,6 +128,81 @@ TEST_F(FileTest, OpensAReadOnlyFileForReading) {
   const auto later = Options("-- versão 4\nCREATE TABLE Outra (Codigo int NULL);");
   EXPECT_NE(ErrorOf([&] { Open(later); }).find("versão anterior"), std::string::npos);
   EXPECT_EQ(Contents(file_), before);
+}
+
+TEST_F(FileTest, AReadOnlyFileIsReadThroughTheLogThatIsBesideIt) {
+  testing_support::InKilledProgram([this] {
+    Add(Open(), "A");
+    const auto database = Open();
+    Add(database, "B");
+    _exit(0);
+  });
+  ASSERT_TRUE(fs::exists(file_ + "-wal"));
+  ASSERT_EQ(chmod(file_.c_str(), 0444), 0);
+  const std::string before = Contents(file_) + Contents(file_ + "-wal");
+  EXPECT_EQ(Codes(Open()), (Table{{"A"}, {"B"}}));
+  EXPECT_EQ(Contents(file_) + Contents(file_ + "-wal"), before);
+}
+
+TEST_F(FileTest, OnlyTheOwnerReadsWhatIsNewAndWhatIsThereKeepsItsMode) {
+  const auto mode = [](const std::string& file) { return fs::status(file).permissions(); };
+  const std::string copy = folder_.File("cópia.parvel");
+  {
+    const auto database = Open();
+    Add(database, "A");
+    database->CopyTo(copy);
+    for (const std::string& file : {file_, file_ + "-wal", file_ + "-shm", copy})
+      EXPECT_EQ(mode(file), fs::perms(0600)) << file;
+  }
+  ASSERT_EQ(chmod(file_.c_str(), 0640), 0);
+  EXPECT_EQ(Database::Check(copy, Options()).problems.size(), 0u);
+  const auto report = Database::Check(file_, Options());
+  ASSERT_EQ(report.problems.size(), 1u);
+  EXPECT_NE(report.problems[0].find("chmod 600"), std::string::npos) << report.problems[0];
+  EXPECT_EQ(report.version, 3);
+  EXPECT_EQ(report.tables, 3);
+  EXPECT_EQ(report.rows, 3);
+  Database::Restore(file_, copy, Options());
+  EXPECT_EQ(mode(file_), fs::perms(0640));
+}
+
+TEST(Places, OnOtherMachinesAreKnownByTheirFileSystem) {
+  using embedded::FileSystem;
+  for (const auto& [magic, kind] :
+       std::vector<std::pair<long, FileSystem>>{{0x6969, FileSystem::kNetwork},
+                                                {0xFF534D42, FileSystem::kNetwork},
+                                                {static_cast<std::int32_t>(0xFE534D42), FileSystem::kNetwork},
+                                                {0x517B, FileSystem::kNetwork},
+                                                {0x65735546, FileSystem::kUserSpace},
+                                                {0xEF53, FileSystem::kLocal},
+                                                {0x01021994, FileSystem::kLocal}})
+    EXPECT_EQ(embedded::FileSystemOf(magic), kind) << magic;
+  for (const char* type : {"fuse.sshfs", "fuse.gvfsd-fuse", "fuse.smbnetfs", "fuse.rclone"})
+    EXPECT_TRUE(embedded::IsNetworkType(type)) << type;
+  for (const char* type : {"fuseblk", "fuse.ntfs-3g", "ext4", ""})
+    EXPECT_FALSE(embedded::IsNetworkType(type)) << type;
+}
+
+TEST_F(FileTest, RowsLeftUnreadDoNotHoldTheLogPastItsLimit) {
+  embedded::OpenOptions options = Options();
+  options.logLimit = 100'000;
+  const auto log = [this] { return fs::file_size(file_ + "-wal"); };
+  const auto reader = Open(options);
+  const auto writer = Open(options);
+  for (int i = 1000; i < 1200; ++i) Add(reader, std::to_string(i));
+  EXPECT_LE(log(), 150'000u);
+  for (const bool walked : {false, true}) {
+    RecordsetRef rows;
+    reader->AbrirLeitura("", "SELECT Codigo FROM Codigos WHERE Codigo < '1200' ORDER BY Codigo", rows);
+    for (int i = 0; i < 60; ++i) Add(writer, (walked ? "W" : "R") + std::to_string(i));
+    EXPECT_GT(log(), 200'000u);
+    if (walked)
+      EXPECT_EQ(rows->CellAt(100, 0).block(), "1100");
+    else
+      reader->KeepLogShort();
+    EXPECT_EQ(log(), 0u);
+    EXPECT_EQ(rows->RecordCount(), 200);
+  }
 }
 
 TEST_F(FileTest, TwoProgramsSeeOneAnothersWrites) {

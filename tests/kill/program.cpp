@@ -1,0 +1,52 @@
+#include "program.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <sstream>
+
+#include "steps.h"
+
+namespace kill_tests {
+
+bool Told::Has(const std::string& line) const {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+Told RunKilled(int killAt, const std::function<void(const Tell&)>& act) {
+  std::array<int, 2> pipe{};
+  if (::pipe(pipe.data()) != 0) return {{"!pipe"}, 0};
+  const pid_t child = fork();
+  if (child == 0) {
+    close(pipe[0]);
+    const Tell tell = [&](const std::string& line) { WriteLine(pipe[1], line); };
+    try {
+      CountSteps(killAt);
+      act(tell);
+      tell("#" + std::to_string(Steps()));
+    } catch (const std::exception& error) {
+      tell(std::string("!") + error.what());
+    }
+    _exit(0);
+  }
+  close(pipe[1]);
+  std::string text;
+  std::array<char, 4096> part{};
+  for (ssize_t length = 0; (length = read(pipe[0], part.data(), part.size())) > 0;)
+    text.append(part.data(), static_cast<std::size_t>(length));
+  close(pipe[0]);
+  waitpid(child, nullptr, 0);
+  Told told;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);)
+    if (line.starts_with('#'))
+      told.steps = std::stoi(line.substr(1));
+    else
+      told.lines.push_back(line);
+  return told;
+}
+
+}  // namespace kill_tests
