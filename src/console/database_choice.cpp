@@ -24,13 +24,16 @@ std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice) {
   return sqlserver::Database::Open(options);
 }
 
-std::shared_ptr<embedded::Database> OpenFile(const DatabaseChoice& choice) {
+std::string FileOf(const DatabaseChoice& choice) {
   if (choice.IsServer())
     throw std::runtime_error(
-        "Uma cópia faz-se de um ficheiro (--db). A de um servidor é o próprio servidor que a faz: peça-a ao "
-        "seu "
-        "administrador.");
-  return embedded::Database::Open(choice.file.empty() ? DefaultDatabasePath() : choice.file);
+        "Uma cópia faz-se e repõe-se num ficheiro (--db). A de um servidor é o próprio servidor que a faz: "
+        "peça-a ao seu administrador.");
+  return choice.file.empty() ? DefaultDatabasePath() : DatabaseFileNamed(choice.file);
+}
+
+std::shared_ptr<embedded::Database> OpenFile(const DatabaseChoice& choice) {
+  return embedded::Database::Open(FileOf(choice));
 }
 
 }  // namespace console

@@ -23,6 +23,8 @@ struct DatabaseChoice {
 std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice);
 /// Opens the server. Throws std::runtime_error when the choice is a file.
 std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice);
+/// The file's name. Throws std::runtime_error when the choice is a server.
+std::string FileOf(const DatabaseChoice& choice);
 /// Opens the file. Throws std::runtime_error when the choice is a server.
 std::shared_ptr<embedded::Database> OpenFile(const DatabaseChoice& choice);
 

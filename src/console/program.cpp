@@ -1,6 +1,8 @@
 #include "console/program.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <stdexcept>
@@ -13,6 +15,7 @@
 #include "console/error_output.h"
 #include "console/import.h"
 #include "console/list_printer.h"
+#include "console/paths.h"
 #include "console/record_command.h"
 #include "console/server_commands.h"
 #include "host/sistema.h"
@@ -36,6 +39,16 @@ struct Options {
   AlertsOptions alerts;
   std::int16_t kind = 0;
 };
+
+/// Others may read meanwhile, but wait to write: who starts a long import knows it before.
+void TellOfLongImport(const std::string& name, std::ostream& err) {
+  constexpr std::uintmax_t kLong = 2'000'000;  // bytes, some seconds
+  std::error_code unknown;
+  const std::uintmax_t bytes = std::filesystem::file_size(name, unknown);
+  if (!unknown && bytes > kLong)
+    err << "O ficheiro é grande: até ao fim da importação, que entra toda junta ou não entra, os outros "
+           "programas só podem ler esta base de dados, e o que quiserem gravar é recusado.\n";
+}
 
 class Program {
  public:
@@ -79,6 +92,7 @@ class Program {
       err_ << "Não se importa «" << options_.what << "». Pode importar: " << ImportTargetNames() << ".\n";
       return kUsage;
     }
+    TellOfLongImport(options_.file, err_);
     const ImportResult result =
         ImportCsv(*database, *target, file, options_.simulate, out_,
                   options_.decimal.empty() ? std::nullopt : std::optional(options_.decimal[0]));
@@ -116,6 +130,15 @@ class Program {
   int Copy() {
     OpenFile(options_.database)->CopyTo(options_.file);
     out_ << "Cópia escrita em " << options_.file << '\n';
+    return kDone;
+  }
+
+  int Restore() {
+    const std::string file = FileOf(options_.database);
+    const std::string aside = embedded::Database::Restore(file, DatabaseFileNamed(options_.file));
+    embedded::Database::Open(file);
+    out_ << "A cópia " << options_.file << " está no lugar de " << file << ".\n";
+    if (!aside.empty()) out_ << "O que lá estava ficou em " << aside << ".\n";
     return kDone;
   }
 
@@ -189,10 +212,10 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
   app.set_version_flag("--version", "parvel " PARVEL_VERSION, "Mostra a versão.");
   auto* db = app.add_option("--db", options.database.file, "Ficheiro da base de dados, em vez do habitual.")
                  ->type_name("FICHEIRO");
-  app.add_option("--ligacao", options.database.connection,
-                 "Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.")
-      ->type_name("LIGAÇÃO")
-      ->excludes(db);
+  auto* server = app.add_option("--ligacao", options.database.connection,
+                                "Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.")
+                     ->type_name("LIGAÇÃO")
+                     ->excludes(db);
   app.add_option("--senha-ficheiro", options.database.passwordFile,
                  "Ficheiro, legível só por si, com a senha do servidor.")
       ->type_name("FICHEIRO");
@@ -254,6 +277,11 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
   copia->add_option("ficheiro", options.file, "Ficheiro novo para a cópia.")->type_name("")->required();
   copia->callback([&] { command = [&] { return program.Copy(); }; });
 
+  auto* repor =
+      comando("repor", "Põe uma cópia no lugar da base de dados; o que lá está fica posto de lado.");
+  repor->add_option("ficheiro", options.file, "Cópia a repor.")->type_name("")->required();
+  repor->callback([&] { command = [&] { return program.Restore(); }; });
+
   auto* importar = comando("importar", "Importa um ficheiro CSV; diz cada linha recusada e porquê.");
   importar->add_option("o-quê", options.what, "Um de: " + ImportTargetNames() + ".")
       ->type_name("")
@@ -273,7 +301,8 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
   esquema->add_flag("--aplicar", options.apply, "Cria no servidor as que faltam, sem tocar nas que há.");
   esquema->callback([&] { command = [&] { return program.Schema(); }; });
 
-  auto* verificar = comando("verificar", "Liga ao servidor e diz o que lá falta ou é diferente.");
+  auto* verificar =
+      comando("verificar", "Lê a base de dados toda, ou liga ao servidor, e diz o que não está bem.");
   verificar->callback([&] { command = [&] { return program.Check(); }; });
 
   auto* transferir = comando("transferir", "Passa uma base de dados de um ficheiro para o servidor.");
@@ -291,6 +320,12 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
     err << InPortuguese(error) << " Veja parvel --help.\n";
     return kUsage;
   }
+  for (const auto& [option, name] :
+       {std::pair{db, &options.database.file}, {server, &options.database.connection}})
+    if (option->count() > 0 && name->empty()) {
+      err << "Falta o nome em " << option->get_name() << ". Veja parvel --help.\n";
+      return kUsage;
+    }
   return Guard(err, command);
 }
 

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "console/paths.h"
 #include "console/program.h"
 #include "sqlserver/schema_script.h"
 #include "sqlserver/table_check.h"
@@ -14,6 +15,17 @@ extern const char* const kTables;
 }
 
 namespace console {
+namespace {
+
+int CheckFile(const std::string& file, std::ostream& out) {
+  const embedded::FileReport report = embedded::Database::Check(file);
+  for (const std::string& problem : report.problems) out << problem << '\n';
+  out << file << ": versão " << report.version << ", " << report.rows << " registos em " << report.tables
+      << " tabelas, " << (report.problems.empty() ? "tudo em ordem.\n" : "com o que fica dito acima.\n");
+  return report.problems.empty() ? kDone : kRefused;
+}
+
+}  // namespace
 
 int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out) {
   if (!choice.IsServer() && !apply) {
@@ -35,6 +47,7 @@ int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out
 }
 
 int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out) {
+  if (!choice.IsServer()) return CheckFile(FileOf(choice), out);
   const auto database = OpenServer(choice);
   const auto differences = sqlserver::Differences(database->session(), database->catalog());
   for (const std::string& difference : differences) out << difference << '\n';
@@ -49,9 +62,10 @@ int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out) {
 }
 
 int RunTransferCommand(const DatabaseChoice& choice, const std::string& file, std::ostream& out) {
-  if (!std::filesystem::exists(file)) throw std::runtime_error("Não há o ficheiro " + file + ".");
+  if (file.empty() || !std::filesystem::exists(file))
+    throw std::runtime_error("Não há o ficheiro " + file + ".");
   const auto server = OpenServer(choice);
-  const auto from = embedded::Database::Open(file);
+  const auto from = embedded::Database::Open(DatabaseFileNamed(file));
   long total = 0;
   sqlserver::Transfer(*from, *server, [&](const sqlserver::TransferredTable& table) {
     out << table.table << ": " << table.rows << (table.rows == 1 ? " registo" : " registos")

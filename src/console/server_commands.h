@@ -11,7 +11,8 @@ namespace console {
 /// runs them there. Exit code `kDone`; failures are thrown.
 int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out);
 
-/// Connects and tells what differs from the tables that the program knows. `kRefused` when something does.
+/// Of a server: connects and tells what differs from the tables that the program knows. Of a file: reads it
+/// from end to end and tells what is wrong with it. `kRefused` when something does or is.
 int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out);
 
 /// Copies an embedded database to the server, table by table.

@@ -1,31 +1,33 @@
 #include "desktop/database_dialogs.h"
 
-#include <QFileDialog>
+#include "desktop/file_dialog.h"
 
 namespace desktop {
 namespace {
 
 QString Filter() { return QStringLiteral("Bases de dados (*.db);;Todos os ficheiros (*)"); }
 
-QString Chosen(QFileDialog& dialog) {
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+QString AskToSave(QWidget* parent, const QString& title, const QString& name) {
+  FileDialog dialog(parent, title, name, Filter());
+  dialog.setAcceptMode(FileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("db"));
+  dialog.setOption(FileDialog::DontConfirmOverwrite);
+  return dialog.Ask();
 }
 
-QString AskToSave(QWidget* parent, const QString& title, const QString& name) {
-  QFileDialog dialog(parent, title, name, Filter());
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("db"));
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  return Chosen(dialog);
+QString AskForExisting(QWidget* parent, const QString& title) {
+  FileDialog dialog(parent, title, {}, Filter());
+  dialog.setFileMode(FileDialog::ExistingFile);
+  return dialog.Ask();
 }
 
 }  // namespace
 
 QString AskForDatabase(QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Abrir base de dados"), {}, Filter());
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  return Chosen(dialog);
+  return AskForExisting(parent, QStringLiteral("Abrir base de dados"));
 }
+
+QString AskForCopyToRestore(QWidget* parent) { return AskForExisting(parent, QStringLiteral("Repor cópia")); }
 
 QString AskForNewDatabase(QWidget* parent) {
   return AskToSave(parent, QStringLiteral("Nova base de dados"), QStringLiteral("frota.db"));

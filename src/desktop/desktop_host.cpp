@@ -1,11 +1,11 @@
 #include "desktop/desktop_host.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <utility>
 
 #include "desktop/documents.h"
+#include "desktop/file_dialog.h"
 #include "desktop/form_dialog.h"
 #include "desktop/lookup_dialog.h"
 #include "desktop/message_box.h"
@@ -67,15 +67,15 @@ std::string DesktopHost::InputBox(const std::string& prompt, const std::string& 
 }
 
 std::optional<std::string> DesktopHost::OpenFile(const platform::FileDialog& asked) {
-  QFileDialog dialog(Front(), asked.Title.empty() ? QStringLiteral("Abrir ficheiro") : ToQt(asked.Title));
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  FileDialog dialog(Front(), asked.Title.empty() ? QStringLiteral("Abrir ficheiro") : ToQt(asked.Title));
+  dialog.setFileMode(FileDialog::ExistingFile);
   const QStringList filters = FileFilters(asked.Filter);
   if (!filters.isEmpty()) {
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(asked.FilterIndex - 1, filters.first()));
   }
-  if (dialog.exec() != QDialog::Accepted) return {};
-  return FromQt(dialog.selectedFiles().value(0));
+  const QString file = dialog.Ask();
+  return file.isEmpty() ? std::nullopt : std::optional(FromQt(file));
 }
 
 void DesktopHost::ShowModal(platform::Form& form, platform::Form*) {

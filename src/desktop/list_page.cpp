@@ -1,7 +1,6 @@
 #include "desktop/list_page.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -11,6 +10,7 @@
 
 #include "desktop/context_menu.h"
 #include "desktop/csv.h"
+#include "desktop/file_dialog.h"
 #include "desktop/look.h"
 #include "desktop/message_page.h"
 #include "desktop/report_dialog.h"
@@ -188,12 +188,12 @@ void ListPage::Print() {
 }
 
 void ListPage::Export() {
-  QFileDialog dialog(window(), QStringLiteral("Exportar"), Title() + QStringLiteral(".csv"),
-                     QStringLiteral("Folha de cálculo (*.csv)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  FileDialog dialog(window(), QStringLiteral("Exportar"), Title() + QStringLiteral(".csv"),
+                    QStringLiteral("Folha de cálculo (*.csv)"));
+  dialog.setAcceptMode(FileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("csv"));
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString file = dialog.selectedFiles().value(0);
+  const QString file = dialog.Ask();
+  if (file.isEmpty()) return;
   const bool done =
       Guarded(window(), [&] { WriteCsv(file, table_->grid().source(), table_->grid().order()); });
   if (done) Q_EMIT Told(QStringLiteral("Escrito em %1").arg(file));

@@ -32,6 +32,7 @@ class UntilPainted : public QObject {
 
 int RunWindow(QApplication& application, const Options& options) {
   QSettings settings;
+  KeepPrivate(settings);
   DesktopHost host(settings);
   const platform::HostInstallation installation(host);
   std::unique_ptr<Workspace> workspace = OpenAtStart(options, settings, nullptr);

@@ -40,6 +40,7 @@ MainActions::MainActions(QMainWindow* window)
       create(Make(window, "Nova &base de dados…", {}, "Criar uma base de dados vazia")),
       connect_to(Make(window, "&Ligar a servidor…", {}, "Trabalhar num servidor, ou de novo num ficheiro")),
       copy(Make(window, "&Guardar cópia…", {}, "Guardar uma cópia da base de dados")),
+      restore(Make(window, "&Repor cópia…", {}, "Pôr uma cópia no lugar da base de dados")),
       export_list(Signed(
           Make(window, "&Exportar…", {QKeySequence("Ctrl+E")}, "Exportar a lista para folha de cálculo"),
           Sign::kExport, "Exportar")),
@@ -67,7 +68,7 @@ MainActions::MainActions(QMainWindow* window)
 void MainActions::BuildMenus() {
   QMenuBar* bar = window_->menuBar();
   QMenu* file = bar->addMenu(QStringLiteral("&Ficheiro"));
-  file->addActions({open, create, connect_to, copy});
+  file->addActions({open, create, connect_to, copy, restore});
   file->addSeparator();
   file->addActions({export_list, print});
   file->addSeparator();

@@ -19,6 +19,7 @@ class MainActions : public QObject {
   QAction* create;
   QAction* connect_to;
   QAction* copy;
+  QAction* restore;
   QAction* export_list;
   QAction* print;
   QAction* quit;

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTimer>
 #include <cstring>
 #include <functional>
 
@@ -27,6 +28,7 @@ namespace {
 constexpr char kPlace[] = "janela/lugar";
 constexpr char kSplit[] = "janela/lado";
 constexpr char kList[] = "janela/lista";
+constexpr int kRest = 15000;  // milliseconds between looks at the log
 
 }  // namespace
 
@@ -84,6 +86,10 @@ void MainWindow::Connect() {
   connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
   connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
   connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
+  auto* rest = new QTimer(this);
+  connect(rest, &QTimer::timeout, this, &MainWindow::KeepLogShort);
+  rest->start(kRest);
+  connect(actions_->restore, &QAction::triggered, this, &MainWindow::AskAndRestore);
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
@@ -126,8 +132,7 @@ void MainWindow::ConnectList() {
 }
 
 void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
-  delete std::exchange(page_, nullptr);
-  alerts_->Watch(nullptr);
+  Close();
   workspace_ = std::move(workspace);
   alerts_->Watch(&workspace_->sistema());
   const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
@@ -210,7 +215,8 @@ void MainWindow::Update() {
   actions_->export_list->setEnabled(open && page_->Can(kPrintCommand));
   for (QAction* action : {actions_->find, actions_->reset_columns}) action->setEnabled(open);
   actions_->reload->setEnabled(workspace_ != nullptr);
-  actions_->copy->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
+  for (QAction* action : {actions_->copy, actions_->restore})
+    action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
   actions_->search->setEnabled(open);
   count_->setText(open ? page_->CountText() : QString());
   const QString path = workspace_ != nullptr ? ToQt(workspace_->Place()) : QString();

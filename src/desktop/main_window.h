@@ -68,6 +68,9 @@ class MainWindow : public QMainWindow {
   void AskAndConnect();
   void OpenFile(const QString& file);
   void AskAndCopy();
+  void AskAndRestore();
+  void Close();
+  void KeepLogShort();
 
   QSettings& settings_;
   std::unique_ptr<Workspace> workspace_;

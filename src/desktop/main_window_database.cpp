@@ -1,9 +1,12 @@
 #include <QFileInfo>
 #include <QStatusBar>
+#include <utility>
 
+#include "desktop/alert_board.h"
 #include "desktop/connection_dialog.h"
 #include "desktop/database_dialogs.h"
 #include "desktop/main_window.h"
+#include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "platform/host.h"
 
@@ -50,6 +53,39 @@ void MainWindow::AskAndCopy() {
   if (file.isEmpty()) return;
   if (Guarded(this, [&] { workspace_->file()->CopyTo(FromQt(file)); }))
     Tell(QStringLiteral("Cópia escrita em %1").arg(file));
+}
+
+/// Nothing of the database is open any more.
+void MainWindow::Close() {
+  delete std::exchange(page_, nullptr);
+  alerts_->Watch(nullptr);
+  workspace_.reset();
+}
+
+void MainWindow::AskAndRestore() {
+  const QString copy = AskForCopyToRestore(this);
+  if (copy.isEmpty()) return;
+  const std::string file = workspace_->file()->path();
+  const QString question = QStringLiteral(
+      "Pôr a cópia\n%1\nno lugar da base de dados\n%2?\n\nO que lá está agora não se perde: fica ao lado, "
+      "com a "
+      "data no nome.");
+  if (ShowMessage(this, question.arg(copy, ToQt(file)), platform::kYesNo | platform::kQuestion,
+                  QStringLiteral("Repor cópia")) != platform::kYes)
+    return;
+  Close();
+  std::string aside;
+  const bool done = Guarded(this, [&] { aside = embedded::Database::Restore(file, FromQt(copy)); });
+  Guarded(this, [&] { Open(std::make_unique<Workspace>(file)); });
+  Update();
+  if (done)
+    ShowMessage(this, QStringLiteral("A cópia está no lugar. O que lá estava ficou em\n%1").arg(ToQt(aside)),
+                platform::kOkOnly | platform::kInformation, QStringLiteral("Repor cópia"));
+}
+
+/// A window that rests holds the rows that its list has not read yet.
+void MainWindow::KeepLogShort() {
+  if (workspace_ != nullptr && workspace_->file() != nullptr) workspace_->file()->KeepLogShort();
 }
 
 }  // namespace desktop

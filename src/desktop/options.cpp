@@ -64,7 +64,8 @@ std::optional<Reply> ReadOptions(const QStringList& words, Options& options) {
       if (word == QLatin1String(flag.name)) known = *flag.value = true;
     for (const Text& text : texts) {
       if (word != QLatin1String(text.name)) continue;
-      if (i + 1 == words.size()) return WrongCall(QStringLiteral("Falta o valor de %1.").arg(word));
+      if (i + 1 == words.size() || words[i + 1].isEmpty())
+        return WrongCall(QStringLiteral("Falta o valor de %1.").arg(word));
       *text.value = words[++i];
       known = true;
     }

@@ -1,6 +1,5 @@
 #include "desktop/report_dialog.h"
 
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPdfWriter>
@@ -10,6 +9,7 @@
 #include <QPushButton>
 
 #include "desktop/desktop_host.h"
+#include "desktop/file_dialog.h"
 #include "desktop/house_style.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
@@ -123,12 +123,12 @@ bool ReportDialog::WritePdf(const QString& file) {
 }
 
 void ReportDialog::AskAndWritePdf() {
-  QFileDialog dialog(this, QStringLiteral("Guardar PDF"), title_ + QStringLiteral(".pdf"),
-                     QStringLiteral("Documentos PDF (*.pdf)"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  FileDialog dialog(this, QStringLiteral("Guardar PDF"), title_ + QStringLiteral(".pdf"),
+                    QStringLiteral("Documentos PDF (*.pdf)"));
+  dialog.setAcceptMode(FileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString file = dialog.selectedFiles().value(0);
+  const QString file = dialog.Ask();
+  if (file.isEmpty()) return;
   bool written = false;
   if (!Guarded(this, [&] { written = WritePdf(file); }) || written) return;
   ShowMessage(this, QStringLiteral("Não foi possível escrever o ficheiro\n%1").arg(file),

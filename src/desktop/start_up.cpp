@@ -18,8 +18,14 @@ namespace {
 
 constexpr char kDemoFile[] = "demonstracao.db";
 
+/// Puts a copy that the user chooses in the place of a file. False when there is none, or it can't be used.
+bool RestoreACopy(const QString& file, QWidget* parent) {
+  const QString copy = AskForCopyToRestore(parent);
+  return !copy.isEmpty() && Guarded(parent, [&] { embedded::Database::Restore(FromQt(file), FromQt(copy)); });
+}
+
 /// The file to try next; empty to leave.
-QString AskForAnother(const ErrorText& failure, QWidget* parent) {
+QString AskForAnother(const QString& failed, const ErrorText& failure, QWidget* parent) {
   QMessageBox box(parent);
   box.setWindowTitle(QStringLiteral("Base de dados"));
   box.setTextFormat(Qt::PlainText);
@@ -28,11 +34,16 @@ QString AskForAnother(const ErrorText& failure, QWidget* parent) {
   box.setDetailedText(failure.details);
   QPushButton* other = box.addButton(QStringLiteral("&Escolher outra…"), QMessageBox::AcceptRole);
   QPushButton* create = box.addButton(QStringLiteral("&Criar nova…"), QMessageBox::ActionRole);
+  QPushButton* restore = box.addButton(QStringLiteral("&Repor cópia…"), QMessageBox::ActionRole);
   QPushButton* leave = box.addButton(QStringLiteral("&Sair"), QMessageBox::RejectRole);
   box.setDefaultButton(other);
   box.setEscapeButton(leave);
   while (true) {
     Run(box);
+    if (box.clickedButton() == restore) {
+      if (RestoreACopy(failed, parent)) return failed;
+      continue;
+    }
     if (box.clickedButton() != other && box.clickedButton() != create) return {};
     QString file = box.clickedButton() == other ? AskForDatabase(parent) : AskForNewDatabase(parent);
     if (!file.isEmpty()) return file;
@@ -58,6 +69,15 @@ bool MustAskForPassword(const QString& connection, const Options& options) {
 }
 
 }  // namespace
+
+// Who can't have settings kept can work all the same.
+void KeepPrivate(const QSettings& settings) {
+  try {
+    console::CreatePrivateFile(FromQt(settings.fileName()));
+  } catch (const std::runtime_error& failure) {
+    qWarning("%s", failure.what());
+  }
+}
 
 QString ServerFor(const Options& options, const QSettings& settings) {
   if (!options.connection.isEmpty()) return options.connection;
@@ -85,7 +105,7 @@ std::unique_ptr<Workspace> OpenAtStart(const Options& options, QSettings& settin
 }
 
 QString DatabaseFor(const Options& options, const QSettings& settings) {
-  if (!options.database.isEmpty()) return options.database;
+  if (!options.database.isEmpty()) return ToQt(console::DatabaseFileNamed(FromQt(options.database)));
   QString chosen = settings.value(kDatabaseSetting).toString();
   if (!options.demo && !chosen.isEmpty()) return chosen;
   QString usual = ToQt(console::DefaultDatabasePath());
@@ -100,7 +120,7 @@ std::unique_ptr<Workspace> OpenOrAsk(QString file, QSettings& settings, QWidget*
       if (chosen) settings.setValue(kDatabaseSetting, file);
       return workspace;
     } catch (const std::exception& error) {
-      file = AskForAnother(Describe(error), parent);
+      file = AskForAnother(file, Describe(error), parent);
       chosen = true;
       if (file.isEmpty()) return nullptr;
     }

@@ -9,6 +9,9 @@
 
 namespace desktop {
 
+/// Makes the file that the settings are kept in, for its owner alone, unless it is there. Before it is read.
+void KeepPrivate(const QSettings& settings);
+
 /// The database that a call asks for: the one named, the demonstration, the one chosen last time, or the
 /// usual one. Throws when there is no place for the usual one.
 QString DatabaseFor(const Options& options, const QSettings& settings);

@@ -82,6 +82,8 @@ WriteAheadLog::WriteAheadLog(const SqliteConnection& connection, std::int64_t li
   const char* file = sqlite3_db_filename(connection.get(), "main");
   if (file == nullptr || *file == '\0') return;
   file_ = file;
+  inUse_.emplace_back(file_);
+  for (const std::string_view beside : kBeside) inUse_.emplace_back(file_ + std::string(beside));
   frameSize_ = connection.Number("PRAGMA page_size");
   connection.Number("PRAGMA journal_size_limit = " + std::to_string(limit));
   sqlite3_wal_hook(connection.get(), &WriteAheadLog::Committed, this);

@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <list>
 #include <string>
 
 #include "embedded/sqlite.h"
+#include "platform/files.h"
 
 namespace embedded {
 
@@ -19,7 +21,8 @@ void MarkAsNew(const SqliteConnection& connection);
 /// log, of a file that nobody else has open.
 bool LogBelongs(const SqliteConnection& connection, const std::string& path);
 
-/// The log of an open file: keeps it marked, and short. A database in memory has none.
+/// The log of an open file: keeps it marked, short, and, like the file, from being read or written past
+/// SQLite. A database in memory has none.
 class WriteAheadLog {
  public:
   /// Past `limit` bytes the log is brought back to nothing. The connection outlives this.
@@ -42,6 +45,7 @@ class WriteAheadLog {
 
   const SqliteConnection& connection_;
   std::string file_;  // empty: in memory
+  std::list<platform::FileInUse> inUse_;
   std::int64_t limit_;
   int busyTimeout_;
   std::int64_t frameSize_ = 0;

@@ -1,11 +1,51 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
+#include <utility>
+#include <vector>
 
 #include "platform/runtime_error.h"
 
 namespace platform {
+namespace {
+
+std::mutex filesInUseMutex;
+std::vector<std::string>& FilesInUse() {
+  static std::vector<std::string> files;
+  return files;
+}
+
+void RefuseInUse(const std::string& path) {
+  if (FileInUse::Covers(path))
+    throw RuntimeError(
+        kPathAccess, path,
+        "O ficheiro \"" + path + "\" é da base de dados que está aberta. Escolha outro ficheiro.");
+}
+
+}  // namespace
+
+FileInUse::FileInUse(std::string path) : path_(std::move(path)) {
+  const std::lock_guard lock(filesInUseMutex);
+  FilesInUse().push_back(path_);
+}
+
+FileInUse::~FileInUse() {
+  const std::lock_guard lock(filesInUseMutex);
+  std::vector<std::string>& files = FilesInUse();
+  files.erase(std::find(files.begin(), files.end(), path_));
+}
+
+bool FileInUse::Covers(const std::string& path) {
+  const std::lock_guard lock(filesInUseMutex);
+  const std::vector<std::string>& files = FilesInUse();
+  return std::any_of(files.begin(), files.end(), [&](const std::string& file) {
+    std::error_code different;
+    return std::filesystem::equivalent(file, path, different);
+  });
+}
 
 bool FileExists(const std::string& path) {
   std::error_code failure;
@@ -13,6 +53,7 @@ bool FileExists(const std::string& path) {
 }
 
 Bytes ReadFile(const std::string& path) {
+  RefuseInUse(path);
   std::ifstream file(path, std::ios::binary);
   std::error_code failure;
   const auto size = std::filesystem::file_size(path, failure);
@@ -24,6 +65,7 @@ Bytes ReadFile(const std::string& path) {
 }
 
 void WriteFile(const std::string& path, std::string_view data) {
+  RefuseInUse(path);
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(data.data(), static_cast<std::streamsize>(data.size()));
   file.close();

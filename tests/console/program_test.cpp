@@ -53,6 +53,49 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   EXPECT_EQ(nlohmann::json::parse(out.str()).size(), 7U);
 }
 
+TEST_F(ProgramTest, RestoresACopyAndChecksAFile) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
+  ASSERT_EQ(OnDatabase({"copia", File("copia.db")}), kDone);
+  fs::permissions(database, fs::perms(0644));
+  EXPECT_EQ(OnDatabase({"verificar"}), kRefused) << "others may read it";
+  EXPECT_NE(out.str().find("chmod 600"), std::string::npos) << out.str();
+  std::ofstream(database) << "";
+  EXPECT_EQ(OnDatabase({"verificar"}), kFailed);
+  EXPECT_NE(err.str().find("está vazio"), std::string::npos) << err.str();
+  EXPECT_EQ(OnDatabase({"repor", File("nada.db")}), kFailed);
+  ASSERT_EQ(OnDatabase({"repor", File("copia.db")}), kDone) << err.str();
+  EXPECT_NE(out.str().find(database + ".antes-"), std::string::npos) << out.str();
+  EXPECT_EQ(Parvel({"--db", File("copia.db"), "verificar"}), kDone);
+  EXPECT_NE(out.str().find("tudo em ordem"), std::string::npos) << out.str();
+  EXPECT_EQ(OnDatabase({"lista", "Marcas"}), kDone);
+}
+
+TEST_F(ProgramTest, NamesAreNamesOfFiles) {
+  const fs::path before = fs::current_path();
+  fs::current_path(File(""));
+  for (const char* name : {"file:x.db", ":memory:", "file:y.db?mode=memory", "a'b;c.db"}) {
+    EXPECT_EQ(Parvel({"--db", name, "lista", "Marcas"}), kDone) << err.str();
+    EXPECT_TRUE(fs::exists(name)) << name;
+    EXPECT_EQ(Parvel({"--db", name, "copia", std::string(name) + ".copia"}), kDone) << err.str();
+    EXPECT_TRUE(fs::exists(std::string(name) + ".copia")) << name;
+  }
+  fs::current_path(before);
+  setenv("XDG_DATA_HOME", File("").c_str(), 1);
+  for (const char* option : {"--db", "--ligacao"}) {
+    EXPECT_EQ(Parvel({option, "", "lista", "Marcas"}), kUsage);
+    EXPECT_NE(err.str().find("Falta o nome em " + std::string(option)), std::string::npos) << err.str();
+  }
+  EXPECT_FALSE(fs::exists(File("parvel")));
+  EXPECT_EQ(OnDatabase({"copia", ""}), kFailed);
+  unsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(ProgramTest, WhoStartsALongImportKnowsThatOthersWait) {
+  std::ofstream(File("viaturas.csv")) << "Matricula\n" << std::string(2'100'000, '\n');
+  OnDatabase({"importar", "viaturas", File("viaturas.csv")});
+  EXPECT_NE(err.str().find("só podem ler"), std::string::npos) << err.str();
+}
+
 TEST_F(ProgramTest, PrintsAVehicleAndADriver) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
   ASSERT_EQ(OnDatabase({"motorista", "0002", "--json"}), kDone) << err.str();
@@ -143,7 +186,8 @@ TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {
   EXPECT_EQ(DefaultDatabasePath(), File("parvel/frota.db"));
   EXPECT_EQ(Parvel({"lista", "Marcas", "--csv"}), kDone);
   EXPECT_EQ(out.str(), "Codigo;Nome\n");
-  EXPECT_TRUE(fs::exists(File("parvel/frota.db")));
+  EXPECT_EQ(fs::status(File("parvel/frota.db")).permissions(), fs::perms(0600));
+  EXPECT_EQ(fs::status(File("parvel")).permissions(), fs::perms(0700));
   unsetenv("XDG_DATA_HOME");
 }
 

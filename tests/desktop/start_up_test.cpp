@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QFileDialog>
 #include <QImage>
 
+#include "desktop/main_actions.h"
 #include "desktop/main_window.h"
 #include "desktop/start_page.h"
+#include "support/recording_data_access.h"
 #include "user.h"
 
 namespace desktop_test {
@@ -61,6 +64,45 @@ TEST_F(StartUpTest, ANewDatabaseInItsPlaceIsOpenedAndRemembered) {
   EXPECT_EQ(desktop::DatabaseFor(named, desk.settings), "outra.db");
 }
 
+TEST_F(StartUpTest, OnlyTheUserReadsTheSettings) {
+  QSettings settings(desk.folder.filePath("novo/definicoes.conf"), QSettings::IniFormat);
+  desktop::KeepPrivate(settings);
+  settings.setValue("chave", 1);
+  settings.sync();
+  constexpr auto kOthers = QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther;
+  EXPECT_FALSE(QFile::permissions(settings.fileName()) & kOthers);
+  EXPECT_FALSE(QFile::permissions(desk.folder.filePath("novo")) & kOthers);
+}
+
+TEST_F(StartUpTest, ACopyIsRestoredFromTheWindowAndWhenNothingOpens) {
+  const auto brands = [](desktop::Workspace& workspace) {
+    return testing_support::Rows(workspace.sistema().ICrmSistema_ZorDataAccess,
+                                 "SELECT Codigo FROM zor_PV_Marcas");
+  };
+  const QString file = desk.folder.filePath("frota.db");
+  const QString copy = desk.folder.filePath("copia.db");
+  desktop::MainWindow window(desk.settings);
+  window.Open(std::make_unique<desktop::Workspace>(file.toStdString()));
+  window.workspace()->file()->CopyTo(copy.toStdString());
+  window.workspace()->FillDemo();
+  window.ShowList("Marcas");
+  for (const QString& chosen : {picture, copy}) {
+    ChooseFile(chosen);
+    desk.script.Answer("Sim");
+    desk.script.Answer("OK");
+    window.actions().restore->trigger();
+    ASSERT_NE(window.workspace(), nullptr);
+    EXPECT_EQ(brands(*window.workspace()).empty(), chosen == copy);
+  }
+  EXPECT_TRUE(desk.script.boxes.last().contains("frota.db.antes-"));
+  window.Open(std::make_unique<desktop::Workspace>(":memory:"));
+
+  ASSERT_TRUE(QFile::resize(file, 0));
+  desk.script.Answer("Repor cópia…");
+  ChooseFile(copy);
+  EXPECT_NE(OpenOrAsk(file, desk.settings, nullptr), nullptr);
+}
+
 TEST_F(StartUpTest, OpeningAnUnusableFileFromTheWindowKeepsTheDatabaseThatIsOpen) {
   desktop::MainWindow window(desk.settings);
   window.Open(std::make_unique<desktop::Workspace>(":memory:"));
@@ -90,6 +132,7 @@ TEST(OptionsTest, WordsAreReadAndWrongOnesAnswered) {
   const Case cases[] = {{{"--help"}, 0, "--retrato"},
                         {{"--version"}, 0, PARVEL_VERSION},
                         {{"--db"}, 2, "Falta o valor de --db"},
+                        {{"--db", ""}, 2, "Falta o valor de --db"},
                         {{"--nada"}, 2, "Não se conhece a opção --nada"}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
