@@ -132,7 +132,7 @@ void MainWindow::ConnectList() {
 }
 
 void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
-  Close();
+  CloseDatabase();
   workspace_ = std::move(workspace);
   alerts_->Watch(&workspace_->sistema());
   const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());

@@ -69,7 +69,7 @@ class MainWindow : public QMainWindow {
   void OpenFile(const QString& file);
   void AskAndCopy();
   void AskAndRestore();
-  void Close();
+  void CloseDatabase();
   void KeepLogShort();
 
   QSettings& settings_;

@@ -56,7 +56,7 @@ void MainWindow::AskAndCopy() {
 }
 
 /// Nothing of the database is open any more.
-void MainWindow::Close() {
+void MainWindow::CloseDatabase() {
   delete std::exchange(page_, nullptr);
   alerts_->Watch(nullptr);
   workspace_.reset();
@@ -73,14 +73,17 @@ void MainWindow::AskAndRestore() {
   if (ShowMessage(this, question.arg(copy, ToQt(file)), platform::kYesNo | platform::kQuestion,
                   QStringLiteral("Repor cópia")) != platform::kYes)
     return;
-  Close();
+  CloseDatabase();
   std::string aside;
   const bool done = Guarded(this, [&] { aside = embedded::Database::Restore(file, FromQt(copy)); });
   Guarded(this, [&] { Open(std::make_unique<Workspace>(file)); });
   Update();
   if (done)
-    ShowMessage(this, QStringLiteral("A cópia está no lugar. O que lá estava ficou em\n%1").arg(ToQt(aside)),
-                platform::kOkOnly | platform::kInformation, QStringLiteral("Repor cópia"));
+    ShowMessage(
+        this,
+        QStringLiteral("A cópia está no lugar.") +
+            (aside.empty() ? QString() : QStringLiteral("\nO que lá estava ficou em\n") + ToQt(aside)),
+        platform::kOkOnly | platform::kInformation, QStringLiteral("Repor cópia"));
 }
 
 /// A window that rests holds the rows that its list has not read yet.

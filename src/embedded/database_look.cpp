@@ -139,13 +139,13 @@ void ExamineLog(const std::string& path, std::int64_t knownVersion) {
   if (!LogBelongs(look, path)) RefuseLog(path);
 }
 
-/// Opens a file that may not be written. Where nothing may be written beside it either, it is read as it lies
-/// there, if nothing is missing then.
+/// Opens a file that may not be written. Without a log beside it, it is read as it lies there: a log of this
+/// user would keep its owner from writing.
 SqliteConnection OpenToRead(const std::string& path, std::int64_t knownVersion,
                             std::chrono::milliseconds busyTimeout) {
   const bool log = HasContent(path + std::string(kLog));
   const bool pending = log || HasContent(path + std::string(kJournal));
-  if (pending || !NobodyMayWrite(path)) {
+  if (pending || IsThere(path + std::string(kLog))) {
     try {
       SqliteConnection connection(path, SQLITE_OPEN_READONLY);
       Equip(connection, busyTimeout);

@@ -34,6 +34,7 @@ Engine::Engine(std::string path, SqliteConnection connection, tsql::Catalog cata
       plans_(connection_.get(), catalog_) {}
 
 std::shared_ptr<Plan> Engine::Begin(const std::string& statement, Plan::Use use) {
+  log_.RequireStill();
   if (!inSnapshot_) Settle();
   return plans_.Begin(statement, use, clock_);
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <sstream>
 #include <vector>
 
@@ -82,6 +81,9 @@ WriteAheadLog::WriteAheadLog(const SqliteConnection& connection, std::int64_t li
   const char* file = sqlite3_db_filename(connection.get(), "main");
   if (file == nullptr || *file == '\0') return;
   file_ = file;
+  still_ = sqlite3_uri_boolean(file, "immutable", 0) != 0;
+  std::error_code gone;
+  writtenAt_ = std::filesystem::last_write_time(file_, gone);
   inUse_.emplace_back(file_);
   for (const std::string_view beside : kBeside) inUse_.emplace_back(file_ + std::string(beside));
   frameSize_ = connection.Number("PRAGMA page_size");
@@ -98,6 +100,14 @@ int WriteAheadLog::Committed(void* self, sqlite3* connection, const char* databa
   else if (frames >= kFramesToCheckpoint)
     sqlite3_wal_checkpoint_v2(connection, database, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
   return SQLITE_OK;
+}
+
+void WriteAheadLog::RequireStill() const {
+  if (!still_) return;
+  std::error_code gone;
+  if (std::filesystem::last_write_time(file_, gone) == writtenAt_ && !HasContent(file_ + std::string(kLog)))
+    return;
+  FailOn(file_, "A base de dados, que aqui só se lê, foi alterada por outro programa. Abra-a de novo.");
 }
 
 bool WriteAheadLog::IsLong() const {

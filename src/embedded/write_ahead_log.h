@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <list>
 #include <string>
 
@@ -32,6 +33,8 @@ class WriteAheadLog {
   WriteAheadLog& operator=(const WriteAheadLog&) = delete;
   ~WriteAheadLog();
 
+  /// Raises -2147467259 when a file that is read as it lies there was written to meanwhile.
+  void RequireStill() const;
   /// After something was written and kept.
   void Written();
   /// True past the limit.
@@ -46,6 +49,8 @@ class WriteAheadLog {
   const SqliteConnection& connection_;
   std::string file_;  // empty: in memory
   std::list<platform::FileInUse> inUse_;
+  bool still_ = false;  // read without locks
+  std::filesystem::file_time_type writtenAt_;
   std::int64_t limit_;
   int busyTimeout_;
   std::int64_t frameSize_ = 0;

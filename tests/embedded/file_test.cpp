@@ -128,6 +128,10 @@ TEST_F(FileTest, OpensAReadOnlyFileForReading) {
   const auto later = Options("-- versão 4\nCREATE TABLE Outra (Codigo int NULL);");
   EXPECT_NE(ErrorOf([&] { Open(later); }).find("versão anterior"), std::string::npos);
   EXPECT_EQ(Contents(file_), before);
+  EXPECT_FALSE(fs::exists(file_ + "-wal"));
+  ASSERT_EQ(chmod(file_.c_str(), 0600), 0);
+  Add(Open(), "B");
+  EXPECT_NE(ErrorOf([&] { Codes(database); }).find("Abra-a de novo"), std::string::npos);
 }
 
 TEST_F(FileTest, AReadOnlyFileIsReadThroughTheLogThatIsBesideIt) {

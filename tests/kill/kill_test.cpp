@@ -15,7 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using embedded::Database;
-using Database_ = std::shared_ptr<Database>;
 using testing_support::TemporaryFolder;
 
 constexpr int kMostKills = 40;
@@ -30,7 +29,7 @@ embedded::OpenOptions Options(const std::string& schema = testing_support::Engin
   return options;
 }
 
-void Save(const Database_& database, const std::string& code) {
+void Save(const std::shared_ptr<Database>& database, const std::string& code) {
   database->ExecutarSql("", ("INSERT INTO Codigos (Codigo, Nome) VALUES ('" + code + "', '" + code +
                              std::string(30, 'n') + "')")
                                 .c_str());
@@ -49,7 +48,7 @@ struct Files {
   const TemporaryFolder& folder;
   std::string file = folder.File("frota.db");
   std::string copy = folder.File("copia.db");
-  std::string csv = folder.File("marcas.csv");
+  std::string csv = folder.File("viaturas.csv");
 };
 
 /// What is there before, what the program does and tells, and what must hold whenever it was killed.
