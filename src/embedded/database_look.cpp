@@ -32,12 +32,13 @@ using platform::RuntimeError;
 }
 
 [[noreturn]] void RefuseLog(const std::string& path) {
-  FailOn(path,
-         "Ao lado de \"" + path + "\" ficou um registo de gravações, \"" + path +
-             "-wal\", que não é deste ficheiro: o ficheiro foi trocado por outro, talvez por uma cópia. "
-             "Nada foi alterado. Para repor uma cópia use «parvel repor CÓPIA», ou \"Ficheiro > Repor "
-             "cópia…\". Para abrir o ficheiro como está, mude \"" +
-             path + "-wal\" e \"" + path + "-shm\" para outra pasta, onde fiquem guardados, e abra de novo.");
+  FailOn(path, "Ao lado de \"" + path + "\" ficou um registo de gravações, \"" + path +
+                   "-wal\", que não é deste ficheiro ou está estragado. O ficheiro pode ter sido trocado por "
+                   "uma cópia. "
+                   "Nada foi alterado. Para repor uma cópia use «parvel repor CÓPIA», ou \"Ficheiro > Repor "
+                   "cópia…\". Para abrir o ficheiro como está, mude \"" +
+                   path + "-wal\" e \"" + path +
+                   "-shm\" para outra pasta, onde fiquem guardados, e abra de novo.");
 }
 
 [[noreturn]] void RefuseUnreadableLog(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "embedded/collation.h"
+#include "embedded/file_steps.h"
 #include "embedded/file_system.h"
 #include "embedded/sqlite.h"
 #include "engine_fixture.h"
@@ -220,6 +221,14 @@ TEST_F(FileTest, TwoProgramsSeeOneAnothersWrites) {
   EXPECT_EQ(unread->RecordCount(), 200);
   Add(two, "outro");
   EXPECT_EQ(Codes(one).size(), 202u);
+}
+
+TEST_F(FileTest, OneProgramAtATimeOpensAFile) {
+  {
+    const embedded::FolderLock lock(file_, std::chrono::seconds(0));
+    EXPECT_NE(ErrorOf([&] { Open(); }).find("Espere um momento"), std::string::npos);
+  }
+  EXPECT_EQ(ErrorOf([&] { Open(); }), "");
 }
 
 TEST_F(FileTest, ALockedDatabaseRefusesTheWriteInTime) {

@@ -68,10 +68,14 @@ TEST_F(RestoreTest, ALogThatWasLeftByAnotherFileTouchesNothing) {
   EXPECT_EQ(Codes(looked), "A");  // goes over to a log of its own
   const std::string old = folder_.File("antiga.db");
   fs::copy_file(file_, old);
+  const std::string earlier = folder_.File("anterior.db");  // of a program that didn't mark its copies
+  fs::copy_file(copy_, earlier);
+  embedded::SqliteConnection(earlier, SQLITE_OPEN_READWRITE)
+      .Execute("DELETE FROM parvel_settings WHERE name = 'registo'");
   Save("B");
   SaveAndBeKilled("C");
   const std::string log = Contents(file_ + "-wal");
-  for (const std::string& put : {copy_, looked, old}) {
+  for (const std::string& put : {copy_, looked, old, earlier}) {
     SCOPED_TRACE(put);
     fs::copy_file(put, file_, fs::copy_options::overwrite_existing);
     std::ofstream(file_ + "-wal", std::ios::binary) << log;

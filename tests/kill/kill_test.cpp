@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -7,6 +10,7 @@
 #include "console/program.h"
 #include "embedded/database.h"
 #include "program.h"
+#include "steps.h"
 #include "support/engine_tables.h"
 #include "support/temporary_folder.h"
 
@@ -200,20 +204,25 @@ INSTANTIATE_TEST_SUITE_P(All, KillTest, testing::ValuesIn(kStories),
 TEST(Connections, OfOneProgramKeepTheirLocksWhenOneIsOpenedOrClosed) {
   const TemporaryFolder folder;
   const std::string file = folder.File("frota.db");
-  const auto passingBy = [&] { RunKilled(0, [&](const Tell&) { Codes(file); }); };
-  const Told told = RunKilled(0, [&](const Tell& tell) {
+  std::array<int, 2> go{};
+  ASSERT_EQ(pipe(go.data()), 0);
+  const auto saves = [&](const Tell& tell) {
     const auto one = Database::Open(file, Options());
     auto other = Database::Open(file, Options());
     for (int i = 100; i < 140; ++i) {
-      if (i == 110) passingBy();
       if (i == 120) other.reset();
-      if (i == 125) passingBy();
       if (i == 130) Codes(file);
-      if (i == 135) passingBy();
       Save(i % 2 == 0 || !other ? one : other, std::to_string(i));
       tell(std::to_string(i));
+      char ready = 0;
+      if (i % 5 == 0 && read(go[0], &ready, 1) != 1) tell("!");
     }
     _exit(0);
+  };
+  const Told told = RunKilled(0, saves, [&](const std::string& line) {
+    if (line.back() != '0' && line.back() != '5') return;
+    RunKilled(0, [&](const Tell&) { Codes(file); });
+    WriteLine(go[1], "");
   });
   EXPECT_EQ(told.lines.size(), 40u);
   EveryTold(Files{folder}, told);

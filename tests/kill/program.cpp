@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <sstream>
 
 #include "steps.h"
 
@@ -16,7 +15,7 @@ bool Told::Has(const std::string& line) const {
   return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-Told RunKilled(int killAt, const std::function<void(const Tell&)>& act) {
+Told RunKilled(int killAt, const std::function<void(const Tell&)>& act, const Tell& heard) {
   std::array<int, 2> pipe{};
   if (::pipe(pipe.data()) != 0) return {{"!pipe"}, 0};
   const pid_t child = fork();
@@ -33,19 +32,22 @@ Told RunKilled(int killAt, const std::function<void(const Tell&)>& act) {
     _exit(0);
   }
   close(pipe[1]);
-  std::string text;
-  std::array<char, 4096> part{};
-  for (ssize_t length = 0; (length = read(pipe[0], part.data(), part.size())) > 0;)
-    text.append(part.data(), static_cast<std::size_t>(length));
-  close(pipe[0]);
-  waitpid(child, nullptr, 0);
   Told told;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);)
+  std::string line;
+  for (char c = 0; read(pipe[0], &c, 1) == 1;) {
+    if (c != '\n') {
+      line += c;
+      continue;
+    }
     if (line.starts_with('#'))
       told.steps = std::stoi(line.substr(1));
     else
       told.lines.push_back(line);
+    heard(line);
+    line.clear();
+  }
+  close(pipe[0]);
+  waitpid(child, nullptr, 0);
   return told;
 }
 

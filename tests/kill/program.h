@@ -16,7 +16,8 @@ struct Told {
 using Tell = std::function<void(const std::string&)>;
 
 /// Runs `act` in a program of its own that is killed before its step `killAt` (0: never), and in any case
-/// ends without closing anything.
-Told RunKilled(int killAt, const std::function<void(const Tell&)>& act);
+/// ends without closing anything. `heard` gets each line as it is told.
+Told RunKilled(
+    int killAt, const std::function<void(const Tell&)>& act, const Tell& heard = [](const std::string&) {});
 
 }  // namespace kill_tests
