@@ -9,6 +9,7 @@
 
 #include "console/alerts_command.h"
 #include "console/attachments_command.h"
+#include "console/call_texts.h"
 #include "console/console_host.h"
 #include "console/database_choice.h"
 #include "console/demo.h"
@@ -159,17 +160,6 @@ class Program {
   std::ostream& err_;
 };
 
-/// A parse error in the user's language.
-std::string InPortuguese(const CLI::ParseError& error) {
-  if (dynamic_cast<const CLI::RequiredError*>(&error)) return "Falta um argumento ou um comando.";
-  if (dynamic_cast<const CLI::ExtrasError*>(&error))
-    return "Há um argumento a mais ou uma opção desconhecida.";
-  if (dynamic_cast<const CLI::ExcludesError*>(&error)) return "Há duas opções que não vão juntas.";
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
-    return "Há uma opção sem o seu valor, ou com valores a mais.";
-  return "Os argumentos não se entendem.";
-}
-
 /// Runs a command; a failure is a message and an exit code.
 int Guard(std::ostream& err, const std::function<int()>& command) {
   try {
@@ -181,22 +171,6 @@ int Guard(std::ostream& err, const std::function<int()>& command) {
     err << error.what() << '\n';
     return kFailed;
   }
-}
-
-void Translate(CLI::App& app) {
-  auto formatter = app.get_formatter();
-  for (const auto& [label, text] : {std::pair{"Usage", "Uso"},
-                                    {"OPTIONS", "OPÇÕES"},
-                                    {"SUBCOMMAND", "COMANDO"},
-                                    {"SUBCOMMANDS", "COMANDOS"},
-                                    {"Subcommands", "Comandos"},
-                                    {"Options", "Opções"},
-                                    {"Positionals", "Argumentos"},
-                                    {"TEXT", "TEXTO"},
-                                    {"REQUIRED", "obrigatório"},
-                                    {"Excludes", "sem"}})
-    formatter->label(label, text);
-  formatter->column_width(28);
 }
 
 int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {

@@ -5,7 +5,7 @@
 namespace desktop {
 namespace {
 
-QString Filter() { return QStringLiteral("Bases de dados (*.db *.antes-????????-??????);;Todos os ficheiros (*)"); }
+QString Filter() { return QStringLiteral("Bases de dados (*.db *.antes-*[0-9]);;Todos os ficheiros (*)"); }
 
 QString AskToSave(QWidget* parent, const QString& title, const QString& name) {
   FileDialog dialog(parent, title, name, Filter());

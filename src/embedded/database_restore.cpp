@@ -147,7 +147,9 @@ std::string RestoreDatabase(const std::string& name, const std::string& copy, st
   const std::string when = Stamp(path, now);
   MoveToNewName(unfinished, path + std::string(kReady) + when);
   PutInPlace(path, when);
-  return hold ? path + std::string(kAside) + when : std::string();
+  const std::string aside = path + std::string(kAside) + when;
+  const bool left = IsThere(aside) || IsThere(aside + std::string(kLog));
+  return left ? aside : std::string();
 }
 
 void FinishRestore(const std::string& path, milliseconds busyTimeout) {

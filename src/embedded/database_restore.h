@@ -10,7 +10,7 @@ namespace embedded {
 
 /// Puts a copy in the place of a database file, whatever that is or isn't. The copy is opened, copied beside
 /// the file and compared; then the file and what stands beside it are put aside, under a name that is given
-/// back (empty: no file was there), and the copy takes its place. Killed at any moment, the file is the one
+/// back (empty: nothing was there), and the copy takes its place. Killed at any moment, the file is the one
 /// or the other. Raises -2147467259, and nothing has changed, when the copy can't be used or a program has
 /// the file open.
 std::string RestoreDatabase(const std::string& name, const std::string& copy, std::int64_t knownVersion,

@@ -1,13 +1,13 @@
 #include <sys/stat.h>
 
 #include <fstream>
-#include <thread>
 
 #include "embedded/collation.h"
 #include "embedded/file_steps.h"
 #include "embedded/file_system.h"
 #include "embedded/sqlite.h"
 #include "engine_fixture.h"
+#include "platform/files.h"
 #include "support/child.h"
 #include "support/files.h"
 
@@ -221,6 +221,19 @@ TEST_F(FileTest, TwoProgramsSeeOneAnothersWrites) {
   EXPECT_EQ(unread->RecordCount(), 200);
   Add(two, "outro");
   EXPECT_EQ(Codes(one).size(), 202u);
+}
+
+TEST_F(FileTest, WhileItIsOpenNobodyHereReadsOrWritesItAsADocument) {
+  auto database = Open();
+  Add(database, "A");
+  const std::string link = folder_.File("ligação");
+  fs::create_symlink(file_, link);
+  for (const std::string& file : {file_, file_ + "-wal", link}) {
+    EXPECT_NE(ErrorOf([&] { platform::ReadFile(file); }).find("está aberta"), std::string::npos) << file;
+    EXPECT_NE(ErrorOf([&] { platform::WriteFile(file, ""); }).find("está aberta"), std::string::npos) << file;
+  }
+  database.reset();
+  EXPECT_EQ(platform::ReadFile(link).size(), fs::file_size(file_));
 }
 
 TEST_F(FileTest, OneProgramAtATimeOpensAFile) {
