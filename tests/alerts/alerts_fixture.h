@@ -36,7 +36,7 @@ class AlertsFixture : public testing_support::RecordedTest {
   }
   void Accessory(const std::string& plate) {
     Sql("INSERT INTO zor_PV_Acessorios (Matricula, TipoAcessorio, Marca, DataVal) VALUES ('" + plate +
-        "', 'EXTINTOR', 'Xis', " + Day() + ")");
+        "', 'EXTINTORES', 'Xis', " + Day() + ")");
   }
   /// An active driver without documents.
   void Driver(const std::string& code) { testing_support::AddDriver(bd, code, "Ana " + code); }

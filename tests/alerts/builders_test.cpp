@@ -60,7 +60,7 @@ TEST_F(AlertBuildersTest, EveryBandHasItsWords) {
     const auto& [insp, acess] = words.at(days);
     const std::string n = std::to_string(days);
     EXPECT_EQ(Insp(), (Table{{"12-AB-34", "1000", "03-2024", "01-04-2024", insp, n}}));
-    EXPECT_EQ(Acess(), (Table{{"12-AB-34", "EXTINTOR", "Xis", "15-03-2024", acess, n, "1"}}));
+    EXPECT_EQ(Acess(), (Table{{"12-AB-34", "EXTINTORES", "Xis", "15-03-2024", acess, n, "1"}}));
   }
 }
 

@@ -56,6 +56,7 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   form.Campo[1].Text = "Factura de Março";
   Press(form.btConf);
   EXPECT_EQ(form.Campo[0].Text, "");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   ASSERT_EQ(form.Grelha.RowCount(), 1);
   EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
 

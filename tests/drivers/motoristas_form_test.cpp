@@ -100,6 +100,7 @@ TEST_F(MotoristasFormTest, EveryFieldGoesAndComesBack) {
 
   for (int tipo = 0; tipo < 10; ++tipo)
     EXPECT_EQ(again.Grelha.CellText(tipo, 1), (tipo < 9 ? "0" : "") + std::to_string(1 + tipo) + "-01-2030");
+  for (int date : {5, 6, 8, 9, 10}) EXPECT_TRUE(again.DTPicker1[date].Optional);
   for (int date : {5, 6, 8, 9, 10}) again.DTPicker1[date].Value = platform::Variant::Null{};
   Press(again.botoes.btConf);
   EXPECT_EQ(ScreenOf(again), blank);

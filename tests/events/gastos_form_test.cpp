@@ -136,6 +136,10 @@ TEST_F(GastosTest, FiguresAfterEachSave) {
   form.Carrega(0);
   Save("PORTAGEM", "0", "10", "99999", Date::FromParts(2024, 1, 11));
   EXPECT_EQ(Figures(), "10500 8 0,12 145 0,0138 ") << "another cost moves neither km nor consumption";
+  Sql("UPDATE zor_PV_Viaturas SET QtdInicial=10");
+  form.Carrega(0);
+  Save("PORTAGEM", "0", "5", "0", Date::FromParts(2024, 1, 12));
+  EXPECT_EQ(Figures(), "10500 10 0,12 150 0,0143 ") << "what was in the tank at first was used, too";
 }
 
 TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 #include "events/acessorios.h"
@@ -14,6 +15,7 @@
 #include "masterdata/tipos_gastos.h"
 #include "platform/files.h"
 #include "support/database_test.h"
+#include "support/grid_window.h"
 #include "support/screen.h"
 #include "support/temporary_folder.h"
 
@@ -131,10 +133,12 @@ TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
     const auto opened = Opened(name, 1);
     for (int page = 0; page < static_cast<int>(opened->layout.pages.size()); ++page) {
       opened->UserSelectsTab(dynamic_cast<platform::TabControl&>(*opened->layout.tabs), page);
-      for (const platform::LayoutRow& row : opened->layout.pages[static_cast<std::size_t>(page)].rows)
-        for (const platform::LayoutField& place : row)
-          EXPECT_TRUE(place.field == nullptr || place.field->Container->Visible)
-              << name << " page " << page << " " << NameOf(*place.field);
+      const platform::LayoutBlock& block = opened->layout.pages[static_cast<std::size_t>(page)];
+      std::vector<const platform::Control*> shown = {block.grid, block.calendar};
+      for (const platform::LayoutRow& row : block.rows)
+        for (const platform::LayoutField& place : row) shown.push_back(place.field);
+      for (const platform::Control* control : shown)
+        EXPECT_TRUE(control == nullptr || control->Container->Visible) << page << " " << NameOf(*control);
     }
   }
 }
@@ -184,6 +188,43 @@ void DoEverything(const std::string& name, Open&& open) {
       EXPECT_TRUE(error == 0 || (field && error == platform::kStatementRefused))
           << name << " " << NameOf(control) << ": " << error;
     }
+}
+
+TEST_F(FichasTest, WhatAFichaDoesNotHaveIsRefused) {
+  for (const char* name : {"Viaturas", "Motoristas", "Gastos", "Marcas", "frmArquivo", "frm_Attach"}) {
+    const auto form = New(name);
+    EXPECT_EQ(NumberOf([&] { form->Chamar("Nada", "A"); }), platform::kNoSuchMember) << name;
+    EXPECT_EQ(NumberOf([&] { form->Definir("Nada", "A"); }), platform::kNoSuchMember) << name;
+  }
+}
+
+TEST_F(FichasTest, AListIsReadAgainAfterItsVerbsAndNoRowIsNoRecord) {
+  for (const std::string& key : Sistema::ChavesDasListas()) {
+    SCOPED_TRACE(key);
+    NewFleet();
+    sistema.ICrmSistema_ZorDataAccess = bd;
+    if (key.rfind("Alertas", 0) == 0) continue;  // their rows have verbs of their own
+    const auto list = sistema.MostraListas(key);
+    GridWindow window;
+    window.Start(*list);
+    GridRow group(window.grid, 0, true);
+    RecordsetRef before = window.grid.DataSource();
+    for (GridRow* row : {static_cast<GridRow*>(nullptr), &group}) {
+      list->ICrmVwList_Editar(row);
+      list->ICrmVwList_Remover(row);
+    }
+    EXPECT_TRUE(window.grid.DataSource() == before);
+    if (key == "Tacografos" || key == "TacMot" || key == "Selo") continue;
+    GridRow first = window.grid.RowAt(0);
+    for (const auto& verb : {std::function<void()>([&] { list->ICrmVwList_Novo(); }),
+                             {[&] { list->ICrmVwList_Editar(&first); }},
+                             {[&] { list->ICrmVwList_Remover(&first); }}}) {
+      before = window.grid.DataSource();
+      verb();
+      EXPECT_FALSE(window.grid.DataSource() == before);
+    }
+    EXPECT_EQ(list->ICrmVwList_NumeroItens(), 2);
+  }
 }
 
 TEST_F(FichasTest, AnythingCanBeTheFirstActOnANewFicha) {

@@ -141,6 +141,7 @@ TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
   for (const CodigoDaViatura& codigo : kCodigosDaViatura)
     EXPECT_EQ(again.Titulo[codigo.titulo].Caption, "Nome de " + again.Campo[codigo.campo].Text);
   again.UserGoesTo(again.Check1);  // leaving the plate reads its vehicle
+  for (int date : {0, 8, 9, 12}) EXPECT_TRUE(again.DTPicker1[date].Optional);
   for (int date : {0, 8, 9, 12}) again.DTPicker1[date].Value = platform::Variant::Null{};
   Press(again.botoes.btConf);
   EXPECT_EQ(ScreenOf(again), blank);
@@ -283,6 +284,10 @@ TEST_F(ViaturasFormTest, ARemovalWarnsOfEachKindOfEvent) {
   form.CarregaViatura(kPlate);
   Press(form.botoes.btAnular);
   EXPECT_EQ(Plates().size(), 1U);
+  form.CarregaViatura(kPlate);
+  host.ExpectBox(warnings[0], platform::kCancel);
+  form.Anular();
+  EXPECT_EQ(form.Campo[0].Text, kPlate) << "a refusal leaves the screen as it was";
   expect(7, false);
   form.CarregaViatura(kPlate);
   Press(form.botoes.btAnular);
