@@ -58,7 +58,6 @@ TEST(CreationRace, AProgramThatWritesIsWaitedForWhenTheFileGoesOverToItsLog) {
   Database::Open(file, Options());
   const embedded::SqliteConnection other(file, SQLITE_OPEN_READWRITE);
   other.Execute("PRAGMA journal_mode = DELETE; BEGIN IMMEDIATE");
-
   std::thread ends([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     other.Execute("COMMIT");
