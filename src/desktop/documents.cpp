@@ -2,7 +2,6 @@
 
 #include <QDesktopServices>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QMimeDatabase>
@@ -11,7 +10,10 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "desktop/file_dialog.h"
 #include "desktop/message_box.h"
+#include "desktop/text.h"
+#include "platform/files.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -55,11 +57,11 @@ bool RunsByContent(const QString& path) {
 
 /// Asks where to, and writes a copy that only its owner reads and nobody runs.
 void SaveCopy(const QString& path, QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Guardar documento"), QFileInfo(path).fileName());
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString target = dialog.selectedFiles().value(0);
+  FileDialog dialog(parent, QStringLiteral("Guardar documento"), QFileInfo(path).fileName());
+  dialog.setAcceptMode(FileDialog::AcceptSave);
+  dialog.setFileMode(FileDialog::AnyFile);
+  const QString target = dialog.Ask();
+  if (target.isEmpty()) return;
   QFile source(path);
   QSaveFile copy(target);
   if (source.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly) &&
@@ -95,6 +97,11 @@ bool RunsWhenOpened(const QString& path) {
 }
 
 void OpenOrSave(const QString& path, QWidget* parent) {
+  if (platform::FileInUse::Covers(FromQt(path))) {
+    ShowMessage(parent, QStringLiteral("«%1» é a base de dados que está aberta.").arg(path),
+                platform::kOkOnly | platform::kExclamation, QStringLiteral("Abrir documento"));
+    return;
+  }
   if (RunsWhenOpened(path))
     return OfferToSave(
         path,
