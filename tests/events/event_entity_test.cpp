@@ -33,9 +33,13 @@ class EventEntityTest : public RecordedTest {
     EXPECT_TRUE(gasto.LerProximo());
     return gasto.Id;
   }
-  std::int32_t Previous() {
+  /// The records that the arrows lead to: "previous < next".
+  std::string Around(std::int32_t id) {
+    StandOn(id);
     EXPECT_TRUE(gasto.LerAnterior());
-    return gasto.Id;
+    const std::string previous = std::to_string(gasto.Id);
+    StandOn(id);
+    return previous + " < " + std::to_string(Next());
   }
 
   clGastos gasto;
@@ -79,44 +83,26 @@ TEST_F(EventEntityTest, WalksByPlateAndDayAndHoldsAtTheEnds) {
   Add("A", Day(10));  // 3
   EXPECT_TRUE(gasto.LerPrimeiro());
   EXPECT_EQ(gasto.Id, 1);
-  StandOn(1);
-  EXPECT_EQ(Next(), 3);
-  StandOn(3);
-  EXPECT_EQ(Next(), 2) << "from a vehicle's last event to the next vehicle's first";
-  StandOn(2);
-  EXPECT_EQ(Next(), 2);
-  EXPECT_EQ(Previous(), 3);
-  StandOn(1);
-  EXPECT_EQ(Previous(), 1);
   EXPECT_TRUE(gasto.LerUltimo());
   EXPECT_EQ(gasto.Id, 2);
-}
+  EXPECT_EQ(Around(1), "1 < 3");
+  EXPECT_EQ(Around(3), "1 < 2") << "from a vehicle's last event to the next vehicle's first";
+  EXPECT_EQ(Around(2), "3 < 2");
 
-TEST_F(EventEntityTest, EventsOfOneDayAreOnePlaceWhereTheWalkStops) {
-  Add("A", Day(5, 8));   // 1
-  Add("A", Day(5, 9));   // 2
-  Add("A", Day(5, 10));  // 3
-  Add("A", Day(6));      // 4
-  StandOn(1);
-  EXPECT_EQ(Next(), 2);
-  StandOn(2);
-  EXPECT_EQ(Next(), 2);
-  StandOn(4);
-  EXPECT_EQ(Previous(), 3);
-  StandOn(3);
-  EXPECT_EQ(Previous(), 2);
-  StandOn(2);
-  EXPECT_EQ(Previous(), 2);
-}
+  Sql("Delete zor_PV_Gastos");
+  for (const int hour : {8, 9, 10}) Add("A", Day(5, hour));  // 4, 5, 6
+  Add("A", Day(6));                                          // 7
+  EXPECT_EQ(Around(4), "5 < 5") << "the events of one day are one place, where the walk stops";
+  EXPECT_EQ(Around(5), "5 < 5");
+  EXPECT_EQ(Around(6), "5 < 5");
+  EXPECT_EQ(Around(7), "6 < 7");
 
-TEST_F(EventEntityTest, ABlankPlaceSkipsTheFirstRealEvent) {
-  Add("B", Day(1));
-  Add("B", Day(2));
-  gasto.Codigo = "A";
+  Sql("Delete zor_PV_Gastos WHERE Gst_Id<6");
+  gasto.Codigo = "0";
   gasto.Data = Day(1);
-  EXPECT_EQ(Next(), 2);
-  gasto.Codigo = "ABCDEFGHIJKLMNOPQRST";  // compares on its first 15 characters
-  EXPECT_EQ(Next(), 2);
+  EXPECT_EQ(Next(), 7) << "a blank place skips the first real event";
+  gasto.Codigo = "012345678901234567890";  // compares on its first 15 characters
+  EXPECT_EQ(Next(), 7);
   gasto.Codigo = "C";
   EXPECT_THROW(gasto.LerProximo(), platform::RuntimeError);
 }

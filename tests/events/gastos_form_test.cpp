@@ -37,12 +37,13 @@ class GastosTest : public DatabaseTest {
     return text;
   }
   void Save(const std::string& type, const std::string& quantity, const std::string& cost,
-            const std::string& km, Date date) {
+            const std::string& km, int day) {
+    form.Carrega(0);
     form.Campo[4].Text = type;
     form.Campo[5].Text = quantity;
     form.Campo[6].Text = cost;
     form.Campo[8].Text = km;
-    form.DTPicker1.Value = date;
+    form.DTPicker1.Value = Date::FromParts(2024, 1, day);
     Press(form.botoes.btConf);
   }
   Table Expenses() {
@@ -128,34 +129,40 @@ TEST_F(GastosTest, RulesSleepAfterEscapeAndUntilAKeyIsPressed) {
 
 TEST_F(GastosTest, FiguresAfterEachSave) {
   OpenForVehicle("12-AB-34");
-  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
+  Save("GASOLEO", "50", "75", "10000", 1);
   EXPECT_EQ(Figures(), "10000 0 0 75 0,0075 ") << "the first fill has no consumption";
-  form.Carrega(0);
-  Save("GASOLEO", "40", "60", "10500", Date::FromParts(2024, 1, 10));
+  Save("GASOLEO", "40", "60", "10500", 10);
   EXPECT_EQ(Figures(), "10500 8 0,12 135 0,0129 ");
-  form.Carrega(0);
-  Save("PORTAGEM", "0", "10", "99999", Date::FromParts(2024, 1, 11));
+  Save("PORTAGEM", "0", "10", "99999", 11);
   EXPECT_EQ(Figures(), "10500 8 0,12 145 0,0138 ") << "another cost moves neither km nor consumption";
   Sql("UPDATE zor_PV_Viaturas SET QtdInicial=10");
-  form.Carrega(0);
-  Save("PORTAGEM", "0", "5", "0", Date::FromParts(2024, 1, 12));
+  Save("PORTAGEM", "0", "5", "0", 12);
   EXPECT_EQ(Figures(), "10500 10 0,12 150 0,0143 ") << "what was in the tank at first was used, too";
+  Sql("UPDATE zor_PV_Viaturas SET KmInicial=99999");
+  Save("GASOLEO", "1", "1", "11000", 13);
+  EXPECT_EQ(Figures(), "11000 0 0 151 0,0137 ") << "below the initial kilometres nothing is negative";
+  Sql("Delete zor_PV_Viaturas");
+  Save("GASOLEO", "50", "75", "12000", 14);
+  EXPECT_EQ(Rows(bd, "SELECT Matricula, Marca, KmActual FROM zor_PV_Viaturas"),
+            (Table{{"12-AB-34", "", "12000"}}))
+      << "a vehicle removed meanwhile comes back with its figures alone";
+  form.Carrega(0);
+  form.Campo[5].Text = "muitos";
+  EXPECT_THROW(Press(form.botoes.btConf), platform::RuntimeError);
+  EXPECT_EQ(form.Campo[5].Text, "muitos");
+  EXPECT_EQ(Expenses().size(), 6U) << "a text in a number stores nothing";
 }
 
 TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {
   OpenForVehicle("12-AB-34");
-  EventOf<clAcessorios> acessorio(bd, "12-AB-34");
-  acessorio.Custo = 100;
-  acessorio.Escrever();
-  EventOf<clInspecoes> inspecao(bd, "12-AB-34");
-  inspecao.Custo = 30;
-  inspecao.Escrever();
-  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
-  form.Carrega(0);
-  Save("GASOLEO", "40", "60", "10500", Date::FromParts(2024, 1, 10));
+  AddEvent<clAcessorios>(bd, "12-AB-34");
+  Sql("UPDATE zor_PV_Acessorios SET Custo=100");
+  AddEvent<clInspecoes>(bd, "12-AB-34");
+  Sql("UPDATE zor_PV_Inspecoes SET Custo=30");
+  Save("GASOLEO", "50", "75", "10000", 1);
+  Save("GASOLEO", "40", "60", "10500", 10);
   EXPECT_EQ(Figures(), "10500 8 0,12 265 0,0252 ");
-  form.Carrega(0);
-  Save("PORTAGEM", "0", "10", "0", Date::FromParts(2024, 1, 11));
+  Save("PORTAGEM", "0", "10", "0", 11);
   form.Carrega(3);
   host.ExpectBox("Vai proceder à anulação do Gasto!\n\rPretende continuar?", platform::kOk);
   Press(form.botoes.btAnular);
@@ -166,45 +173,17 @@ TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {
                                             "consumption comes from the last first fill";
 }
 
-TEST_F(GastosTest, AnOdometerBelowTheInitialOneGivesNoNegativeFigures) {
-  OpenForVehicle("12-AB-34");
-  Save("GASOLEO", "50", "75", "9000", Date::FromParts(2024, 1, 1));
-  form.Carrega(0);
-  Save("GASOLEO", "40", "60", "9500", Date::FromParts(2024, 1, 10));
-  EXPECT_EQ(Figures(), "9500 0 0 135 0,0142 ");
-}
-
-TEST_F(GastosTest, AVehicleRemovedMeanwhileComesBackWithItsFiguresAlone) {
-  OpenForVehicle("12-AB-34");
-  Sql("Delete zor_PV_Viaturas");
-  Save("GASOLEO", "50", "75", "10000", Date::FromParts(2024, 1, 1));
-  EXPECT_EQ(Rows(bd, "SELECT Matricula, Marca, KmActual FROM zor_PV_Viaturas"),
-            (Table{{"12-AB-34", "", "10000"}}));
-}
-
-TEST_F(GastosTest, ATextInANumberStoresNothingAndKeepsTheScreen) {
-  OpenForVehicle("12-AB-34");
-  form.Campo[5].Text = "muitos";
-  EXPECT_THROW(Press(form.botoes.btConf), platform::RuntimeError);
-  EXPECT_EQ(form.Campo[5].Text, "muitos");
-  EXPECT_TRUE(Expenses().empty());
-}
-
 TEST_F(GastosTest, ArrowsWalkAndAskAboutChanges) {
   for (int day : {1, 2, 3})
     AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, day), "GASOLEO", "1", "2", day);
   form.Load();
   form.Carrega(1);
   Press(form.botoes.btNavega[2]);
-  EXPECT_EQ(form.Seg_Id, 2);
-  EXPECT_EQ(form.Campo[8].Text, "2");
   Type(form.Campo[3], "nota");
   host.ExpectBox("A informação relativa à Ficha foi alterada.\n\rPretende gravar?", platform::kOk);
   Press(form.botoes.btNavega[3]);
   EXPECT_EQ(form.Seg_Id, 3);
   EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Gastos WHERE Gst_Id=2"), (Table{{"nota"}}));
-  Press(form.botoes.btNavega[0]);
-  EXPECT_EQ(form.Seg_Id, 1);
   host.ExpectBox("Vai proceder à anulação do Gasto!\n\rPretende continuar?", platform::kCancel);
   Press(form.botoes.btAnular);
   EXPECT_EQ(form.Campo[8].Text, "") << "cancelling a removal empties the screen all the same";

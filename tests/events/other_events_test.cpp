@@ -119,28 +119,24 @@ TEST_F(EventsTest, AnAccessoryMayHaveNoValidity) {
 }
 
 TEST_F(EventsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
-  const struct {
-    int first, last;
-    const char* cost;
-    const char* distance;
-    const char* perKm;
-  } cases[] = {{10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
-               {5000, 5000, "1234,5", "Acessório com 0 Km", "Custo/Km 1.234,50 €"},
-               {5000, 6000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
-               {1000, 0, "100", "Acessório com -1.000 Km", "Custo/Km -0,10 €"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.distance);
+  const std::tuple<int, int, const char*, const char*, const char*> cases[] = {
+      {10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
+      {5000, 5000, "1234,5", "Acessório com 0 Km", "Custo/Km 1.234,50 €"},
+      {5000, 6000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
+      {1000, 0, "100", "Acessório com -1.000 Km", "Custo/Km -0,10 €"}};
+  for (const auto& [first, last, cost, distance, perKm] : cases) {
+    SCOPED_TRACE(distance);
     EventOf<clAcessorios> acessorio(bd, "12-AB-34");
-    acessorio.KmInicial = c.first;
-    acessorio.KmFinal = c.last;
-    acessorio.Custo = platform::Currency::Parse(c.cost);
+    acessorio.KmInicial = first;
+    acessorio.KmFinal = last;
+    acessorio.Custo = platform::Currency::Parse(cost);
     acessorio.Escrever();
     acessorio.LerUltimo();
     Acessorios form;
     Open(form, 0);
     form.Carrega(acessorio.Id);
-    EXPECT_EQ(form.Titulo[12].Caption, c.distance);
-    EXPECT_EQ(form.Titulo[13].Caption, c.perKm);
+    EXPECT_EQ(form.Titulo[12].Caption, distance);
+    EXPECT_EQ(form.Titulo[13].Caption, perKm);
     acessorio.Anular();
   }
 }
@@ -206,9 +202,8 @@ TEST_F(EventsTest, ReportsThatTheServerRejectsSaySoAndTheFichaGoesOn) {
 
 TEST_F(EventsTest, FinesOfAllVehiclesAreOfferedEvenOnOneVehiclesFicha) {
   AddVehicle(bd, "99-ZZ-99");
-  EventOf<clMultas> multa(bd, "99-ZZ-99");
-  multa.Motorista = "1";
-  multa.Escrever();
+  AddEvent<clMultas>(bd, "99-ZZ-99");
+  Sql("UPDATE zor_PV_Multas SET Motorista='1'");
   Multas form;
   Open(form);
   Type(form.Campo[1], "1");
@@ -231,13 +226,8 @@ TEST_F(EventsTest, EachListShowsEditsAndRemovesItsOwn) {
   Sql("UPDATE zor_PV_Acessorios SET TipoAcessorio='GPS', KmInicial=1, KmFinal=2");
   Sql("INSERT INTO zor_PV_Companhias (Codigo, Nome) VALUES ('TEJO', 'Tejo')");
   Sql("UPDATE zor_PV_Seguros SET Companhia='TEJO', Inactiva=1");
-  const struct {
-    const char* key;
-    const char* caption;
-    const char* headings;
-    const char* row;
-    const char* totalAfterRemoval;
-  } lists[] = {
+  // The key and the caption, the headings, the row, and the vehicle's total once it has gone.
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> lists[] = {
       {"Multas", "Multas", "Matrícula|Marca|Motorista|Data |", "12-AB-34|Renault|Ana|15-03-2024|", "80"},
       {"Sinistros", "Sinistros", "Matrícula|Marca|Motorista|Data Sinistro|",
        "12-AB-34|Renault|Ana|15-03-2024|", "80"},
@@ -248,25 +238,23 @@ TEST_F(EventsTest, EachListShowsEditsAndRemovesItsOwn) {
       {"Acessorios", "Acessórios", "Matrícula|Marca|Data|Tipo Acessório|Km. Iniciais|Km. Finais|",
        "12-AB-34|Renault|15-03-2024|Localizador|1|2|", "20"},
       {"Inspecoes", "Inspecções", "Matrícula|Marca|Data|", "12-AB-34|Renault|15-03-2024|", "0"}};
-  for (const auto& c : lists) {
-    SCOPED_TRACE(c.key);
+  for (const auto& [key, caption, headings, shown, total] : lists) {
+    SCOPED_TRACE(key);
     sistema.ICrmSistema_ZorDataAccess = bd;
-    const auto list = sistema.MostraListas(c.key);
-    ASSERT_NE(list, nullptr);
+    const auto list = sistema.MostraListas(key);
     GridWindow window;
     window.Start(*list);
-    ASSERT_EQ(list->ICrmVwList_NumeroItens(), 1);
-    EXPECT_EQ(window.Headings(), c.headings);
-    EXPECT_EQ(window.Row(0), c.row);
+    EXPECT_EQ(window.Headings(), headings);
+    EXPECT_EQ(window.Rows(), shown);
     GridRow row = window.grid.RowAt(0);
-    host.NextForm([&](platform::Form& form) {
-      EXPECT_EQ(form.Caption, c.caption);
+    host.NextForm([title = caption](platform::Form& form) {
+      EXPECT_EQ(form.Caption, title);
       EXPECT_EQ(dynamic_cast<EventForm&>(form).Campo[0].Text, "12-AB-34");
     });
     list->ICrmVwList_Editar(&row);
     list->ICrmVwList_Remover(&row);
     EXPECT_EQ(list->ICrmVwList_NumeroItens(), 0);
-    EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas").at(0)[0], c.totalAfterRemoval);
+    EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas").at(0)[0], total);
   }
 }
 

@@ -39,20 +39,16 @@ class SegurosTest : public DatabaseTest {
   Seguros form;
 };
 
-TEST_F(SegurosTest, BeginsHalfYearlyAndOpenFromToday) {
-  EXPECT_EQ(form.Combo1.ListIndex, 1);
-  EXPECT_EQ(form.Combo1.List[1], "Semestral");
+TEST_F(SegurosTest, BeginsHalfYearlyFromTodayAndFieldsCheckThemselvesWhateverWasPressed) {
+  EXPECT_EQ(form.Combo1.List[form.Combo1.ListIndex], "Semestral");
   EXPECT_EQ(form.Check1.Value, 0);
-  EXPECT_EQ(form.DTPicker1.Value.ToDate(), Date::FromParts(2024, 3, 15));
-  EXPECT_EQ(form.DTPicker2.Value.ToDate(), Date::FromParts(2024, 3, 15));
-}
-
-TEST_F(SegurosTest, FieldsCheckThemselvesWhateverWasPressed) {
+  for (const auto* date : {&form.DTPicker1, &form.DTPicker2})
+    EXPECT_EQ(date->Value.ToDate(), Date::FromParts(2024, 3, 15));
   Enter(form.Campo[0], "12-AB-34");
   EXPECT_EQ(form.Titulo[9].Caption, "Renault");
   EXPECT_EQ(form.Matricula, "") << "a policy's plate isn't taken before it is loaded";
-  for (const char* message : {"Companhia não existente!", "Companhia não existente!"}) {
-    host.ExpectBox(message);
+  for (int i = 0; i < 2; ++i) {
+    host.ExpectBox("Companhia não existente!");
     form.UserGoesTo(form.Campo[3]);
   }
   EXPECT_EQ(host.boxes.back().title, "Informação");
@@ -64,16 +60,11 @@ TEST_F(SegurosTest, FieldsCheckThemselvesWhateverWasPressed) {
 }
 
 TEST_F(SegurosTest, RenewalClosesTheOldPolicyAndBeginsWhereItEnded) {
-  const struct {
-    int modalidade;
-    Date end;
-    const char* newEnd;
-  } cases[] = {{0, Date::FromParts(2024, 2, 29), "28-02-2025"},
-               {1, Date::FromParts(2024, 3, 31), "30-09-2024"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.newEnd);
+  for (const auto& [modalidade, end, newEnd] :
+       {std::tuple{0, "29-02-2024", "28-02-2025"}, {1, "31-03-2024", "30-09-2024"}}) {
+    SCOPED_TRACE(newEnd);
     Sql("Delete zor_PV_Seguros");
-    Add(c.modalidade, c.end);
+    Add(modalidade, Date::Parse(end));
     const std::int32_t id = platform::Variant(Policies()[0][0]).ToLong();
     form.Carrega(id);
     host.ExpectBox(kRenewal, platform::kOk);
@@ -82,14 +73,13 @@ TEST_F(SegurosTest, RenewalClosesTheOldPolicyAndBeginsWhereItEnded) {
     Press(form.botoes.btConf);
     const Table policies = Policies();
     ASSERT_EQ(policies.size(), 2U);
-    EXPECT_EQ(policies[0][4], "1");
+    EXPECT_EQ(policies[0][4] + policies[1][4], "10");
     EXPECT_EQ(policies[1][1], policies[0][2]) << "the two overlap by a day";
-    EXPECT_EQ(policies[1][2], c.newEnd);
-    EXPECT_EQ(policies[1][4], "0");
+    EXPECT_EQ(policies[1][2], newEnd);
   }
 }
 
-TEST_F(SegurosTest, ARenewalCanBeDroppedOrCarriedOverAMove) {
+TEST_F(SegurosTest, ARenewalCanBeDroppedOrCarriedOverAMoveOrBeginOnABlankFicha) {
   Add(0, Date::FromParts(2024, 5, 1));
   Add(0, Date::FromParts(2024, 6, 1));
   form.Carrega(1);
@@ -108,17 +98,15 @@ TEST_F(SegurosTest, ARenewalCanBeDroppedOrCarriedOverAMove) {
   EXPECT_EQ(form.Seg_Id, 2);
   Press(form.botoes.btConf);
   EXPECT_EQ(Policies()[0][4], "1") << "a move doesn't end the renewal: the old policy is closed all the same";
-}
 
-TEST_F(SegurosTest, RenewingABlankFichaInsertsTwoPolicies) {
+  Sql("Delete zor_PV_Seguros");
   Type(form.Campo[0], "12-AB-34");
   host.ExpectBox(kRenewal, platform::kOk);
   Press(form.btRenovar);
   form.Campo[0].Text = "12-AB-34";
   Press(form.botoes.btConf);
-  const Table policies = Policies();
-  ASSERT_EQ(policies.size(), 2U);
-  EXPECT_EQ(policies[0][4] + policies[1][4], "10");
+  ASSERT_EQ(Policies().size(), 2U);
+  EXPECT_EQ(Policies()[0][4] + Policies()[1][4], "10");
 }
 
 TEST_F(SegurosTest, ARemovalClosesAFichaOpenedOnItsOwn) {

@@ -1,7 +1,13 @@
 #include "support/fleet.h"
 
 #include "drivers/motoristas.h"
+#include "events/acessorios.h"
 #include "events/gastos.h"
+#include "events/inspecoes.h"
+#include "events/multas.h"
+#include "events/revisoes.h"
+#include "events/seguros.h"
+#include "events/sinistros.h"
 #include "masterdata/tipos_gastos.h"
 #include "vehicles/viaturas.h"
 
@@ -57,6 +63,17 @@ void AddExpense(const DataAccessRef& bd, const std::string& plate, platform::Dat
   gasto.Custo = Currency::Parse(cost);
   gasto.Km = km;
   gasto.Escrever();
+}
+
+void AddEvents(const DataAccessRef& bd, const std::string& plate) {
+  AddExpenseTypes(bd);
+  AddExpense(bd, plate, platform::Date::FromParts(2024, 1, 1), "PORTAGEM", "1", "2", 3);
+  AddEvent<clAcessorios>(bd, plate);
+  AddEvent<clSeguros>(bd, plate);
+  AddEvent<clSinistros>(bd, plate);
+  AddEvent<clMultas>(bd, plate);
+  AddEvent<clRevisoes>(bd, plate);
+  AddEvent<clInspecoes>(bd, plate);
 }
 
 }  // namespace testing_support

@@ -27,6 +27,13 @@ struct EventOf : Event {
   }
 };
 
+template <typename Event>
+void AddEvent(const zorCrmParvel::DataAccessRef& bd, const std::string& plate) {
+  EventOf<Event>(bd, plate).Escrever();
+}
+/// An event of each of the seven kinds, with the expense types.
+void AddEvents(const zorCrmParvel::DataAccessRef& bd, const std::string& plate);
+
 /// A make, a vehicle of it with its initial figures.
 void AddVehicle(const zorCrmParvel::DataAccessRef& bd, const std::string& plate, int kmInicial = 0,
                 int qtdInicial = 0);

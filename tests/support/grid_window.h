@@ -30,6 +30,12 @@ class GridWindow : public platform::Form {
       if (!grid.Columns()[i].hidden) text += grid.CellText(row, i) + "|";
     return text;
   }
+  /// All rows, a line each.
+  std::string Rows() const {
+    std::string text;
+    for (long row = 0; row < grid.RowCount(); ++row) text += (row == 0 ? "" : "\n") + Row(row);
+    return text;
+  }
 
   platform::SGGrid grid{*this, "Grelha"};
 };

@@ -78,25 +78,21 @@ TEST_F(ActualListTest, ADownloadMovesOnFromTheDateShown) {
 }
 
 TEST_F(ActualListTest, RoadTaxMovesToTheEndOfItsPeriod) {
-  const struct {
-    const char* registered;
-    const char* tax;
-    const char* paid;
-    Table after;  // DataMatricula, DataSelo, SeloPago
-  } cases[] = {
+  // DataMatricula, DataSelo and SeloPago before and after.
+  const std::tuple<const char*, const char*, const char*, Table> cases[] = {
       {"2015.03.07", "2023.03.31", "1", {{"07-03-2015", "31-03-2025", "False"}}},
       {"2015.05.07", "2023.05.31", "1", {{"07-05-2015", "31-05-2024", "False"}}},
       {"2015.05.07", "2024.05.31", "1", {{"07-05-2015", "31-05-2024", "True"}}},
       {"2015.03.07", "1899.12.30", "1", {{"31-03-2025", "00:00:00", "False"}}},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.registered) + " " + c.tax);
-    Sql(std::string("UPDATE zor_PV_Viaturas SET DataMatricula='") + c.registered + "', DataSelo='" + c.tax +
-        "', SeloPago=" + c.paid);
+  for (const auto& [registered, tax, paid, after] : cases) {
+    SCOPED_TRACE(std::string(registered) + " " + tax);
+    Sql(std::string("UPDATE zor_PV_Viaturas SET DataMatricula='") + registered + "', DataSelo='" + tax +
+        "', SeloPago=" + paid);
     Start(3);
     Command(0);
-    EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago FROM zor_PV_Viaturas"), c.after);
-    EXPECT_EQ(Shown(0, 2), c.after[0][1]);
+    EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago FROM zor_PV_Viaturas"), after);
+    EXPECT_EQ(Shown(0, 2), after[0][1]);
   }
 }
 

@@ -3,12 +3,8 @@
 #include <set>
 
 #include "events/acessorios.h"
-#include "events/gastos.h"
-#include "events/inspecoes.h"
 #include "events/multas.h"
-#include "events/revisoes.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
 #include "host/sistema.h"
 #include "support/database_test.h"
 
@@ -29,43 +25,18 @@ class ViaturasTabsTest : public DatabaseTest {
     form.mybd = bd;
     form.Load();
   }
-  /// An event of the vehicle that only needs its own columns, of February.
-  template <typename E>
-  struct Event : EventOf<E> {
-    Event(const DataAccessRef& database, int day) : EventOf<E>(database, kPlate) {
-      E::Data = Date::FromParts(2024, 2, day, 8, 5, 30);
-      E::Obs = "nota";
-    }
-  };
-  /// One event of each kind, and a second policy, closed.
+  /// One event of each kind, of February.
   void AddEvents() {
-    Event<clSeguros> seguro(bd, 10);
-    seguro.Apolice = "AP-1";
-    seguro.Premio = 300;
-    seguro.Escrever();
-    seguro.Apolice = "AP-0";
-    seguro.Inactiva = 1;
-    seguro.Escrever();
-    Event<clRevisoes> revisao(bd, 11);
-    revisao.Km = 15000;
-    revisao.Custo = Currency::Parse("99,5");
-    revisao.Escrever();
-    Event<clInspecoes> inspecao(bd, 12);
-    inspecao.Km = 16000;
-    inspecao.Escrever();
-    Event<clAcessorios> acessorio(bd, 13);
-    acessorio.TipoAcessorio = "GPS";
-    acessorio.Marca = "Tom";
-    acessorio.Escrever();
-    AddExpense(bd, kPlate, Date::FromParts(2024, 2, 14, 9, 30, 15), "PORTAGEM", "2", "7,5", 100);
-    Event<clSinistros> sinistro(bd, 15);
-    sinistro.Motorista = "1";
-    sinistro.LocalAc = "A1";
-    sinistro.Escrever();
-    Event<clMultas> multa(bd, 16);
-    multa.Motorista = "PERDIDO";
-    multa.Valor = 60;
-    multa.Escrever();
+    testing_support::AddEvents(bd, kPlate);
+    for (const char* columns :
+         {"Seguros SET Validade='2024.02.10 08:05:30', Apolice='AP-1', Premio=300",
+          "Revisoes SET Data='2024.02.11 08:05:30', Km=15000, Custo=99.5, Obs='nota'",
+          "Inspecoes SET Data='2024.02.12 08:05:30', Km=16000, Obs='nota'",
+          "Acessorios SET Data='2024.02.13 08:05:30', TipoAcessorio='GPS', Marca='Tom', Obs='nota'",
+          "Gastos SET Data='2024.02.14 09:30:15', Qtd=2, Custo=7.5",
+          "Sinistros SET Data='2024.02.15', Motorista='1', LocalAc='A1', Obs='nota'",
+          "Multas SET Data='2024.02.16', Motorista='PERDIDO', ValorMulta=60, Obs='nota'"})
+      Sql(std::string("UPDATE zor_PV_") + columns);
   }
   static Row Cells(const platform::SGGrid& grid, long row) {
     Row cells;
@@ -90,86 +61,50 @@ class ViaturasTabsTest : public DatabaseTest {
 
 TEST_F(ViaturasTabsTest, EachTabShowsItsEventsAndTheDetailsOfTheFirst) {
   AddEvents();
-  const struct {
-    int tab;
-    platform::SGGrid& grid;
-    const char* cells;
-    std::vector<int> fields;
-    const char* texts;
-    int date;
-    const char* shown;
-  } tabs[] = {
-      {kApolices,
-       form.Grelha,
-       "AP-1|10-02-2024 08:05:30|Activa",
-       {15, 27, 36},
-       "AP-1|300|1",
-       5,
-       "10-02-2024 08:05:30"},
-      {kRevisoes,
-       form.GrelhaManut,
-       "11-02-2024 08:05:30|15.000|99,50",
-       {51, 52, 54, 49},
-       "15000|99,5|nota|1",
-       7,
-       "11-02-2024 08:05:30"},
-      {kInspeccao,
-       form.GrelhaInsp,
-       "12-02-2024 08:05:30|16.000|0,00",
-       {46, 47, 45, 48},
-       "16000|0|nota|1",
-       6,
-       "12-02-2024 08:05:30"},
-      {kAcessorios, form.GrelhaAces, "GPS|Tom|", {18, 35, 37}, "Tom|nota|1", 2, "13-02-2024 08:05:30"},
-      {kGastos,
-       form.GrelhaGst,
-       "14-02-2024 09:30|2|7,50",
-       {39, 38, 40, 44, 41},
-       "Ana|2|7,5|Portagens|1",
-       4,
-       "14-02-2024 09:30:00"},
-      {kSinistros, form.GrelhaSin, "Ana|15-02-2024", {55, 57, 58, 56}, "Ana|A1|nota|1", 10, "15-02-2024"},
-      {kMultas, form.GrelhaMul, "|16-02-2024", {59, 62, 60, 61}, "|60|nota|1", 11, "16-02-2024"}};
+  // The first row, its details with the key behind them, its date.
+  const std::tuple<const char*, const char*, const char*> first[] = {
+      {"AP-1|10-02-2024 08:05:30|Activa|", "||AP-1|300|0|1|", "10-02-2024 08:05:30"},
+      {"GPS|Tom||", "|Tom||0|0|0|0|nota|1|", "13-02-2024 08:05:30"},
+      {"14-02-2024 09:30|2|7,50|", "Ana|2|7,5||Portagens|1|", "14-02-2024 09:30:00"},
+      {"12-02-2024 08:05:30|16.000|0,00|", "16000|0|nota|1|", "12-02-2024 08:05:30"},
+      {"11-02-2024 08:05:30|15.000|99,50|", "|15000|99,5|nota|1|", "11-02-2024 08:05:30"},
+      {"Ana|15-02-2024|", "Ana|nota|A1|1|", "15-02-2024"},
+      {"|16-02-2024|", "|nota|60|1|", "16-02-2024"}};
   const auto joined = [](const Row& texts) {
     std::string line;
-    for (const std::string& text : texts) line += (&text == &texts.front() ? "" : "|") + text;
+    for (const std::string& text : texts) line += text + "|";
     return line;
   };
-  for (const auto& c : tabs) {
-    SCOPED_TRACE(c.tab);
-    Show(c.tab);
-    EXPECT_EQ(form.ActiveControl(), &c.grid);
-    const Row cells = Cells(c.grid, 0);
-    EXPECT_EQ(joined(cells), c.cells);
-    EXPECT_EQ(c.grid.RowCount(), 30);
-    EXPECT_EQ(joined(Fields(c.fields)), c.texts);
-    EXPECT_EQ(form.DTPicker1[c.date].Value.ToText(), c.shown);
-    form.UserSelectsRow(c.grid, 5);
-    EXPECT_EQ(Fields(c.fields), Row(c.fields.size())) << "an empty row empties the details";
-    EXPECT_EQ(form.DTPicker1[c.date].Value.ToText(), "15-03-2024");
-    EXPECT_FALSE(form.Campo[c.fields[0]].Enabled || form.DTPicker1[c.date].Enabled);
-    Press(form.botoes.btCancelar);
-    EXPECT_EQ(Cells(c.grid, 0), Row(cells.size())) << "an empty screen has empty grids";
-  }
-}
-
-TEST_F(ViaturasTabsTest, AnEventThatHasGoneEmptiesTheDetails) {
-  AddEvents();
-  for (const SeparadorDeEventos& tab : SeparadoresDeEventos()) {
+  for (std::size_t i = 0; i < std::size(first); ++i) {
+    const SeparadorDeEventos& tab = SeparadoresDeEventos()[i];
+    const auto& [cells, details, date] = first[i];
     SCOPED_TRACE(tab.ficha);
+    platform::SGGrid& grid = form.*tab.grelha;
+    const platform::DTPicker& picker = form.DTPicker1[tab.data];
+    std::vector<int> fields = tab.campos;
+    fields.push_back(tab.campoId);
+    const Row nothing(fields.size());
     Show(tab.indice);
-    EXPECT_EQ(form.Campo[tab.campoId].Text, "1");
-    form.UserSelectsRow(form.*tab.grelha, 5);
+    EXPECT_EQ(form.ActiveControl(), &grid);
+    EXPECT_EQ(joined(Cells(grid, 0)), cells);
+    EXPECT_EQ(grid.RowCount(), 30);
+    EXPECT_EQ(joined(Fields(fields)), details);
+    EXPECT_EQ(picker.Value.ToText(), date);
+    form.UserSelectsRow(grid, 5);
+    EXPECT_EQ(Fields(fields), nothing) << "an empty row empties the details";
+    EXPECT_EQ(picker.Value.ToText(), "15-03-2024");
+    EXPECT_FALSE(form.Campo[fields[0]].Enabled || picker.Enabled);
     Sql(std::string("Delete zor_PV_") + tab.ficha);
-    form.UserSelectsRow(form.*tab.grelha, 0);
-    EXPECT_EQ(form.Campo[tab.campoId].Text, "");
-    EXPECT_EQ(Fields(tab.campos), Row(tab.campos.size()));
+    form.UserSelectsRow(grid, 0);
+    EXPECT_EQ(Fields(fields), nothing) << "an event that has gone, too";
+    Press(form.botoes.btCancelar);
+    EXPECT_EQ(Cells(grid, 0), Row(Cells(grid, 0).size())) << "an empty screen has empty grids";
   }
 }
 
 TEST_F(ViaturasTabsTest, AGridGrowsWithItsEventsAndKeepsNoneOfAnotherVehicle) {
   for (int count = 1; count <= 30; ++count) {
-    Event<clMultas>(bd, 1).Escrever();
+    AddEvent<clMultas>(bd, kPlate);
     if (count < 29) continue;
     form.CarregaViatura(kPlate);
     EXPECT_EQ(form.GrelhaMul.RowCount(), count == 29 ? 30 : 31);
@@ -184,52 +119,45 @@ TEST_F(ViaturasTabsTest, AGridGrowsWithItsEventsAndKeepsNoneOfAnotherVehicle) {
 }
 
 TEST_F(ViaturasTabsTest, APolicyTellsHowLongItStillRuns) {
-  const struct {
-    const char* end;
-    std::int16_t closed;
-    const char* line;
-  } cases[] = {{"14-03-2024", 0, "Prazo de pagamento ultrapassado!"},
-               {"15-03-2024", 0, "Faltam ...  0 dias"},
-               {"14-04-2024", 0, "Faltam ...  30 dias"},
-               {"14-04-2024", 1, ""}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.end);
+  const std::tuple<const char*, std::int16_t, const char*> cases[] = {
+      {"14-03-2024", 0, "Prazo de pagamento ultrapassado!"},
+      {"15-03-2024", 0, "Faltam ...  0 dias"},
+      {"14-04-2024", 0, "Faltam ...  30 dias"},
+      {"14-04-2024", 1, ""}};
+  for (const auto& [end, closed, line] : cases) {
+    SCOPED_TRACE(end);
     Sql("Delete zor_PV_Seguros");
-    Event<clSeguros> seguro(bd, 1);
+    EventOf<clSeguros> seguro(bd, kPlate);
     seguro.Apolice = "AP";
-    seguro.Validade = Date::Parse(c.end);
-    seguro.Inactiva = c.closed;
+    seguro.Validade = Date::Parse(end);
+    seguro.Inactiva = closed;
     seguro.Escrever();
     Show(kApolices);
-    EXPECT_EQ(form.Titulo[64].Caption, c.line);
+    EXPECT_EQ(form.Titulo[64].Caption, line);
     EXPECT_EQ(form.Combo1.ListIndex, 0);
-    EXPECT_EQ(Cells(form.Grelha, 0)[2], c.closed == 1 ? "Inactiva" : "Activa");
+    EXPECT_EQ(Cells(form.Grelha, 0)[2], closed == 1 ? "Inactiva" : "Activa");
   }
 }
 
 TEST_F(ViaturasTabsTest, AnAccessoryTellsItsDistanceAndCostPerKm) {
-  const struct {
-    int first, last;
-    const char* cost;
-    const char* distance;
-    const char* perKm;
-  } cases[] = {{10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
-               {10000, 11000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
-               {5000, 5000, "100", "Acessório com 0 Km", "Custo/Km 0,00 €"},
-               {19900, 0, "100", "Acessório com 100 Km", "Custo/Km 1,00 €"},
-               {21000, 0, "100", "Acessório com -1.000 Km", "Custo/Km 0,00 €"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.distance);
+  const std::tuple<int, int, const char*, const char*, const char*> cases[] = {
+      {10000, 12500, "100", "Acessório com 2.500 Km", "Custo/Km 0,04 €"},
+      {10000, 11000, "14,98", "Acessório com 1.000 Km", "Custo/Km 0,01 €"},
+      {5000, 5000, "100", "Acessório com 0 Km", "Custo/Km 0,00 €"},
+      {19900, 0, "100", "Acessório com 100 Km", "Custo/Km 1,00 €"},
+      {21000, 0, "100", "Acessório com -1.000 Km", "Custo/Km 0,00 €"}};
+  for (const auto& [first, last, cost, distance, perKm] : cases) {
+    SCOPED_TRACE(distance);
     Sql("Delete zor_PV_Acessorios");
-    Event<clAcessorios> acessorio(bd, 1);
+    EventOf<clAcessorios> acessorio(bd, kPlate);
     acessorio.TipoAcessorio = "GPS";
-    acessorio.KmInicial = c.first;
-    acessorio.KmFinal = c.last;
-    acessorio.Custo = Currency::Parse(c.cost);
+    acessorio.KmInicial = first;
+    acessorio.KmFinal = last;
+    acessorio.Custo = Currency::Parse(cost);
     acessorio.Escrever();
     Show(kAcessorios);
-    EXPECT_EQ(form.Titulo[2].Caption, c.distance);
-    EXPECT_EQ(form.Titulo[51].Caption, c.perKm);
+    EXPECT_EQ(form.Titulo[2].Caption, distance);
+    EXPECT_EQ(form.Titulo[51].Caption, perKm);
     form.UserSelectsRow(form.GrelhaAces, 3);
     EXPECT_EQ(form.Titulo[2].Caption + form.Titulo[51].Caption, "");
   }
@@ -248,6 +176,28 @@ TEST_F(ViaturasTabsTest, TheNextInspectionIsWorkedOutOnLoadAndWhenTheDateChanges
   EXPECT_EQ(form.Titulo[67].Caption + form.Titulo[63].Caption, "Próxima Inspecção, até Faltam .... 0 dias");
   Sql("UPDATE zor_PV_Viaturas SET DataMatricula='2016.02.10', Categoria='PESP'");
   EXPECT_THROW(form.CarregaViatura(kPlate), platform::RuntimeError) << "the rule has no month to give";
+}
+
+TEST_F(ViaturasTabsTest, TheRoadTaxFollowsTheMonthOfRegistration) {
+  Sql("UPDATE zor_PV_Viaturas SET DataMatricula='2020.05.10', DataSelo=NULL, SeloPago=1");
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2024, 5, 31));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 0) << "a date that is only computed isn't paid";
+
+  Sql("UPDATE zor_PV_Viaturas SET DataSelo='2021.05.31', SeloPago=1");
+  form.CarregaViatura(kPlate);
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2021, 5, 31)) << "an old date is shown";
+  form.UserSelectsTab(form.SSTab1, kDUC);
+  form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2020, 5, 11));
+  EXPECT_EQ(form.DTPicker1[13].Value.ToDate(), Date::FromParts(2024, 5, 31));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 0);
+  form.UserToggles(form.chkBxSeloPago);
+  form.UserPicksDate(form.DTPicker1[3], Date::FromParts(2020, 5, 12));
+  EXPECT_EQ(form.chkBxSeloPago.Value, 1) << "the same day stays paid";
+
+  form.ProximaInspTeste();
+  EXPECT_EQ(form.Titulo[67].Caption, "Próxima Inspecção, até 12-05-2026");
+  EXPECT_EQ(form.Titulo[63].Caption, "Faltam .... 788 dias");
 }
 
 TEST_F(ViaturasTabsTest, AnEventIsEditedInItsOwnFichaAndTheFiguresAreReadAgain) {
@@ -307,11 +257,9 @@ TEST_F(ViaturasTabsTest, EachTabHasItsOwnArchive) {
   const int classes[] = {300, 304, 307, 302, 301, 305, 306, 308, 303};
   const int tabs[] = {kDUC,       kApolices, kLeasing,    kInspeccao, kRevisoes,
                       kSinistros, kMultas,   kAcessorios, kGastos};
+  Sql("INSERT INTO zor_ArquivoDigital (zor_ArquivoDigital_Entidade) VALUES ('12-AB-34')");
   for (int i = 0; i < 9; ++i) {
-    Sql("Delete zor_ArquivoDigital");
-    bd->ExecutarSql("", {"INSERT INTO zor_ArquivoDigital (zor_ArquivoDigital_Entidade, "
-                         "zor_ArquivoDigital_TipoEntidade) VALUES ('",
-                         value(kPlate), "', ", value(classes[i]), ")"});
+    Sql("UPDATE zor_ArquivoDigital SET zor_ArquivoDigital_TipoEntidade=" + std::to_string(classes[i]));
     Show(tabs[i]);
     host.NextForm([&](platform::Form& arquivo) {
       EXPECT_EQ(dynamic_cast<platform::SGGrid*>(arquivo.layout.head.grid)->RowCount(), 1) << i;

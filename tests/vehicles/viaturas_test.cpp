@@ -64,13 +64,11 @@ TEST_F(ViaturasTest, WalksByPlateAlone) {
   for (const char* plate : {"B", "A", "C"}) AddVehicle(bd, plate);
   std::string walk;
   while (viatura.LerProximo()) walk += viatura.Matricula;
-  EXPECT_EQ(walk, "ABC");
-  EXPECT_EQ(viatura.Matricula, "C");
-  EXPECT_TRUE(viatura.LerPrimeiro());
-  EXPECT_FALSE(viatura.LerAnterior());
-  EXPECT_EQ(viatura.Matricula, "A");
+  while (viatura.LerAnterior()) walk += viatura.Matricula;
   EXPECT_TRUE(viatura.LerUltimo());
-  EXPECT_EQ(viatura.Matricula, "C");
+  walk += viatura.Matricula;
+  EXPECT_TRUE(viatura.LerPrimeiro());
+  EXPECT_EQ(walk + viatura.Matricula, "ABCBACA");
 }
 
 TEST_F(ViaturasTest, GoesWithEverythingThatHangsOnIt) {
