@@ -13,8 +13,6 @@ namespace {
 using platform::Date;
 using namespace testing_support;
 
-const char* const kRemoval = "Vai proceder à anulação do Motorista!\n\rPretende continuar?";
-
 class MotoristasFormTest : public DatabaseTest {
  protected:
   MotoristasFormTest() {
@@ -34,6 +32,8 @@ class MotoristasFormTest : public DatabaseTest {
 };
 
 TEST_F(MotoristasFormTest, AnUnknownCodeBeginsANewDriver) {
+  form.UserKey(platform::kKeyTab);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]) << "an empty one is none";
   GoTo("1");
   EXPECT_EQ(form.Campo[1].Text, "Ana");
   GoTo("7");
@@ -50,11 +50,6 @@ TEST_F(MotoristasFormTest, AnUnknownCodeBeginsANewDriver) {
                  "WHERE Codigo='7'"),
             (Table{{"Nova", "02-01-2030", "00:00:00", "NULL", "15-03-2024"}}));
   EXPECT_EQ(form.Campo[0].Text, "");
-}
-
-TEST_F(MotoristasFormTest, AnEmptyCodeHoldsTheFocus) {
-  form.UserKey(platform::kKeyTab);
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   form.UserKey(platform::kKeyEscape);
   EXPECT_TRUE(form.IsClosed());
 }
@@ -97,6 +92,11 @@ TEST_F(MotoristasFormTest, EveryFieldGoesAndComesBack) {
   personal["DTPicker1(1)"] = "03-02-2001";
   personal["DTPicker1(7)"] = "00:00:00";  // the validity of the identity card isn't read on this path
   EXPECT_EQ(ScreenOf(linked), personal);
+  host.ExpectBox("Deve preencher o funcionário na aplicação de Pessoal");
+  linked.UserGoesTo(linked.Campo[0]);
+  Enter(linked.Campo[0], "2");
+  EXPECT_EQ(linked.ActiveControl(), &linked.Campo[0]) << "the personnel table decides who exists";
+  EXPECT_FALSE(linked.Campo[1].Enabled);
 
   for (int tipo = 0; tipo < 10; ++tipo)
     EXPECT_EQ(again.Grelha.CellText(tipo, 1), (tipo < 9 ? "0" : "") + std::to_string(1 + tipo) + "-01-2030");
@@ -127,27 +127,14 @@ TEST_F(MotoristasFormTest, AMoveSavesWhoIsLeft) {
   EXPECT_FALSE(form.ComparaValores());
 }
 
-TEST_F(MotoristasFormTest, AFileDialogThatChoosesNothingLeavesThePhoto) {
-  GoTo("1");
-  const int shown = form.ShowImg1.Revision();
-  for (const std::optional<std::string>& choice : {std::optional<std::string>(), {""}}) {
-    host.AnswerFile(choice);
-    Press(form.PicAdd);
-  }
-  EXPECT_EQ(form.ShowImg1.Revision(), shown);
-  EXPECT_EQ(host.dialogs.back().text, "Ficheiros Jpg (*.jpg; )|*.jpg");
-}
-
 TEST_F(MotoristasFormTest, ARemovalClearsTheScreenOnBothAnswers) {
-  GoTo("2");
-  host.ExpectBox(kRemoval, platform::kCancel);
-  Press(form.botoes.btAnular);
-  EXPECT_EQ(form.Campo[0].Text, "");
-  EXPECT_EQ(Names().size(), 2U);
-  GoTo("2");
-  host.ExpectBox(kRemoval, platform::kOk);
-  Press(form.botoes.btAnular);
-  EXPECT_EQ(Names(), (Table{{"1", "Ana"}}));
+  for (const auto& [answer, left] : {std::pair{platform::kCancel, 2U}, {platform::kOk, 1U}}) {
+    GoTo("2");
+    host.ExpectBox("Vai proceder à anulação do Motorista!\n\rPretende continuar?", answer);
+    Press(form.botoes.btAnular);
+    EXPECT_EQ(form.Campo[0].Text, "");
+    EXPECT_EQ(Names().size(), left);
+  }
 }
 
 TEST_F(MotoristasFormTest, LicenceClassesAreTypedPickedAndTakenAway) {
@@ -209,23 +196,20 @@ TEST_F(MotoristasFormTest, TheCalendarServesTheRowsByTheKeyboard) {
   EXPECT_EQ(form.ActiveControl(), &form.Grelha);
 }
 
-TEST_F(MotoristasFormTest, ThePersonnelLinkDecidesWhoExists) {
-  form.UsaPessoal = true;
-  form.bdSal = bd;
-  host.ExpectBox("Deve preencher o funcionário na aplicação de Pessoal");
+TEST_F(MotoristasFormTest, ThePostalCodePicksADriverAllTheSameAndNoFileLeavesThePhoto) {
   GoTo("1");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
-  EXPECT_FALSE(form.Campo[1].Enabled);
-}
-
-TEST_F(MotoristasFormTest, TheListButtonOfThePostalCodePicksADriverAllTheSame) {
-  GoTo("1");
-  host.NextLookup("2");
-  Press(form.btLista[7]);
-  EXPECT_EQ(form.Campo[7].Text, "2");
-  host.NextLookup("1234567890");
-  Press(form.btLista[7]);
-  EXPECT_EQ(form.Campo[7].Text, "2") << "a code that is longer than the field stays out";
+  for (const char* code : {"2", "1234567890"}) {  // which is longer than the field
+    host.NextLookup(code);
+    Press(form.btLista[7]);
+    EXPECT_EQ(form.Campo[7].Text, "2");
+  }
+  const int shown = form.ShowImg1.Revision();
+  for (const std::optional<std::string>& choice : {std::optional<std::string>(), {""}}) {
+    host.AnswerFile(choice);
+    Press(form.PicAdd);
+  }
+  EXPECT_EQ(form.ShowImg1.Revision(), shown);
+  EXPECT_EQ(host.dialogs.back().text, "Ficheiros Jpg (*.jpg; )|*.jpg");
 }
 
 TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
