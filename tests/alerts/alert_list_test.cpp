@@ -1,7 +1,7 @@
 #include "alerts/alert_list.h"
 
 #include <map>
-#include <vector>
+#include <sstream>
 
 #include "alerts/alerts_fixture.h"
 #include "host/sistema.h"
@@ -9,8 +9,6 @@
 
 namespace zorCrmParvel {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 class AlertListTest : public AlertsFixture {
  protected:
@@ -23,15 +21,15 @@ class AlertListTest : public AlertsFixture {
     return *list;
   }
   std::string Text(long row, const char* column) { return grid.CellText(row, grid.ColumnIndex(column)); }
-  Texts Column(const char* column) {
-    Texts texts;
-    for (long row = 0; row < grid.RowCount(); ++row) texts.push_back(Text(row, column));
-    return texts;
-  }
-  /// The style of a row, empty when there is no such row.
   std::string Style(long row) {
-    const platform::GridStyle* style = row < grid.RowCount() ? grid.StyleOf(row) : nullptr;
+    const platform::GridStyle* style = grid.StyleOf(row);
     return style == nullptr ? "" : style->name;
+  }
+  /// The notes of the rows, each with its style.
+  std::string Notes() {
+    std::string text;
+    for (long row = 0; row < grid.RowCount(); ++row) text += Text(row, "Notas") + "|" + Style(row);
+    return text;
   }
 
   Sistema sistema;
@@ -46,52 +44,36 @@ TEST_F(AlertListTest, BandsOfTheListsThatAreStatements) {
   Sql("UPDATE zor_PV_Viaturas SET SeloPago=0, DataPrxRev=" + Day() + ", DataSelo=" + Day());
   Vehicle("B");
   Sql("UPDATE zor_PV_Viaturas SET DataSelo=NULL, Tacografo=1, DtDescarga=" + Day() + " WHERE Matricula='B'");
-  const std::string soon = "Apólice a ser regularizada!";
-  const std::string verySoon = "Data de Pagamento a menos de 10 dias!";
-  const std::string revision = "Revisão marcada para  15-03-2024";
-  const std::string selo = "Pagamento do Selo deve ser efectuado durante o mês corrente";
-  struct Cell {
-    Texts notas;  // empty for no row
-    std::string style;
-  };
-  const struct {
-    int days;
-    Cell policy;
-    Cell revision;
-    Cell tax;
-    Cell download;
-  } cases[] = {
+  const char* const verySoonRevision = "Revisão marcada para  15-03-2024|PintarMG";
+  const char* const soonRevision = "Revisão marcada para  15-03-2024|PintarMnG";
+  const char* const verySoon = "Data de Pagamento a menos de 10 dias!|PintarMG";
+  const char* const soon = "Apólice a ser regularizada!|PintarMnG";
+  const char* const tax = "Pagamento do Selo deve ser efectuado durante o mês corrente|PintarMnG";
+  const char* const download = "Data de Descarga do Tacógrafo deve ser actualizada|PintarMnGKm";
+  // The days with what stands in the lists of policies, revisions, road tax and downloads.
+  const std::pair<int, std::array<const char*, 4>> cases[] = {
       {-1,
-       {{"Prazo Pagamento ultrapassado!"}, "PintarG"},
-       {{"Data da Revisão ultrapassada!"}, "PintarG"},
-       {{"Data de Pagamento do Selo ultrapassada!"}, "PintarG"},
-       {{"Data de Descarga do Tacógrafo ultrapassada!"}, "PintarGKm"}},
-      {0, {{verySoon}, "PintarMG"}, {{revision}, "PintarMG"}, {{""}, "PintarMnG"}, {{""}, "PintarMnGKm"}},
-      {9,
-       {{verySoon}, "PintarMG"},
-       {{revision}, "PintarMG"},
-       {{selo}, "PintarMnG"},
-       {{"Data de Descarga do Tacógrafo deve ser actualizada"}, "PintarMnGKm"}},
-      {10, {{soon}, "PintarMnG"}, {{revision}, "PintarMnG"}, {{selo}, "PintarMnG"}, {}},
-      {29, {{soon}, "PintarMnG"}, {{revision}, "PintarMnG"}, {{selo}, "PintarMnG"}, {}},
-      {30, {{""}, "PintarMnG"}, {}, {}, {}},
-      {31, {}, {}, {}, {}},
+       {"Prazo Pagamento ultrapassado!|PintarG", "Data da Revisão ultrapassada!|PintarG",
+        "Data de Pagamento do Selo ultrapassada!|PintarG",
+        "Data de Descarga do Tacógrafo ultrapassada!|PintarGKm"}},
+      {0, {verySoon, verySoonRevision, "|PintarMnG", "|PintarMnGKm"}},
+      {9, {verySoon, verySoonRevision, tax, download}},
+      {10, {soon, soonRevision, tax, ""}},
+      {29, {soon, soonRevision, tax, ""}},
+      {30, {"|PintarMnG", "", "", ""}},
+      {31, {"", "", "", ""}},
   };
-  const auto expect = [&](const Cell& cell) {
-    EXPECT_EQ(Column("Notas"), cell.notas);
-    EXPECT_EQ(Style(0), cell.style);
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.days);
-    DaysToGo(c.days);
+  for (const auto& [days, shown] : cases) {
+    SCOPED_TRACE(days);
+    DaysToGo(days);
     Start("AlertasAp");
-    expect(c.policy);
+    EXPECT_EQ(Notes(), shown[0]);
     Start("AlertasRev");
-    expect(c.revision);
-    for (const auto& [plate, cell] : {std::pair{"B", c.tax}, {"A", c.download}}) {
+    EXPECT_EQ(Notes(), shown[1]);
+    for (const auto& [plate, notes] : {std::pair{"B", shown[2]}, {"A", shown[3]}}) {
       Sql(std::string("UPDATE zor_PV_Viaturas SET Inactiva=1 WHERE Matricula='") + plate + "'");
       Start("AlertasViat");
-      expect(cell);
+      EXPECT_EQ(Notes(), notes);
       Sql("UPDATE zor_PV_Viaturas SET Inactiva=0");
     }
   }
@@ -99,23 +81,18 @@ TEST_F(AlertListTest, BandsOfTheListsThatAreStatements) {
 
 TEST_F(AlertListTest, KilometresToTheRevision) {
   Vehicle("A");
-  const struct {
-    int left;
-    Texts notas;
-    const char* style;
-  } cases[] = {{-1001, {"Km ultrapassados! "}, "PintarGKm"},
-               {-1, {"Km ultrapassados! "}, "PintarGKm"},
-               {0, {"Faltam  0.00 Km para a revisão "}, "PintarMGKm"},
-               {499, {"Faltam  499.00 Km para a revisão "}, "PintarMGKm"},
-               {500, {"Faltam  500.00 Km para a revisão "}, "PintarMnGKm"},
-               {999, {"Faltam  999.00 Km para a revisão "}, "PintarMnGKm"},
-               {1000, {}, ""}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.left);
-    Sql("UPDATE zor_PV_Viaturas SET KmActual=10000, KmPrxRev=" + std::to_string(10000 + c.left));
+  const std::pair<int, const char*> cases[] = {{-1001, "Km ultrapassados! |PintarGKm"},
+                                               {-1, "Km ultrapassados! |PintarGKm"},
+                                               {0, "Faltam  0.00 Km para a revisão |PintarMGKm"},
+                                               {499, "Faltam  499.00 Km para a revisão |PintarMGKm"},
+                                               {500, "Faltam  500.00 Km para a revisão |PintarMnGKm"},
+                                               {999, "Faltam  999.00 Km para a revisão |PintarMnGKm"},
+                                               {1000, ""}};
+  for (const auto& [left, notes] : cases) {
+    SCOPED_TRACE(left);
+    Sql("UPDATE zor_PV_Viaturas SET KmActual=10000, KmPrxRev=" + std::to_string(10000 + left));
     Start("AlertasRev");
-    EXPECT_EQ(Column("Notas"), c.notas);
-    EXPECT_EQ(Style(0), c.style);
+    EXPECT_EQ(Notes(), notes);
   }
   Sql("UPDATE zor_PV_Viaturas SET KmPrxRev=10500, DataPrxRev=" + Day());
   DaysToGo(5);
@@ -142,67 +119,49 @@ TEST_F(AlertListTest, WhatTheStatementsLeaveOut) {
 }
 
 TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
-  const struct {
-    const char* key;
-    const char* title;
-    const char* visible;
-    std::map<std::string, std::uint32_t> colours;
-  } cases[] = {
-      {"AlertasAp",
-       "Alertas - Apólices",
-       "Matrícula|Apólice|Tipo Apólice|Data Validade|Notas|",
-       {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFF8000}}},
-      {"AlertasRev",
-       "Alertas - Revisões",
-       "Matrícula|Marca|Km Actuais|Km Prx.Rev.|Data Prx.Rev.|Notas|",
-       {{"PintarG", 0xFF0000},
-        {"PintarMG", 0xFF8000},
-        {"PintarMnG", 0xFFFF00},
-        {"PintarGKm", 0xFF0000},
-        {"PintarMGKm", 0xFF8000},
-        {"PintarMnGKm", 0xFFFF00}}},
-      {"AlertasViat",
-       "Alertas - Viaturas",
-       "Matrícula|Marca|Data|Notas|",
-       {{"PintarG", 0xFF0000}, {"PintarMnG", 0xFF00FF}, {"PintarGKm", 0xFF0000}, {"PintarMnGKm", 0xFF00FF}}},
-      {"AlertasInsp",
-       "Alertas - Inspecções",
-       "Matrícula|Km Actuais|Mês/Ano|Data Prx.Insp.|Notas|",
-       {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFF8000}}},
-      {"AlertasMot",
-       "Alertas - Motoristas",
-       "Motorista|Documento|Data Validade|Notas|Dias|",
-       {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF00FF}, {"PintarMnG", 0x0000FF}}},
-      {"AlertasAcess",
-       "Alertas - Acessórios",
-       "Matrícula|Acessório|Marca|Data Validade|Notas|Id|",
-       {{"PintarG", 0xFF0000}, {"PintarMG", 0xFF8000}, {"PintarMnG", 0xFFFF00}}},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.key);
+  // The key, the title, the headings, and the colours of the styles.
+  const std::array<const char*, 4> cases[] = {
+      {"AlertasAp", "Alertas - Apólices", "Matrícula|Apólice|Tipo Apólice|Data Validade|Notas|",
+       "PintarG=ff0000 PintarMG=ff8000 PintarMnG=ff8000 "},
+      {"AlertasRev", "Alertas - Revisões", "Matrícula|Marca|Km Actuais|Km Prx.Rev.|Data Prx.Rev.|Notas|",
+       "PintarG=ff0000 PintarMG=ff8000 PintarMnG=ffff00 PintarGKm=ff0000 PintarMGKm=ff8000 "
+       "PintarMnGKm=ffff00 "},
+      {"AlertasViat", "Alertas - Viaturas", "Matrícula|Marca|Data|Notas|",
+       "PintarG=ff0000 PintarMnG=ff00ff PintarGKm=ff0000 PintarMnGKm=ff00ff "},
+      {"AlertasInsp", "Alertas - Inspecções", "Matrícula|Km Actuais|Mês/Ano|Data Prx.Insp.|Notas|",
+       "PintarG=ff0000 PintarMG=ff8000 PintarMnG=ff8000 "},
+      {"AlertasMot", "Alertas - Motoristas", "Motorista|Documento|Data Validade|Notas|Dias|",
+       "PintarG=ff0000 PintarMG=ff00ff PintarMnG=ff "},
+      {"AlertasAcess", "Alertas - Acessórios", "Matrícula|Acessório|Marca|Data Validade|Notas|Id|",
+       "PintarG=ff0000 PintarMG=ff8000 PintarMnG=ffff00 "}};
+  for (const auto& [key, title, headings, colours] : cases) {
+    SCOPED_TRACE(key);
     grid.ClearStyles();
-    EXPECT_EQ(Start(c.key).ICrmVwList_Name(), c.title);
+    EXPECT_EQ(Start(key).ICrmVwList_Name(), title);
     list->ICrmVwList_Iniciar();
     EXPECT_EQ(list->ICrmVwList_NumeroItens(), 0);
     EXPECT_TRUE(grid.Redraw);
-    EXPECT_EQ(window.Headings(), c.visible);
-    std::map<std::string, std::uint32_t> colours;
+    EXPECT_EQ(window.Headings(), headings);
+    std::ostringstream styles;
     for (const platform::GridStyle& style : grid.Styles()) {
-      colours[style.name] = style.color.value_or(0);
+      styles << style.name << '=' << std::hex << style.color.value_or(0) << ' ';
       EXPECT_TRUE(style.bold && style.fontName == "Verdana" && style.fontSize == 8);
     }
-    EXPECT_EQ(colours, c.colours);
-    EXPECT_EQ(grid.Styles().size(), c.colours.size()) << "a second start adds none";
+    EXPECT_EQ(styles.str(), colours) << "a second start adds none";
   }
 }
 
 TEST_F(AlertListTest, AFailureCarriesTheListsTitle) {
   Driver("1");
   Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
-  const platform::RuntimeError error = testing_support::FailureOf([&] { Start("AlertasMot"); });
-  EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange);
-  EXPECT_EQ(error.source(), "Alertas - Motoristas::Iniciar");
+  const auto expect = [&](const char* source, const std::function<void()>& act) {
+    const platform::RuntimeError error = testing_support::FailureOf(act);
+    EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange) << "there is no such licence class";
+    EXPECT_EQ(error.source(), source);
+  };
+  expect("Alertas - Motoristas::Iniciar", [&] { Start("AlertasMot"); });
   EXPECT_EQ(grid.RowCount(), 0);
+  expect("Alertas - Motoristas::Contar", [&] { dynamic_cast<AlertList&>(*list).Contar(); });
 }
 
 /// Stands in for a ficha of the catalogue and keeps what it was asked.

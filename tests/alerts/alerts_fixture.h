@@ -40,8 +40,6 @@ class AlertsFixture : public testing_support::RecordedTest {
   }
   /// An active driver without documents.
   void Driver(const std::string& code) { testing_support::AddDriver(bd, code, "Ana " + code); }
-  /// The number of the error that an act raises; 0 when it ends well.
-  static int ErrorOf(const std::function<void()>& act) { return testing_support::NumberOf(act); }
 };
 
 }  // namespace zorCrmParvel

@@ -56,26 +56,10 @@ TEST_F(AlertCountsTest, CountsTheRowsAsTheListColoursThem) {
       DaysToGo(days);
       EXPECT_EQ(Count(key), CountOnGrid(key));
     }
-}
-
-TEST_F(AlertCountsTest, EachBandOfDaysAndKilometres) {
-  Everything();
-  for (const auto& [km, band] : {std::pair{9001, &ContagemDeAlertas::passadas},
-                                 {8600, &ContagemDeAlertas::muitoBreves},
-                                 {8400, &ContagemDeAlertas::breves}}) {
-    SCOPED_TRACE(km);
-    DaysToGo(100);
-    Sql("UPDATE zor_PV_Viaturas SET DataPrxRev=NULL, KmActual=" + std::to_string(km));
-    const ContagemDeAlertas count = Count("AlertasRev");
-    EXPECT_EQ(count.linhas, 1);
-    EXPECT_EQ(count.*band, 1);
+  for (const int km : {9001, 8600, 8400}) {
+    Sql("UPDATE zor_PV_Viaturas SET KmActual=" + std::to_string(km));
+    EXPECT_EQ(Count("AlertasRev"), CountOnGrid("AlertasRev")) << km;
   }
-  DaysToGo(-1);
-  EXPECT_EQ(Count("AlertasViat"), (ContagemDeAlertas{.linhas = 2, .passadas = 2}));
-  DaysToGo(5);
-  EXPECT_EQ(Count("AlertasMot"), (ContagemDeAlertas{.linhas = 2, .muitoBreves = 2}));
-  DaysToGo(20);
-  EXPECT_EQ(Count("AlertasAp"), (ContagemDeAlertas{.linhas = 1, .breves = 1}));
 }
 
 TEST_F(AlertCountsTest, AListSaysWhichBandsItHas) {
@@ -87,14 +71,6 @@ TEST_F(AlertCountsTest, AListSaysWhichBandsItHas) {
     EXPECT_TRUE(alerts.TemFaixa(Tools::Faixa::kBreve));
     EXPECT_EQ(alerts.TemFaixa(Tools::Faixa::kMuitoBreve), std::string(key) != "AlertasViat");
   }
-}
-
-TEST_F(AlertCountsTest, AnErrorSaysWhichListItWas) {
-  Driver("1");
-  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
-  const platform::RuntimeError error = testing_support::FailureOf([&] { Count("AlertasMot"); });
-  EXPECT_EQ(error.number(), platform::kSubscriptOutOfRange) << "there is no such licence class";
-  EXPECT_EQ(error.source(), "Alertas - Motoristas::Contar");
 }
 
 }  // namespace

@@ -167,7 +167,7 @@ TEST_F(AlertRulesTest, ANullWhereAValueIsNeededEndsTheCheck) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.change);
     Sql(c.change);
-    EXPECT_EQ(ErrorOf([&] { Answer(c.check); }), platform::kInvalidUseOfNull);
+    EXPECT_EQ(testing_support::NumberOf([&] { Answer(c.check); }), platform::kInvalidUseOfNull);
   }
 }
 
