@@ -53,6 +53,8 @@ TEST_P(RecordsetContract, ValuesOfEveryTypeComeBackAsTheyWent) {
     EXPECT_EQ(Stored(field, value), value);
     EXPECT_TRUE(Stored(field, Variant::Null{}).IsNull());
   }
+  EXPECT_EQ(Stored("Activa", std::int16_t{-1}), Variant(true));
+  EXPECT_EQ(Stored("Ano", 2024), Variant(std::int16_t{2024}));
 }
 
 TEST_P(RecordsetContract, ADateThatNoColumnHoldsIsRefusedWithItsName) {
@@ -74,35 +76,7 @@ TEST_P(RecordsetContract, ADateThatNoColumnHoldsIsRefusedWithItsName) {
   EXPECT_EQ(Open("SELECT * FROM PT_Tudo")->RecordCount(), 2);
 }
 
-TEST_P(RecordsetContract, ARowIsWrittenWholeInTheTypesOfItsColumns) {
-  const Currency loss = Currency::FromTenThousandths(-5);
-  const Date evening = Date::FromParts(1899, 12, 29, 23, 0, 0);
-  const Bytes picture = {0, 255, 1, 0};
-  struct Case {
-    const char* field;
-    Variant given;
-    Variant read;
-  };
-  const std::vector<Case> cases = {{"nome", "Ávila", "Ávila"},
-                                   {"Activa", std::int16_t{-1}, true},
-                                   {"Ano", 2024, std::int16_t{2024}},
-                                   {"Valor", loss, loss},
-                                   {"Razao", 0.1, 0.1},
-                                   {"Data", evening, evening},
-                                   {"Foto", picture, picture}};
-  const RecordsetRef rows = Edit("SELECT * FROM PT_Tudo WHERE Id = 0");
-  EXPECT_TRUE(rows->Eof());
-  rows->AddNew();
-  for (const Case& c : cases) rows->Fields(c.field).SetValue(c.given);
-  rows->Update();
-  EXPECT_EQ(rows->RecordCount(), 1);
-  const RecordsetRef read = Open("SELECT * FROM PT_Tudo");
-  for (const Case& c : cases) EXPECT_EQ(read->Fields(c.field).Value(), c.read) << c.field;
-  EXPECT_TRUE(read->Fields("Notas").Value().IsNull());
-  EXPECT_EQ(read->Fields("Id").Value(), rows->Fields("Id").Value());
-}
-
-TEST_P(RecordsetContract, LongTextsAndPicturesComeWhole) {
+TEST_P(RecordsetContract, LongTextsPicturesAndStatementsComeWhole) {
   std::string text;
   for (int i = 0; i < 9000; ++i) text += "açúcar \U0001F697 ";
   Bytes picture(200000);
@@ -121,12 +95,9 @@ TEST_P(RecordsetContract, LongTextsAndPicturesComeWhole) {
   EXPECT_EQ(read->Fields("Notas").Value(), Variant(text));
   EXPECT_EQ(read->Fields("Ano").Value(), Variant(std::int16_t{1}));
   EXPECT_EQ(read->Fields("Foto").Value(), Variant(picture));
-}
-
-TEST_P(RecordsetContract, StatementsMayBeLong) {
-  const std::string text(12000, 'x');
-  Run("INSERT INTO PT_Tudo (Km, Notas) VALUES (7, '" + text + "')");
-  EXPECT_EQ(Rows("SELECT Notas FROM PT_Tudo WHERE Notas = '" + text + "'"), (Table{{text}}));
+  const std::string name(12000, 'x');
+  Run("UPDATE PT_Tudo SET Notas = '" + name + "' WHERE Ano = 1");
+  EXPECT_EQ(Rows("SELECT Ano FROM PT_Tudo WHERE Notas = '" + name + "'"), (Table{{"1"}}));
 }
 
 TEST_P(RecordsetContract, FieldsTellTheirWidthsAndAreFoundWithoutCase) {

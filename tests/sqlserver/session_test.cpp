@@ -71,11 +71,7 @@ TEST_F(SessionTest, RoundTripsAreFew) {
 }
 
 TEST_F(SessionTest, FailuresOfStatementsSayWhatToDo) {
-  struct Case {
-    Fault fault;
-    const char* error;
-  };
-  const std::vector<Case> cases = {
+  const std::vector<std::pair<Fault, std::string>> cases = {
       {{"42S02", 208, "[F][S]Invalid object name 'X'.", ""},
        "-2147217865: Invalid object name 'X'. Falta a tabela na base de dados."},
       {{"42S22", 207, "[F][S]Invalid column name 'X'.", ""}, "-2147217904: Invalid column name 'X'."},
@@ -90,10 +86,10 @@ TEST_F(SessionTest, FailuresOfStatementsSayWhatToDo) {
       {{"40001", 1205, "Deadlocked.", ""}, "-2147467259: Deadlocked. Outro utilizador"},
       {{"42000", 102, "Incorrect syntax near 'x'.", ""}, "-2147217900: Incorrect syntax near 'x'."},
       {{"HYT00", 0, "Timeout expired", ""}, "-2147467259: Timeout expired. O servidor não respondeu"}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.error);
-    FailNextStatement(c.fault);
-    EXPECT_EQ(ErrorOf([&] { Count("PT_Tudo"); }).substr(0, std::string(c.error).size()), c.error);
+  for (const auto& [fault, error] : cases) {
+    SCOPED_TRACE(error);
+    FailNextStatement(fault);
+    EXPECT_EQ(ErrorOf([&] { Count("PT_Tudo"); }).substr(0, error.size()), error);
   }
   EXPECT_EQ(Count("PT_Tudo"), 0);
 }
