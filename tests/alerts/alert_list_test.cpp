@@ -10,6 +10,9 @@
 namespace zorCrmParvel {
 namespace {
 
+constexpr const char* kKeys[] = {"AlertasAp",    "AlertasRev", "AlertasInsp",
+                                 "AlertasAcess", "AlertasMot", "AlertasViat"};
+
 class AlertListTest : public AlertsFixture {
  protected:
   AlertListTest() { sistema.ICrmSistema_ZorDataAccess = bd; }
@@ -19,6 +22,21 @@ class AlertListTest : public AlertsFixture {
     list = sistema.MostraListas(key);
     window.Start(*list);
     return *list;
+  }
+  ContagemDeAlertas Count(const char* key) {
+    return dynamic_cast<AlertList&>(*sistema.MostraListas(key)).Contar();
+  }
+  /// The rows of a list by the styles that the grid gives them.
+  ContagemDeAlertas CountOnGrid(const char* key) {
+    ContagemDeAlertas count;
+    count.linhas = Start(key).ICrmVwList_NumeroItens();
+    for (long row = 0; row < count.linhas; ++row) {
+      const std::string name = Style(row);
+      if (name == "PintarG" || name == "PintarGKm") ++count.passadas;
+      if (name == "PintarMG" || name == "PintarMGKm") ++count.muitoBreves;
+      if (name == "PintarMnG" || name == "PintarMnGKm") ++count.breves;
+    }
+    return count;
   }
   std::string Text(long row, const char* column) { return grid.CellText(row, grid.ColumnIndex(column)); }
   std::string Style(long row) {
@@ -151,6 +169,30 @@ TEST_F(AlertListTest, SetsTheGridUpEvenWithoutRows) {
   }
 }
 
+TEST_F(AlertListTest, CountsTheRowsAsTheListColoursThem) {
+  Vehicle("A");
+  Policy("A");
+  Accessory("A");
+  Sql("UPDATE zor_PV_Viaturas SET SeloPago=0, Tacografo=1, DataPrxRev=" + Day() + ", DataSelo=" + Day() +
+      ", DtDescarga=" + Day());
+  Driver("1");
+  Sql("UPDATE zor_Funcionarios SET ValidadePassa=" + Day() + ", NoCartaoCondutor='C', DtDescarga=" + Day());
+  for (const char* key : kKeys) {
+    SCOPED_TRACE(key);
+    for (const int days : kEdges) {
+      DaysToGo(days);
+      EXPECT_EQ(Count(key), CountOnGrid(key)) << days;
+    }
+    const auto& alerts = dynamic_cast<const AlertList&>(*list);
+    EXPECT_TRUE(alerts.TemFaixa(Tools::Faixa::kPassada) && alerts.TemFaixa(Tools::Faixa::kBreve));
+    EXPECT_EQ(alerts.TemFaixa(Tools::Faixa::kMuitoBreve), std::string(key) != "AlertasViat");
+  }
+  for (const int km : {9001, 8600, 8400}) {
+    Sql("UPDATE zor_PV_Viaturas SET KmActual=" + std::to_string(km));
+    EXPECT_EQ(Count("AlertasRev"), CountOnGrid("AlertasRev")) << km;
+  }
+}
+
 TEST_F(AlertListTest, AFailureCarriesTheListsTitle) {
   Driver("1");
   Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 10, " + Day() + ")");
@@ -161,7 +203,7 @@ TEST_F(AlertListTest, AFailureCarriesTheListsTitle) {
   };
   expect("Alertas - Motoristas::Iniciar", [&] { Start("AlertasMot"); });
   EXPECT_EQ(grid.RowCount(), 0);
-  expect("Alertas - Motoristas::Contar", [&] { dynamic_cast<AlertList&>(*list).Contar(); });
+  expect("Alertas - Motoristas::Contar", [&] { Count("AlertasMot"); });
 }
 
 /// Stands in for a ficha of the catalogue and keeps what it was asked.

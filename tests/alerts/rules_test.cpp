@@ -1,5 +1,7 @@
 #include "alerts/alert_rules.h"
 
+#include <tuple>
+
 #include "alerts/alert_statements.h"
 #include "alerts/alerts_fixture.h"
 
@@ -26,11 +28,7 @@ TEST_F(AlertRulesTest, EveryDateRuleFiresFromTheThirtiethDayOn) {
   const std::string none =
       "UPDATE zor_Funcionarios SET BI='', CartaoCid='', DataValBI='1899.12.30', ValCartaoCid='1899.12.30', "
       "ValCartaCond=NULL, ValidadePassa=NULL";
-  const struct {
-    const char* name;
-    Check check;
-    std::string document;
-  } rules[] = {
+  const std::tuple<const char*, Check, std::string> rules[] = {
       {"policy", Tools::VerificaAlertasApolices, ""},
       {"revision", Tools::VerificaAlertasRevisoes, ""},
       {"inspection", Tools::VerificaAlertasInspecoes, ""},
@@ -40,13 +38,13 @@ TEST_F(AlertRulesTest, EveryDateRuleFiresFromTheThirtiethDayOn) {
       {"licence", Tools::VerificaAlertasMotoristas, "ValCartaCond=" + Day()},
       {"passport", Tools::VerificaAlertasMotoristas, "ValidadePassa=" + Day()},
   };
-  for (const auto& rule : rules) {
+  for (const auto& [name, check, document] : rules) {
     Sql(none);
-    if (!rule.document.empty()) Sql("UPDATE zor_Funcionarios SET " + rule.document);
+    if (!document.empty()) Sql("UPDATE zor_Funcionarios SET " + document);
     for (int days : kEdges) {
-      SCOPED_TRACE(rule.name + std::string(" in ") + std::to_string(days));
+      SCOPED_TRACE(name + std::string(" in ") + std::to_string(days));
       DaysToGo(days);
-      EXPECT_EQ(Answer(rule.check), days <= 30);
+      EXPECT_EQ(Answer(check), days <= 30);
     }
   }
 }
@@ -147,10 +145,7 @@ TEST_F(AlertRulesTest, DriversAreJudgedByTheirOwnRecord) {
 }
 
 TEST_F(AlertRulesTest, ANullWhereAValueIsNeededEndsTheCheck) {
-  const struct {
-    Check check;
-    const char* change;
-  } cases[] = {
+  const std::pair<Check, const char*> cases[] = {
       {Tools::VerificaAlertasApolices, "UPDATE zor_PV_Seguros SET Validade=NULL"},
       {Tools::VerificaAlertasRevisoes, "UPDATE zor_PV_Viaturas SET KmActual=NULL"},
       {Tools::VerificaAlertasRevisoes, "UPDATE zor_PV_Viaturas SET KmActual=0, KmPrxRev=NULL"},
@@ -164,10 +159,10 @@ TEST_F(AlertRulesTest, ANullWhereAValueIsNeededEndsTheCheck) {
   Vehicle("A");
   Policy("A");
   Driver("1");
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.change);
-    Sql(c.change);
-    EXPECT_EQ(testing_support::NumberOf([&] { Answer(c.check); }), platform::kInvalidUseOfNull);
+  for (const auto& [check, change] : cases) {
+    SCOPED_TRACE(change);
+    Sql(change);
+    EXPECT_EQ(testing_support::NumberOf([&, act = check] { Answer(act); }), platform::kInvalidUseOfNull);
   }
 }
 

@@ -14,6 +14,7 @@ struct Code {
   const char* field;
   int title;  // the label that shows its name
   void (*add)(const DataAccessRef& bd, const std::string& code, const std::string& name);
+  const char* unknown;  // what is said of a code that isn't there, or of none
 };
 
 const struct {
@@ -25,21 +26,31 @@ const struct {
     {"Gastos",
      "0 2 3 DTPicker1 1 5 8 7 6 4",
      8,
-     {{"Campo(1)", 7, &AddCode<clViagens>},
-      {"Campo(2)", 14, &AddCode<clMotoristas>},
-      {"Campo(4)", 12, &AddCode<clTiposGastos>}}},
+     {{"Campo(4)", 12, &AddCode<clTiposGastos>, "Tipo Gasto não existente!"},
+      {"Campo(2)", 14, &AddCode<clMotoristas>, "Motorista não existente!"},
+      {"Campo(1)", 7, &AddCode<clViagens>, "Viagem não existente!"}}},
     {"Seguros",
      "0 1 2 3 DTPicker1 4 5 Combo1 DTPicker2 Check1 6",
      9,
-     {{"Campo(1)", 7, &AddCode<clCompanhias>}, {"Campo(2)", 8, &AddCode<clTiposSeguros>}}},
-    {"Revisoes", "0 1 3 DTPicker1 2 4", 8, {{"Campo(1)", 7, &AddCode<clTiposManut>}}},
+     {{"Campo(1)", 7, &AddCode<clCompanhias>, "Companhia não existente!"},
+      {"Campo(2)", 8, &AddCode<clTiposSeguros>, "Tipo de Seguro não existente!"}}},
+    {"Revisoes",
+     "0 1 3 DTPicker1 2 4",
+     8,
+     {{"Campo(1)", 7, &AddCode<clTiposManut>, "Tipo Manutenção não existente!"}}},
     {"Inspecoes", "0 3 DTPicker1 1 2", 7, {}},
-    {"Multas", "0 1 3 DTPicker1 4 Check1", 8, {{"Campo(1)", 7, &AddCode<clMotoristas>}}},
-    {"Sinistros", "0 1 3 DTPicker1 4 Check1 5", 8, {{"Campo(1)", 7, &AddCode<clMotoristas>}}},
+    {"Multas",
+     "0 1 3 DTPicker1 4 Check1",
+     8,
+     {{"Campo(1)", 7, &AddCode<clMotoristas>, "Motorista não existente!"}}},
+    {"Sinistros",
+     "0 1 3 DTPicker1 4 Check1 5",
+     8,
+     {{"Campo(1)", 7, &AddCode<clMotoristas>, "Motorista não existente!"}}},
     {"Acessorios",
      "0 1 3 DTPicker1 4 2 7 6 5 8 DTPicker2",
      8,
-     {{"Campo(1)", 7, &AddCode<clTiposAcessorios>}}},
+     {{"Campo(1)", 7, &AddCode<clTiposAcessorios>, "Tipo Acessório não existente!"}}},
 };
 
 class RoundTripTest : public DatabaseTest {
@@ -62,10 +73,20 @@ TEST_F(RoundTripTest, EveryFieldOfAnEventGoesAndComesBack) {
     Type(form.Campo[0], "12-AB-34");
     const Screen blank = ScreenOf(form);
     form.UserKey(platform::kKeyTab);
+    const bool titled = ficha.name == std::string("Seguros") || ficha.name == std::string("Gastos");
     Screen given;
     for (const Code& code : ficha.codes) {
       given[code.field] = std::string("C") + code.field[6];
       code.add(bd, given[code.field], "Nome de " + given[code.field]);
+      auto& field = Find<platform::zor_input>(form, code.field);
+      for (const char* wrong : {"NADA", ""}) {
+        if (*wrong == '\0' && code.add == &AddCode<clViagens>) continue;  // not every expense has a trip
+        host.ExpectBox(code.unknown);
+        Enter(field, wrong);
+        EXPECT_EQ(form.ActiveControl(), &field);
+        EXPECT_EQ(host.boxes.back().title, titled ? "Informação" : "");
+      }
+      Enter(field, given[code.field]);
     }
     FillOut(form, given);
     const Screen typed = ScreenOf(form);

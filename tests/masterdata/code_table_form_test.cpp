@@ -150,23 +150,12 @@ class TiposGastosTest : public DatabaseTest {
   TiposGastos form;
 };
 
-TEST_F(TiposGastosTest, KeepsUnitCostAndFuelMark) {
-  Type(form.Campo[0], "GASOLEO");
-  form.UserKey(platform::kKeyEnter);
-  Type(form.Campo[1], "Gasóleo");
-  form.UserKey(platform::kKeyEnter);
-  Type(form.Campo[2], "1,659");
-  form.UserKey(platform::kKeyEnter);
-  EXPECT_EQ(form.ActiveControl(), &form.Check1);
-  EXPECT_EQ(form.Campo[2].DisplayText(), "1,659");
-  form.UserToggles(form.Check1);
-  form.UserKey(platform::kKeyEnter);
-  EXPECT_EQ(form.ActiveControl(), &form.botoes.btConf);
-  form.UserKey(platform::kKeyEnter);
-  EXPECT_EQ(form.Check1.Value, 0);
+TEST_F(TiposGastosTest, AChangedCostAloneIsDroppedWithoutAQuestion) {
+  AddExpenseTypes(bd);
   Enter(form.Campo[0], "GASOLEO");
+  EXPECT_EQ(form.Campo[2].DisplayText(), "1,659");
   Type(form.Campo[2], "9");
-  Press(form.botoes.btNavega[3]);  // a changed cost alone is dropped without a question
+  Press(form.botoes.btNavega[0]);
   EXPECT_EQ(form.Campo[2].Text, "1,659");
 }
 

@@ -1,5 +1,7 @@
 #include "vehicles/actual_list.h"
 
+#include <tuple>
+
 #include "support/database_test.h"
 #include "support/grid_window.h"
 

@@ -1,5 +1,7 @@
 #include "vehicles/computed_dates.h"
 
+#include <tuple>
+
 #include "events/inspecoes.h"
 #include "support/database_test.h"
 
