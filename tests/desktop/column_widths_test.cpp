@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QScrollBar>
+#include <tuple>
 
 #include "desktop/look.h"
 #include "desktop/table_view.h"
@@ -12,12 +13,8 @@ namespace desktop_test {
 namespace {
 
 TEST(ColumnWidthsTest, ColumnsShareTheRoomByWhatTheyHold) {
-  struct Case {
-    const char* what;
-    std::vector<desktop::ColumnWish> wishes;  // given, holds, least
-    std::vector<double> widths;               // in a room of 100
-  };
-  const Case cases[] = {
+  // What is given, held and least of each column, and its width in a room of 100.
+  const std::tuple<const char*, std::vector<desktop::ColumnWish>, std::vector<double>> cases[] = {
       {"room for all, and some left over", {{40, 10}, {10, 20}}, {40, 20}},
       {"who is given too much gives way", {{80, 20}, {20, 60}}, {40, 60}},
       {"half of what is given too much", {{60, 20}, {60, 20}, {20, 20}}, {40, 40, 20}},
@@ -26,11 +23,11 @@ TEST(ColumnWidthsTest, ColumnsShareTheRoomByWhatTheyHold) {
       {"even where that is too much", {{80, 200, 80}, {60, 60, 60}}, {80, 60}},
       {"nothing", {}, {}},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const std::vector<double> widths = desktop::ShareRoom(c.wishes, 100);
-    ASSERT_EQ(widths.size(), c.widths.size());
-    for (std::size_t i = 0; i < widths.size(); ++i) EXPECT_NEAR(widths[i], c.widths[i], 1e-6) << i;
+  for (const auto& [what, wishes, expected] : cases) {
+    SCOPED_TRACE(what);
+    const std::vector<double> widths = desktop::ShareRoom(wishes, 100);
+    ASSERT_EQ(widths.size(), expected.size());
+    for (std::size_t i = 0; i < widths.size(); ++i) EXPECT_NEAR(widths[i], expected[i], 1e-6) << i;
   }
 }
 

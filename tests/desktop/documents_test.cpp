@@ -8,6 +8,7 @@
 #include <QTextBrowser>
 #include <QUrl>
 
+#include "support/files.h"
 #include "user.h"
 
 namespace desktop_test {
@@ -44,15 +45,10 @@ class DocumentsTest : public testing::Test {
 
 TEST_F(DocumentsTest, ProgramsAndScriptsAreKnownByNameOrByWhatTheyHold) {
   const QByteArray elf = QByteArray("\177ELF\2\1\1", 7) + QByteArray(60, '\0');
+  for (const char* name :
+       {"a.desktop", "A.JAR", "a.pdf.sh", "a.exe .", "a.ps1", "a.AppImage", "a.vbs", "a.msi"})
+    EXPECT_TRUE(desktop::RunsWhenOpened(Write(name, "x"))) << name;
   const std::pair<const char*, QByteArray> run[] = {
-      {"a.desktop", "x"},
-      {"A.JAR", "x"},
-      {"a.pdf.sh", "x"},
-      {"a.exe .", "x"},
-      {"a.ps1", "x"},
-      {"a.AppImage", "x"},
-      {"a.vbs", "x"},
-      {"a.msi", "x"},
       {"factura", elf},
       {"a.pdf", "#!/bin/sh"},
       {"b.pdf", QByteArray("MZ\x90\0", 4)},
@@ -86,10 +82,8 @@ TEST_F(DocumentsTest, ADocumentIsOpenedAndAProgramOnlySavedWhereNobodyRunsIt) {
     Press(window, Qt::Key_Return);
   });
   desk.host.OpenDocument(program.toStdString());
-  QFile saved(copy);
-  ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-  EXPECT_EQ(saved.readAll(), "#!/bin/sh\nrm -rf /\n");
-  EXPECT_EQ(saved.permissions() & ~(QFile::ReadUser | QFile::WriteUser),
+  EXPECT_EQ(testing_support::Contents(copy.toStdString()), "#!/bin/sh\nrm -rf /\n");
+  EXPECT_EQ(QFile::permissions(copy) & ~(QFile::ReadUser | QFile::WriteUser),
             QFile::ReadOwner | QFile::WriteOwner);
   EXPECT_EQ(viewer.opened.size(), 1);
 }

@@ -16,36 +16,26 @@ std::string Chosen(platform::ListaPesquisa lookup, const std::function<void(QWid
   return lookup.Escolhe();
 }
 
-TEST(LookupDialogTest, EnterAndADoubleClickChooseAndEscapeDoesNot) {
-  EXPECT_EQ(Chosen(DriverLookup(), [](QWidget& window) { Press(window, Qt::Key_Return); }), "0001");
-  EXPECT_EQ(Chosen(DriverLookup(), [](QWidget& window) { Press(window, Qt::Key_Escape); }), "");
-  EXPECT_EQ(Chosen(DriverLookup(),
-                   [](QWidget& window) {
-                     Type(window, "zé");
-                     ClickButton(window, "Escolher");
-                   }),
-            "0020");
-}
-
-TEST(LookupDialogTest, ArrowsMoveInTheRowsWhileTheSearchHasTheKeyboard) {
-  EXPECT_EQ(Chosen(DriverLookup(),
-                   [](QWidget& window) {
-                     Type(window, "00");
-                     Press(window, Qt::Key_Down);
-                     Press(window, Qt::Key_Down);
-                     Press(window, Qt::Key_Return);
-                   }),
-            "0020");
-}
-
-TEST(LookupDialogTest, ASearchWithoutRowsChoosesNothing) {
-  EXPECT_EQ(Chosen(DriverLookup(),
-                   [](QWidget& window) {
-                     Type(window, "ninguém");
-                     Press(window, Qt::Key_Return);
-                     EXPECT_TRUE(window.isVisible());
-                   }),
-            "");
+TEST(LookupDialogTest, KeysAndButtonsChooseAmongTheRowsFound) {
+  const std::pair<const char*, std::function<void(QWidget&)>> cases[] = {
+      {"0001", [](QWidget& window) { Press(window, Qt::Key_Return); }},
+      {"", [](QWidget& window) { Press(window, Qt::Key_Escape); }},
+      {"0020",
+       [](QWidget& window) {
+         Type(window, "zé");
+         ClickButton(window, "Escolher");
+       }},
+      {"0020",
+       [](QWidget& window) {
+         Type(window, "00");
+         for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) Press(window, key);
+       }},
+      {"", [](QWidget& window) {
+         Type(window, "ninguém");
+         Press(window, Qt::Key_Return);
+         EXPECT_TRUE(window.isVisible());
+       }}};
+  for (const auto& [key, user] : cases) EXPECT_EQ(Chosen(DriverLookup(), user), key);
 }
 
 TEST(LookupDialogTest, AHiddenKeyColumnStillGivesTheKey) {

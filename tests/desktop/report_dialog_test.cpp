@@ -10,62 +10,42 @@
 #include "desktop/csv.h"
 #include "desktop/sources.h"
 #include "desktop/text.h"
+#include "masterdata/tipos_gastos.h"
 #include "pdf.h"
 #include "platform/runtime_error.h"
 #include "sheet.h"
 #include "support/files.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
 #include "user.h"
 
 namespace desktop_test {
 namespace {
 
-/// Answers any statement with a hundred expenses, or with rows given.
-class Expenses : public platform::Connection {
- public:
-  explicit Expenses(platform::RecordsetRef rows = {}) : given_(std::move(rows)) {}
-  platform::RecordsetRef Execute(const std::string&) override {
-    if (given_) return given_;
-    auto rows = std::make_shared<platform::MemoryRecordset>();
-    rows->Append("Designação", platform::FieldType::kText, 200);
-    rows->Append("Custo", platform::FieldType::kCurrency, 8);
-    rows->Open();
-    for (int i = 0; i < 100; ++i) {
-      rows->AddNew();
-      rows->Fields("Designação")
-          .SetValue(i == 50 ? std::string(150, 'x') + " fim" : "Gasto " + std::to_string(i));
-      rows->Fields("Custo").SetValue(platform::Currency::Parse("1234,5"));
-      rows->Update();
-    }
-    return platform::RecordsetRef(std::shared_ptr<platform::Recordset>(rows));
-  }
+/// A hundred expenses.
+Sheet Expenses() {
+  std::vector<Sheet::Line> lines;
+  for (int i = 0; i < 100; ++i)
+    lines.push_back({{i == 50 ? QString(150, 'x') + " fim" : QString("Gasto %1").arg(i), "1.234,50"}, {}});
+  return {{{.key = "Nome", .caption = "Designação", .width = 4000},
+           {.key = "Custo", .caption = "Custo", .width = 2000}},
+          std::move(lines)};
+}
 
- private:
-  platform::RecordsetRef given_;
-};
-
-platform::MapaListagem ExpenseReport() {
-  platform::MapaListagem report;
-  report.Ligacao = platform::MakeRef<Expenses>();
-  report.Titulo = "Listagem de Gastos";
-  report.Carrega();
-  report.Coluna(1).Width = 4000;
-  report.Coluna(2).Width = 2000;
-  return report;
+/// Writes a table as a PDF and gives the file.
+QString Printed(Desk& desk, const Sheet& sheet) {
+  QString file = desk.folder.filePath("folha.pdf");
+  EXPECT_TRUE(desktop::ReportDialog(sheet, "Folha", nullptr).WritePdf(file));
+  return file;
 }
 
 TEST(ReportDialogTest, ThePdfHoldsTitleHeadingsRowsAndPageNumbersAsText) {
   Desk desk;
-  platform::MapaListagem report = ExpenseReport();
-  desktop::DialogSource source(report);
-  desktop::ReportDialog dialog(source, "Listagem de Gastos", nullptr);
-  const QString file = desk.folder.filePath("mapa.pdf");
-  ASSERT_TRUE(dialog.WritePdf(file));
-
-  const QStringList pages = PdfText(file).split('\f', Qt::SkipEmptyParts);
+  const QStringList pages = PdfText(Printed(desk, Expenses())).split('\f', Qt::SkipEmptyParts);
   ASSERT_GE(pages.size(), 2);
   for (qsizetype i = 0; i < pages.size(); ++i) {
     SCOPED_TRACE(i);
-    for (const QString& text : {QString("Listagem de Gastos"), QString("Designação"), QString("Custo"),
+    for (const QString& text : {QString("Folha"), QString("Designação"), QString("Custo"),
                                 QString("Página %1 de %2").arg(i + 1).arg(pages.size())})
       EXPECT_TRUE(pages[i].contains(text)) << text.toStdString();
   }
@@ -79,13 +59,6 @@ TEST(ReportDialogTest, ThePdfHoldsTitleHeadingsRowsAndPageNumbersAsText) {
                                 .arg(now.day(), 2, 10, QChar('0'))
                                 .arg(now.month(), 2, 10, QChar('0'))
                                 .arg(now.year())));
-}
-
-/// Writes a table as a PDF and gives the file.
-QString Printed(Desk& desk, const Sheet& sheet) {
-  QString file = desk.folder.filePath("folha.pdf");
-  EXPECT_TRUE(desktop::ReportDialog(sheet, "Folha", nullptr).WritePdf(file));
-  return file;
 }
 
 TEST(ReportDialogTest, WhatIsShortStaysInOneLineAndNotesHaveTheRoomThatItLeaves) {
@@ -156,8 +129,7 @@ class FullDisk {
 
 TEST(ReportDialogTest, WhatCannotBeWrittenIsToldAndLeavesTheFileAsItWas) {
   Desk desk;
-  platform::MapaListagem report = ExpenseReport();
-  desktop::DialogSource source(report);
+  const Sheet source = Expenses();
   desktop::ReportDialog dialog(source, "Gastos", nullptr);
   const desktop::RowOrder order(source);
   EXPECT_FALSE(dialog.WritePdf("/nenhures/mapa.pdf"));
@@ -173,18 +145,14 @@ TEST(ReportDialogTest, WhatCannotBeWrittenIsToldAndLeavesTheFileAsItWas) {
 
 TEST(ReportDialogTest, AnExportedTextIsNoFormulaAndANumberStaysOne) {
   Desk desk;
-  auto rows = platform::MakeRef<platform::MemoryRecordset>();
-  rows->Append("Nome", platform::FieldType::kText, 50);
-  rows->Append("Custo", platform::FieldType::kCurrency, 8);
-  rows->Open();
-  for (const char* name : {"=1;\"+1\"", "'@x", "Zé"}) {
-    rows->AddNew();
-    rows->Fields("Nome").SetValue(name);
-    rows->Fields("Custo").SetValue(platform::Currency::Parse("-1234,5"));
-    rows->Update();
-  }
+  const auto bd = testing_support::MemoryDatabase();
+  testing_support::AddCode<zorCrmParvel::clTiposGastos>(bd, "1", "=1;\"+1\"");
+  testing_support::AddCode<zorCrmParvel::clTiposGastos>(bd, "2", "'@x");
+  testing_support::AddCode<zorCrmParvel::clTiposGastos>(bd, "3", "Zé");
+  bd->ExecutarSql("", "UPDATE zor_PV_TiposGastos SET CustoUnit=-1234.5");
   platform::MapaListagem report;
-  report.Ligacao = platform::MakeRef<Expenses>(rows);
+  bd->ObterLigacao(report.Ligacao);
+  report.Sql = "SELECT Nome, CustoUnit AS Custo FROM zor_PV_TiposGastos ORDER BY Codigo";
   report.Carrega();
   desktop::DialogSource source(report);
   const QString file = desk.folder.filePath("mapa.csv");
@@ -196,10 +164,12 @@ TEST(ReportDialogTest, AnExportedTextIsNoFormulaAndANumberStaysOne) {
 TEST(ReportDialogTest, TheModulesReportIsShownAndClosed) {
   Desk desk;
   desk.script.Next([](QWidget& window) {
-    EXPECT_EQ(window.windowTitle(), "Listagem de Gastos");
+    EXPECT_EQ(window.windowTitle(), "Listagem de Marcas");
     ClickButton(window, "Fechar");
   });
-  ExpenseReport().Mostra();
+  zorCrmParvel::clMarcas brand;
+  brand.bd = testing_support::MemoryDatabase();
+  brand.MostraMapa();
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace desktop_test {
 namespace {
 
@@ -41,12 +43,7 @@ std::vector<long> Shown(const RowOrder& order) {
 }
 
 TEST(RowOrderTest, SortsByWhatAColumnHolds) {
-  struct Case {
-    const char* what;
-    std::vector<Variant> values;
-    std::vector<long> ascending;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, std::vector<Variant>, std::vector<long>> cases[] = {
       {"numbers as numbers", {10, 9, Variant::Null(), 100}, {2, 1, 0, 3}},
       {"dates as dates", {Date::FromParts(2024, 2, 1), Date::FromParts(2023, 12, 31)}, {1, 0}},
       {"texts that are dates", {"01-12-2024", "02-01-2024", "", "15-06-2023 10:30:00"}, {2, 3, 1, 0}},
@@ -54,30 +51,27 @@ TEST(RowOrderTest, SortsByWhatAColumnHolds) {
       {"codes with numbers by their numbers", {"R10", "R9", "r1"}, {2, 1, 0}},
       {"a text among dates", {"02-01-2024", "sem data", "01-12-2024"}, {2, 0, 1}},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const Values values(c.values);
+  for (const auto& [what, column, ascending] : cases) {
+    SCOPED_TRACE(what);
+    const Values values(column);
     RowOrder order(values);
     order.Sort(desktop::SortBy{0, SortDirection::kAscending});
-    EXPECT_EQ(Shown(order), c.ascending);
+    EXPECT_EQ(Shown(order), ascending);
     order.Sort(desktop::SortBy{0, SortDirection::kDescending});
-    EXPECT_EQ(order.RowAt(order.Count() - 1), c.ascending.front());
+    EXPECT_EQ(order.RowAt(order.Count() - 1), ascending.front());
   }
 }
 
 TEST(RowOrderTest, SearchesWithoutRegardToCaseAccentsHyphensAndBlanks) {
   const Values values({"12-AB-34", "Maria José", "Gonçalves", "maria  jose", "AB 12 34"});
-  struct Case {
-    const char* text;
-    std::vector<long> found;
-  };
-  const Case cases[] = {{"12ab", {0}},  {"MARIA JOSÉ", {1, 3}}, {"mariaj", {1, 3}}, {"goncal", {2}},
-                        {"ab-12", {4}}, {"34", {0, 4}},         {"nada", {}},       {"  ", {0, 1, 2, 3, 4}}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
+  const std::pair<const char*, std::vector<long>> cases[] = {
+      {"12ab", {0}},  {"MARIA JOSÉ", {1, 3}}, {"mariaj", {1, 3}}, {"goncal", {2}},
+      {"ab-12", {4}}, {"34", {0, 4}},         {"nada", {}},       {"  ", {0, 1, 2, 3, 4}}};
+  for (const auto& [text, found] : cases) {
+    SCOPED_TRACE(text);
     RowOrder order(values);
-    order.Search(QString::fromUtf8(c.text));
-    EXPECT_EQ(Shown(order), c.found);
+    order.Search(QString::fromUtf8(text));
+    EXPECT_EQ(Shown(order), found);
   }
 }
 

@@ -1,35 +1,22 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/dialogs.h"
 #include "platform/form.h"
 #include "platform/host.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
 
 namespace desktop_test {
 
-/// Answers any statement with three drivers.
-class Drivers : public platform::Connection {
- public:
-  platform::RecordsetRef Execute(const std::string&) override {
-    auto rows = std::make_shared<platform::MemoryRecordset>();
-    rows->Append("Código", platform::FieldType::kText, 10);
-    rows->Append("Nome", platform::FieldType::kText, 50);
-    rows->Open();
-    for (const auto& [code, name] :
-         {std::pair{"0001", "António Leão"}, {"0012", "Maria-José Santos"}, {"0020", "Zé"}}) {
-      rows->AddNew();
-      rows->Fields("Código").SetValue(code);
-      rows->Fields("Nome").SetValue(name);
-      rows->Update();
-    }
-    return platform::RecordsetRef(std::shared_ptr<platform::Recordset>(rows));
-  }
-};
-
+/// The lookup of three drivers.
 inline platform::ListaPesquisa DriverLookup() {
+  const auto bd = testing_support::MemoryDatabase();
+  testing_support::AddDriver(bd, "0001", "António Leão");
+  testing_support::AddDriver(bd, "0012", "Maria-José Santos");
+  testing_support::AddDriver(bd, "0020", "Zé");
   platform::ListaPesquisa lookup;
-  lookup.Ligacao = platform::MakeRef<Drivers>();
+  bd->ObterLigacao(lookup.Ligacao);
+  lookup.Sql = "SELECT Codigo AS Código, Nome FROM zor_Funcionarios ORDER BY Codigo";
   lookup.Titulo = "Motoristas";
   lookup.Carrega();
   lookup.Coluna(1).Width = 1000;

@@ -5,10 +5,12 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QImage>
+#include <tuple>
 
 #include "desktop/main_actions.h"
 #include "desktop/main_window.h"
 #include "desktop/start_page.h"
+#include "support/files.h"
 #include "support/recording_data_access.h"
 #include "user.h"
 
@@ -41,14 +43,11 @@ class StartUpTest : public testing::Test {
 };
 
 TEST_F(StartUpTest, APictureIsNoDatabaseAndTheUserMayLeave) {
-  QFile file(picture);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray before = file.readAll();
+  const std::string before = testing_support::Contents(picture.toStdString());
   desk.script.Answer("Sair");
   EXPECT_EQ(OpenOrAsk(picture, desk.settings, nullptr), nullptr);
   EXPECT_TRUE(desk.script.boxes[0].contains("Não foi possível abrir a base de dados."));
-  file.seek(0);
-  EXPECT_EQ(file.readAll(), before);
+  EXPECT_EQ(testing_support::Contents(picture.toStdString()), before);
 }
 
 TEST_F(StartUpTest, ANewDatabaseInItsPlaceIsOpenedAndRemembered) {
@@ -124,22 +123,18 @@ TEST(OptionsTest, WordsAreReadAndWrongOnesAnswered) {
   EXPECT_TRUE(options.demo);
   EXPECT_EQ(options.list, "Marcas");
 
-  struct Case {
-    QStringList words;
-    int code;
-    const char* text;
-  };
-  const Case cases[] = {{{"--help"}, 0, "--retrato"},
-                        {{"--version"}, 0, PARVEL_VERSION},
-                        {{"--db"}, 2, "Falta o valor de --db"},
-                        {{"--db", ""}, 2, "Falta o valor de --db"},
-                        {{"--nada"}, 2, "Não se conhece a opção --nada"}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    const std::optional<Reply> reply = desktop::ReadOptions(c.words, options);
+  const std::tuple<QStringList, int, const char*> cases[] = {
+      {{"--help"}, 0, "--retrato"},
+      {{"--version"}, 0, PARVEL_VERSION},
+      {{"--db"}, 2, "Falta o valor de --db"},
+      {{"--db", ""}, 2, "Falta o valor de --db"},
+      {{"--nada"}, 2, "Não se conhece a opção --nada"}};
+  for (const auto& [words, code, text] : cases) {
+    SCOPED_TRACE(text);
+    const std::optional<Reply> reply = desktop::ReadOptions(words, options);
     ASSERT_TRUE(reply);
-    EXPECT_EQ(reply->exit_code, c.code);
-    EXPECT_TRUE(reply->text.contains(c.text)) << reply->text.toStdString();
+    EXPECT_EQ(reply->exit_code, code);
+    EXPECT_TRUE(reply->text.contains(text)) << reply->text.toStdString();
   }
 }
 
