@@ -83,11 +83,8 @@ TEST_F(MotoristasTest, GoesWithTheLicenceClasses) {
   EXPECT_EQ(Rows(bd, "SELECT Motorista FROM zor_CartasCond"), (Table{{"8"}}));
 }
 
-TEST_F(MotoristasTest, IsWalkedPickedAndPrintedLikeACode) {
+TEST_F(MotoristasTest, IsPickedAndPrintedLikeACode) {
   AddDriver(bd, "1", "Um");
-  AddDriver(bd, "2", "Dois");
-  EXPECT_TRUE(motorista.LerUltimo());
-  EXPECT_EQ(motorista.Descrição, "Dois");
   host.NextLookup("1");
   EXPECT_EQ(motorista.MostraLista(), "1");
   EXPECT_EQ(host.lookups.back().sql, "SELECT Codigo as Código, Nome From zor_Funcionarios ORDER BY Codigo");

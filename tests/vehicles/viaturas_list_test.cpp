@@ -49,10 +49,6 @@ TEST_F(ViaturasListTest, OpensAVehicleWithItsPlateFixedAndANewOneFree) {
 }
 
 TEST_F(ViaturasListTest, RemovesWithoutAQuestionUnlessThereAreEvents) {
-  list.ICrmVwList_Remover(nullptr);
-  GridRow group(window.grid, 0, true);
-  list.ICrmVwList_Remover(&group);
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
   GridRow row = window.grid.RowAt(0);
   list.ICrmVwList_Remover(&row);
   EXPECT_EQ(window.Rows(), "B|Renault||||");
