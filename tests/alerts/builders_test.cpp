@@ -8,9 +8,9 @@
 namespace zorCrmParvel {
 namespace {
 
-using Table = std::vector<std::vector<std::string>>;
 using platform::kInvalidUseOfNull;
 using platform::kSubscriptOutOfRange;
+using testing_support::Table;
 
 class AlertBuildersTest : public AlertsFixture {
  protected:
@@ -25,10 +25,7 @@ class AlertBuildersTest : public AlertsFixture {
  private:
   Table Built(const RecordsetRef& rs, void (*fill)(const RecordsetRef&, const DataAccessRef&)) {
     fill(rs, bd);
-    Table rows(static_cast<std::size_t>(rs->RecordCount()));
-    for (std::size_t r = 0; r < rows.size(); ++r)
-      for (std::size_t c = 0; c < rs->FieldList().size(); ++c) rows[r].push_back(rs->CellAt(r, c).ToText());
-    return rows;
+    return testing_support::Rows(rs);
   }
 };
 

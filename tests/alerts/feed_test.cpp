@@ -20,10 +20,10 @@ class AlertFeedTest : public AlertsFixture {
   }
   Families Told() {
     Families told;
-    for (std::size_t r = 0; r < static_cast<std::size_t>(alertas->RecordCount()); ++r) {
-      EXPECT_EQ(alertas->CellAt(r, 0).ToText(), "Parvel");
-      EXPECT_EQ(alertas->CellAt(r, 2).ToText(), "Verificar alertas");
-      told.push_back(alertas->CellAt(r, 1).ToText());
+    for (const auto& row : testing_support::Rows(alertas)) {
+      EXPECT_EQ(row[0], "Parvel");
+      EXPECT_EQ(row[2], "Verificar alertas");
+      told.push_back(row[1]);
     }
     return told;
   }

@@ -56,9 +56,6 @@ TEST_F(GastosTest, AFuelExpenseChecksItselfFieldByField) {
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, 1), "GASOLEO", "50", "75", 10400);
   form.Load();
   EXPECT_EQ(form.DTPicker1.Value.ToDate(), Date::FromParts(2024, 3, 15, 10, 30));
-  host.ExpectBox("Viatura não existente!");
-  Fill(0, "99-ZZ-99");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   Fill(0, "12-AB-34");
   EXPECT_EQ(form.Titulo[8].Caption, "Renault");
   Fill(4, "GASOLEO");

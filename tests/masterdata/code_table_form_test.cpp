@@ -96,15 +96,6 @@ TEST_F(CodeTableFormTest, RemovesAfterAQuestion) {
   EXPECT_EQ(Marcas_().size(), 2U);
 }
 
-TEST_F(CodeTableFormTest, AnApostropheInTheCodeRaisesTheServersErrorAndLosesNothing) {
-  GoTo("A");
-  Type(form.Campo[0], "x'y");
-  EXPECT_THROW(form.UserKey(platform::kKeyTab), platform::RuntimeError);
-  EXPECT_EQ(Screen(), "x'y|Marca A");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
-  EXPECT_EQ(Marcas_().size(), 3U);
-}
-
 TEST_F(CodeTableFormTest, TheListFillsTheCodeAndMovesOn) {
   host.NextLookup("C");
   form.UserKey(platform::kKeyF3);

@@ -27,6 +27,7 @@ struct EventOf : Event {
   }
 };
 
+/// Writes one as it begins.
 template <typename Event>
 void AddEvent(const zorCrmParvel::DataAccessRef& bd, const std::string& plate) {
   EventOf<Event>(bd, plate).Escrever();

@@ -40,18 +40,20 @@ std::shared_ptr<embedded::Database> MemoryDatabase() {
   return embedded::Database::Open(":memory:", options);
 }
 
+Table Rows(const RecordsetRef& rows) {
+  Table all(static_cast<std::size_t>(rows->RecordCount()));
+  for (std::size_t r = 0; r < all.size(); ++r)
+    for (std::size_t c = 0; c < rows->FieldList().size(); ++c) {
+      const platform::Cell& cell = rows->CellAt(r, c);
+      all[r].push_back(cell.IsNull() ? "NULL" : cell.ToText());
+    }
+  return all;
+}
+
 Table Rows(const DataAccessRef& bd, const std::string& statement) {
   RecordsetRef rows;
   bd->AbrirLeitura("", statement.c_str(), rows);
-  Table all;
-  for (; !rows->Eof(); rows->MoveNext()) {
-    all.emplace_back();
-    for (std::size_t i = 0; i < rows->FieldList().size(); ++i) {
-      const platform::Variant value = rows->Fields(i).Value();
-      all.back().push_back(value.IsNull() ? "NULL" : value.ToText());
-    }
-  }
-  return all;
+  return Rows(rows);
 }
 
 }  // namespace testing_support

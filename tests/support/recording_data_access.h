@@ -41,7 +41,8 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
 /// An empty embedded database in memory, whose getdate() is the current host's clock.
 std::shared_ptr<embedded::Database> MemoryDatabase();
 
-/// All rows of a statement, as texts; null is "NULL".
+/// All rows of a recordset, and of a statement, as texts; null is "NULL".
+Table Rows(const zorCrmParvel::RecordsetRef& rows);
 Table Rows(const zorCrmParvel::DataAccessRef& bd, const std::string& statement);
 
 }  // namespace testing_support
