@@ -1,3 +1,5 @@
+#include <map>
+
 #include "reading.h"
 
 namespace tsql {
@@ -18,20 +20,12 @@ struct Writer {
     return column.table.empty() ? column.name : column.table + "." + column.name;
   }
   std::string operator()(const Unary& unary) const {
+    static const std::map<Unary::Kind, std::string> kBefore = {
+        {Unary::Kind::kMinus, "-"}, {Unary::Kind::kPlus, "+"}, {Unary::Kind::kNot, "NOT "}};
     const std::string operand = Bracketed(unary.operand);
-    switch (unary.kind) {
-      case Unary::Kind::kMinus:
-        return "(-" + operand + ")";
-      case Unary::Kind::kPlus:
-        return "(+" + operand + ")";
-      case Unary::Kind::kNot:
-        return "(NOT " + operand + ")";
-      case Unary::Kind::kIsNull:
-        return "(" + operand + " IS NULL)";
-      case Unary::Kind::kIsNotNull:
-        return "(" + operand + " IS NOT NULL)";
-    }
-    return "";
+    const auto before = kBefore.find(unary.kind);
+    if (before != kBefore.end()) return "(" + before->second + operand + ")";
+    return "(" + operand + (unary.kind == Unary::Kind::kIsNull ? " IS NULL)" : " IS NOT NULL)");
   }
   std::string operator()(const Binary& binary) const {
     static const char* const kWords[] = {"+",  "-", "*",  "/",   "%",  "=",    "<>",      "<",

@@ -3,46 +3,30 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <functional>
 #include <string>
 #include <variant>
 
-#include "platform/runtime_error.h"
+#include "support/errors.h"
+#include "support/files.h"
 #include "tsql/parser.h"
 
 /// What the tests of the language share.
 namespace tsql {
 
-inline std::string ReadFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file.is_open()) << path;
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
+using testing_support::Contents;
 
 /// Runs what should be refused; gives "number source: description", or "accepted".
-template <typename Action>
-std::string Refusal(Action action) {
-  try {
-    action();
-  } catch (const platform::RuntimeError& error) {
-    return std::to_string(error.number()) + " " + error.source() + ": " + error.description();
-  }
-  return "accepted";
+inline std::string Refusal(const std::function<void()>& act) {
+  const platform::RuntimeError error = testing_support::FailureOf(act);
+  if (error.number() == 0) return "accepted";
+  return std::to_string(error.number()) + " " + error.source() + ": " + error.description();
 }
 
 /// Reads a statement that must be of the kind wanted.
 template <typename Statement>
 Statement Parsed(std::string_view text) {
   return std::get<Statement>(ParseStatement(text));
-}
-
-/// The node of an expression, which must be of the kind wanted.
-template <typename Node>
-const Node& As(const ExpressionPtr& expression) {
-  return std::get<Node>(expression->node);
 }
 
 /// An expression with every grouping bracketed, to see what binds to what: "((a = 1) AND (b = 2))".

@@ -8,12 +8,12 @@ const std::filesystem::path kRefused =
 
 TEST(Refusals, SayWhereAndWhatAsTheServerDoes) {
   const std::pair<std::string, std::string> cases[] = {
-      {ReadFile(kRefused / "seguros_mapa.sql"),
+      {Contents(kRefused / "seguros_mapa.sql"),
        "linha 1, coluna 25: Incorrect syntax near the keyword 'AS'."},
-      {ReadFile(kRefused / "revisoes_mapa.sql"),
+      {Contents(kRefused / "revisoes_mapa.sql"),
        "linha 1, coluna 31: Incorrect syntax near the keyword 'AS'."},
-      {ReadFile(kRefused / "apostrofo.sql"), "linha 1, coluna 59: Incorrect syntax near 'AB'."},
-      {ReadFile(kRefused / "segunda.sql"), "linha 1, coluna 48: Incorrect syntax near the keyword 'DROP'."},
+      {Contents(kRefused / "apostrofo.sql"), "linha 1, coluna 59: Incorrect syntax near 'AB'."},
+      {Contents(kRefused / "segunda.sql"), "linha 1, coluna 48: Incorrect syntax near the keyword 'DROP'."},
       {"SELECT a FROM t DELETE t", "linha 1, coluna 17: Incorrect syntax near the keyword 'DELETE'."},
       {"SELECT a FROM t;;", "linha 1, coluna 17: Incorrect syntax near ';'."},
       {"drop table t", "linha 1, coluna 1: Incorrect syntax near the keyword 'drop'."},
@@ -23,6 +23,12 @@ TEST(Refusals, SayWhereAndWhatAsTheServerDoes) {
       {"SELECT a\r\nFROM t\r\nWHERE á é",
        "linha 3, coluna 9: An expression of non-boolean type specified in a "
        "context where a condition is expected, near 'é'."},
+      {"SELECT 'it''s", "linha 1, coluna 8: Unclosed quotation mark after the character string 'it's'."},
+      {"SELECT á + N'x", "linha 1, coluna 12: Unclosed quotation mark after the character string 'x'."},
+      {"SELECT a,\r\n [b", "linha 2, coluna 2: Unclosed quotation mark after the character string 'b'."},
+      {"SELECT a /* b /* c */", "linha 1, coluna 10: Missing end comment mark '*/'."},
+      {"SELECT 0x1F", "linha 1, coluna 9: Incorrect syntax near 'x1F'."},
+      {"SELECT 1.5e3", "linha 1, coluna 11: Incorrect syntax near 'e3'."},
       {"SELECT a FROM t WHERE", "linha 1, coluna 17: Incorrect syntax near the keyword 'WHERE'."},
       {"SELECT a FROM t WHERE b = c = d", "linha 1, coluna 29: Incorrect syntax near '='."},
       {"SELECT a FROM t WHERE (b = c) + 1 > 0", "linha 1, coluna 31: Incorrect syntax near '+'."},
@@ -60,7 +66,7 @@ TEST(Refusals, SayWhereAndWhatAsTheServerDoes) {
 TEST(Refusals, TheKnownBadStatementsStayBad) {
   for (const auto& file : std::filesystem::directory_iterator(kRefused)) {
     SCOPED_TRACE(file.path().filename());
-    EXPECT_NE(Refusal([&] { ParseStatement(ReadFile(file.path())); }), "accepted");
+    EXPECT_NE(Refusal([&] { ParseStatement(Contents(file.path())); }), "accepted");
   }
 }
 
