@@ -12,13 +12,6 @@ std::string Repeated(const std::string& piece, int count) {
   return text;
 }
 
-/// "0, 1, 2, …", up to `count` numbers.
-std::string Numbers(int count) {
-  std::string text = "0";
-  for (int i = 1; i < count; ++i) text += ", " + std::to_string(i);
-  return text;
-}
-
 class LimitsTest : public EngineTest {
  protected:
   LimitsTest() { Run("INSERT INTO Tudo (Nome, Km, Valor) VALUES ('a', 7, 7)"); }
@@ -62,29 +55,11 @@ TEST_F(LimitsTest, WhatIsMoreThanTheEngineTakesIsRefusedInTheServersWords) {
   EXPECT_EQ(ErrorOf([&] { Open(joins); }), complex);
 }
 
-TEST_F(LimitsTest, OnlyTheLastPlainUnionMakesRowsDistinct) {
-  Run("INSERT INTO Tudo (Nome) VALUES ('A ')");
-  const std::string one = "SELECT Nome FROM Tudo";
-  const struct {
-    std::string statement;
-    Table rows;
-  } cases[] = {
-      {one + " UNION ALL " + one + " UNION " + one, {{"a"}}},
-      {one + " UNION " + one + " UNION ALL " + one, {{"a"}, {"a"}, {"A "}}},
-      {"SELECT 'A' AS x UNION ALL SELECT 'a' UNION SELECT 'á' UNION ALL SELECT 'a' ORDER BY x",
-       {{"A"}, {"a"}, {"á"}}},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.statement);
-    EXPECT_EQ(Rows(c.statement), c.rows);
-    EXPECT_EQ(Open(c.statement)->RecordCount(), static_cast<long>(c.rows.size()));
-  }
-}
-
 TEST_F(LimitsTest, AListOfManyValuesTakesTimeInItsLength) {
   const auto work = [&](int values) {
-    const std::string statement =
-        "SELECT Km FROM Tudo WHERE Km IN (" + Numbers(values) + ") AND Nome IN ('x', 'A')";
+    std::string statement = "SELECT Km FROM Tudo WHERE Nome IN ('x', 'A') AND Km IN (0";
+    for (int i = 1; i < values; ++i) statement.append(", ").append(std::to_string(i));
+    statement += ")";
     const std::clock_t begin = std::clock();
     EXPECT_EQ(Rows(statement), (Table{{"7"}}));
     return static_cast<double>(std::clock() - begin);

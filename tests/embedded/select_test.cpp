@@ -43,32 +43,23 @@ TEST_F(SelectTest, ColumnsHaveTheTypesOfTheServer) {
       "b, Valor - Km AS c, Outra.Nome AS d, 100 AS e, Activa, Ano, Razao, Data, COALESCE(Notas, '') AS f "
       "FROM Tudo LEFT JOIN Codigos "
       "AS Outra ON 1 = 0");
-  struct Expected {
-    platform::FieldType type;
-    long size;
-    bool nullable;
-  };
   using platform::FieldType;
-  const std::vector<Expected> expected = {{FieldType::kText, 10, true},
-                                          {FieldType::kText, platform::kUnlimitedSize, true},
-                                          {FieldType::kBytes, platform::kUnlimitedSize, true},
-                                          {FieldType::kText, 13, true},
-                                          {FieldType::kText, 5, false},
-                                          {FieldType::kCurrency, 8, true},
-                                          {FieldType::kText, 50, true},
-                                          {FieldType::kLong, 4, false},
-                                          {FieldType::kBool, 2, true},
-                                          {FieldType::kInteger, 2, true},
-                                          {FieldType::kDouble, 8, true},
-                                          {FieldType::kDate, 16, true},
-                                          {FieldType::kText, platform::kUnlimitedSize, false}};
-  for (std::size_t i = 0; i < expected.size(); ++i) {
+  const std::vector<FieldType> types = {
+      FieldType::kText,     FieldType::kText, FieldType::kBytes, FieldType::kText, FieldType::kText,
+      FieldType::kCurrency, FieldType::kText, FieldType::kLong,  FieldType::kBool, FieldType::kInteger,
+      FieldType::kDouble,   FieldType::kDate, FieldType::kText};
+  const long unlimited = platform::kUnlimitedSize;
+  const std::vector<long> sizes = {10, unlimited, unlimited, 13, 5, 8, 50, 4, 2, 2, 8, 16, unlimited};
+  std::string notNull;
+  ASSERT_EQ(rows->FieldList().size(), types.size());
+  for (std::size_t i = 0; i < types.size(); ++i) {
     SCOPED_TRACE(i);
-    const platform::FieldInfo& field = rows->FieldList().at(i);
-    EXPECT_EQ(field.type, expected[i].type);
-    EXPECT_EQ(field.definedSize, expected[i].size);
-    EXPECT_EQ(field.nullable, expected[i].nullable);
+    const platform::FieldInfo& field = rows->FieldList()[i];
+    EXPECT_EQ(field.type, types[i]);
+    EXPECT_EQ(field.definedSize, sizes[i]);
+    if (!field.nullable) notNull += field.name;
   }
+  EXPECT_EQ(notNull, "bef");
 }
 
 TEST_F(SelectTest, AliasWinsInTheOrder) {
@@ -89,8 +80,11 @@ TEST_F(SelectTest, UnionKeepsTheFirstOfEqualRows) {
   EXPECT_EQ(Rows(both + " UNION ALL SELECT 'AB', 1 ORDER BY Letra, n"),
             (Table{{"a", "2"}, {"á", "2"}, {"ab", "1"}, {"AB", "1"}}));
   EXPECT_EQ(Open(both)->RecordCount(), 3);
-  EXPECT_EQ(Rows("SELECT 'x' AS a UNION ALL SELECT 'X' UNION SELECT 'x ' UNION ALL SELECT 'x'"),
-            (Table{{"x"}, {"x"}}));
+  const std::string all = "SELECT 'x' AS a UNION ALL SELECT 'X' UNION SELECT 'x ' UNION ALL SELECT 'x'";
+  EXPECT_EQ(Rows(all), (Table{{"x"}, {"x"}})) << "the last plain union makes what is before it distinct";
+  EXPECT_EQ(Open(all)->RecordCount(), 2);
+  EXPECT_EQ(Rows("SELECT 'A' AS a UNION SELECT 'a' UNION ALL SELECT 'a'"), (Table{{"A"}, {"a"}}));
+  EXPECT_EQ(Rows("SELECT 'A' AS a UNION ALL SELECT 'a' UNION SELECT 'a'"), (Table{{"A"}}));
   EXPECT_EQ(Rows("SELECT NULL AS a, Valor FROM Tudo WHERE Valor = 20 UNION SELECT NULL, 20"),
             (Table{{"NULL", "20"}}));
   EXPECT_EQ(Rows("SELECT DISTINCT LEFT(Nome, 1) AS x FROM Tudo ORDER BY x").size(), 2u);
@@ -122,24 +116,19 @@ TEST_F(SelectTest, LiteralsOfOneShapeAreReadEachTime) {
 
 TEST_F(SelectTest, CountsTheRowsThatItReads) {
   for (const char* statement :
-       {"SELECT * FROM Codigos", "SELECT TOP 2 * FROM Codigos",
-        "SELECT TOP 9 * FROM Codigos WHERE Codigo > 'C1001'", "SELECT DISTINCT 1 AS x FROM Codigos",
-        "SELECT MAX(Nome) AS x FROM Codigos WHERE Codigo = ''", "SELECT 1 AS x",
+       {"SELECT TOP 9 * FROM Codigos WHERE Codigo > 'C1001'",
         "SELECT Tudo.Nome FROM Tudo LEFT JOIN Codigos ON Codigo = Tudo.Nome",
         "SELECT Tudo.Nome FROM Tudo LEFT JOIN Codigos ON Codigo > Tudo.Nome ORDER BY Codigo",
         "SELECT TOP 1 Nome FROM Codigos UNION ALL SELECT TOP 2 Nome FROM Tudo"}) {
-    SCOPED_TRACE(statement);
-    const RecordsetRef before = Open(statement);
-    const long count = before->RecordCount();
-    EXPECT_EQ(static_cast<std::size_t>(count), Rows(statement).size());
-    EXPECT_EQ(before->RecordCount(), count);
+    const RecordsetRef rows = Open(statement);
+    const long count = rows->RecordCount();
+    EXPECT_EQ(static_cast<std::size_t>(count), ReadOn(rows)) << statement;
+    EXPECT_EQ(rows->RecordCount(), count) << statement;
   }
 }
 
 TEST_F(SelectTest, RefusesWhatTheServerRefuses) {
   const std::vector<Refusal> cases = {
-      {"SELECT Nome FROM Nada", "-2147217865: Invalid object name 'Nada'."},
-      {"SELECT Nada FROM Tudo", "-2147217904: Invalid column name 'Nada'."},
       {"SELECT Tudo.Nada FROM Tudo", "-2147217904: Invalid column name 'Nada'."},
       {"SELECT T.Nome FROM Tudo", "-2147217900: The multi-part identifier \"T.Nome\" could not be bound."},
       {"SELECT Tudo.Nome FROM Tudo AS T",
@@ -164,8 +153,7 @@ TEST_F(SelectTest, RefusesWhatTheServerRefuses) {
        "-2147217900: Column 'Nome' is invalid in the select list because it is not contained in either an "
        "aggregate function or the GROUP BY clause."},
       {"SELECT Nome FROM Tudo WHERE Data = 'amanhã'",
-       "-2147217900: Conversion failed when converting date and/or time from character string."},
-      {"SELECT 'a", "-2147217900: Unclosed quotation mark after the character string 'a'."}};
+       "-2147217900: Conversion failed when converting date and/or time from character string."}};
   for (const Refusal& refusal : cases) {
     SCOPED_TRACE(refusal.statement);
     EXPECT_EQ(ErrorOf([&] { Open(refusal.statement); }), refusal.error);
@@ -178,17 +166,73 @@ TEST(ModuleStatements, Compile) {
   std::size_t count = 0;
   for (const auto& file :
        std::filesystem::directory_iterator(PARVEL_SOURCE_DIR "/tests/fuzz/corpus/accepted")) {
-    SCOPED_TRACE(file.path().filename());
     const std::string text = testing_support::Contents(file.path().string());
     RecordsetRef rows;
     EXPECT_EQ(ErrorOf([&] {
                 database->AbrirLeitura("", text.c_str(), rows);
                 if (rows->IsOpen()) rows->RecordCount();
               }),
-              "");
+              "")
+        << file.path().filename();
     ++count;
   }
-  EXPECT_GT(count, 0u);
+  EXPECT_GT(count, 100u);
+}
+
+using SelectRecordsetTest = EngineTest;
+
+TEST_F(SelectRecordsetTest, ReadsRowsAsTheyAreAskedFor) {
+  AddCodes(300);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos ORDER BY Codigo");
+  EXPECT_LT(rows->RowsAtHand(), 10u);
+  EXPECT_EQ(rows->RecordCount(), 300);
+  EXPECT_LT(rows->RowsAtHand(), 10u);
+  EXPECT_EQ(rows->CellAt(120, 0).block(), "C1121");
+  EXPECT_LT(rows->RowsAtHand(), 250u);
+  EXPECT_EQ(rows->Fields("codigo").Value().ToText(), "C1001");
+  rows->MoveLast();
+  EXPECT_EQ(rows->Fields("codigo").Value().ToText(), "C1300");
+  EXPECT_EQ(rows->RecordCount(), 300);
+}
+
+TEST_F(SelectRecordsetTest, OneShapeIsOpenManyTimesAtOnce) {
+  AddCodes(150);
+  const RecordsetRef outer = Open("SELECT Codigo FROM Codigos WHERE Codigo > 'C0'");
+  const RecordsetRef other = Open("SELECT Codigo FROM Codigos WHERE Codigo > 'C1100'");
+  std::size_t found = 0;
+  for (; !outer->Eof(); outer->MoveNext())
+    found +=
+        Rows("SELECT Codigo FROM Codigos WHERE Codigo > '" + outer->Fields("Codigo").Value().ToText() + "'")
+            .size();
+  EXPECT_EQ(found, 150u * 149u / 2u);
+  EXPECT_EQ(ReadOn(other), 50u);
+}
+
+TEST_F(SelectRecordsetTest, AFailureComesWithTheRowThatCouldNotBeRead) {
+  for (int km = 90; km >= 0; --km) Run("INSERT INTO Tudo (Km) VALUES (" + std::to_string(km) + ")");
+  EXPECT_EQ(ErrorOf([&] { Open("SELECT 1 / (Km - 90) AS x FROM Tudo ORDER BY Id"); }),
+            "-2147217900: Divide by zero error encountered.");
+  for (const bool interrupted : {false, true}) {
+    const RecordsetRef rows = Open("SELECT 90 / Km AS x FROM Tudo ORDER BY Id");
+    if (interrupted) Run("DELETE FROM Codigos");
+    for (int i = 0; i < 89; ++i) rows->MoveNext();
+    EXPECT_EQ(rows->Fields("x").Value().ToLong(), 90);
+    EXPECT_EQ(ErrorOf([&] {
+                rows->MoveNext();
+                rows->Eof();
+              }),
+              "-2147217900: Divide by zero error encountered.");
+  }
+}
+
+TEST_F(SelectRecordsetTest, ManyShapesPushOutTheOldOnes) {
+  AddCodes(1);
+  const RecordsetRef rows = Open("SELECT Codigo FROM Codigos");
+  for (int i = 0; i < 600; ++i)
+    ASSERT_EQ(Rows("SELECT TOP 1 Nome AS n" + std::to_string(i) + " FROM Codigos").size(), 1u);
+  for (int i = 0; i < 20; ++i)
+    ASSERT_LE(Rows("SELECT TOP " + std::to_string(i) + " Nome FROM Codigos").size(), 1u);
+  EXPECT_EQ(ReadOn(rows), 1u);
 }
 
 }  // namespace

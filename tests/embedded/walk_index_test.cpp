@@ -26,28 +26,25 @@ std::string Ahead(const std::string& plate, const std::string& padding = "000000
          "'+'000000000000000',15)+'2024.02.01'";
 }
 
-class WalkIndexTest : public testing::Test {
+class WalkIndexTest : public EngineTest {
  protected:
   WalkIndexTest() {
+    store_ = embedded::Database::Open(file_, Options(kEvents));
     for (const char* event : {"'AA', '2024-01-31'", "'AA', '2024-02-01'", "'AB', '2023-01-01'",
                               "'ab''c', '2024-03-01'", "NULL, '2024-03-01'"})
-      database_->ExecutarSql(
-          "", ("INSERT INTO Multas (Matricula, Data) VALUES (" + std::string(event) + ")").c_str());
+      Run("INSERT INTO Multas (Matricula, Data) VALUES (" + std::string(event) + ")");
   }
+  ~WalkIndexTest() override { store_.reset(); }  // before its folder
   /// The count, which the index gives, and the rows, which it doesn't.
-  long CountOf(const std::string& statement) {
-    RecordsetRef rows;
-    database_->AbrirLeitura("", statement.c_str(), rows);
+  long CountOf(const std::string& statement) const {
+    const RecordsetRef rows = Open(statement);
     const long count = rows->RecordCount();
-    long read = 0;
-    for (; !rows->Eof(); rows->MoveNext()) ++read;
-    EXPECT_EQ(count, read) << statement;
+    EXPECT_EQ(static_cast<std::size_t>(count), ReadOn(rows)) << statement;
     return count;
   }
 
   TemporaryFolder folder_;
   std::string file_ = folder_.File("frota.parvel");
-  std::shared_ptr<embedded::Database> database_ = embedded::Database::Open(file_, Options(kEvents));
 };
 
 TEST_F(WalkIndexTest, WhatLiesAheadIsCountedByItsIndex) {

@@ -38,11 +38,7 @@ TEST_F(WriteTest, RefusalsLeaveTheTableAlone) {
       {"UPDATE Codigos SET Nome = 'a', nome = 'b'",
        "-2147217900: The column name 'nome' is specified more than once in the SET clause or column list of "
        "an INSERT."},
-      {"UPDATE Codigos SET Nada = 1", "-2147217904: Invalid column name 'Nada'."},
-      {"DELETE FROM Nada", "-2147217865: Invalid object name 'Nada'."},
-      {"DROP TABLE Codigos", "-2147217900: Incorrect syntax near the keyword 'DROP'."},
-      {"DELETE FROM Codigos DELETE FROM Codigos",
-       "-2147217900: Incorrect syntax near the keyword 'DELETE'."}};
+      {"UPDATE Codigos SET Nada = 1", "-2147217904: Invalid column name 'Nada'."}};
   for (const Refusal& refusal : cases) {
     SCOPED_TRACE(refusal.statement);
     EXPECT_EQ(ErrorOf([&] { Run(refusal.statement); }), refusal.error);
