@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "support/errors.h"
-#include "support/scripted_host.h"
 
 namespace platform {
 namespace {
@@ -46,9 +45,18 @@ class Probe : public Form {
   std::string log;
 };
 
-TEST(Form, ValidationKeepsTheFocusUnlessTheButtonDoesNotAskForIt) {
+/// The first field holds a text and has the focus.
+class FormTest : public testing::Test {
+ protected:
+  FormTest() {
+    form.Load();
+    form.UserTypes(form.a, "x");
+  }
   Probe form;
-  form.Load();
+};
+
+TEST_F(FormTest, ValidationKeepsTheFocusUnlessTheButtonDoesNotAskForIt) {
+  form.a.Text.clear();
   EXPECT_EQ(form.ActiveControl(), &form.a);
   form.UserKey(kKeyTab);
   EXPECT_EQ(form.ActiveControl(), &form.a);
@@ -59,20 +67,13 @@ TEST(Form, ValidationKeepsTheFocusUnlessTheButtonDoesNotAskForIt) {
   EXPECT_TRUE(form.IsClosed());
 }
 
-TEST(Form, SentKeysArriveAfterTheHandlerHasReturned) {
-  Probe form;
-  form.Load();
-  form.UserTypes(form.a, "x");
-  form.log.clear();
+TEST_F(FormTest, SentKeysArriveAfterTheHandlerHasReturned) {
   form.UserPresses(form.ok);
   EXPECT_EQ(form.log, "validate-a ok() validate-a ");
   EXPECT_EQ(form.ActiveControl(), &form.b);
 }
 
-TEST(Form, EnterMovesOnAndEscapeStepsBackOrCloses) {
-  Probe form;
-  form.Load();
-  form.UserTypes(form.a, "x");
+TEST_F(FormTest, EnterMovesOnAndEscapeStepsBackOrCloses) {
   form.UserKey(kKeyEnter);
   EXPECT_EQ(form.ActiveControl(), &form.b);
   form.UserKey(kKeyEscape);
@@ -84,10 +85,7 @@ TEST(Form, EnterMovesOnAndEscapeStepsBackOrCloses) {
   EXPECT_EQ(form.log, "") << "a key sent to a closed form goes nowhere";
 }
 
-TEST(Form, AFailingHandlerDropsItsKeysAndLeavesTheFormUsable) {
-  Probe form;
-  form.Load();
-  form.UserTypes(form.a, "x");
+TEST_F(FormTest, AFailingHandlerDropsItsKeysAndLeavesTheFormUsable) {
   form.ok.Click = [&] {
     form.SendKeys("{TAB}");
     throw RuntimeError(kTypeMismatch);
@@ -99,10 +97,7 @@ TEST(Form, AFailingHandlerDropsItsKeysAndLeavesTheFormUsable) {
   EXPECT_EQ(testing_support::NumberOf([&] { form.SendKeys("{HOME}"); }), kInvalidCall);
 }
 
-TEST(Form, TabSkipsWhatIsDisabledHiddenOrOutOfTheOrder) {
-  Probe form;
-  form.Load();
-  form.UserTypes(form.a, "x");
+TEST_F(FormTest, TabSkipsWhatIsDisabledHiddenOrOutOfTheOrder) {
   form.b.Enabled = false;
   form.box.TabStop = false;
   form.UserKey(kKeyTab);
@@ -116,9 +111,7 @@ TEST(Form, TabSkipsWhatIsDisabledHiddenOrOutOfTheOrder) {
   EXPECT_EQ(form.ActiveControl(), &form.close) << "nor does it stay there";
 }
 
-TEST(Form, AFieldTakesNoMoreThanItsLimit) {
-  Probe form;
-  form.Load();
+TEST_F(FormTest, AFieldTakesNoMoreThanItsLimit) {
   form.a.maxlength = 10;
   int changes = 0;
   form.a.Change = [&] { ++changes; };
@@ -126,17 +119,6 @@ TEST(Form, AFieldTakesNoMoreThanItsLimit) {
   EXPECT_FALSE(form.UserTypes(form.a, std::string(10000, 'x')));
   EXPECT_EQ(form.a.Text, "Citroën C3");
   EXPECT_EQ(changes, 1);
-}
-
-TEST(Form, RequestsReachTheFieldWithTheFocus) {
-  Probe form;
-  form.Load();
-  std::string asked;
-  form.a.PedidoLista = [&] { asked += "lista "; };
-  form.a.PedidoFicha = [&] { asked += "ficha "; };
-  form.a.PedidoMapa = [&] { asked += "mapa "; };
-  for (int key : {kKeyF3, kKeyF4, kKeyF7}) form.UserKey(key);
-  EXPECT_EQ(asked, "lista ficha mapa ");
 }
 
 /// One control of each kind between two fields.
@@ -294,17 +276,6 @@ TEST(Form, EachActTellsItsControlAndThenDeliversTheKeysThatWereSent) {
             5);
   EXPECT_TRUE(form.date.Value.ToDate() == day && form.month.Value == day);
   EXPECT_EQ(form.grid.CellText(1, 0), "x");
-}
-
-TEST(Form, ShownModallyItIsTheHostsUntilItCloses) {
-  testing_support::ScriptedHost host;
-  Probe form;
-  host.NextForm([](Form& shown) {
-    EXPECT_TRUE(shown.IsLoaded());
-    EXPECT_FALSE(shown.IsClosed());
-  });
-  form.ShowModal();
-  EXPECT_TRUE(form.IsClosed());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <utility>
 
 #include "platform/currency.h"
@@ -17,40 +18,19 @@ using testing_support::NumberOf;
 
 Currency Units(std::int64_t tenThousandths) { return Currency::FromTenThousandths(tenThousandths); }
 
-TEST(Currency, ReadsTextOfTheRegion) {
-  const struct {
-    const char* text;
-    std::int64_t units;
-  } cases[] = {{"1,659", 16590},
-               {"  60,5 ", 605000},
-               {"1.234,5", 12345000},
-               {"-0,0001", -1},
-               {"0,00005", 0},
-               {"0,00015", 2},
-               {"0,000050001", 1},
-               {"1.2.3", 1230000},
-               {"+7", 70000},
-               {",5", 5000},
-               {"922337203685477,5807", INT64_MAX},
-               {"-922337203685477,5807", -INT64_MAX}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.text);
-    EXPECT_EQ(Currency::Parse(c.text).tenThousandths(), c.units);
-  }
-  for (const char* text : {"", " ", "abc", "1,2,3", "12a", "-", ",", "1 2", ".5"}) {
-    SCOPED_TRACE(text);
-    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kTypeMismatch);
-  }
-  for (const char* text : {"922337203685477,5808", "-922337203685477,5808", "-922337203685477,58075"})
-    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kOverflow) << text;
-  EXPECT_EQ(NumberOf([] { Currency::Parse(std::string(60, '9')); }), kOverflow);
-}
-
-TEST(Currency, ShowsItsShortestForm) {
-  EXPECT_EQ(Units(605000).ToText(), "60,5");
-  EXPECT_EQ(Currency().ToText(), "0");
-  EXPECT_EQ(Units(-1).ToText(), "-0,0001");
+TEST(Currency, ReadsTextOfTheRegionAndShowsItsShortestForm) {
+  const std::pair<const char*, std::int64_t> cases[] = {
+      {"1,659", 16590}, {"  60,5 ", 605000}, {"1.234,5", 12345000}, {"-0,0001", -1}, {"0,00005", 0},
+      {"0,00015", 2},   {"0,000050001", 1},  {"1.2.3", 1230000},    {"+7", 70000},   {",5", 5000}};
+  for (const auto& [text, units] : cases) EXPECT_EQ(Currency::Parse(text).tenThousandths(), units) << text;
+  for (const char* text : {"60,5", "0", "-0,0001", "922337203685477,5807", "-922337203685477,5807"})
+    EXPECT_EQ(Currency::Parse(text).ToText(), text);
   EXPECT_EQ(Units(INT64_MIN).ToText('.'), "-922337203685477.5808");
+  for (const char* text : {"", " ", "abc", "1,2,3", "12a", "-", ",", "1 2", ".5"})
+    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kTypeMismatch) << text;
+  for (const std::string& text : {std::string("922337203685477,5808"), std::string("-922337203685477,5808"),
+                                  std::string("-922337203685477,58075"), std::string(60, '9')})
+    EXPECT_EQ(NumberOf([&] { Currency::Parse(text); }), kOverflow) << text;
 }
 
 TEST(Currency, RoundsHalfToEvenAndRefusesWhatDoesNotFit) {
@@ -61,15 +41,16 @@ TEST(Currency, RoundsHalfToEvenAndRefusesWhatDoesNotFit) {
   EXPECT_EQ(Currency::FromDouble(2.00005), Units(20000));
   EXPECT_EQ(Units(25000).ToWhole(), 2);
   EXPECT_EQ(Units(35000).ToWhole(), 4);
-  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MAX) + Units(1)); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { (void)-Units(INT64_MIN); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MAX) * Units(10001)); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { Currency::FromDouble(1e15); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { Currency::FromDouble(-922337203685477.5808); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { (void)(Units(INT64_MIN / 2) * Units(20000)); }), kOverflow);
-  EXPECT_EQ(NumberOf([] { (void)(Units(-INT64_MAX) - Units(1)); }), kOverflow);
+  const std::function<void()> overflows[] = {[] { (void)(Units(INT64_MAX) + Units(1)); },
+                                             [] { (void)-Units(INT64_MIN); },
+                                             [] { (void)(Units(INT64_MAX) * Units(10001)); },
+                                             [] { Currency::FromDouble(1e15); },
+                                             [] { Currency::FromDouble(-922337203685477.5808); },
+                                             [] { (void)(Units(INT64_MIN / 2) * Units(20000)); },
+                                             [] { (void)(Units(-INT64_MAX) - Units(1)); },
+                                             [] { Divide(0, 0); }};
+  for (const auto& act : overflows) EXPECT_EQ(NumberOf(act), kOverflow) << &act - overflows;
   EXPECT_EQ(NumberOf([] { Divide(1, 0); }), kDivisionByZero);
-  EXPECT_EQ(NumberOf([] { Divide(0, 0); }), kOverflow);
 }
 
 TEST(Date, ReadsTheTextsOfScreensAndStatements) {
@@ -87,14 +68,11 @@ TEST(Date, ReadsTheTextsOfScreensAndStatements) {
                            "1:60",        "29-02-2024 x", "12345-1-1",  "1-1-2024-5",
                            "257-01-2024", "01-257-2030",  "1-268-2024", "2024-257-01",
                            "2024-01-257", "0-1-2024",     "1-0-2024",   "29-02-2024 256:00",
-                           "1:2:60"}) {
-    SCOPED_TRACE(text);
-    EXPECT_EQ(NumberOf([&] { Date::Parse(text); }), kTypeMismatch);
-  }
-  const std::pair<int, int> impossible[] = {{257, 1}, {1, 257}, {13, 1}, {0, 1}, {1, 0}, {-255, 1}};
-  for (const auto& part : impossible)
-    EXPECT_EQ(NumberOf([&] { Date::FromParts(2024, part.first, part.second); }), kTypeMismatch)
-        << part.first << '-' << part.second;
+                           "1:2:60"})
+    EXPECT_EQ(NumberOf([&] { Date::Parse(text); }), kTypeMismatch) << text;
+  for (const auto& [month, ofMonth] : {std::pair(257, 1), {1, 257}, {13, 1}, {0, 1}, {1, 0}, {-255, 1}})
+    EXPECT_EQ(NumberOf([m = month, d = ofMonth] { Date::FromParts(2024, m, d); }), kTypeMismatch)
+        << month << '-' << ofMonth;
   EXPECT_EQ(NumberOf([] { Date::FromParts(2024, 1, 1, 24); }), kTypeMismatch);
 }
 
@@ -115,35 +93,32 @@ TEST(Date, CountsMidnightsAndClipsMonths) {
   EXPECT_EQ(Date::FromParts(2024, 1, 15, 8, 0).AddMonths(-2), Date::FromParts(2023, 11, 15, 8, 0));
 }
 
-TEST(Format, FollowsTheMasks) {
-  const struct {
+TEST(Format, FollowsTheMasksAndTheRegion) {
+  struct Case {
     Variant value;
     const char* mask;
     const char* text;
-  } cases[] = {{"60,5", "###,###.#0", "60,50"},
-               {"1234,5", "###,###.#0", "1.234,50"},
-               {Units(16590), "###,###.##0", "1,659"},
-               {0.125, "#,##0.00", "0,13"},
-               {Units(-1250), "#,##0.00", "-0,13"},
-               {Units(-40), "#,##0.00", "0,00"},
-               {1234567, "#,###,##0", "1.234.567"},
-               {0, "#,###,###", ""},
-               {0, "###,##0", "0"},
-               {Units(9999996), "###,###.#0", "1.000,00"},
-               {"", "###,##0", ""},
-               {"doze", "###,##0", "doze"},
-               {Date::FromParts(2024, 3, 1, 14, 7, 9), "dd-mm-yyyy hh:mm", "01-03-2024 14:07"},
-               {Date::FromParts(2024, 3, 1, 14, 7, 9), "yyyy.mm.dd hh:mm:ss", "2024.03.01 14:07:09"},
-               {Date::FromParts(2024, 3, 1), "yyyy-MM-dd", "2024-03-01"},
-               {"1-3-24", "mm-dd", "03-01"},
-               {"amanhã", "dd-mm-yyyy", "amanhã"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.mask);
-    EXPECT_EQ(Format(c.value, c.mask), c.text);
-  }
-}
-
-TEST(Format, FollowsTheRegion) {
+  };
+  const Case numbers[] = {{"60,5", "###,###.#0", "60,50"},
+                          {"1234,5", "###,###.#0", "1.234,50"},
+                          {Units(16590), "###,###.##0", "1,659"},
+                          {0.125, "#,##0.00", "0,13"},
+                          {Units(-1250), "#,##0.00", "-0,13"},
+                          {Units(-40), "#,##0.00", "0,00"},
+                          {1234567, "#,###,##0", "1.234.567"},
+                          {0, "#,###,###", ""},
+                          {0, "###,##0", "0"},
+                          {Units(9999996), "###,###.#0", "1.000,00"},
+                          {"", "###,##0", ""},
+                          {"doze", "###,##0", "doze"}};
+  for (const Case& c : numbers) EXPECT_EQ(Format(c.value, c.mask), c.text);
+  const Date date = Date::FromParts(2024, 3, 1, 14, 7, 9);
+  const Case dates[] = {{date, "dd-mm-yyyy hh:mm", "01-03-2024 14:07"},
+                        {date, "yyyy.mm.dd hh:mm:ss", "2024.03.01 14:07:09"},
+                        {date, "yyyy-MM-dd", "2024-03-01"},
+                        {"1-3-24", "mm-dd", "03-01"},
+                        {"amanhã", "dd-mm-yyyy", "amanhã"}};
+  for (const Case& c : dates) EXPECT_EQ(Format(c.value, c.mask), c.text);
   Regional english;
   english.decimal = '.';
   english.grouping = ',';
