@@ -1,5 +1,8 @@
+// What holds for every ficha that the catalogue knows.
 #include <algorithm>
+#include <cctype>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "events/acessorios.h"
@@ -28,6 +31,12 @@ constexpr const char* kFichas[] = {
     "Viaturas",    "Motoristas",  "Multas",     "Inspecoes", "Acessorios",   "Sinistros",       "Seguros",
     "Revisoes",    "Gastos",      "Categorias", "Modelos",   "TiposManut",   "TiposAcessorios", "Companhias",
     "TiposSeguro", "TiposGastos", "Viagens",    "Marcas",    "Departamentos"};
+
+std::vector<std::string> All() {
+  std::vector<std::string> names(std::begin(kFichas), std::end(kFichas));
+  names.insert(names.end(), {"frmArquivo", "frm_Attach"});
+  return names;
+}
 
 /// Answers whatever is asked, so that a form goes on.
 class EasyHost : public ScriptedHost {
@@ -143,6 +152,65 @@ TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
   }
 }
 
+char Mnemonic(const std::string& caption) {
+  const auto mark = caption.find('&');
+  return mark == std::string::npos || mark + 1 == caption.size()
+             ? '\0'
+             : static_cast<char>(std::tolower(static_cast<unsigned char>(caption[mark + 1])));
+}
+
+TEST_F(FichasTest, NoTwoButtonsInSightShareALetter) {
+  for (const std::string& name : All()) {
+    const auto form = FormCatalog::Shared().Make(name);
+    std::map<char, std::vector<const void*>> pages;
+    for (const platform::Control* control : form->Controls()) {
+      const auto* button = dynamic_cast<const platform::PushButton*>(control);
+      const char letter = button == nullptr ? '\0' : Mnemonic(button->Caption);
+      if (letter == '\0') continue;
+      for (const void* page : pages[letter])
+        EXPECT_TRUE(page != nullptr && button->Container != nullptr && page != button->Container)
+            << name << ": " << button->Caption;
+      pages[letter].push_back(button->Container);
+    }
+  }
+}
+
+/// The controls of a block that the user goes through, from left to right and from top to bottom.
+void Read(const platform::LayoutBlock& block, std::vector<const platform::Control*>& order) {
+  const auto fields = [&] {
+    for (const platform::LayoutRow& row : block.rows)
+      for (const platform::LayoutField& field : row) order.push_back(field.field);
+  };
+  if (block.fieldsFirst) fields();
+  order.push_back(block.grid);
+  order.push_back(block.calendar);
+  if (!block.fieldsFirst) fields();
+  for (const platform::PushButton* button : block.buttons) order.push_back(button);
+}
+
+TEST_F(FichasTest, TabGoesThroughTheFieldsAsTheyAreRead) {
+  for (const std::string& name : All()) {
+    const auto form = FormCatalog::Shared().Make(name);
+    std::vector<const platform::Control*> read;
+    Read(form->layout.head, read);
+    read.push_back(form->layout.tabs);
+    for (const platform::LayoutBlock& page : form->layout.pages) Read(page, read);
+    const auto& controls = form->Controls();
+    const auto place = [&](const platform::Control* control) {
+      return std::find(controls.begin(), controls.end(), control);
+    };
+    const platform::Control* before = nullptr;
+    for (const platform::Control* control : read) {
+      if (control == nullptr || !control->TakesFocus() || !control->TabStop) continue;
+      const bool sees =
+          before != nullptr && (before->Container == nullptr || control->Container == before->Container);
+      EXPECT_TRUE(!sees || place(before) < place(control))
+          << name << ": " << NameOf(*before) << " before " << NameOf(*control);
+      before = control;
+    }
+  }
+}
+
 /// The buttons and the fields with requests that a user reaches on a tab, by their places among the controls;
 /// the removal, which leaves less for the others, last.
 std::vector<std::size_t> Reachable(const platform::Form& form, int tab) {
@@ -159,16 +227,6 @@ std::vector<std::size_t> Reachable(const platform::Form& form, int tab) {
   return places;
 }
 
-/// The error of each thing that a user can do with a control: of the press of a button, or of the requests of
-/// a field.
-int DoAll(platform::Form& form, platform::Control& control) {
-  return NumberOf([&] {
-    if (auto* button = dynamic_cast<platform::PushButton*>(&control)) return form.UserPresses(*button);
-    if (!form.UserGoesTo(control)) return;
-    for (int key : {platform::kKeyF3, platform::kKeyF4, platform::kKeyF7}) form.UserKey(key);
-  });
-}
-
 /// Lets a user do each thing that a ficha offers, each on a ficha of its own that `open` gives.
 template <typename Open>
 void DoEverything(const std::string& name, Open&& open) {
@@ -183,9 +241,13 @@ void DoEverything(const std::string& name, Open&& open) {
     for (const std::size_t place : Reachable(*onTab(tab), tab)) {
       const auto form = onTab(tab);
       platform::Control& control = *form->Controls()[place];
-      const int error = DoAll(*form, control);
-      const bool field = dynamic_cast<platform::zor_input*>(&control) != nullptr;
-      EXPECT_TRUE(error == 0 || (field && error == platform::kStatementRefused))
+      auto* button = dynamic_cast<platform::PushButton*>(&control);
+      const int error = NumberOf([&] {
+        if (button != nullptr) return form->UserPresses(*button);
+        if (!form->UserGoesTo(control)) return;
+        for (int key : {platform::kKeyF3, platform::kKeyF4, platform::kKeyF7}) form->UserKey(key);
+      });
+      EXPECT_TRUE(error == 0 || (button == nullptr && error == platform::kStatementRefused))
           << name << " " << NameOf(control) << ": " << error;
     }
 }
