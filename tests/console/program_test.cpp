@@ -1,6 +1,5 @@
 #include "console/program.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -35,22 +34,26 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
   EXPECT_EQ(OnDatabase({"demo"}), kRefused) << "demonstration data never goes into a database with records";
   EXPECT_NE(err.str().find("vazia"), std::string::npos);
-
-  ASSERT_EQ(OnDatabase({"lista", "Marcas"}), kDone) << err.str();
-  EXPECT_EQ(out.str().find("Código  Designação\n------  -------------\nAUDI    Audi\nBMW     BMW\n"), 0U)
-      << out.str();
-  ASSERT_EQ(OnDatabase({"lista", "TiposGastos", "--csv"}), kDone);
-  EXPECT_EQ(out.str().find("Codigo;Nome\nADBLUE;AdBlue\n"), 0U) << out.str();
-  ASSERT_EQ(OnDatabase({"lista", "Categorias", "--json"}), kDone);
-  const auto rows = nlohmann::json::parse(out.str());
-  EXPECT_EQ(rows.size(), 9U);
-  EXPECT_EQ(rows[0]["Codigo"], "LIGM");
-
+  const struct {
+    std::vector<std::string> arguments;
+    std::string begin;
+  } calls[] = {
+      {{"lista", "Marcas"}, "Código  Designação\n------  -------------\nAUDI    Audi\nBMW     BMW\n"},
+      {{"lista", "TiposGastos", "--csv"}, "Codigo;Nome\nADBLUE;AdBlue\n"},
+      {{"lista", "Marcas", "--json"}, "["},
+      {{"motorista", "0002"}, "Codigo                  0002\n"}};
+  for (const auto& call : calls) {
+    EXPECT_EQ(OnDatabase(call.arguments), kDone) << err.str();
+    EXPECT_EQ(out.str().substr(0, call.begin.size()), call.begin);
+  }
   const std::string copy = File("copia.db");
   ASSERT_EQ(OnDatabase({"copia", copy}), kDone) << err.str();
   EXPECT_EQ(OnDatabase({"copia", copy}), kFailed) << "a copy never overwrites";
-  ASSERT_EQ(Parvel({"--db", copy, "lista", "Viagens", "--json"}), kDone);
-  EXPECT_EQ(nlohmann::json::parse(out.str()).size(), 7U);
+  ASSERT_EQ(OnDatabase({"motorista", "0002", "--json"}), kDone);
+  const std::string person = out.str();
+  ASSERT_EQ(Parvel({"--db", copy, "motorista", "0002", "--json"}), kDone);
+  EXPECT_EQ(out.str(), person);
+  EXPECT_EQ(nlohmann::json::parse(person)["Codigo"], "0002");
 }
 
 TEST_F(ProgramTest, RestoresACopyAndChecksAFile) {
@@ -96,26 +99,6 @@ TEST_F(ProgramTest, WhoStartsALongImportKnowsThatOthersWait) {
   EXPECT_NE(err.str().find("só podem ler"), std::string::npos) << err.str();
 }
 
-TEST_F(ProgramTest, PrintsAVehicleAndADriver) {
-  ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
-  ASSERT_EQ(OnDatabase({"motorista", "0002", "--json"}), kDone) << err.str();
-  const auto person = nlohmann::json::parse(out.str());
-  EXPECT_EQ(person["Codigo"], "0002");
-  const std::string plate = person["gastos"].at(0).at("Matricula");
-  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone) << err.str();
-  const auto vehicle = nlohmann::json::parse(out.str());
-  EXPECT_EQ(vehicle["Matricula"], plate);
-  const std::string newest = vehicle["gastos"].front()["Data"];
-  EXPECT_GT(newest, vehicle["gastos"].back()["Data"].get<std::string>());
-  ASSERT_EQ(OnDatabase({"viatura", plate}), kDone);
-  EXPECT_EQ(out.str().find("Matricula      " + plate), 0U) << out.str();
-
-  EXPECT_EQ(OnDatabase({"viatura", "D'OR"}), kRefused);
-  EXPECT_NE(err.str().find("«D'OR»"), std::string::npos);
-  EXPECT_EQ(OnDatabase({"motorista", "ninguém"}), kRefused);
-  EXPECT_EQ(out.str(), "");
-}
-
 TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
   EXPECT_EQ(Parvel({}), kUsage);
   EXPECT_EQ(Parvel({"faz"}), kUsage);
@@ -135,23 +118,16 @@ TEST_F(ProgramTest, SaysWhatIsWrongByItsExitCode) {
 }
 
 TEST_F(ProgramTest, WhatCannotBeWrittenIsToldAndFails) {
-  ASSERT_EQ(OnDatabase({"demo"}), kDone);
-  std::ofstream(File("x.csv")) << "Codigo;Nome\nX;x\n";
-  const std::vector<std::vector<std::string>> commands = {{"--help"},
-                                                          {"lista"},
-                                                          {"lista", "Marcas"},
-                                                          {"lista", "Marcas", "--csv"},
-                                                          {"lista", "Marcas", "--json"},
-                                                          {"motorista", "0001"},
-                                                          {"alertas"},
-                                                          {"alertas", "--json"},
-                                                          {"anexos", "5", "X"},
-                                                          {"copia", File("copia.db")},
-                                                          {"importar", "motoristas", File("x.csv")},
-                                                          {"esquema"}};
-  for (std::vector<std::string> command : commands) {
-    SCOPED_TRACE(command.back());
-    command.insert(command.begin(), {"--db", database});
+  std::ofstream(File("x.csv")) << "Codigo;Nome\n0001;x\n";
+  ASSERT_EQ(OnDatabase({"importar", "motoristas", File("x.csv")}), kDone);
+  for (const std::string line : {"--help", "lista", "lista Motoristas", "lista Motoristas --csv",
+                                 "lista Motoristas --json", "motorista 0001", "alertas", "alertas --json",
+                                 "anexos 5 X", "copia COPIA", "importar motoristas CSV", "esquema"}) {
+    SCOPED_TRACE(line);
+    std::vector<std::string> command = {"--db", database};
+    std::istringstream words(line);
+    for (std::string word; words >> word;)
+      command.push_back(word == "CSV" ? File("x.csv") : word == "COPIA" ? File("copia.db") : word);
     std::ofstream full("/dev/full");
     err.str("");
     EXPECT_EQ(console::Run(command, full, err), kFailed);
@@ -161,24 +137,27 @@ TEST_F(ProgramTest, WhatCannotBeWrittenIsToldAndFails) {
   EXPECT_EQ(err.str(), "Não foi possível escrever o calendário /dev/full.\n");
 }
 
-TEST_F(ProgramTest, AnImportIsToldTheDecimalMark) {
-  ASSERT_EQ(OnDatabase({"demo"}), kDone);
-  ASSERT_EQ(OnDatabase({"lista", "Viaturas", "--json"}), kDone);
-  const std::string plate = nlohmann::json::parse(out.str()).at(0).at("Matricula");
-  std::ofstream(File("i.csv")) << "Matricula;Data;Custo\n" << plate << ";01-01-2024;45.123\n";
+TEST_F(ProgramTest, ImportsAndPrintsAVehicle) {
+  std::ofstream(File("v.csv")) << "Matricula\nP\n";
+  ASSERT_EQ(OnDatabase({"importar", "viaturas", File("v.csv")}), kDone) << err.str();
+  std::ofstream(File("i.csv")) << "Matricula;Data;Custo\nP;01-01-2024;45.123\n";
   EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv")}), kFailed);
   EXPECT_NE(err.str().find("«--decimal ,»"), std::string::npos) << err.str();
   EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv"), "--decimal", "x"}), kUsage);
   EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv"), "--decimal", "."}), kDone);
   EXPECT_EQ(out.str(), "1 novos, 0 já existiam, 0 recusados\n");
-  ASSERT_EQ(OnDatabase({"viatura", plate, "--json"}), kDone);
-  const auto inspections = nlohmann::json::parse(out.str())["inspeccoes"];
-  EXPECT_TRUE(std::any_of(inspections.begin(), inspections.end(), [](const auto& one) {
-    return one["Data"] == "2024-01-01" && one["Custo"] == 45.123;
-  })) << out.str();
   EXPECT_EQ(OnDatabase({"importar", "nada", File("i.csv")}), kUsage);
   EXPECT_NE(err.str().find("viaturas, motoristas, gastos"), std::string::npos);
   EXPECT_EQ(OnDatabase({"importar", "gastos", File("não há.csv")}), kFailed);
+
+  ASSERT_EQ(OnDatabase({"viatura", "P", "--json"}), kDone);
+  EXPECT_EQ(nlohmann::json::parse(out.str())["inspeccoes"][0]["Custo"], 45.123);
+  ASSERT_EQ(OnDatabase({"viatura", "P"}), kDone);
+  EXPECT_EQ(out.str().find("Matricula      P\n"), 0U) << out.str();
+  EXPECT_EQ(OnDatabase({"viatura", "D'OR"}), kRefused);
+  EXPECT_NE(err.str().find("«D'OR»"), std::string::npos);
+  EXPECT_EQ(OnDatabase({"motorista", "ninguém"}), kRefused);
+  EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(ProgramTest, OpensTheUsersOwnDatabaseByDefault) {

@@ -24,28 +24,24 @@ class RecordCommandTest : public DatabaseTest {
         "CustoMedioKmT=0.2, CustoTotal=300, CompLeasing='X', NoContrato='N9', ValContrato='2020.01.04', "
         "ValorInicial=1, ValorResidual=2, Mensalidade=3, DataPrxRev='2025.01.05', KmPrxRev=20000, "
         "DataPrxInsp='2025.01.06', DataSelo='2025.01.07', SeloPago=1, DtDescarga='1899.12.30', Obs='nota'");
-    Sql("INSERT INTO zor_PV_Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, Custo, "
-        "TipoGasto) "
-        "VALUES ('12-AB-34', '1', 'g1', '2024.01.01 08:30:00', 'NORTE', 40.5, 10500, 1.5, 60.75, 'GASOLEO')");
-    Sql("INSERT INTO zor_PV_Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, Custo, "
-        "TipoGasto) "
-        "VALUES ('12-AB-34', '9', 'g2', '2024.01.02', '', 1, 0, 5, 5, 'PORTAGEM')");
-    Sql("INSERT INTO zor_PV_Seguros (Matricula, Companhia, TipoSeguro, Apolice, Validade, Premio, Franquia, "
-        "DataInicio, Inactiva) VALUES ('12-AB-34', 'X', 'X', 'A1', '2024.02.01', 300, 20, '2023.02.01', 0)");
-    Sql("INSERT INTO zor_PV_Revisoes (Matricula, TipoManut, Obs, Data, Km, Custo) VALUES ('12-AB-34', 'X', "
-        "'r', "
-        "'2024.03.01', 10100, 90)");
-    Sql("INSERT INTO zor_PV_Inspecoes (Matricula, Obs, Data, Km, Custo) VALUES ('12-AB-34', 'i', "
-        "'2024.04.01', "
-        "10200, 30)");
-    Sql("INSERT INTO zor_PV_Multas (Matricula, Motorista, Obs, Data, ValorMulta, Responsabilidade) VALUES "
-        "('12-AB-34', '1', 'm', '2024.05.01', 60, 1)");
-    Sql("INSERT INTO zor_PV_Sinistros (Matricula, Motorista, Obs, Data, LocalAc, Responsavel, Custo) VALUES "
-        "('12-AB-34', '1', 's', '2024.06.01', 'A1', 1, 70)");
-    Sql("INSERT INTO zor_PV_Acessorios (Matricula, TipoAcessorio, Obs, Data, Marca, Modelo, KmInicial, "
-        "KmFinal, "
-        "Qtd, Custo, DataVal) VALUES ('12-AB-34', 'X', 'a', '2024.07.01', 'mar', 'mod', 1, 2, 3, 4, "
-        "'2025.07.01')");
+    for (const char* event :
+         {"Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, Custo, TipoGasto) VALUES "
+          "('12-AB-34', '1', 'g1', '2024.01.01 08:30:00', 'NORTE', 40.5, 10500, 1.5, 60.75, 'GASOLEO')",
+          "Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, Custo, TipoGasto) VALUES "
+          "('12-AB-34', '9', 'g2', '2024.01.02', '', 1, 0, 5, 5, 'PORTAGEM')",
+          "Seguros (Matricula, Companhia, TipoSeguro, Apolice, Validade, Premio, Franquia, DataInicio, "
+          "Inactiva) VALUES ('12-AB-34', 'X', 'X', 'A1', '2024.02.01', 300, 20, '2023.02.01', 0)",
+          "Revisoes (Matricula, TipoManut, Obs, Data, Km, Custo) VALUES ('12-AB-34', 'X', 'r', '2024.03.01', "
+          "10100, 90)",
+          "Inspecoes (Matricula, Obs, Data, Km, Custo) VALUES ('12-AB-34', 'i', '2024.04.01', 10200, 30)",
+          "Multas (Matricula, Motorista, Obs, Data, ValorMulta, Responsabilidade) VALUES ('12-AB-34', '1', "
+          "'m', "
+          "'2024.05.01', 60, 1)",
+          "Sinistros (Matricula, Motorista, Obs, Data, LocalAc, Responsavel, Custo) VALUES ('12-AB-34', '1', "
+          "'s', '2024.06.01', 'A1', 1, 70)",
+          "Acessorios (Matricula, TipoAcessorio, Obs, Data, Marca, Modelo, KmInicial, KmFinal, Qtd, Custo, "
+          "DataVal) VALUES ('12-AB-34', 'X', 'a', '2024.07.01', 'mar', 'mod', 1, 2, 3, 4, '2025.07.01')"})
+      Sql(std::string("INSERT INTO zor_PV_") + event);
     for (const char* row : {"0, '2030.01.01'", "7, '2031.01.01'", "99, NULL"})
       Sql(std::string("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', ") + row +
           ")");
