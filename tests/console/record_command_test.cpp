@@ -35,8 +35,7 @@ class RecordCommandTest : public DatabaseTest {
           "10100, 90)",
           "Inspecoes (Matricula, Obs, Data, Km, Custo) VALUES ('12-AB-34', 'i', '2024.04.01', 10200, 30)",
           "Multas (Matricula, Motorista, Obs, Data, ValorMulta, Responsabilidade) VALUES ('12-AB-34', '1', "
-          "'m', "
-          "'2024.05.01', 60, 1)",
+          "'m', '2024.05.01', 60, 1)",
           "Sinistros (Matricula, Motorista, Obs, Data, LocalAc, Responsavel, Custo) VALUES ('12-AB-34', '1', "
           "'s', '2024.06.01', 'A1', 1, 70)",
           "Acessorios (Matricula, TipoAcessorio, Obs, Data, Marca, Modelo, KmInicial, KmFinal, Qtd, Custo, "

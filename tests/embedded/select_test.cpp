@@ -116,7 +116,8 @@ TEST_F(SelectTest, LiteralsOfOneShapeAreReadEachTime) {
 
 TEST_F(SelectTest, CountsTheRowsThatItReads) {
   for (const char* statement :
-       {"SELECT TOP 9 * FROM Codigos WHERE Codigo > 'C1001'",
+       {"SELECT TOP 2 * FROM Codigos", "SELECT TOP 9 * FROM Codigos WHERE Codigo > 'C1001'", "SELECT 1 AS x",
+        "SELECT DISTINCT 1 AS x FROM Codigos", "SELECT MAX(Nome) AS x FROM Codigos WHERE Codigo = ''",
         "SELECT Tudo.Nome FROM Tudo LEFT JOIN Codigos ON Codigo = Tudo.Nome",
         "SELECT Tudo.Nome FROM Tudo LEFT JOIN Codigos ON Codigo > Tudo.Nome ORDER BY Codigo",
         "SELECT TOP 1 Nome FROM Codigos UNION ALL SELECT TOP 2 Nome FROM Tudo"}) {
