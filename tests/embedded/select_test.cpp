@@ -84,7 +84,8 @@ TEST_F(SelectTest, UnionKeepsTheFirstOfEqualRows) {
   EXPECT_EQ(Rows(all), (Table{{"x"}, {"x"}})) << "the last plain union makes what is before it distinct";
   EXPECT_EQ(Open(all)->RecordCount(), 2);
   EXPECT_EQ(Rows("SELECT 'A' AS a UNION SELECT 'a' UNION ALL SELECT 'a'"), (Table{{"A"}, {"a"}}));
-  EXPECT_EQ(Rows("SELECT 'A' AS a UNION ALL SELECT 'a' UNION SELECT 'a'"), (Table{{"A"}}));
+  EXPECT_EQ(Rows("SELECT 'A' AS a UNION SELECT 'b' UNION SELECT 'a' UNION ALL SELECT 'c' ORDER BY a"),
+            (Table{{"A"}, {"b"}, {"c"}}));
   EXPECT_EQ(Rows("SELECT NULL AS a, Valor FROM Tudo WHERE Valor = 20 UNION SELECT NULL, 20"),
             (Table{{"NULL", "20"}}));
   EXPECT_EQ(Rows("SELECT DISTINCT LEFT(Nome, 1) AS x FROM Tudo ORDER BY x").size(), 2u);
