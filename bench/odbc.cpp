@@ -7,6 +7,7 @@
 
 #include "operations.h"
 #include "sqlserver/database.h"
+#include "sqlserver/session.h"
 #include "sqlserver/utf16.h"
 
 namespace {

@@ -7,6 +7,8 @@
 #include "console/paths.h"
 #include "console/program.h"
 #include "sqlserver/schema_script.h"
+#include "sqlserver/session.h"
+#include "tsql/catalog.h"
 #include "sqlserver/table_check.h"
 #include "sqlserver/transfer.h"
 

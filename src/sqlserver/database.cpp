@@ -2,6 +2,7 @@
 
 #include "sqlserver/edit_recordset.h"
 #include "sqlserver/select_recordset.h"
+#include "sqlserver/session.h"
 #include "tsql/parser.h"
 
 namespace schema {
@@ -34,6 +35,9 @@ class SessionConnection : public platform::Connection {
 
 }  // namespace
 
+Database::Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog)
+    : session_(std::move(session)), catalog_(std::move(catalog)) {}
+
 std::shared_ptr<Database> Database::Open(const OpenOptions& options) {
   auto catalog = std::make_shared<tsql::Catalog>(
       tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str()));
@@ -41,6 +45,12 @@ std::shared_ptr<Database> Database::Open(const OpenOptions& options) {
       std::make_shared<Session>(ConnectionText(options.connection), options.password, options.limits);
   return std::shared_ptr<Database>(new Database(std::move(session), std::move(catalog)));
 }
+
+std::string Database::Place() const { return session_->Place(); }
+
+void Database::BeginBatch() { session_->BeginBatch(); }
+void Database::CommitBatch() { session_->CommitBatch(); }
+void Database::AbandonBatch() { session_->AbandonBatch(); }
 
 bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
   connection = platform::MakeRef<SessionConnection>(session_);

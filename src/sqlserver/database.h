@@ -4,10 +4,15 @@
 #include <string>
 
 #include "host/store.h"
-#include "sqlserver/session.h"
-#include "tsql/catalog.h"
+#include "sqlserver/limits.h"
+
+namespace tsql {
+class Catalog;
+}
 
 namespace sqlserver {
+
+class Session;
 
 struct OpenOptions {
   /// An ODBC connection string or the name of a DSN, without the password.
@@ -26,15 +31,15 @@ class Database : public zorCrmParvel::Store {
   static std::shared_ptr<Database> Open(const OpenOptions& options);
 
   /// The database and the server, for people: "frota em servidor".
-  std::string Place() const override { return session_->Place(); }
+  std::string Place() const override;
   const tsql::Catalog& catalog() const { return *catalog_; }
   /// The connection itself, for work on the tables.
   Session& session() { return *session_; }
 
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
-  void BeginBatch() override { session_->BeginBatch(); }
-  void CommitBatch() override { session_->CommitBatch(); }
-  void AbandonBatch() override { session_->AbandonBatch(); }
+  void BeginBatch() override;
+  void CommitBatch() override;
+  void AbandonBatch() override;
 
  protected:
   bool Execute(const std::string& statement) override;
@@ -42,8 +47,7 @@ class Database : public zorCrmParvel::Store {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
-  Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog)
-      : session_(std::move(session)), catalog_(std::move(catalog)) {}
+  Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog);
 
   std::shared_ptr<Session> session_;
   std::shared_ptr<const tsql::Catalog> catalog_;

@@ -5,6 +5,8 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "sqlserver/dialect.h"
+#include "sqlserver/session.h"
+#include "tsql/catalog.h"
 #include "tsql/lexer.h"
 #include "tsql/parser.h"
 

@@ -7,20 +7,12 @@
 
 #include "sqlserver/connection_text.h"
 #include "sqlserver/dialect.h"
+#include "sqlserver/limits.h"
 #include "sqlserver/odbc.h"
 #include "sqlserver/parameters.h"
 #include "sqlserver/result_reader.h"
 
 namespace sqlserver {
-
-struct Limits {
-  /// How long one statement may take; 0: for ever.
-  std::chrono::seconds statement{30};
-  /// How long the server may take to answer a connection.
-  std::chrono::seconds login{15};
-  /// A connection unused for longer is tried before something is written on it.
-  std::chrono::seconds idle{30};
-};
 
 /// The connection to the server. Every call reads its result to the end, so that nothing is under way between
 /// two calls: the server holds no lock for us, and a connection that broke meanwhile is made anew by the next

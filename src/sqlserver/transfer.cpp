@@ -7,6 +7,8 @@
 #include "platform/runtime_error.h"
 #include "sqlserver/dialect.h"
 #include "sqlserver/schema_script.h"
+#include "sqlserver/session.h"
+#include "tsql/catalog.h"
 
 namespace sqlserver {
 namespace {

@@ -7,6 +7,7 @@
 #include "contract/engines.h"
 #include "faults.h"
 #include "sqlserver/database.h"
+#include "sqlserver/session.h"
 
 namespace sqlserver_tests {
 
