@@ -4,7 +4,7 @@
 
 #include "baseline.h"
 #include "embedded/database.h"
-#include "embedded/functions.h"
+#include "embedded/storage/functions.h"
 #include "platform/host.h"
 
 namespace bench {

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "embedded/collation.h"
+#include "embedded/storage/collation.h"
 
 /// What the benches need of SQLite's own interface, on a file that the engine made.
 namespace bench {

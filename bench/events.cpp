@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "baseline.h"
-#include "desktop/form_dialog.h"
+#include "desktop/ficha/form_dialog.h"
 #include "drivers/motoristas.h"
 #include "embedded/database.h"
-#include "embedded/functions.h"
+#include "embedded/storage/functions.h"
 #include "events/revisoes_form.h"
 #include "host/list_view.h"
 #include "host/sistema.h"

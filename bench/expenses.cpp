@@ -12,11 +12,11 @@
 #include <string>
 
 #include "baseline.h"
-#include "console/import.h"
 #include "documents/arquivo_digital.h"
 #include "embedded/database.h"
-#include "embedded/functions.h"
+#include "embedded/storage/functions.h"
 #include "events/gastos_form.h"
+#include "exchange/import.h"
 #include "host/sistema.h"
 #include "masterdata/tipos_gastos.h"
 #include "quiet_host.h"
@@ -188,11 +188,11 @@ bool Import(Fleet& fleet, int rows) {
   constexpr double kLeastRowsASecond = 20000;
   std::istringstream file(MonthFile(rows));
   std::ofstream report("/dev/null");
-  const auto target = console::MakeImportTarget("gastos", fleet.shared());
+  const auto target = exchange::MakeImportTarget("gastos", fleet.shared());
   ResetPeak();
   const long before = PeakKilobytes();
   const auto begin = std::chrono::steady_clock::now();
-  const auto result = console::ImportCsv(fleet.database(), *target, file, false, report);
+  const auto result = exchange::ImportCsv(fleet.database(), *target, file, false, report);
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
   std::printf("import of %d rows: %ld added, %ld refused, %.0f rows a second (%.0f), peak memory +%ld kB\n",
               rows, result.added, result.refused, rows / seconds, kLeastRowsASecond,

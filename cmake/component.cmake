@@ -24,7 +24,8 @@ function(install_headers room)
 endfunction()
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/platform DESTINATION ${HEADERS_DIR} COMPONENT component
         FILES_MATCHING PATTERN *.h)
-install_headers(host calendario data_access error_text ficha form_catalog list_view sistema statement store)
+install_headers(host calendario data_access error_text ficha form_catalog list_view sistema statement)
+install_headers(store store)
 install_headers(embedded database database_check)
 install_headers(sqlserver database limits)
 

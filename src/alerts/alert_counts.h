@@ -5,7 +5,7 @@
 
 #include "alerts/alert_rules.h"
 #include "host/data_access.h"
-#include "platform/grid.h"
+#include "platform/screen/grid.h"
 
 namespace zorCrmParvel {
 

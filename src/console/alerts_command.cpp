@@ -7,10 +7,10 @@
 #include <sstream>
 #include <vector>
 
-#include "console/calendar_file.h"
 #include "console/error_output.h"
 #include "console/list_printer.h"
 #include "console/program.h"
+#include "exchange/calendar_file.h"
 #include "host/sistema.h"
 #include "platform/files.h"
 #include "platform/format.h"
@@ -69,8 +69,8 @@ class DueDates {
       }
   }
 
-  std::vector<CalendarEntry> Entries() const {
-    std::vector<CalendarEntry> all;
+  std::vector<exchange::CalendarEntry> Entries() const {
+    std::vector<exchange::CalendarEntry> all;
     for (const auto& [uid, entry] : entries_) all.push_back(entry);
     return all;
   }
@@ -86,7 +86,7 @@ class DueDates {
     const platform::Date day = platform::Today().AddDays(dias);
     const std::string uid = std::string(familia.lista) + "-" + prazo.coluna + cells(familia.identidade, "-") +
                             "-" + platform::FormatDate(day, "yyyymmdd") + "@parvel";
-    CalendarEntry& entry = entries_[uid];
+    exchange::CalendarEntry& entry = entries_[uid];
     entry.uid = uid;
     entry.day = day;
     entry.summary = std::string(prazo.nome) + ":" + cells(familia.resumo, " ");
@@ -95,7 +95,7 @@ class DueDates {
     entry.description += (entry.description.empty() ? "" : "\n") + notas;
   }
 
-  std::map<std::string, CalendarEntry> entries_;
+  std::map<std::string, exchange::CalendarEntry> entries_;
 };
 
 class AlertPrinter {
@@ -118,7 +118,7 @@ class AlertPrinter {
  private:
   void WriteDates() {
     try {
-      platform::WriteFile(options_.calendar, WriteCalendar(dates_.Entries(), platform::Now()));
+      platform::WriteFile(options_.calendar, exchange::WriteCalendar(dates_.Entries(), platform::Now()));
     } catch (const platform::RuntimeError& error) {
       throw platform::RuntimeError(error.number(), "--ics",
                                    "Não foi possível escrever o calendário " + options_.calendar + ".");

@@ -5,7 +5,7 @@
 #include <ostream>
 #include <vector>
 
-#include "console/csv_text.h"
+#include "exchange/csv_text.h"
 #include "platform/format.h"
 #include "platform/text.h"
 
@@ -74,7 +74,7 @@ std::string CsvText(const Variant& value) {
   if (value.IsNull() || IsNoDate(value)) return {};
   if (const auto* date = value.As<platform::Date>()) return IsoDate(*date);
   if (const auto* money = value.As<platform::Currency>()) return money->ToText('.');
-  return CsvField(value.As<std::string>() ? Guarded(value.ToText()) : value.ToText());
+  return exchange::CsvField(value.As<std::string>() ? exchange::Guarded(value.ToText()) : value.ToText());
 }
 
 void PrintCsv(std::ostream& out, const SGGrid& grid) {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/list_view.h"
-#include "platform/form.h"
+#include "platform/screen/form.h"
 
 namespace console {
 

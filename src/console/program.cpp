@@ -11,15 +11,15 @@
 #include "console/attachments_command.h"
 #include "console/call_texts.h"
 #include "console/console_host.h"
-#include "console/database_choice.h"
-#include "console/demo.h"
 #include "console/error_output.h"
-#include "console/import.h"
 #include "console/list_printer.h"
-#include "console/paths.h"
 #include "console/record_command.h"
 #include "console/server_commands.h"
+#include "demo/demo.h"
+#include "exchange/import.h"
 #include "host/sistema.h"
+#include "store/database_choice.h"
+#include "store/paths.h"
 
 namespace console {
 namespace {
@@ -28,7 +28,7 @@ using platform::RuntimeError;
 using zorCrmParvel::Sistema;
 
 struct Options {
-  DatabaseChoice database;
+  store::DatabaseChoice database;
   std::string key;
   bool csv = false;
   bool json = false;
@@ -79,7 +79,7 @@ class Program {
 
   int Demo() {
     const auto database = Open();
-    FillDemo(database);
+    demo::FillDemo(database);
     out_ << "Dados de demonstração escritos em " << database->Place() << '\n';
     return kDone;
   }
@@ -88,15 +88,16 @@ class Program {
     std::ifstream file(options_.file, std::ios::binary);
     if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + options_.file);
     const auto database = Open();
-    const auto target = MakeImportTarget(options_.what, database);
+    const auto target = exchange::MakeImportTarget(options_.what, database);
     if (!target) {
-      err_ << "Não se importa «" << options_.what << "». Pode importar: " << ImportTargetNames() << ".\n";
+      err_ << "Não se importa «" << options_.what << "». Pode importar: " << exchange::ImportTargetNames()
+           << ".\n";
       return kUsage;
     }
     TellOfLongImport(options_.file, err_);
-    const ImportResult result =
-        ImportCsv(*database, *target, file, options_.simulate, out_,
-                  options_.decimal.empty() ? std::nullopt : std::optional(options_.decimal[0]));
+    const exchange::ImportResult result =
+        exchange::ImportCsv(*database, *target, file, options_.simulate, out_,
+                            options_.decimal.empty() ? std::nullopt : std::optional(options_.decimal[0]));
     out_ << result.added << (options_.simulate ? " entrariam, " : " novos, ") << result.known
          << " já existiam, " << result.refused << " recusados\n";
     return result.refused == 0 ? kDone : kRefused;
@@ -129,14 +130,14 @@ class Program {
   }
 
   int Copy() {
-    OpenFile(options_.database)->CopyTo(options_.file);
+    store::OpenFile(options_.database)->CopyTo(options_.file);
     out_ << "Cópia escrita em " << options_.file << '\n';
     return kDone;
   }
 
   int Restore() {
-    const std::string file = FileOf(options_.database);
-    const std::string aside = embedded::Database::Restore(file, DatabaseFileNamed(options_.file));
+    const std::string file = store::FileOf(options_.database);
+    const std::string aside = embedded::Database::Restore(file, store::DatabaseFileNamed(options_.file));
     embedded::Database::Open(file);
     out_ << "A cópia " << options_.file << " está no lugar de " << file << ".\n";
     if (!aside.empty()) out_ << "O que lá estava ficou em " << aside << ".\n";
@@ -148,7 +149,7 @@ class Program {
   int Transfer() { return RunTransferCommand(options_.database, options_.file, out_); }
 
  private:
-  std::shared_ptr<zorCrmParvel::Store> Open() { return OpenStore(options_.database); }
+  std::shared_ptr<zorCrmParvel::Store> Open() { return store::OpenStore(options_.database); }
 
   int PrintKeys() {
     for (const std::string& key : Sistema().ChavesDasListas()) out_ << key << '\n';
@@ -257,7 +258,7 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
   repor->callback([&] { command = [&] { return program.Restore(); }; });
 
   auto* importar = comando("importar", "Importa um ficheiro CSV; diz cada linha recusada e porquê.");
-  importar->add_option("o-quê", options.what, "Um de: " + ImportTargetNames() + ".")
+  importar->add_option("o-quê", options.what, "Um de: " + exchange::ImportTargetNames() + ".")
       ->type_name("")
       ->required();
   importar->add_option("ficheiro", options.file, "Ficheiro CSV; a primeira linha tem os nomes das colunas.")

@@ -4,13 +4,13 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "console/paths.h"
 #include "console/program.h"
 #include "sqlserver/schema_script.h"
 #include "sqlserver/session.h"
-#include "tsql/catalog.h"
 #include "sqlserver/table_check.h"
 #include "sqlserver/transfer.h"
+#include "store/paths.h"
+#include "tsql/catalog.h"
 
 namespace schema {
 extern const char* const kTables;
@@ -29,12 +29,12 @@ int CheckFile(const std::string& file, std::ostream& out) {
 
 }  // namespace
 
-int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out) {
+int RunSchemaCommand(const store::DatabaseChoice& choice, bool apply, std::ostream& out) {
   if (!choice.IsServer() && !apply) {
     out << schema::kTables;
     return kDone;
   }
-  const auto database = OpenServer(choice);
+  const auto database = store::OpenServer(choice);
   if (!apply) {
     for (const sqlserver::TableScript& script :
          sqlserver::LackingTables(database->session(), schema::kTables))
@@ -48,9 +48,9 @@ int RunSchemaCommand(const DatabaseChoice& choice, bool apply, std::ostream& out
   return kDone;
 }
 
-int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out) {
-  if (!choice.IsServer()) return CheckFile(FileOf(choice), out);
-  const auto database = OpenServer(choice);
+int RunCheckCommand(const store::DatabaseChoice& choice, std::ostream& out) {
+  if (!choice.IsServer()) return CheckFile(store::FileOf(choice), out);
+  const auto database = store::OpenServer(choice);
   const auto differences = sqlserver::Differences(database->session(), database->catalog());
   for (const std::string& difference : differences) out << difference << '\n';
   if (differences.empty()) {
@@ -63,11 +63,11 @@ int RunCheckCommand(const DatabaseChoice& choice, std::ostream& out) {
   return kRefused;
 }
 
-int RunTransferCommand(const DatabaseChoice& choice, const std::string& file, std::ostream& out) {
+int RunTransferCommand(const store::DatabaseChoice& choice, const std::string& file, std::ostream& out) {
   if (file.empty() || !std::filesystem::exists(file))
     throw std::runtime_error("Não há o ficheiro " + file + ".");
-  const auto server = OpenServer(choice);
-  const auto from = embedded::Database::Open(DatabaseFileNamed(file));
+  const auto server = store::OpenServer(choice);
+  const auto from = embedded::Database::Open(store::DatabaseFileNamed(file));
   long total = 0;
   sqlserver::Transfer(*from, *server, [&](const sqlserver::TransferredTable& table) {
     out << table.table << ": " << table.rows << (table.rows == 1 ? " registo" : " registos")

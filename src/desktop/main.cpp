@@ -4,15 +4,15 @@
 #include <QTimer>
 #include <iostream>
 
-#include "console/password.h"
-#include "desktop/desktop_host.h"
-#include "desktop/house_style.h"
-#include "desktop/main_window.h"
-#include "desktop/message_box.h"
-#include "desktop/picture.h"
-#include "desktop/portuguese.h"
-#include "desktop/start_up.h"
-#include "desktop/text.h"
+#include "desktop/look/house_style.h"
+#include "desktop/look/portuguese.h"
+#include "desktop/look/text.h"
+#include "desktop/shell/desktop_host.h"
+#include "desktop/shell/main_window.h"
+#include "desktop/shell/message_box.h"
+#include "desktop/shell/picture.h"
+#include "desktop/shell/start_up.h"
+#include "store/password.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
   }
   const QTemporaryDir screen;
   if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) UseScreenOfItsOwn(screen);
-  options.password = console::TakePassword();
+  options.password = store::TakePassword();
   int arguments = 1;  // the words are the program's own, not Qt's
   QApplication application(arguments, argv);
   QApplication::setOrganizationName(QStringLiteral("parvel"));

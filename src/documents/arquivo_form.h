@@ -4,7 +4,7 @@
 
 #include "documents/arquivo_digital.h"
 #include "host/ficha.h"
-#include "platform/popup_menu.h"
+#include "platform/screen/popup_menu.h"
 
 namespace zorCrmParvel {
 

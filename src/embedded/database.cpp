@@ -2,13 +2,13 @@
 
 #include <filesystem>
 
-#include "embedded/database_copy.h"
-#include "embedded/database_file.h"
-#include "embedded/database_look.h"
-#include "embedded/database_restore.h"
-#include "embedded/engine.h"
-#include "embedded/file_steps.h"
-#include "embedded/schema.h"
+#include "embedded/storage/database_copy.h"
+#include "embedded/storage/database_file.h"
+#include "embedded/storage/database_look.h"
+#include "embedded/storage/database_restore.h"
+#include "embedded/storage/engine.h"
+#include "embedded/storage/file_steps.h"
+#include "embedded/storage/schema.h"
 
 namespace schema {
 extern const char* const kTables;

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "embedded/database_check.h"
-#include "host/store.h"
 #include "platform/date.h"
+#include "store/store.h"
 
 namespace embedded {
 

@@ -1,8 +1,8 @@
 #include "events/event_entity.h"
 
-#include "platform/dialogs.h"
 #include "platform/format.h"
 #include "platform/runtime_error.h"
+#include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "host/data_access.h"
-#include "platform/form.h"
+#include "platform/screen/form.h"
 
 namespace zorCrmParvel {
 

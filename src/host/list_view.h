@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/form.h"
-#include "platform/grid.h"
-#include "platform/popup_menu.h"
+#include "platform/screen/form.h"
+#include "platform/screen/grid.h"
+#include "platform/screen/popup_menu.h"
 
 namespace zorCrmParvel {
 

@@ -1,8 +1,8 @@
 #include "host/tools.h"
 
 #include "host/error_text.h"
-#include "platform/form.h"
 #include "platform/host.h"
+#include "platform/screen/form.h"
 
 namespace zorCrmParvel::Tools {
 

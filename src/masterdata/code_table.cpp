@@ -1,6 +1,6 @@
 #include "masterdata/code_table.h"
 
-#include "platform/dialogs.h"
+#include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/date.h"
-#include "platform/dialogs.h"
-#include "platform/form.h"
+#include "platform/screen/dialogs.h"
+#include "platform/screen/form.h"
 
 namespace platform {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "host/store.h"
 #include "sqlserver/limits.h"
+#include "store/store.h"
 
 namespace tsql {
 class Catalog;

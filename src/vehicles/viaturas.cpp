@@ -1,7 +1,7 @@
 #include "vehicles/viaturas.h"
 
 #include "host/fotos.h"
-#include "platform/dialogs.h"
+#include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
 Statement clViaturas::Seleccao() const {

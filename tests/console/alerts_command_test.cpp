@@ -5,14 +5,16 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "console/calendar_file.h"
 #include "console/program_fixture.h"
+#include "exchange/calendar_file.h"
 #include "support/files.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"
 #include "support/scripted_host.h"
 
 namespace console {
+
+using exchange::WriteCalendar;
 namespace {
 
 using namespace testing_support;

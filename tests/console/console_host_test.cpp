@@ -6,12 +6,14 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "console/paths.h"
-#include "platform/form.h"
+#include "platform/screen/form.h"
+#include "store/paths.h"
 #include "support/errors.h"
 #include "support/temporary_folder.h"
 
 namespace console {
+
+using store::DefaultDatabasePath;
 namespace {
 
 TEST(ConsoleHost, ShowsTextsAndDeclines) {

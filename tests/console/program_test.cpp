@@ -7,10 +7,12 @@
 
 #include "console/console_host.h"
 #include "console/list_printer.h"
-#include "console/paths.h"
 #include "console/program_fixture.h"
+#include "store/paths.h"
 
 namespace console {
+
+using store::DefaultDatabasePath;
 namespace {
 
 namespace fs = std::filesystem;

@@ -4,10 +4,14 @@
 #include <filesystem>
 #include <fstream>
 
-#include "console/password.h"
 #include "console/program_fixture.h"
+#include "store/password.h"
 
 namespace console {
+
+using store::KnownPassword;
+using store::PasswordFromFile;
+using store::TakePassword;
 namespace {
 
 namespace fs = std::filesystem;

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/store.h"
+#include "store/store.h"
 #include "support/engine_tables.h"
 #include "support/temporary_folder.h"
 

@@ -1,12 +1,12 @@
-#include "desktop/column_widths.h"
+#include "desktop/list/column_widths.h"
 
 #include <gtest/gtest.h>
 
 #include <QScrollBar>
 #include <tuple>
 
-#include "desktop/look.h"
-#include "desktop/table_view.h"
+#include "desktop/list/table_view.h"
+#include "desktop/look/look.h"
 #include "sheet.h"
 
 namespace desktop_test {

@@ -1,4 +1,4 @@
-#include "desktop/connection_dialog.h"
+#include "desktop/database/connection_dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "desktop/main_actions.h"
-#include "desktop/main_window.h"
-#include "desktop/start_up.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/main_window.h"
+#include "desktop/shell/start_up.h"
 #include "user.h"
 
 namespace desktop_test {

@@ -1,4 +1,4 @@
-#include "desktop/desktop_host.h"
+#include "desktop/shell/desktop_host.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "desktop/documents.h"
+#include "desktop/shell/documents.h"
 
 #include <gtest/gtest.h>
 

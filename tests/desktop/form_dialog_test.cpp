@@ -1,4 +1,4 @@
-#include "desktop/form_dialog.h"
+#include "desktop/ficha/form_dialog.h"
 
 #include <gtest/gtest.h>
 

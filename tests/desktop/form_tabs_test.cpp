@@ -10,9 +10,9 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "desktop/form_dialog.h"
-#include "desktop/picture_view.h"
-#include "desktop/table_view.h"
+#include "desktop/ficha/form_dialog.h"
+#include "desktop/ficha/picture_view.h"
+#include "desktop/list/table_view.h"
 #include "drivers/motoristas_form.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"

@@ -1,8 +1,8 @@
-#include "desktop/lookup_dialog.h"
+#include "desktop/ficha/lookup_dialog.h"
 
 #include <gtest/gtest.h>
 
-#include "desktop/table_view.h"
+#include "desktop/list/table_view.h"
 #include "sample_form.h"
 #include "user.h"
 

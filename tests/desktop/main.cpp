@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QLocale>
 
-#include "desktop/house_style.h"
-#include "desktop/portuguese.h"
+#include "desktop/look/house_style.h"
+#include "desktop/look/portuguese.h"
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

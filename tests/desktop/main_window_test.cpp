@@ -1,4 +1,4 @@
-#include "desktop/main_window.h"
+#include "desktop/shell/main_window.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -12,10 +12,10 @@
 #include <QPushButton>
 #include <QToolTip>
 
-#include "desktop/csv.h"
-#include "desktop/main_actions.h"
-#include "desktop/message_page.h"
-#include "desktop/report_dialog.h"
+#include "desktop/list/csv.h"
+#include "desktop/print/report_dialog.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/message_page.h"
 #include "masterdata/code_table.h"
 #include "open_window.h"
 #include "pdf.h"

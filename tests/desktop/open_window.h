@@ -5,7 +5,7 @@
 #include <QTest>
 #include <memory>
 
-#include "desktop/main_window.h"
+#include "desktop/shell/main_window.h"
 #include "user.h"
 
 namespace desktop_test {

@@ -1,4 +1,4 @@
-#include "desktop/picture_view.h"
+#include "desktop/ficha/picture_view.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "desktop/report_dialog.h"
+#include "desktop/print/report_dialog.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -7,9 +7,9 @@
 #include <fstream>
 #include <utility>
 
-#include "desktop/csv.h"
-#include "desktop/sources.h"
-#include "desktop/text.h"
+#include "desktop/list/csv.h"
+#include "desktop/list/sources.h"
+#include "desktop/look/text.h"
 #include "masterdata/tipos_gastos.h"
 #include "pdf.h"
 #include "platform/runtime_error.h"

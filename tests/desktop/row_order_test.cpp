@@ -1,4 +1,4 @@
-#include "desktop/row_order.h"
+#include "desktop/list/row_order.h"
 
 #include <gtest/gtest.h>
 

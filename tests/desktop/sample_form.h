@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/dialogs.h"
-#include "platform/form.h"
 #include "platform/host.h"
+#include "platform/screen/dialogs.h"
+#include "platform/screen/form.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/table_source.h"
+#include "desktop/list/table_source.h"
 
 namespace desktop_test {
 

@@ -1,4 +1,4 @@
-#include "desktop/start_page.h"
+#include "desktop/start/start_page.h"
 
 #include <QAction>
 #include <QLabel>
@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QStatusBar>
 
-#include "desktop/alert_card.h"
-#include "desktop/main_actions.h"
-#include "desktop/message_page.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/message_page.h"
+#include "desktop/start/alert_card.h"
 #include "open_window.h"
 #include "platform/format.h"
 #include "platform/host.h"

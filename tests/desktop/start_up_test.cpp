@@ -1,4 +1,4 @@
-#include "desktop/start_up.h"
+#include "desktop/shell/start_up.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <QImage>
 #include <tuple>
 
-#include "desktop/main_actions.h"
-#include "desktop/main_window.h"
-#include "desktop/start_page.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/main_window.h"
+#include "desktop/start/start_page.h"
 #include "support/files.h"
 #include "support/recording_data_access.h"
 #include "user.h"

@@ -7,7 +7,7 @@
 #include <deque>
 #include <functional>
 
-#include "desktop/desktop_host.h"
+#include "desktop/shell/desktop_host.h"
 
 namespace desktop_test {
 

@@ -1,4 +1,4 @@
-#include "embedded/collation.h"
+#include "embedded/storage/collation.h"
 
 #include <random>
 

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <thread>
 
-#include "embedded/sqlite.h"
+#include "embedded/storage/sqlite.h"
 #include "engine_fixture.h"
 
 namespace embedded_tests {

@@ -2,10 +2,10 @@
 
 #include <fstream>
 
-#include "embedded/collation.h"
-#include "embedded/file_steps.h"
-#include "embedded/file_system.h"
-#include "embedded/sqlite.h"
+#include "embedded/storage/collation.h"
+#include "embedded/storage/file_steps.h"
+#include "embedded/storage/file_system.h"
+#include "embedded/storage/sqlite.h"
 #include "engine_fixture.h"
 #include "platform/files.h"
 #include "support/child.h"

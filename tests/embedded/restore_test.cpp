@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "embedded/sqlite.h"
+#include "embedded/storage/sqlite.h"
 #include "engine_fixture.h"
 #include "support/child.h"
 #include "support/files.h"

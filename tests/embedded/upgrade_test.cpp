@@ -1,5 +1,5 @@
-#include "embedded/collation.h"
-#include "embedded/sqlite.h"
+#include "embedded/storage/collation.h"
+#include "embedded/storage/sqlite.h"
 #include "engine_fixture.h"
 
 namespace embedded_tests {

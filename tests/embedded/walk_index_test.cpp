@@ -1,7 +1,7 @@
-#include "embedded/collation.h"
-#include "embedded/functions.h"
-#include "embedded/select_compiler.h"
-#include "embedded/sqlite.h"
+#include "embedded/compiler/select_compiler.h"
+#include "embedded/storage/collation.h"
+#include "embedded/storage/functions.h"
+#include "embedded/storage/sqlite.h"
 #include "engine_fixture.h"
 #include "tsql/parser.h"
 

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What each room may include beside itself. The two floors of `host` are told apart by file.
+/// What each room may include beside itself. The two floors of `host` and of `store` are told apart by file.
 const std::map<std::string, std::set<std::string>> kBelow = {
     {"platform", {}},
     {"tsql", {"platform"}},
@@ -24,18 +24,24 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"events", {"platform", "host", "masterdata", "vehicles", "drivers", "documents"}},
     {"documents", {"platform", "host"}},
     {"alerts", {"platform", "host", "masterdata", "vehicles", "drivers", "events"}},
-    {"embedded", {"platform", "tsql", "host"}},
-    {"sqlserver", {"platform", "tsql", "host"}},
+    {"store/store", {"host"}},
+    {"embedded", {"platform", "tsql", "host", "store/store"}},
+    {"sqlserver", {"platform", "tsql", "host", "store/store"}},
+    {"store", {"platform", "host", "store/store", "embedded", "sqlserver"}},
+    {"exchange",
+     {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
+    {"demo", {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "documents"}},
     {"console",
      {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
-      "documents", "embedded", "sqlserver"}},
+      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "demo"}},
     {"desktop",
-     {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "embedded", "sqlserver",
-      "console"}},
+     {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
+      "sqlserver", "exchange", "demo"}},
 };
 
 std::string RoomOf(const std::string& path) {
-  if (path.rfind("host/sistema", 0) == 0) return "host/sistema";
+  for (const char* floor : {"host/sistema", "store/store"})
+    if (path.rfind(floor, 0) == 0) return floor;
   return path.substr(0, path.find('/'));
 }
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "host/error_text.h"
-#include "platform/form.h"
 #include "platform/runtime_error.h"
+#include "platform/screen/form.h"
 #include "support/errors.h"
 #include "support/scripted_host.h"
 

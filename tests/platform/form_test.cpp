@@ -1,4 +1,4 @@
-#include "platform/form.h"
+#include "platform/screen/form.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/store.h"
+#include "store/store.h"
 #include "support/errors.h"
 #include "support/recording_data_access.h"
 

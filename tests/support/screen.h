@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/data_access.h"
-#include "platform/form.h"
+#include "platform/screen/form.h"
 
 /// Whole screens, by the form's own model.
 namespace testing_support {

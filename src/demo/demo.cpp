@@ -1,0 +1,40 @@
+#include "demo/demo.h"
+
+#include "demo/demo_parts.h"
+#include "platform/runtime_error.h"
+
+namespace demo {
+namespace {
+
+using namespace zorCrmParvel;
+
+/// Demonstration data never mixes with an office's own.
+void RequireEmpty(const DataAccessRef& bd) {
+  for (const char* table :
+       {"zor_PV_Categorias", "zor_PV_Companhias", "zor_PV_Departamentos", "zor_PV_Marcas", "zor_PV_Modelos",
+        "zor_PV_TiposAcessorios", "zor_PV_TiposGastos", "zor_PV_TiposManut", "zor_PV_TiposSeguro",
+        "zor_PV_Viagens", "zor_PV_Viaturas", "zor_Funcionarios"}) {
+    RecordsetRef rows;
+    bd->AbrirLeitura("", {"SELECT Top 1 * From ", fixed(table)}, rows);
+    if (!rows->Eof())
+      throw platform::RuntimeError(
+          platform::kKeyInUse, "demo",
+          "A base de dados já tem registos: os dados de demonstração só entram numa base de "
+          "dados vazia. Indique outro ficheiro com --db.");
+  }
+}
+
+}  // namespace
+
+void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database) {
+  RequireEmpty(database);
+  zorCrmParvel::Batch batch(*database);
+  DemoDice dice;
+  FillDemoTables(database);
+  const auto drivers = FillDemoDrivers(database, dice);
+  FillDemoFleet(database, drivers, dice);
+  FillDemoEvents(database, drivers, dice);
+  batch.Commit();
+}
+
+}  // namespace demo

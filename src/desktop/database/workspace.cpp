@@ -1,0 +1,23 @@
+#include "desktop/database/workspace.h"
+
+#include "demo/demo.h"
+
+namespace desktop {
+
+Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Open(path)) {}
+
+Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store) : store_(std::move(store)) {
+  sistema_.ICrmSistema_AppOwnerWnd = &window_;
+  sistema_.ICrmSistema_AppNome = "Gestão de frota";
+  sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(store_);
+}
+
+void Workspace::FillDemo() {
+  try {
+    demo::FillDemo(store_);
+  } catch (const platform::RuntimeError& error) {
+    if (error.number() != platform::kKeyInUse) throw;
+  }
+}
+
+}  // namespace desktop

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "embedded/database.h"
+#include "host/sistema.h"
+#include "platform/screen/form.h"
+#include "store/store.h"
+
+namespace desktop {
+
+/// One open database with the module on top of it.
+class Workspace {
+ public:
+  /// Opens the database of a file, or creates it. Error -2147467259 when it can't be used; it is then as it
+  /// was.
+  explicit Workspace(const std::string& path);
+  /// Works on a database that is open, of whichever engine.
+  explicit Workspace(std::shared_ptr<zorCrmParvel::Store> store);
+
+  zorCrmParvel::Sistema& sistema() { return sistema_; }
+  /// The file, or the database and its server.
+  std::string Place() const { return store_->Place(); }
+  /// The file's engine; null on a server.
+  embedded::Database* file() const { return dynamic_cast<embedded::Database*>(store_.get()); }
+  /// Fills an empty database with demonstration data; one with data is left alone.
+  void FillDemo();
+
+ private:
+  std::shared_ptr<zorCrmParvel::Store> store_;
+  platform::Form window_;  // the main window, as the module sees it
+  zorCrmParvel::Sistema sistema_;
+};
+
+}  // namespace desktop

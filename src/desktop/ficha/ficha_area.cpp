@@ -1,0 +1,55 @@
+#include "desktop/ficha/ficha_area.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLayout>
+#include <QScrollBar>
+
+#include "desktop/look/look.h"
+
+namespace desktop {
+
+FichaArea::FichaArea(QWidget* window) : QScrollArea(window) {
+  setFrameShape(NoFrame);
+  setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Reveal(now); });
+}
+
+QSize FichaArea::sizeHint() const { return Within(widget()->sizeHint()); }
+QSize FichaArea::minimumSizeHint() const { return Within(widget()->minimumSizeHint()); }
+
+/// As much of what is wanted as there is room for, with the bars that scroll to the rest.
+QSize FichaArea::Within(const QSize& wanted) const {
+  const QSize room = Room();
+  QSize size = wanted;
+  if (wanted.height() > room.height()) size.rwidth() += verticalScrollBar()->sizeHint().width();
+  if (size.width() > room.width()) size.rheight() += horizontalScrollBar()->sizeHint().height();
+  return size.boundedTo(room);
+}
+
+/// The screen without what stands beside the area.
+QSize FichaArea::Room() const {
+  const QLayout* layout = window()->layout();
+  const QMargins margins = layout->contentsMargins();
+  QSize room = RoomOnScreen(window());
+  room -= {margins.left() + margins.right(), margins.top() + margins.bottom()};
+  room.rheight() -= layout->spacing() * (layout->count() - 1);
+  for (int i = 0; i < layout->count(); ++i)
+    if (layout->itemAt(i)->widget() != this) room.rheight() -= layout->itemAt(i)->minimumSize().height();
+  return room;
+}
+
+/// A change of what is inside is a change of what the area needs.
+bool FichaArea::eventFilter(QObject* watched, QEvent* event) {
+  const bool handled = QScrollArea::eventFilter(watched, event);
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  return handled;
+}
+
+void FichaArea::Reveal(QWidget* widget) {
+  if (widget != nullptr && isAncestorOf(widget)) ensureWidgetVisible(widget, WideGap(this), WideGap(this));
+}
+
+}  // namespace desktop

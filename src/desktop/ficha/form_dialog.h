@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <vector>
+
+#include "desktop/ficha/control_view.h"
+
+class QKeyEvent;
+class QLabel;
+class QSettings;
+
+namespace desktop {
+
+/// Draws any form from its model and hands every act of the user to it. The model decides about focus,
+/// buttons and closing; the dialog shows what came of it. An error that leaves a handler is shown, and the
+/// dialog goes on.
+class FormDialog : public QDialog, private UserActs {
+  Q_OBJECT
+
+ public:
+  /// Size and place are kept in the settings under the form's name; without one the window opens over its
+  /// parent.
+  FormDialog(platform::Form& form, QSettings& settings, QWidget* parent);
+  ~FormDialog() override;
+
+  /// Shows what the form holds now.
+  void Sync();
+  /// The widget that shows a control; null for one that isn't drawn.
+  QWidget* WidgetOf(const platform::Control& control) const;
+  /// The text that the window shows without asking for an answer; empty for none.
+  QString NoticeText() const;
+
+  /// Escape never gets here; the window's close button does.
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  platform::Form& form() override { return form_; }
+  void Act(const std::function<void()>& act) override;
+  bool IsSyncing() const override { return syncing_ || acting_; }
+  void Notice(const QString& text) override;
+
+  void WatchWidgets();
+  void Watch(QObject& object);
+  ControlView* ViewOf(const QObject* object) const;
+  bool Pressed(ControlView& view);
+  bool Key(const QKeyEvent& event, ControlView* view);
+  bool TurnPage(bool forward);
+  void ShowFocus();
+  void RestorePlace();
+  void KeepPlace();
+
+  platform::Form& form_;
+  QSettings& settings_;
+  QLabel* notice_;
+  std::vector<std::unique_ptr<ControlView>> views_;
+  bool syncing_ = false;
+  bool acting_ = false;
+};
+
+}  // namespace desktop

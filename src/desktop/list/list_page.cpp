@@ -1,0 +1,298 @@
+#include "desktop/list/list_page.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+
+#include "desktop/list/context_menu.h"
+#include "desktop/list/csv.h"
+#include "desktop/list/sources.h"
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/print/report_dialog.h"
+#include "desktop/shell/file_dialog.h"
+#include "desktop/shell/message_page.h"
+#include "platform/host.h"
+
+namespace desktop {
+
+/// Where the list's grids live; never shown as a form.
+class ListPage::ListForm : public platform::Form {
+ public:
+  platform::SGGrid master{*this, "GridMaster"};
+  platform::SGGrid detail{*this, "GridDetail"};
+};
+
+class ListPage::PageViewer : public zorCrmParvel::Viewer {};
+
+ListPage::ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSettings& settings,
+                   QWidget* parent)
+    : QWidget(parent),
+      entry_(entry),
+      memory_(settings, QString::fromUtf8(entry.key)),
+      form_(std::make_unique<ListForm>()),
+      viewer_(std::make_unique<PageViewer>()),
+      list_(sistema.MostraListas(entry.key)),
+      commands_(list_.get()),
+      title_(new QLabel(this)),
+      count_(new QLabel(this)),
+      stack_(new QStackedWidget(this)),
+      table_(new TableView(std::make_unique<GridSource>(form_->master), true, this)),
+      message_(new MessagePage(this)) {
+  list_->ICrmVwList_GridMaster(&form_->master);
+  list_->ICrmVwList_GridDetail(&form_->detail);
+  list_->ICrmVwList_Viewer(viewer_.get());
+  list_->ICrmVwList_ParentForm(form_.get());
+  Build();
+  Connect();
+  Load();
+  memory_.Restore(*table_);
+  ShowState();
+}
+
+ListPage::~ListPage() {
+  Guarded(this, [this] { list_->ICrmVwList_Terminar(); });
+  // The table reads the grid, which goes before it.
+  delete table_;
+}
+
+void ListPage::Build() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+
+  auto* heading = new QHBoxLayout;
+  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
+  title_->setTextFormat(Qt::PlainText);
+  title_->setText(Title());
+  SetTitleFont(title_, 1.5);
+  SetMuted(count_);
+  heading->addWidget(title_);
+  heading->addStretch(1);
+  heading->addWidget(count_, 0, Qt::AlignBottom);
+  column->addLayout(heading);
+
+  table_->setAccessibleName(Title());
+  table_->setFrameShape(QFrame::NoFrame);
+  table_->setContextMenuPolicy(Qt::CustomContextMenu);
+  stack_->addWidget(table_);
+  stack_->addWidget(message_);
+  column->addWidget(stack_, 1);
+}
+
+void ListPage::Connect() {
+  connect(table_, &TableView::RowChosen, this, &ListPage::RowChosen);
+  connect(table_, &TableView::RowOpened, this, &ListPage::Edit);
+  connect(table_, &TableView::SortChanged, this, [this] { memory_.Keep(*table_); });
+  connect(table_, &TableView::WidthsChanged, this, [this] { memory_.Keep(*table_); });
+  connect(table_, &QWidget::customContextMenuRequested, this, &ListPage::RowMenu);
+  table_->grid().on_error = [this](const std::exception& error) {
+    failure_ = Describe(error);
+    QMetaObject::invokeMethod(this, &ListPage::ShowState, Qt::QueuedConnection);
+  };
+}
+
+QString ListPage::Title() const {
+  const QString name = ToQt(list_->ICrmVwList_Name());
+  return name.isEmpty() ? QString::fromUtf8(entry_.title) : name;
+}
+
+bool ListPage::Can(StandardCommand command) const {
+  if (failure_) return false;
+  // Printing is the window's own affair, whether or not the list offers it in its menu.
+  if (command == kPrintCommand) return table_->grid().order().Count() > 0;
+  return commands_.Has(command) && (command == kNewCommand || table_->CurrentRow() >= 0);
+}
+
+QString ListPage::CountText() const {
+  if (failure_) return {};
+  const long shown = table_->grid().order().Count();
+  const long all = table_->grid().source().Rows();
+  const QString count = table_->grid().order().search().isEmpty()
+                            ? Counted(all, QStringLiteral("registo"), QStringLiteral("registos"))
+                            : QStringLiteral("%1 de %2").arg(shown).arg(all);
+  return table_->CurrentRow() < 0 ? count : count + QStringLiteral(" · 1 seleccionado");
+}
+
+QString ListPage::SearchText() const { return table_->grid().order().search(); }
+
+void ListPage::Load() {
+  failure_.reset();
+  ShowAfter([this] { list_->ICrmVwList_Iniciar(); });
+}
+
+void ListPage::Search(const QString& text) {
+  table_->Search(text);
+  if (table_->CurrentRow() < 0 && table_->grid().order().Count() > 0)
+    table_->SetCurrentRow(table_->grid().order().RowAt(0));
+  memory_.Keep(*table_);
+  ShowState();
+}
+
+/// The list reloads itself in its verbs, whatever happened in them.
+void ListPage::Verb(const std::function<void()>& verb) {
+  ShowAfter([&] { Guarded(window(), verb); });
+  Q_EMIT Worked();
+}
+
+/// Shows the rows that there are after a change, with the record that was chosen before it.
+void ListPage::ShowAfter(const std::function<void()>& change) {
+  try {
+    const long row = table_->CurrentRow();
+    const std::string key = KeyOf(row);
+    change();
+    table_->Refresh();
+    ChooseKey(key, row);
+  } catch (const std::exception& error) {
+    failure_ = Describe(error);
+  }
+  ShowState();
+}
+
+void ListPage::New() {
+  if (Can(kNewCommand)) Verb([this] { list_->ICrmVwList_Novo(); });
+}
+
+void ListPage::Edit() {
+  if (!Can(kEditCommand)) return;
+  platform::GridRow row = form_->master.RowAt(table_->CurrentRow());
+  Verb([&] { list_->ICrmVwList_Editar(&row); });
+}
+
+void ListPage::Remove() {
+  if (!Can(kRemoveCommand)) return;
+  const long current = table_->CurrentRow();
+  const std::string key = KeyOf(current);
+  const QString question = QStringLiteral("Remover este registo de %1?\n\n%2").arg(Title(), NameOf(current));
+  const int style = platform::kYesNo | platform::kQuestion | platform::kDefaultButton2;
+  if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
+  platform::GridRow row = form_->master.RowAt(current);
+  Verb([&] { list_->ICrmVwList_Remover(&row); });
+  if (!failure_ && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == key)
+    Q_EMIT Told(QStringLiteral("O registo não foi removido."));
+}
+
+void ListPage::Run(long command) {
+  Verb([&] { commands_.Run(*list_, command); });
+}
+
+void ListPage::Print() {
+  if (!Can(kPrintCommand)) return;
+  Guarded(window(), [this] {
+    ReportDialog(table_->grid().source(), Title(), window(), &table_->grid().order()).exec();
+  });
+}
+
+void ListPage::Export() {
+  FileDialog dialog(window(), QStringLiteral("Exportar"), Title() + QStringLiteral(".csv"),
+                    QStringLiteral("Folha de cálculo (*.csv)"));
+  dialog.setAcceptMode(FileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("csv"));
+  const QString file = dialog.Ask();
+  if (file.isEmpty()) return;
+  const bool done =
+      Guarded(window(), [&] { WriteCsv(file, table_->grid().source(), table_->grid().order()); });
+  if (done) Q_EMIT Told(QStringLiteral("Escrito em %1").arg(file));
+}
+
+void ListPage::ResetColumns() {
+  table_->SetUserWidths({});
+  memory_.Keep(*table_);
+}
+
+void ListPage::TakeFocus() {
+  list_->ICrmVwList_Processar();
+  if (stack_->currentWidget() == table_)
+    table_->setFocus();
+  else
+    message_->button()->setFocus();
+}
+
+void ListPage::ShowState() {
+  const RowOrder& order = table_->grid().order();
+  if (failure_) {
+    message_->Show(QStringLiteral("Não foi possível ler a lista."), WithDetails(*failure_),
+                   QStringLiteral("&Tentar de novo"), [this] { Load(); });
+  } else if (order.Count() == 0 && !order.search().isEmpty()) {
+    message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(order.search()), {},
+                   QStringLiteral("&Limpar a procura"), [this] {
+                     Search({});
+                     Q_EMIT SearchCleared();
+                   });
+  } else if (order.Count() == 0 && commands_.Has(kNewCommand)) {
+    message_->Show(QStringLiteral("A lista está vazia."),
+                   QStringLiteral("Ainda não há registos em %1.").arg(Title()),
+                   QStringLiteral("&Criar o primeiro registo"), [this] { New(); });
+  } else if (order.Count() == 0) {
+    message_->Show(QStringLiteral("A lista está vazia."), QStringLiteral("Não há nada a tratar."), {}, {});
+  }
+  const bool rows = !failure_ && order.Count() > 0;
+  const bool had_focus = stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
+  stack_->setCurrentWidget(rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_));
+  if (had_focus) TakeFocus();
+  count_->setText(failure_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
+  Q_EMIT Changed();
+}
+
+/// Chooses the record of a key again, or the row that took its place.
+void ListPage::ChooseKey(const std::string& key, long place) {
+  const long count = table_->grid().source().Rows();
+  long row = std::min(std::max(0L, place), count - 1);
+  if (!key.empty() && (row < 0 || KeyOf(row) != key))
+    for (long i = 0; i < count; ++i)
+      if (KeyOf(i) == key) row = i;
+  table_->SetCurrentRow(row);
+}
+
+std::string ListPage::KeyOf(long row) const {
+  const std::optional<std::size_t> column = table_->grid().source().FindColumn(entry_.keyColumn);
+  if (row < 0 || row >= table_->grid().source().Rows() || !column) return {};
+  return FromQt(table_->grid().source().Text(row, *column));
+}
+
+QString ListPage::NameOf(long row) const {
+  QStringList parts;
+  for (std::size_t column : table_->grid().source().VisibleColumns()) {
+    const QString text = table_->grid().source().Text(row, column);
+    if (!text.isEmpty() && parts.size() < 3) parts << text;
+  }
+  return parts.join(QStringLiteral(" – "));
+}
+
+void ListPage::RowMenu(const QPoint& place) {
+  if (!table_->indexAt(place).isValid()) return;
+  Guarded(window(), [this] { commands_ = ListCommands(list_.get()); });
+  QMenu menu(this);
+  std::optional<long> chosen;
+  FillMenu(menu, commands_.menu(), [&](long command) { chosen = command; });
+  menu.exec(table_->viewport()->mapToGlobal(place));
+  if (chosen) RunCommand(*chosen);
+}
+
+void ListPage::RunCommand(long command) {
+  switch (command) {
+    case kNewCommand:
+      return New();
+    case kEditCommand:
+      return Edit();
+    case kRemoveCommand:
+      return Remove();
+    case kPrintCommand:
+      return Print();
+    default:
+      return Run(command);
+  }
+}
+
+void ListPage::RowChosen(long row) {
+  Guarded(window(), [&] {
+    if (row < form_->master.RowCount()) form_->master.SetRow(row);
+  });
+  Q_EMIT Changed();
+}
+
+}  // namespace desktop

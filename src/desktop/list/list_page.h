@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "desktop/list/list_catalog.h"
+#include "desktop/list/list_commands.h"
+#include "desktop/list/list_memory.h"
+#include "desktop/list/table_view.h"
+#include "desktop/shell/message_box.h"
+#include "host/sistema.h"
+
+class QLabel;
+class QSettings;
+class QStackedWidget;
+
+namespace desktop {
+
+class MessagePage;
+
+/// One list of the module in the window: its rows, or why there are none. Owns the list and the grid it
+/// fills, for as long as it is shown. Sort, search and column widths are kept in the settings under the
+/// list's key.
+class ListPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSettings& settings, QWidget* parent);
+  ~ListPage() override;
+
+  const ListEntry& entry() const { return entry_; }
+  QString Title() const;
+  TableView& table() { return *table_; }
+  const ListCommands& commands() const { return commands_; }
+  /// True when a command of the list can run now: it is offered, and has a row when it needs one.
+  bool Can(StandardCommand command) const;
+  /// "40 registos · 1 seleccionado", or "12 de 40" while a search narrows the rows.
+  QString CountText() const;
+  QString SearchText() const;
+
+  /// Reads the rows anew. A failure is shown in the place of the rows.
+  void Load();
+  void Search(const QString& text);
+  void New();
+  void Edit();
+  /// Asks, naming the record, then removes it.
+  void Remove();
+  /// A command of the list's own.
+  void Run(long command);
+  void Print();
+  /// Asks for a file and writes the rows shown.
+  void Export();
+  void ResetColumns();
+  void TakeFocus();
+
+ Q_SIGNALS:
+  /// Rows, choice or search changed.
+  void Changed();
+  /// A short text that nobody has to answer.
+  void Told(const QString& text);
+  /// The search was taken back by the page itself.
+  void SearchCleared();
+  /// A verb of the list has run: records may have changed.
+  void Worked();
+
+ private:
+  class ListForm;
+  class PageViewer;
+
+  void Build();
+  void Connect();
+  void Verb(const std::function<void()>& verb);
+  void ShowAfter(const std::function<void()>& change);
+  void ShowState();
+  void ChooseKey(const std::string& key, long place);
+  std::string KeyOf(long row) const;
+  QString NameOf(long row) const;
+  void RowMenu(const QPoint& place);
+  void RunCommand(long command);
+  void RowChosen(long row);
+
+  const ListEntry& entry_;
+  ListMemory memory_;
+  std::unique_ptr<ListForm> form_;
+  std::unique_ptr<PageViewer> viewer_;
+  std::unique_ptr<zorCrmParvel::ICrmVwList> list_;
+  ListCommands commands_;
+  std::optional<ErrorText> failure_;
+
+  QLabel* title_;
+  QLabel* count_;
+  QStackedWidget* stack_;
+  TableView* table_;
+  MessagePage* message_;
+};
+
+}  // namespace desktop

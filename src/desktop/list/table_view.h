@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QTableView>
+#include <QTimer>
+#include <map>
+#include <string>
+
+#include "desktop/list/column_widths.h"
+#include "desktop/list/grid_model.h"
+
+namespace desktop {
+
+/// The one table of the program: lists, grids of fichas, lookups. Rows are chosen whole. Columns have the
+/// widths of their source or share the room by what they hold; those that the user gave a width keep it, and
+/// the last one takes what is left.
+class TableView : public QTableView {
+  Q_OBJECT
+
+ public:
+  /// With `sortable`, a click on a heading sorts, a second one turns the order round, a third restores the
+  /// table's own.
+  TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent);
+
+  GridModel& grid() const { return *model_; }
+  /// Looks at the source anew and keeps the widths that the user gave.
+  void Refresh();
+  void SortBy(std::optional<desktop::SortBy> sort);
+  void Search(const QString& text);
+
+  /// The source's row that is chosen, -1 when none is.
+  long CurrentRow() const;
+  /// Chooses a row of the source; one that isn't shown leaves nothing chosen.
+  void SetCurrentRow(long row);
+
+  /// The column that the user can type into, by its key; empty for none.
+  void SetEditableColumn(const std::string& key);
+
+  /// Widths that the user gave, in twips by the column's key.
+  std::map<std::string, float> UserWidths() const { return widths_; }
+  void SetUserWidths(std::map<std::string, float> widths);
+  /// The width at which no column is cut, without frame and scroll bar.
+  int WidthWanted() const;
+
+ Q_SIGNALS:
+  void RowChosen(long row);
+  /// Double click on a row.
+  void RowOpened(long row);
+  void SortChanged();
+  void WidthsChanged();
+
+ protected:
+  /// Home and End go to the first and the last row: rows are chosen whole.
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  /// Typing begins in the column that can be typed into, wherever in the row the cursor stands.
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ApplyColumns();
+  void MeasureColumns();
+  std::vector<int> WidestCells(const std::vector<std::size_t>& columns) const;
+  void ShareColumns();
+  void ClickedHeading(int section);
+  void ResizedColumn(int section, int width);
+  void KeepRow(const std::function<void()>& change);
+
+  GridModel* model_;
+  QTimer read_ahead_;
+  std::map<std::string, float> widths_;
+  std::vector<ColumnWish> wishes_;  // of the columns that are shown, in pixels
+  bool arranging_ = false;
+};
+
+}  // namespace desktop

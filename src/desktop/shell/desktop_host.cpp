@@ -1,0 +1,115 @@
+#include "desktop/shell/desktop_host.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <utility>
+
+#include "desktop/ficha/form_dialog.h"
+#include "desktop/ficha/lookup_dialog.h"
+#include "desktop/list/sources.h"
+#include "desktop/look/text.h"
+#include "desktop/print/report_dialog.h"
+#include "desktop/shell/documents.h"
+#include "desktop/shell/file_dialog.h"
+#include "desktop/shell/message_box.h"
+
+namespace desktop {
+namespace {
+
+/// The patterns of a description, which some filters repeat in brackets at its end.
+QString WithoutPatterns(const QString& description) {
+  const qsizetype bracket = description.lastIndexOf(QLatin1Char('('));
+  return (bracket > 0 ? description.left(bracket) : description).trimmed();
+}
+
+}  // namespace
+
+QStringList FileFilters(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString patterns = parts[i + 1].simplified();
+    patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+    if (patterns == QLatin1String("*.*")) patterns = QStringLiteral("*");
+    filters << QStringLiteral("%1 (%2)").arg(WithoutPatterns(parts[i]), patterns);
+  }
+  return filters;
+}
+
+DesktopHost::DesktopHost(QSettings& settings) : settings_(settings) {}
+DesktopHost::~DesktopHost() = default;
+
+QWidget* DesktopHost::Front() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : main_window_;
+}
+
+/// What the module asks may be about what it has just put on the screen.
+void DesktopHost::SyncFichas() {
+  for (FormDialog* dialog : open_) dialog->Sync();
+}
+
+int DesktopHost::MsgBox(const std::string& text, int style, const std::string& title) {
+  SyncFichas();
+  return ShowMessage(Front(), ToQt(text), style, ToQt(title));
+}
+
+std::string DesktopHost::InputBox(const std::string& prompt, const std::string& title,
+                                  const std::string& initial) {
+  SyncFichas();
+  QInputDialog dialog(Front());
+  dialog.setWindowTitle(ToQt(title));
+  dialog.setLabelText(ToQt(prompt));
+  dialog.setTextValue(ToQt(initial));
+  dialog.setOkButtonText(QStringLiteral("OK"));
+  dialog.setCancelButtonText(QStringLiteral("Cancelar"));
+  return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : std::string();
+}
+
+std::optional<std::string> DesktopHost::OpenFile(const platform::FileDialog& asked) {
+  FileDialog dialog(Front(), asked.Title.empty() ? QStringLiteral("Abrir ficheiro") : ToQt(asked.Title));
+  dialog.setFileMode(FileDialog::ExistingFile);
+  const QStringList filters = FileFilters(asked.Filter);
+  if (!filters.isEmpty()) {
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(asked.FilterIndex - 1, filters.first()));
+  }
+  const QString file = dialog.Ask();
+  return file.isEmpty() ? std::nullopt : std::optional(FromQt(file));
+}
+
+void DesktopHost::ShowModal(platform::Form& form, platform::Form*) {
+  if (form.IsClosed()) return;
+  FormDialog dialog(form, settings_, Front());
+  open_.push_back(&dialog);
+  dialog.exec();
+  open_.pop_back();
+}
+
+std::string DesktopHost::ShowLookup(platform::ListaPesquisa& list) {
+  LookupDialog dialog(list, Front());
+  return dialog.exec() == QDialog::Accepted ? dialog.Key() : std::string();
+}
+
+void DesktopHost::ShowReport(platform::MapaListagem& report) {
+  DialogSource source(report);
+  ReportDialog(source, ToQt(report.Titulo), Front()).exec();
+}
+
+void DesktopHost::OpenDocument(const std::string& path) { OpenOrSave(ToQt(path), Front()); }
+
+std::string DesktopHost::TemporaryFolder() {
+  if (!temporary_) temporary_ = std::make_unique<QTemporaryDir>();
+  if (!temporary_->isValid()) {
+    const QString reason = std::exchange(temporary_, nullptr)->errorString();
+    throw platform::RuntimeError(
+        platform::kPathAccess, FromQt(reason),
+        "Não foi possível criar uma pasta só sua para o documento, e nada foi escrito. Verifique o espaço no "
+        "disco e as permissões da pasta temporária.");
+  }
+  return FromQt(temporary_->path()) + "/";
+}
+
+platform::Date DesktopHost::Now() { return platform::SystemTime(); }
+
+}  // namespace desktop

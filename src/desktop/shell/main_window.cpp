@@ -1,0 +1,302 @@
+#include "desktop/shell/main_window.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <cstring>
+#include <functional>
+
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/shell/help_page.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/sidebar.h"
+#include "desktop/start/alert_board.h"
+#include "desktop/start/start_page.h"
+#include "host/form_catalog.h"
+#include "platform/host.h"
+
+namespace desktop {
+namespace {
+
+constexpr char kPlace[] = "janela/lugar";
+constexpr char kSplit[] = "janela/lado";
+constexpr char kList[] = "janela/lista";
+constexpr int kRest = 15000;  // milliseconds between looks at the log
+
+}  // namespace
+
+MainWindow::MainWindow(QSettings& settings)
+    : settings_(settings),
+      actions_(new MainActions(this)),
+      sidebar_(new Sidebar(this)),
+      splitter_(new QSplitter(this)),
+      place_(new QWidget(this)),
+      alerts_(new AlertBoard(this)),
+      start_(new StartPage(*alerts_, place_)),
+      count_(new QLabel(this)),
+      file_(new QLabel(this)),
+      alert_count_(new QLabel(this)) {
+  setWindowTitle(QStringLiteral("Gestão de frota"));
+  Build();
+  Connect();
+  ConnectList();
+  ConnectAlerts();
+  FillFichas();
+  Update();
+  resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(RoomOnScreen(this)));
+  restoreGeometry(settings_.value(kPlace).toByteArray());
+  splitter_->restoreState(settings_.value(kSplit).toByteArray());
+}
+
+MainWindow::~MainWindow() { delete page_; }
+
+void MainWindow::Build() {
+  auto* row = new QHBoxLayout(place_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(start_);
+  start_->hide();
+  place_->setBackgroundRole(QPalette::Base);
+  place_->setAutoFillBackground(true);
+  splitter_->addWidget(sidebar_);
+  splitter_->addWidget(place_);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->setCollapsible(1, false);
+  splitter_->setHandleWidth(1);
+  setCentralWidget(splitter_);
+  for (QLabel* label : {count_, file_, alert_count_}) label->setTextFormat(Qt::PlainText);
+  count_->setContentsMargins(WideGap(this), 0, 0, 0);
+  statusBar()->addWidget(count_);
+  for (QLabel* label : {file_, alert_count_}) {
+    label->setContentsMargins(0, 0, WideGap(this), 0);
+    statusBar()->addPermanentWidget(label);
+  }
+  statusBar()->setSizeGripEnabled(false);
+  actions_->search->installEventFilter(this);
+}
+
+void MainWindow::Connect() {
+  connect(actions_->open, &QAction::triggered, this, &MainWindow::AskAndOpen);
+  connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
+  connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
+  connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
+  auto* rest = new QTimer(this);
+  connect(rest, &QTimer::timeout, this, &MainWindow::KeepLogShort);
+  rest->start(kRest);
+  connect(actions_->restore, &QAction::triggered, this, &MainWindow::AskAndRestore);
+  connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
+  connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
+  connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
+  connect(actions_->switch_side, &QAction::triggered, this, &MainWindow::SwitchSide);
+  connect(actions_->record_menu, &QMenu::aboutToShow, this, &MainWindow::UpdateRecordMenu);
+  connect(actions_->find, &QAction::triggered, this, [this] {
+    actions_->search->setFocus();
+    actions_->search->selectAll();
+  });
+  connect(sidebar_, &Sidebar::Chosen, this,
+          [this](const ListEntry* entry, bool to_work) { Show(*entry, to_work); });
+  connect(sidebar_, &Sidebar::StartChosen, this, &MainWindow::ShowStart);
+}
+
+void MainWindow::ConnectAlerts() {
+  connect(alerts_, &AlertBoard::Changed, this, [this] {
+    sidebar_->ShowCounts(*alerts_);
+    ShowAlertCount();
+  });
+  connect(start_, &StartPage::ListWanted, this, [this](const ListEntry* entry) { Show(*entry, true); });
+  connect(start_, &StartPage::VehicleWanted, this, [this] { ShowFicha("Viaturas"); });
+}
+
+void MainWindow::ConnectList() {
+  const auto run = [this](QAction* action, const std::function<void(ListPage&)>& verb) {
+    connect(action, &QAction::triggered, this, [this, verb] {
+      if (page_ != nullptr) verb(*page_);
+    });
+  };
+  run(actions_->add, &ListPage::New);
+  run(actions_->edit, &ListPage::Edit);
+  run(actions_->remove, &ListPage::Remove);
+  run(actions_->print, &ListPage::Print);
+  run(actions_->export_list, &ListPage::Export);
+  run(actions_->reset_columns, &ListPage::ResetColumns);
+  connect(actions_->reload, &QAction::triggered, this, &MainWindow::Reload);
+  connect(actions_->search, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (page_ != nullptr && page_->SearchText() != text) page_->Search(text);
+  });
+}
+
+void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
+  CloseDatabase();
+  workspace_ = std::move(workspace);
+  alerts_->Watch(&workspace_->sistema());
+  const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
+  if (last != nullptr && zorCrmParvel::Sistema::TemLista(last->key))
+    Show(*last, true);
+  else
+    ShowStart(true);
+  FindAlerts();
+}
+
+void MainWindow::ShowList(const char* key) {
+  if (std::strcmp(key, kStartPage) == 0) return ShowStart(true);
+  const ListEntry* entry = FindList(key);
+  if (entry != nullptr && zorCrmParvel::Sistema::TemLista(key)) Show(*entry, true);
+}
+
+void MainWindow::Show(const ListEntry& entry, bool to_work) {
+  if (workspace_ == nullptr) return;
+  if (page_ == nullptr || &page_->entry() != &entry) {
+    delete std::exchange(page_, nullptr);
+    start_->hide();
+    page_ = new ListPage(workspace_->sistema(), entry, settings_, place_);
+    place_->layout()->addWidget(page_);
+    page_->show();
+    page_->table().installEventFilter(this);
+    connect(page_, &ListPage::Changed, this, &MainWindow::Update);
+    connect(page_, &ListPage::Worked, this, &MainWindow::FindAlerts);
+    connect(page_, &ListPage::SearchCleared, actions_->search, &QLineEdit::clear);
+    connect(page_, &ListPage::Told, this, &MainWindow::Tell);
+    sidebar_->Mark(entry);
+    actions_->search->setText(page_->SearchText());
+    Remember(entry.key);
+  }
+  if (to_work) page_->TakeFocus();
+  Update();
+}
+
+void MainWindow::ShowStart(bool to_work) {
+  if (workspace_ == nullptr) return;
+  delete std::exchange(page_, nullptr);
+  if (start_->isHidden()) {
+    start_->show();
+    FindAlerts();
+  }
+  sidebar_->MarkStart();
+  actions_->search->clear();
+  Remember(kStartPage);
+  if (to_work) start_->TakeFocus();
+  Update();
+}
+
+/// What is as it was isn't written: a write waits for the disk.
+void MainWindow::Remember(const char* key) {
+  const QString shown = QString::fromUtf8(key);
+  if (settings_.value(kList) != shown) settings_.setValue(kList, shown);
+}
+
+void MainWindow::ShowFicha(const char* ficha) {
+  if (workspace_ == nullptr) return;
+  Guarded(this, [&] { workspace_->sistema().MostraFicha(ficha); });
+  Reload();
+}
+
+/// Reads what is shown anew, and what is due.
+void MainWindow::Reload() {
+  if (page_ != nullptr) page_->Load();
+  FindAlerts();
+}
+
+/// The start page alone shows what the feed says.
+void MainWindow::FindAlerts() { alerts_->Refresh(page_ == nullptr); }
+
+/// Brings commands, counts and titles in step with the list shown.
+void MainWindow::Update() {
+  const bool open = page_ != nullptr;
+  actions_->add->setEnabled(open && page_->Can(kNewCommand));
+  actions_->edit->setEnabled(open && page_->Can(kEditCommand));
+  actions_->remove->setEnabled(open && page_->Can(kRemoveCommand));
+  actions_->print->setEnabled(open && page_->Can(kPrintCommand));
+  actions_->export_list->setEnabled(open && page_->Can(kPrintCommand));
+  for (QAction* action : {actions_->find, actions_->reset_columns}) action->setEnabled(open);
+  actions_->reload->setEnabled(workspace_ != nullptr);
+  for (QAction* action : {actions_->copy, actions_->restore})
+    action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
+  actions_->search->setEnabled(open);
+  count_->setText(open ? page_->CountText() : QString());
+  const QString path = workspace_ != nullptr ? ToQt(workspace_->Place()) : QString();
+  file_->setText(workspace_ != nullptr && workspace_->file() != nullptr ? QFileInfo(path).fileName() : path);
+  file_->setToolTip(PlainToolTip(path));
+  setWindowTitle(open ? page_->Title() + QStringLiteral(" — Gestão de frota")
+                      : QStringLiteral("Gestão de frota"));
+}
+
+void MainWindow::ShowAlertCount() {
+  const std::optional<long> total = alerts_->Total();
+  alert_count_->setText(total ? AlertsCounted(*total) : QString());
+  if (!total && !alerts_->IsBusy()) alert_count_->setText(QStringLiteral("Alertas por ler"));
+}
+
+void MainWindow::UpdateRecordMenu() {
+  QMenu& menu = *actions_->record_menu;
+  menu.clear();
+  menu.addActions({actions_->add, actions_->edit, actions_->remove});
+  if (page_ == nullptr) return;
+  menu.addSeparator();
+  for (const platform::MenuItem& item : page_->commands().menu().Items()) {
+    if (IsStandard(item.id) || !item.visible) continue;
+    QAction* action = menu.addAction(ToQt(item.caption));
+    action->setEnabled(item.enabled && page_->table().CurrentRow() >= 0);
+    connect(action, &QAction::triggered, page_, [this, id = item.id] { page_->Run(id); });
+  }
+}
+
+void MainWindow::FillFichas() {
+  const zorCrmParvel::Sistema names;  // fills the catalogue of fichas
+  const char* group = nullptr;
+  for (const ListEntry& entry : AllLists()) {
+    if (entry.ficha == nullptr || !zorCrmParvel::FormCatalog::Shared().Has(entry.ficha)) continue;
+    if (group != nullptr && group != entry.group) actions_->ficha_menu->addSeparator();
+    group = entry.group;
+    QAction* action = actions_->ficha_menu->addAction(QString::fromUtf8(entry.title));
+    connect(action, &QAction::triggered, this, [this, ficha = entry.ficha] { ShowFicha(ficha); });
+  }
+}
+
+void MainWindow::SwitchSide() {
+  if (place_->isAncestorOf(focusWidget()))
+    sidebar_->setFocus();
+  else if (page_ != nullptr)
+    page_->TakeFocus();
+  else
+    start_->TakeFocus();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (watched == actions_->search) return SearchKey(key);
+  return page_ != nullptr && watched == &page_->table() && ListKey(key);
+}
+
+/// Keys that belong to the rows alone: elsewhere they have their usual meaning.
+bool MainWindow::ListKey(int key) {
+  if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    actions_->edit->trigger();
+  else if (key == Qt::Key_Delete)
+    actions_->remove->trigger();
+  else
+    return false;
+  return true;
+}
+
+bool MainWindow::SearchKey(int key) {
+  const bool clears = key == Qt::Key_Escape;
+  if (!clears && key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down) return false;
+  if (clears) actions_->search->clear();
+  if (page_ != nullptr) page_->TakeFocus();
+  return true;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  settings_.setValue(kPlace, saveGeometry());
+  settings_.setValue(kSplit, splitter_->saveState());
+  event->accept();
+}
+
+}  // namespace desktop

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QSettings>
+#include <memory>
+
+#include "desktop/database/workspace.h"
+#include "desktop/list/list_page.h"
+
+class QLabel;
+class QSplitter;
+
+namespace desktop {
+
+class AlertBoard;
+class MainActions;
+class Sidebar;
+class StartPage;
+
+/// The window of the program: lists at the side, the rows of one of them or the start page in the middle,
+/// commands above.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// The settings keep the list shown and the window's place; they outlive the window.
+  explicit MainWindow(QSettings& settings);
+  ~MainWindow() override;
+
+  /// Works on a database from now on, and shows the list that was shown last, or the start page.
+  void Open(std::unique_ptr<Workspace> workspace);
+  /// Shows a list, or the start page by its key; an unknown key does nothing.
+  void ShowList(const char* key);
+
+  /// The list shown; null on the start page and while no database is open.
+  ListPage* page() const { return page_; }
+  StartPage& start() const { return *start_; }
+  AlertBoard& alerts() const { return *alerts_; }
+  Workspace* workspace() const { return workspace_.get(); }
+  const MainActions& actions() const { return *actions_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Build();
+  void Connect();
+  void ConnectList();
+  void ConnectAlerts();
+  void Show(const ListEntry& entry, bool to_work);
+  void ShowStart(bool to_work);
+  void Remember(const char* key);
+  void ShowFicha(const char* ficha);
+  void Reload();
+  void FindAlerts();
+  /// Shows a short text that nobody has to answer.
+  void Tell(const QString& text);
+  void Update();
+  void ShowAlertCount();
+  void UpdateRecordMenu();
+  void FillFichas();
+  void SwitchSide();
+  bool ListKey(int key);
+  bool SearchKey(int key);
+  void AskAndOpen();
+  void AskAndCreate();
+  void AskAndConnect();
+  void OpenFile(const QString& file);
+  void AskAndCopy();
+  void AskAndRestore();
+  void CloseDatabase();
+  void KeepLogShort();
+
+  QSettings& settings_;
+  std::unique_ptr<Workspace> workspace_;
+  MainActions* actions_;
+  Sidebar* sidebar_;
+  QSplitter* splitter_;
+  QWidget* place_;
+  AlertBoard* alerts_;
+  StartPage* start_;
+  ListPage* page_ = nullptr;
+  QLabel* count_;
+  QLabel* file_;
+  QLabel* alert_count_;
+};
+
+}  // namespace desktop

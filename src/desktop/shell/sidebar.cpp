@@ -1,0 +1,150 @@
+#include "desktop/shell/sidebar.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include "desktop/list/item_painter.h"
+#include "desktop/look/look.h"
+#include "desktop/start/alert_board.h"
+#include "host/sistema.h"
+
+namespace desktop {
+namespace {
+
+/// Index of the list in the catalogue; headings have none.
+constexpr int kEntryRole = Qt::UserRole;
+constexpr int kCountRole = Qt::UserRole + 1;
+constexpr int kStartIndex = -1;
+constexpr int kWidthInCharacters = 24;
+
+/// Paints an entry behind the edge of its group's heading, with its number at the right.
+class SidebarPainter : public ItemPainter {
+ public:
+  using ItemPainter::ItemPainter;
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    ItemPainter::initStyleOption(option, index);
+    if (index.data(kEntryRole).isValid()) option->text.prepend(QStringLiteral("  "));
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    ItemPainter::paint(painter, option, index);
+    const QString count = index.data(kCountRole).toString();
+    if (count.isEmpty()) return;
+    const bool strong = option.state.testFlag(QStyle::State_Selected) && HasKeyboard(option);
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(strong ? QColor(Qt::white) : option.palette.color(QPalette::Text));
+    painter->drawText(option.rect.adjusted(0, 0, -WideGap(option.widget), 0),
+                      Qt::AlignRight | Qt::AlignVCenter, count);
+    painter->restore();
+  }
+};
+
+}  // namespace
+
+Sidebar::Sidebar(QWidget* parent) : QListWidget(parent) {
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setAccessibleName(QStringLiteral("Listas"));
+  viewport()->setBackgroundRole(QPalette::Window);
+  setItemDelegate(new SidebarPainter(this));
+  Fill();
+  StyleItems();
+  connect(this, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+    if (!marking_) Choose(item, false);
+  });
+  const auto work = [this](QListWidgetItem* item) { Choose(item, true); };
+  connect(this, &QListWidget::itemClicked, this, work);
+  connect(this, &QListWidget::itemActivated, this, work);
+}
+
+void Sidebar::Choose(const QListWidgetItem* item, bool to_work) {
+  if (EntryOf(item) != nullptr) Q_EMIT Chosen(EntryOf(item), to_work);
+  if (item != nullptr && item == this->item(0)) Q_EMIT StartChosen(to_work);
+}
+
+void Sidebar::Fill() {
+  AddItem(QStringLiteral("Início"), kStartIndex);
+  QString group;
+  for (std::size_t i = 0; i < AllLists().size(); ++i) {
+    const ListEntry& entry = AllLists()[i];
+    if (!zorCrmParvel::Sistema::TemLista(entry.key)) continue;
+    if (group != QString::fromUtf8(entry.group)) {
+      group = QString::fromUtf8(entry.group);
+      AddGroup(group);
+    }
+    AddItem(QString::fromUtf8(entry.title), static_cast<int>(i));
+  }
+}
+
+void Sidebar::AddGroup(const QString& title) {
+  auto* item = new QListWidgetItem(title, this);
+  item->setFlags(Qt::NoItemFlags);  // the keyboard passes it by
+}
+
+void Sidebar::AddItem(const QString& title, int index) {
+  auto* item = new QListWidgetItem(title, this);
+  item->setData(kEntryRole, index);
+  item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+}
+
+void Sidebar::StyleItems() {
+  QFont heading = font();
+  heading.setBold(true);
+  heading.setPointSizeF(heading.pointSizeF() * 0.85);
+  for (int i = 0; i < count(); ++i) {
+    const bool heading_item = !item(i)->data(kEntryRole).isValid();
+    item(i)->setSizeHint({0, Em(this) * (heading_item ? 9 : 7) / 4});
+    if (!heading_item) continue;
+    item(i)->setFont(heading);
+    item(i)->setForeground(MutedText(palette()));
+    item(i)->setTextAlignment(Qt::AlignLeft | Qt::AlignBottom);
+  }
+}
+
+void Sidebar::Mark(const ListEntry& entry) {
+  for (int i = 0; i < count(); ++i)
+    if (EntryOf(item(i)) == &entry) MarkItem(item(i));
+}
+
+void Sidebar::MarkStart() { MarkItem(item(0)); }
+
+void Sidebar::MarkItem(QListWidgetItem* item) {
+  marking_ = true;
+  setCurrentItem(item);
+  marking_ = false;
+}
+
+void Sidebar::ShowCounts(const AlertBoard& board) {
+  for (int i = 0; i < count(); ++i) {
+    const ListEntry* entry = EntryOf(item(i));
+    if (entry == nullptr) continue;
+    for (const AlertFamily& family : board.families())
+      if (family.entry == entry) ShowCount(*item(i), *entry, family.counts ? family.counts->linhas : 0);
+  }
+}
+
+/// Shows a number behind a list, and reads it out; nothing for none.
+void Sidebar::ShowCount(QListWidgetItem& item, const ListEntry& entry, long rows) {
+  const QString title = QString::fromUtf8(entry.title);
+  item.setData(kCountRole, rows > 0 ? QLocale().toString(static_cast<qlonglong>(rows)) : QString());
+  item.setData(Qt::AccessibleTextRole,
+               rows > 0 ? title + QStringLiteral(", ") + AlertsCounted(rows) : QString());
+}
+
+QSize Sidebar::sizeHint() const {
+  return {fontMetrics().averageCharWidth() * kWidthInCharacters + 2 * WideGap(this), 0};
+}
+
+void Sidebar::changeEvent(QEvent* event) {
+  QListWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) StyleItems();
+}
+
+const ListEntry* Sidebar::EntryOf(const QListWidgetItem* item) {
+  bool listed = false;
+  const int index = item != nullptr ? item->data(kEntryRole).toInt(&listed) : kStartIndex;
+  return listed && index != kStartIndex ? &AllLists()[static_cast<std::size_t>(index)] : nullptr;
+}
+
+}  // namespace desktop

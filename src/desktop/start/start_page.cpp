@@ -1,0 +1,135 @@
+#include "desktop/start/start_page.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+#include "desktop/look/look.h"
+#include "desktop/shell/message_page.h"
+#include "desktop/start/alert_card.h"
+#include "platform/host.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kMostColumns = 3;
+
+QString Today() {
+  const platform::Date today = platform::Today();
+  QString day = QLocale().toString(QDate(today.year(), today.month(), today.day()), QLocale::LongFormat);
+  if (!day.isEmpty()) day[0] = day[0].toUpper();
+  return day;
+}
+
+}  // namespace
+
+StartPage::StartPage(const AlertBoard& board, QWidget* parent)
+    : QWidget(parent),
+      board_(board),
+      day_(new QLabel(this)),
+      notice_(new QLabel(this)),
+      stack_(new QStackedWidget(this)),
+      scroll_(new QScrollArea(this)),
+      grid_(new QGridLayout),
+      message_(new MessagePage(this)) {
+  for (const AlertFamily& family : board_.families()) {
+    auto* card = new AlertCard(*family.entry, this);
+    connect(card, &QAbstractButton::clicked, this, [this, card] { Q_EMIT ListWanted(&card->entry()); });
+    cards_.push_back(card);
+  }
+  Build();
+  connect(&board_, &AlertBoard::Changed, this, &StartPage::ShowBoard);
+  ShowBoard();
+}
+
+void StartPage::Build() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+
+  auto* heading = new QHBoxLayout;
+  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
+  auto* title = new QLabel(QStringLiteral("Início"), this);
+  SetTitleFont(title, 1.5);
+  SetMuted(day_);
+  heading->addWidget(title);
+  heading->addStretch(1);
+  heading->addWidget(day_, 0, Qt::AlignBottom);
+  column->addLayout(heading);
+
+  notice_->setTextFormat(Qt::PlainText);
+  notice_->setWordWrap(true);
+  notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  notice_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
+  column->addWidget(notice_);
+
+  auto* cards = new QWidget(this);
+  grid_->setContentsMargins(Gap(this), Gap(this), WideGap(this), WideGap(this));
+  grid_->setSpacing(WideGap(this));
+  cards->setLayout(grid_);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setWidgetResizable(true);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->viewport()->setBackgroundRole(QPalette::Base);
+  cards->setBackgroundRole(QPalette::Base);
+  scroll_->setWidget(cards);
+  Arrange();
+  message_->Show(QStringLiteral("Ainda não há viaturas nem motoristas."),
+                 QStringLiteral("O que estiver a vencer aparece aqui."), QStringLiteral("Nova viatura"),
+                 [this] { Q_EMIT VehicleWanted(); });
+  stack_->addWidget(scroll_);
+  stack_->addWidget(message_);
+  column->addWidget(stack_, 1);
+}
+
+void StartPage::ShowBoard() {
+  day_->setText(Today());
+  const auto& failure = board_.feed_failure();
+  notice_->setText(failure ? QStringLiteral("Não foi possível ler todos os avisos. ") + WithDetails(*failure)
+                           : QString());
+  notice_->setVisible(failure.has_value());
+  for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
+  const bool had_focus = stack_->isAncestorOf(QApplication::focusWidget());
+  stack_->setCurrentWidget(board_.HasFleet() ? static_cast<QWidget*>(scroll_) : message_);
+  if (had_focus) TakeFocus();
+}
+
+QString StartPage::NoticeText() const { return notice_->text(); }
+
+void StartPage::TakeFocus() {
+  if (stack_->currentWidget() == message_) return message_->button()->setFocus(Qt::OtherFocusReason);
+  for (const AlertCard* card : cards_)
+    if (card->hasFocus()) return;
+  cards_.front()->setFocus(Qt::OtherFocusReason);
+}
+
+void StartPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange();
+}
+
+void StartPage::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  ShowBoard();
+}
+
+/// As many cards side by side as there is room for.
+void StartPage::Arrange() {
+  const int card = cards_.front()->sizeHint().width() + grid_->horizontalSpacing();
+  const int columns = std::clamp((width() - WideGap(this)) / card, 1, kMostColumns);
+  if (columns == columns_) return;
+  columns_ = columns;
+  for (int i = 0; i < static_cast<int>(cards_.size()); ++i) {
+    grid_->removeWidget(cards_[static_cast<std::size_t>(i)]);
+    grid_->addWidget(cards_[static_cast<std::size_t>(i)], i / columns, i % columns);
+  }
+  grid_->setRowStretch(static_cast<int>(cards_.size()), 1);  // below the last row of cards
+  for (int i = 0; i < kMostColumns; ++i) grid_->setColumnStretch(i, i < columns ? 1 : 0);
+}
+
+}  // namespace desktop

@@ -1,0 +1,177 @@
+#include "exchange/import.h"
+
+#include <algorithm>
+#include <ostream>
+#include <stdexcept>
+
+#include "exchange/csv_number.h"
+#include "exchange/csv_text.h"
+#include "platform/text.h"
+
+namespace exchange {
+
+using platform::Currency;
+using platform::Date;
+
+constexpr int kFirstYear = 1753;  // the databases hold no earlier day
+
+const ImportRow::Field& ImportRow::field(std::string_view column) const {
+  const auto found =
+      std::find_if(fields_.begin(), fields_.end(), [&](const Field& f) { return f.name == column; });
+  if (found == fields_.end())
+    throw std::logic_error("a column that the target doesn't declare: " + std::string(column));
+  return *found;
+}
+
+std::int16_t ImportRow::integer(std::string_view column) const {
+  const auto value = number(column).value_or(Currency());
+  if (value < -32768 || value > 32767) throw Refusal{std::string(column), "Valor inválido!"};
+  return static_cast<std::int16_t>(value.ToWhole());
+}
+
+/// Turns the rows of a file into checked ones.
+class ImportReader {
+ public:
+  ImportReader(std::istream& file, const std::vector<ImportColumn>& columns, std::optional<char> decimal)
+      : columns_(columns), shape_(DetectCsv(file)), reader_(file, shape_) {
+    std::vector<std::string> header;
+    reader_.Next(header);
+    for (const ImportColumn& column : columns_) {
+      places_.push_back(PlaceOf(header, column.name));
+      if (column.required && places_.back() < 0)
+        throw std::runtime_error("Falta a coluna «" + std::string(column.name) +
+                                 "» na primeira linha do ficheiro.");
+      row_.fields_.push_back(
+          {.name = column.name, .given = places_.back() >= 0, .text = {}, .number = {}, .date = {}});
+    }
+    RefuseUnknownColumns(header);
+    width_ = header.size();
+    const DecimalMark found = LookThrough();
+    decimal_ = decimal ? *decimal : found.Found();
+    reader_.Rewind();
+    reader_.Next(header);
+  }
+
+  bool Next() { return reader_.Next(values_); }
+  /// Where the row read last stands.
+  std::string Place() const {
+    const std::string first = std::to_string(reader_.line());
+    if (reader_.lastLine() == reader_.line()) return "linha " + first;
+    return "linhas " + first + " a " + std::to_string(reader_.lastLine());
+  }
+
+  /// The row read last. Throws Refusal when a field isn't of its column's kind.
+  const ImportRow& Checked() {
+    if (values_.size() > width_) throw Refusal{"", "A linha tem mais campos do que a primeira."};
+    for (std::size_t i = 0; i < columns_.size(); ++i) Read(columns_[i], ValueOf(i), row_.fields_[i]);
+    return row_;
+  }
+
+ private:
+  static int PlaceOf(const std::vector<std::string>& header, std::string_view name) {
+    for (std::size_t i = 0; i < header.size(); ++i)
+      if (platform::EqualsIgnoringCase(platform::Trim(header[i]), name)) return static_cast<int>(i);
+    return -1;
+  }
+
+  /// What the row read last has in a column.
+  const std::string& ValueOf(std::size_t column) const {
+    static const std::string nothing;
+    const auto place = static_cast<std::size_t>(places_[column]);
+    return places_[column] >= 0 && place < values_.size() ? values_[place] : nothing;
+  }
+
+  /// Reads the file to its end before any row of it is taken.
+  DecimalMark LookThrough() {
+    DecimalMark mark;
+    while (Next())
+      for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (IsNumber(columns_[i]))
+          mark.Look(columns_[i].name, ValueOf(i), columns_[i].kind == ColumnKind::kInteger, reader_.line());
+    return mark;
+  }
+
+  static bool IsNumber(const ImportColumn& column) {
+    return column.kind == ColumnKind::kNumber || column.kind == ColumnKind::kInteger;
+  }
+
+  void RefuseUnknownColumns(const std::vector<std::string>& header) const {
+    for (std::size_t i = 0; i < header.size(); ++i) {
+      const bool known = std::find(places_.begin(), places_.end(), static_cast<int>(i)) != places_.end();
+      if (!known && !platform::Trim(header[i]).empty())
+        throw std::runtime_error("A coluna «" + header[i] +
+                                 "» não se conhece, ou está duas vezes na primeira linha.");
+    }
+  }
+
+  void Read(const ImportColumn& column, const std::string& value, ImportRow::Field& field) const {
+    field.text = column.kind == ColumnKind::kText ? WithoutGuard(value) : value;
+    field.number.reset();
+    field.date.reset();
+    const std::string trimmed = platform::Trim(field.text);
+    if (column.kind == ColumnKind::kText) {
+      if (platform::Length(field.text) > static_cast<std::size_t>(column.limit))
+        throw Refusal{column.name, "Tem mais de " + std::to_string(column.limit) + " caracteres."};
+    } else if (trimmed.empty()) {
+      field.text.clear();
+    } else if (column.kind == ColumnKind::kDate) {
+      field.date = ReadDate(column, trimmed);
+    } else {
+      field.number = ReadNumber(column, trimmed);
+    }
+    const bool nothing = column.kind == ColumnKind::kDate ? !field.date : trimmed.empty();
+    if (column.required && nothing) throw Refusal{column.name, "Campo obrigatório!"};
+  }
+
+  Currency ReadNumber(const ImportColumn& column, const std::string& text) const {
+    const bool whole = column.kind == ColumnKind::kInteger;
+    if (const auto number = NumberOf(text, decimal_, whole)) return *number;
+    throw Refusal{column.name, "«" + text + "» não é um número" + (whole ? " inteiro." : ".")};
+  }
+
+  /// None for the zero date, which stands for none.
+  static std::optional<Date> ReadDate(const ImportColumn& column, std::string text) {
+    std::replace(text.begin(), text.end(), 'T', ' ');  // as other programs write dates with times
+    Date date;
+    if (!Date::TryParse(text, date)) throw Refusal{column.name, "«" + text + "» não é uma data."};
+    if (date.IsZero()) return std::nullopt;
+    if (date.days() == 0) throw Refusal{column.name, "«" + text + "» é só uma hora: falta o dia."};
+    if (date.year() < kFirstYear)
+      throw Refusal{column.name, "«" + text + "» é uma data antes de " + std::to_string(kFirstYear) + "."};
+    return date;
+  }
+
+  const std::vector<ImportColumn>& columns_;
+  CsvShape shape_;
+  CsvReader reader_;
+  std::vector<int> places_;
+  std::size_t width_ = 0;
+  char decimal_ = ',';
+  std::vector<std::string> values_;
+  ImportRow row_;
+};
+
+ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
+                       std::ostream& report, std::optional<char> decimal) {
+  ImportReader reader(file, target.Columns(), decimal);
+  zorCrmParvel::Batch batch(database);
+  ImportResult result;
+  while (reader.Next()) {
+    try {
+      const Outcome outcome = target.Store(reader.Checked());
+      ++(outcome == Outcome::kAdded ? result.added : result.known);
+    } catch (const Refusal& refusal) {
+      ++result.refused;
+      report << reader.Place();
+      if (!refusal.column.empty()) report << ", " << refusal.column;
+      report << ": " << refusal.reason << '\n';
+    }
+  }
+  target.Finish();
+  if (!report.flush())
+    throw std::runtime_error("Não foi possível escrever que linhas são recusadas: nada foi importado.");
+  if (!simulate) batch.Commit();
+  return result;
+}
+
+}  // namespace exchange

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exchange/csv_reader.h"
+#include "platform/currency.h"
+#include "platform/date.h"
+#include "store/store.h"
+
+namespace exchange {
+
+enum class ColumnKind { kText, kNumber, kInteger, kDate };
+
+/// A column that a file may have.
+struct ImportColumn {
+  const char* name;
+  ColumnKind kind = ColumnKind::kText;
+  int limit = 0;  // characters of a text
+  bool required = false;
+};
+
+/// Why a row isn't taken.
+struct Refusal {
+  std::string column;
+  std::string reason;
+};
+
+/// One row of a file, its fields already checked against the kinds of their columns. A column that the file
+/// lacks, and an empty field, give an empty text, no number and no date.
+class ImportRow {
+ public:
+  const std::string& text(std::string_view column) const { return field(column).text; }
+  std::optional<platform::Currency> number(std::string_view column) const { return field(column).number; }
+  std::optional<platform::Date> date(std::string_view column) const { return field(column).date; }
+  /// A whole number, 0 when the field is empty. Throws Refusal when it doesn't fit.
+  std::int16_t integer(std::string_view column) const;
+  /// True when the file has the column.
+  bool given(std::string_view column) const { return field(column).given; }
+
+ private:
+  friend class ImportReader;
+  struct Field {
+    std::string_view name;
+    bool given = false;
+    std::string text;
+    std::optional<platform::Currency> number;
+    std::optional<platform::Date> date;
+  };
+  const Field& field(std::string_view column) const;
+
+  std::vector<Field> fields_;
+};
+
+enum class Outcome { kAdded, kKnown };
+
+/// What rows of one kind are and how they are stored.
+class ImportTarget {
+ public:
+  virtual ~ImportTarget() = default;
+  virtual const std::vector<ImportColumn>& Columns() const = 0;
+  /// Checks a row by the rules of the ficha's fields and stores it. Throws Refusal when a rule fails.
+  virtual Outcome Store(const ImportRow& row) = 0;
+  /// After the last row.
+  virtual void Finish() {}
+};
+
+/// The target of a name that users give ("viaturas", "motoristas", "gastos"); null for another one.
+std::unique_ptr<ImportTarget> MakeImportTarget(const std::string& what,
+                                               const zorCrmParvel::DataAccessRef& bd);
+/// The names that `MakeImportTarget` knows, for messages.
+std::string ImportTargetNames();
+
+struct ImportResult {
+  long added = 0;
+  long known = 0;
+  long refused = 0;
+};
+
+/// Imports a CSV file: all rows that pass their rules at once, or nothing when the file can't be read, the
+/// disk fails or the report can't be written. The report names each refused row with its line, column and
+/// reason. `simulate` stores nothing. `decimal` is the file's decimal mark; without it, it is found out, and
+/// std::runtime_error thrown when a number can be read in two ways.
+ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
+                       std::ostream& report, std::optional<char> decimal = std::nullopt);
+
+}  // namespace exchange

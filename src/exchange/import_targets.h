@@ -1,0 +1,17 @@
+#pragma once
+
+#include "exchange/import.h"
+
+namespace exchange {
+
+std::unique_ptr<ImportTarget> MakeExpenseImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeVehicleImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeDriverImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakePolicyImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeRevisionImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeInspectionImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeFineImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeAccidentImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeAccessoryImport(const zorCrmParvel::DataAccessRef& bd);
+
+}  // namespace exchange

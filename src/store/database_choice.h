@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "embedded/database.h"
+#include "sqlserver/database.h"
+#include "store/store.h"
+
+namespace store {
+
+/// The database that a call names: a file, or a server.
+struct DatabaseChoice {
+  std::string file;          // empty: the usual one
+  std::string connection;    // of a server; empty: a file
+  std::string passwordFile;  // empty: none
+  long timeLimit = 30;       // seconds that a statement may take; 0: for ever
+
+  bool IsServer() const { return !connection.empty(); }
+};
+
+/// Opens either. Errors as the engines'; the password is found as `PasswordFor` tells.
+std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice);
+/// Opens the server. Throws std::runtime_error when the choice is a file.
+std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice);
+/// The file's name. Throws std::runtime_error when the choice is a server.
+std::string FileOf(const DatabaseChoice& choice);
+/// Opens the file. Throws std::runtime_error when the choice is a server.
+std::shared_ptr<embedded::Database> OpenFile(const DatabaseChoice& choice);
+
+}  // namespace store
