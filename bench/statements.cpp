@@ -40,6 +40,17 @@ class Bench {
 
   void ReadPreparingEachTime() { Read(bench::Prepare(connection_.get(), kRead).get()); }
 
+  /// A statement with a list of that many values.
+  template <int Values>
+  void ReadAmong() {
+    std::string statement = "SELECT Nome From zor_PV_Marcas WHERE Codigo IN ('" + Code(0) + "'";
+    for (int i = 1; i < Values; ++i) statement.append(", 'x").append(std::to_string(i)).append("'");
+    zorCrmParvel::RecordsetRef rows;
+    brand_.bd->AbrirLeitura("", (statement + ")").c_str(), rows);
+    if (rows->RecordCount() != 1) std::abort();
+    rows->Close();
+  }
+
   void WriteByEntity() {
     brand_.Codigo = Code(next_++);
     brand_.Descrição = "Marca " + std::to_string(next_);
@@ -95,5 +106,7 @@ int main(int argc, char** argv) {
     rivals.Compare("Ler / preparing each time", 1.0, 400, read, Operation<&Bench::ReadPreparingEachTime>());
     rivals.Compare("Escrever / prepared statements", 1.5, 1, Operation<&Bench::WriteByEntity>(),
                    Operation<&Bench::WritePrepared>());
+    rivals.Compare("20,000 values in a list / 5,000", 5.0, 1, Operation<&Bench::ReadAmong<20000>>(),
+                   Operation<&Bench::ReadAmong<5000>>());
   });
 }
