@@ -1,165 +1,20 @@
 #include "console/program.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
+#include <exception>
+#include <functional>
 #include <ostream>
-#include <stdexcept>
 
-#include "console/alerts_command.h"
-#include "console/attachments_command.h"
 #include "console/call_texts.h"
+#include "console/commands.h"
 #include "console/console_host.h"
 #include "console/error_output.h"
-#include "console/list_printer.h"
-#include "console/record_command.h"
-#include "console/server_commands.h"
-#include "demo/demo.h"
 #include "exchange/import.h"
-#include "host/sistema.h"
-#include "store/database_choice.h"
-#include "store/paths.h"
 
 namespace console {
 namespace {
 
 using platform::RuntimeError;
-using zorCrmParvel::Sistema;
-
-struct Options {
-  store::DatabaseChoice database;
-  std::string key;
-  bool csv = false;
-  bool json = false;
-  std::string file;
-  std::string what;
-  bool simulate = false;
-  std::string decimal;  // empty: found out
-  bool apply = false;
-  AlertsOptions alerts;
-  std::int16_t kind = 0;
-};
-
-/// Others may read meanwhile, but wait to write: who starts a long import knows it before.
-void TellOfLongImport(const std::string& name, std::ostream& err) {
-  constexpr std::uintmax_t kLong = 2'000'000;  // bytes, some seconds
-  std::error_code unknown;
-  const std::uintmax_t bytes = std::filesystem::file_size(name, unknown);
-  if (!unknown && bytes > kLong)
-    err << "O ficheiro é grande: até ao fim da importação, que entra toda junta ou não entra, os outros "
-           "programas só podem ler esta base de dados, e o que quiserem gravar é recusado.\n";
-}
-
-class Program {
- public:
-  Program(const Options& options, std::ostream& out, std::ostream& err)
-      : options_(options), out_(out), err_(err) {}
-
-  int PrintOneList() {
-    if (options_.key.empty()) return PrintKeys();
-    Sistema sistema;
-    sistema.ICrmSistema_ZorDataAccess = Open();
-    const auto list = sistema.MostraListas(options_.key);
-    if (!list) {
-      err_ << "Não há lista com a chave «" << options_.key << "». As chaves são:\n";
-      for (const std::string& key : sistema.ChavesDasListas()) err_ << "  " << key << '\n';
-      return kRefused;
-    }
-    GridForm form;
-    list->ICrmVwList_GridMaster(&form.Grelha);
-    list->ICrmVwList_Iniciar();
-    PrintList(out_, form.Grelha,
-              options_.json  ? Output::kJson
-              : options_.csv ? Output::kCsv
-                             : Output::kTable);
-    list->ICrmVwList_Terminar();
-    return kDone;
-  }
-
-  int Demo() {
-    const auto database = Open();
-    demo::FillDemo(database);
-    out_ << "Dados de demonstração escritos em " << database->Place() << '\n';
-    return kDone;
-  }
-
-  int Import() {
-    std::ifstream file(options_.file, std::ios::binary);
-    if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + options_.file);
-    const auto database = Open();
-    const auto target = exchange::MakeImportTarget(options_.what, database);
-    if (!target) {
-      err_ << "Não se importa «" << options_.what << "». Pode importar: " << exchange::ImportTargetNames()
-           << ".\n";
-      return kUsage;
-    }
-    TellOfLongImport(options_.file, err_);
-    const exchange::ImportResult result =
-        exchange::ImportCsv(*database, *target, file, options_.simulate, out_,
-                            options_.decimal.empty() ? std::nullopt : std::optional(options_.decimal[0]));
-    out_ << result.added << (options_.simulate ? " entrariam, " : " novos, ") << result.known
-         << " já existiam, " << result.refused << " recusados\n";
-    return result.refused == 0 ? kDone : kRefused;
-  }
-
-  int Alerts() {
-    const std::string& family = options_.alerts.family;
-    if (!family.empty() && !IsAlertFamily(family)) {
-      err_ << "Não há a família «" << family << "». Pode ser: " << AlertFamilyNames() << ".\n";
-      return kUsage;
-    }
-    return PrintAlerts(Open(), options_.alerts, out_, err_);
-  }
-
-  int Attachments() {
-    PrintAttachments(Open(), options_.kind, options_.key, options_.file, out_);
-    return kDone;
-  }
-
-  int Vehicle() {
-    if (PrintVehicle(Open(), options_.key, options_.json, out_)) return kDone;
-    err_ << "Não há viatura com a matrícula «" << options_.key << "».\n";
-    return kRefused;
-  }
-
-  int Driver() {
-    if (PrintDriver(Open(), options_.key, options_.json, out_)) return kDone;
-    err_ << "Não há motorista com o código «" << options_.key << "».\n";
-    return kRefused;
-  }
-
-  int Copy() {
-    store::OpenFile(options_.database)->CopyTo(options_.file);
-    out_ << "Cópia escrita em " << options_.file << '\n';
-    return kDone;
-  }
-
-  int Restore() {
-    const std::string file = store::FileOf(options_.database);
-    const std::string aside = embedded::Database::Restore(file, store::DatabaseFileNamed(options_.file));
-    embedded::Database::Open(file);
-    out_ << "A cópia " << options_.file << " está no lugar de " << file << ".\n";
-    if (!aside.empty()) out_ << "O que lá estava ficou em " << aside << ".\n";
-    return kDone;
-  }
-
-  int Schema() { return RunSchemaCommand(options_.database, options_.apply, out_); }
-  int Check() { return RunCheckCommand(options_.database, out_); }
-  int Transfer() { return RunTransferCommand(options_.database, options_.file, out_); }
-
- private:
-  std::shared_ptr<zorCrmParvel::Store> Open() { return store::OpenStore(options_.database); }
-
-  int PrintKeys() {
-    for (const std::string& key : Sistema().ChavesDasListas()) out_ << key << '\n';
-    return kDone;
-  }
-
-  const Options& options_;
-  std::ostream& out_;
-  std::ostream& err_;
-};
 
 /// Runs a command; a failure is a message and an exit code.
 int Guard(std::ostream& err, const std::function<int()>& command) {
@@ -177,8 +32,8 @@ int Guard(std::ostream& err, const std::function<int()>& command) {
 int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
   ConsoleHost host(err);
   const platform::HostInstallation installation(host);
-  Options options;
-  Program program(options, out, err);
+  CallOptions options;
+  Commands commands(options, out, err);
   std::function<int()> command;
 
   CLI::App app("Gestão de frota no terminal.", "parvel");
@@ -218,17 +73,17 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
   lista->add_option("chave", options.key, "Chave da lista, por exemplo Marcas.")->type_name("");
   auto* csv = lista->add_flag("--csv", options.csv, "Em CSV, separado por ponto e vírgula.");
   lista->add_flag("--json", options.json, "Em JSON.")->excludes(csv);
-  lista->callback([&] { command = [&] { return program.PrintOneList(); }; });
+  lista->callback([&] { command = [&] { return commands.PrintOneList(); }; });
 
   auto* viatura = comando("viatura", "Mostra uma viatura com tudo o que lhe aconteceu.");
   viatura->add_option("matrícula", options.key, "Matrícula da viatura.")->type_name("")->required();
   viatura->add_flag("--json", options.json, "Em JSON.");
-  viatura->callback([&] { command = [&] { return program.Vehicle(); }; });
+  viatura->callback([&] { command = [&] { return commands.Vehicle(); }; });
 
   auto* motorista = comando("motorista", "Mostra um motorista com as cartas, gastos, multas e sinistros.");
   motorista->add_option("código", options.key, "Código do motorista.")->type_name("")->required();
   motorista->add_flag("--json", options.json, "Em JSON.");
-  motorista->callback([&] { command = [&] { return program.Driver(); }; });
+  motorista->callback([&] { command = [&] { return commands.Driver(); }; });
 
   auto* alertas = comando("alertas", "Mostra o que está a vencer ou vencido, em todas as listas de alertas.");
   alertas->add_flag("--json", options.alerts.json, "Em JSON, um membro por família.");
@@ -236,26 +91,26 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
       ->type_name("NOME");
   alertas->add_option("--ics", options.alerts.calendar, "Escreve também um calendário com as datas.")
       ->type_name("FICHEIRO");
-  alertas->callback([&] { command = [&] { return program.Alerts(); }; });
+  alertas->callback([&] { command = [&] { return commands.Alerts(); }; });
 
   auto* anexos = comando("anexos", "Mostra os ficheiros anexados a um registo.");
   anexos->add_option("tipo", options.kind, "Tipo do registo, um número.")->type_name("")->required();
   anexos->add_option("código", options.key, "Código do registo.")->type_name("")->required();
   anexos->add_option("--juntar", options.file, "Anexa antes este ficheiro, pelo seu caminho.")
       ->type_name("FICHEIRO");
-  anexos->callback([&] { command = [&] { return program.Attachments(); }; });
+  anexos->callback([&] { command = [&] { return commands.Attachments(); }; });
 
   auto* demo = comando("demo", "Enche uma base de dados vazia com dados de demonstração.");
-  demo->callback([&] { command = [&] { return program.Demo(); }; });
+  demo->callback([&] { command = [&] { return commands.Demo(); }; });
 
   auto* copia = comando("copia", "Escreve uma cópia coerente da base de dados, mesmo em uso.");
   copia->add_option("ficheiro", options.file, "Ficheiro novo para a cópia.")->type_name("")->required();
-  copia->callback([&] { command = [&] { return program.Copy(); }; });
+  copia->callback([&] { command = [&] { return commands.Copy(); }; });
 
   auto* repor =
       comando("repor", "Põe uma cópia no lugar da base de dados; o que lá está fica posto de lado.");
   repor->add_option("ficheiro", options.file, "Cópia a repor.")->type_name("")->required();
-  repor->callback([&] { command = [&] { return program.Restore(); }; });
+  repor->callback([&] { command = [&] { return commands.Restore(); }; });
 
   auto* importar = comando("importar", "Importa um ficheiro CSV; diz cada linha recusada e porquê.");
   importar->add_option("o-quê", options.what, "Um de: " + exchange::ImportTargetNames() + ".")
@@ -270,21 +125,21 @@ int Obey(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
                    "Sinal dos decimais no ficheiro, vírgula ou ponto, em vez do que os números mostram.")
       ->type_name("SINAL")
       ->check(CLI::Validator(CLI::IsMember({",", "."})).description(""));
-  importar->callback([&] { command = [&] { return program.Import(); }; });
+  importar->callback([&] { command = [&] { return commands.Import(); }; });
 
   auto* esquema = comando("esquema", "Mostra como se criam as tabelas; num servidor, as que lá faltam.");
   esquema->add_flag("--aplicar", options.apply, "Cria no servidor as que faltam, sem tocar nas que há.");
-  esquema->callback([&] { command = [&] { return program.Schema(); }; });
+  esquema->callback([&] { command = [&] { return commands.Schema(); }; });
 
   auto* verificar =
       comando("verificar", "Lê a base de dados toda, ou liga ao servidor, e diz o que não está bem.");
-  verificar->callback([&] { command = [&] { return program.Check(); }; });
+  verificar->callback([&] { command = [&] { return commands.Check(); }; });
 
   auto* transferir = comando("transferir", "Passa uma base de dados de um ficheiro para o servidor.");
   transferir->add_option("--de", options.file, "Ficheiro da base de dados a passar.")
       ->type_name("FICHEIRO")
       ->required();
-  transferir->callback([&] { command = [&] { return program.Transfer(); }; });
+  transferir->callback([&] { command = [&] { return commands.Transfer(); }; });
 
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
