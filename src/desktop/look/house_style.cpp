@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
+#include <QTextCharFormat>
 #include <QToolBar>
 #include <QTreeView>
 #include <QWidget>
