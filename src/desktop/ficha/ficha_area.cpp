@@ -17,6 +17,9 @@ FichaArea::FichaArea(QWidget* window) : QScrollArea(window) {
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Reveal(now); });
 }
 
+// What is inside loses the keyboard while it is destroyed, when this is no area any more.
+FichaArea::~FichaArea() { disconnect(qApp, nullptr, this, nullptr); }
+
 QSize FichaArea::sizeHint() const { return Within(widget()->sizeHint()); }
 QSize FichaArea::minimumSizeHint() const { return Within(widget()->minimumSizeHint()); }
 

@@ -9,6 +9,7 @@ namespace desktop {
 class FichaArea : public QScrollArea {
  public:
   explicit FichaArea(QWidget* window);
+  ~FichaArea() override;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
