@@ -53,6 +53,8 @@ class GastosTest : public DatabaseTest {
 };
 
 TEST_F(GastosTest, AFuelExpenseChecksItselfFieldByField) {
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 1), "GASOLEO", "50", "75",
+             11000);  // the last one counts
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, 1), "GASOLEO", "50", "75", 10400);
   form.Load();
   EXPECT_EQ(form.DTPicker1.Value.ToDate(), Date::FromParts(2024, 3, 15, 10, 30));
