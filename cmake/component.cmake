@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(EXPORT_MAP ${CMAKE_SOURCE_DIR}/cmake/component.map)
-file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/component.cpp "")
+file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/component.cpp CONTENT "// Holds nothing: the rooms hold it all.\n")
 add_library(zorCrmParvel SHARED ${CMAKE_CURRENT_BINARY_DIR}/component.cpp)
 target_link_libraries(zorCrmParvel PRIVATE sistema embedded sqlserver)
 set_property(TARGET zorCrmParvel PROPERTY LINK_LIBRARY_OVERRIDE
