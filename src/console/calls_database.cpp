@@ -1,0 +1,69 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "console/calls.h"
+#include "console/program.h"
+#include "console/server_commands.h"
+#include "demo/demo.h"
+#include "store/paths.h"
+
+namespace console {
+namespace {
+
+int Demo(const Calls& calls) {
+  const auto database = calls.Open();
+  demo::FillDemo(database);
+  calls.out << "Dados de demonstração escritos em " << database->Place() << '\n';
+  return kDone;
+}
+
+int Copy(const Calls& calls, const std::string& to) {
+  store::OpenFile(calls.database)->CopyTo(to);
+  calls.out << "Cópia escrita em " << to << '\n';
+  return kDone;
+}
+
+int Restore(const Calls& calls, const std::string& copy) {
+  const std::string file = store::FileOf(calls.database);
+  const std::string aside = embedded::Database::Restore(file, store::DatabaseFileNamed(copy));
+  embedded::Database::Open(file);
+  calls.out << "A cópia " << copy << " está no lugar de " << file << ".\n";
+  if (!aside.empty()) calls.out << "O que lá estava ficou em " << aside << ".\n";
+  return kDone;
+}
+
+}  // namespace
+
+void AddDatabaseCalls(Calls& calls) {
+  calls.Add("demo", "Enche uma base de dados vazia com dados de demonstração.",
+            [&calls] { return Demo(calls); });
+
+  const auto file = std::make_shared<std::string>();
+  auto& copia = calls.Add("copia", "Escreve uma cópia coerente da base de dados, mesmo em uso.",
+                          [&calls, file] { return Copy(calls, *file); });
+  copia.add_option("ficheiro", *file, "Ficheiro novo para a cópia.")->type_name("")->required();
+
+  auto& repor =
+      calls.Add("repor", "Põe uma cópia no lugar da base de dados; o que lá está fica posto de lado.",
+                [&calls, file] { return Restore(calls, *file); });
+  repor.add_option("ficheiro", *file, "Cópia a repor.")->type_name("")->required();
+
+  const auto apply = std::make_shared<bool>(false);
+  auto& esquema = calls.Add("esquema", "Mostra como se criam as tabelas; num servidor, as que lá faltam.",
+                            [&calls, apply] { return RunSchemaCommand(calls.database, *apply, calls.out); });
+  esquema.add_flag("--aplicar", *apply, "Cria no servidor as que faltam, sem tocar nas que há.");
+
+  calls.Add("verificar", "Lê a base de dados toda, ou liga ao servidor, e diz o que não está bem.",
+            [&calls] { return RunCheckCommand(calls.database, calls.out); });
+
+  auto& transferir =
+      calls.Add("transferir", "Passa uma base de dados de um ficheiro para o servidor.",
+                [&calls, file] { return RunTransferCommand(calls.database, *file, calls.out); });
+  transferir.add_option("--de", *file, "Ficheiro da base de dados a passar.")
+      ->type_name("FICHEIRO")
+      ->required();
+}
+
+}  // namespace console
