@@ -20,6 +20,8 @@ class Workspace {
   explicit Workspace(std::shared_ptr<zorCrmParvel::Store> store);
 
   zorCrmParvel::Sistema& sistema() { return sistema_; }
+  /// The open database, for what the window asks of it itself.
+  const std::shared_ptr<zorCrmParvel::Store>& store() const { return store_; }
   /// The file, or the database and its server.
   std::string Place() const { return store_->Place(); }
   /// The file's engine; null on a server.

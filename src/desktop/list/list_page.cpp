@@ -31,7 +31,7 @@ class ListPage::PageViewer : public zorCrmParvel::Viewer {};
 
 ListPage::ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSettings& settings,
                    QWidget* parent)
-    : QWidget(parent),
+    : Page(parent),
       entry_(entry),
       memory_(settings, QString::fromUtf8(entry.key)),
       form_(std::make_unique<ListForm>()),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QWidget>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 #include "desktop/list/list_memory.h"
 #include "desktop/list/table_view.h"
 #include "desktop/shell/message_box.h"
+#include "desktop/shell/page.h"
 #include "host/sistema.h"
 
 class QLabel;
@@ -23,7 +23,7 @@ class MessagePage;
 /// One list of the module in the window: its rows, or why there are none. Owns the list and the grid it
 /// fills, for as long as it is shown. Sort, search and column widths are kept in the settings under the
 /// list's key.
-class ListPage : public QWidget {
+class ListPage : public Page {
   Q_OBJECT
 
  public:
@@ -31,39 +31,31 @@ class ListPage : public QWidget {
   ~ListPage() override;
 
   const ListEntry& entry() const { return entry_; }
-  QString Title() const;
+  QString Title() const override;
   TableView& table() { return *table_; }
   const ListCommands& commands() const { return commands_; }
   /// True when a command of the list can run now: it is offered, and has a row when it needs one.
   bool Can(StandardCommand command) const;
   /// "40 registos · 1 seleccionado", or "12 de 40" while a search narrows the rows.
-  QString CountText() const;
-  QString SearchText() const;
+  QString CountText() const override;
 
   /// Reads the rows anew. A failure is shown in the place of the rows.
-  void Load();
-  void Search(const QString& text);
+  void Load() override;
   void New();
   void Edit();
   /// Asks, naming the record, then removes it.
   void Remove();
   /// A command of the list's own.
   void Run(long command);
-  void Print();
+  bool CanPrint() const override { return Can(kPrintCommand); }
+  void Print() override;
   /// Asks for a file and writes the rows shown.
-  void Export();
+  void Export() override;
+  bool CanSearch() const override { return true; }
+  QString SearchText() const override;
+  void Search(const QString& text) override;
   void ResetColumns();
-  void TakeFocus();
-
- Q_SIGNALS:
-  /// Rows, choice or search changed.
-  void Changed();
-  /// A short text that nobody has to answer.
-  void Told(const QString& text);
-  /// The search was taken back by the page itself.
-  void SearchCleared();
-  /// A verb of the list has run: records may have changed.
-  void Worked();
+  void TakeFocus() override;
 
  private:
   class ListForm;

@@ -1,7 +1,6 @@
 #include "desktop/shell/main_window.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,7 +8,6 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
-#include <cstring>
 #include <functional>
 
 #include "desktop/look/look.h"
@@ -27,7 +25,6 @@ namespace {
 
 constexpr char kPlace[] = "janela/lugar";
 constexpr char kSplit[] = "janela/lado";
-constexpr char kList[] = "janela/lista";
 constexpr int kRest = 15000;  // milliseconds between looks at the log
 
 }  // namespace
@@ -47,6 +44,7 @@ MainWindow::MainWindow(QSettings& settings)
   Build();
   Connect();
   ConnectList();
+  ConnectPage();
   ConnectAlerts();
   FillFichas();
   Update();
@@ -55,7 +53,7 @@ MainWindow::MainWindow(QSettings& settings)
   splitter_->restoreState(settings_.value(kSplit).toByteArray());
 }
 
-MainWindow::~MainWindow() { delete page_; }
+MainWindow::~MainWindow() { ClosePage(); }
 
 void MainWindow::Build() {
   auto* row = new QHBoxLayout(place_);
@@ -116,78 +114,27 @@ void MainWindow::ConnectAlerts() {
 void MainWindow::ConnectList() {
   const auto run = [this](QAction* action, const std::function<void(ListPage&)>& verb) {
     connect(action, &QAction::triggered, this, [this, verb] {
-      if (page_ != nullptr) verb(*page_);
+      if (list_ != nullptr) verb(*list_);
     });
   };
   run(actions_->add, &ListPage::New);
   run(actions_->edit, &ListPage::Edit);
   run(actions_->remove, &ListPage::Remove);
-  run(actions_->print, &ListPage::Print);
-  run(actions_->export_list, &ListPage::Export);
   run(actions_->reset_columns, &ListPage::ResetColumns);
+}
+
+void MainWindow::ConnectPage() {
+  const auto run = [this](QAction* action, void (Page::*verb)()) {
+    connect(action, &QAction::triggered, this, [this, verb] {
+      if (page_ != nullptr) (page_->*verb)();
+    });
+  };
+  run(actions_->print, &Page::Print);
+  run(actions_->export_list, &Page::Export);
   connect(actions_->reload, &QAction::triggered, this, &MainWindow::Reload);
   connect(actions_->search, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (page_ != nullptr && page_->SearchText() != text) page_->Search(text);
   });
-}
-
-void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
-  CloseDatabase();
-  workspace_ = std::move(workspace);
-  alerts_->Watch(&workspace_->sistema());
-  const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
-  if (last != nullptr && zorCrmParvel::Sistema::TemLista(last->key))
-    Show(*last, true);
-  else
-    ShowStart(true);
-  FindAlerts();
-}
-
-void MainWindow::ShowList(const char* key) {
-  if (std::strcmp(key, kStartPage) == 0) return ShowStart(true);
-  const ListEntry* entry = FindList(key);
-  if (entry != nullptr && zorCrmParvel::Sistema::TemLista(key)) Show(*entry, true);
-}
-
-void MainWindow::Show(const ListEntry& entry, bool to_work) {
-  if (workspace_ == nullptr) return;
-  if (page_ == nullptr || &page_->entry() != &entry) {
-    delete std::exchange(page_, nullptr);
-    start_->hide();
-    page_ = new ListPage(workspace_->sistema(), entry, settings_, place_);
-    place_->layout()->addWidget(page_);
-    page_->show();
-    page_->table().installEventFilter(this);
-    connect(page_, &ListPage::Changed, this, &MainWindow::Update);
-    connect(page_, &ListPage::Worked, this, &MainWindow::FindAlerts);
-    connect(page_, &ListPage::SearchCleared, actions_->search, &QLineEdit::clear);
-    connect(page_, &ListPage::Told, this, &MainWindow::Tell);
-    sidebar_->Mark(entry);
-    actions_->search->setText(page_->SearchText());
-    Remember(entry.key);
-  }
-  if (to_work) page_->TakeFocus();
-  Update();
-}
-
-void MainWindow::ShowStart(bool to_work) {
-  if (workspace_ == nullptr) return;
-  delete std::exchange(page_, nullptr);
-  if (start_->isHidden()) {
-    start_->show();
-    FindAlerts();
-  }
-  sidebar_->MarkStart();
-  actions_->search->clear();
-  Remember(kStartPage);
-  if (to_work) start_->TakeFocus();
-  Update();
-}
-
-/// What is as it was isn't written: a write waits for the disk.
-void MainWindow::Remember(const char* key) {
-  const QString shown = QString::fromUtf8(key);
-  if (settings_.value(kList) != shown) settings_.setValue(kList, shown);
 }
 
 void MainWindow::ShowFicha(const char* ficha) {
@@ -205,27 +152,6 @@ void MainWindow::Reload() {
 /// The start page alone shows what the feed says.
 void MainWindow::FindAlerts() { alerts_->Refresh(page_ == nullptr); }
 
-/// Brings commands, counts and titles in step with the list shown.
-void MainWindow::Update() {
-  const bool open = page_ != nullptr;
-  actions_->add->setEnabled(open && page_->Can(kNewCommand));
-  actions_->edit->setEnabled(open && page_->Can(kEditCommand));
-  actions_->remove->setEnabled(open && page_->Can(kRemoveCommand));
-  actions_->print->setEnabled(open && page_->Can(kPrintCommand));
-  actions_->export_list->setEnabled(open && page_->Can(kPrintCommand));
-  for (QAction* action : {actions_->find, actions_->reset_columns}) action->setEnabled(open);
-  actions_->reload->setEnabled(workspace_ != nullptr);
-  for (QAction* action : {actions_->copy, actions_->restore})
-    action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
-  actions_->search->setEnabled(open);
-  count_->setText(open ? page_->CountText() : QString());
-  const QString path = workspace_ != nullptr ? ToQt(workspace_->Place()) : QString();
-  file_->setText(workspace_ != nullptr && workspace_->file() != nullptr ? QFileInfo(path).fileName() : path);
-  file_->setToolTip(PlainToolTip(path));
-  setWindowTitle(open ? page_->Title() + QStringLiteral(" — Gestão de frota")
-                      : QStringLiteral("Gestão de frota"));
-}
-
 void MainWindow::ShowAlertCount() {
   const std::optional<long> total = alerts_->Total();
   alert_count_->setText(total ? AlertsCounted(*total) : QString());
@@ -236,13 +162,13 @@ void MainWindow::UpdateRecordMenu() {
   QMenu& menu = *actions_->record_menu;
   menu.clear();
   menu.addActions({actions_->add, actions_->edit, actions_->remove});
-  if (page_ == nullptr) return;
+  if (list_ == nullptr) return;
   menu.addSeparator();
-  for (const platform::MenuItem& item : page_->commands().menu().Items()) {
+  for (const platform::MenuItem& item : list_->commands().menu().Items()) {
     if (IsStandard(item.id) || !item.visible) continue;
     QAction* action = menu.addAction(ToQt(item.caption));
-    action->setEnabled(item.enabled && page_->table().CurrentRow() >= 0);
-    connect(action, &QAction::triggered, page_, [this, id = item.id] { page_->Run(id); });
+    action->setEnabled(item.enabled && list_->table().CurrentRow() >= 0);
+    connect(action, &QAction::triggered, list_, [this, id = item.id] { list_->Run(id); });
   }
 }
 
@@ -271,7 +197,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (watched == actions_->search) return SearchKey(key);
-  return page_ != nullptr && watched == &page_->table() && ListKey(key);
+  return list_ != nullptr && watched == &list_->table() && ListKey(key);
 }
 
 /// Keys that belong to the rows alone: elsewhere they have their usual meaning.

@@ -6,6 +6,7 @@
 
 #include "desktop/database/workspace.h"
 #include "desktop/list/list_page.h"
+#include "desktop/shell/page.h"
 
 class QLabel;
 class QSplitter;
@@ -29,11 +30,13 @@ class MainWindow : public QMainWindow {
 
   /// Works on a database from now on, and shows the list that was shown last, or the start page.
   void Open(std::unique_ptr<Workspace> workspace);
-  /// Shows a list, or the start page by its key; an unknown key does nothing.
+  /// Shows a list or a page, also the start page, by its key; an unknown key does nothing.
   void ShowList(const char* key);
 
-  /// The list shown; null on the start page and while no database is open.
-  ListPage* page() const { return page_; }
+  /// The list shown; null on other pages, on the start page and while no database is open.
+  ListPage* page() const { return list_; }
+  /// The page or list shown; null on the start page and while no database is open.
+  Page* shown() const { return page_; }
   StartPage& start() const { return *start_; }
   AlertBoard& alerts() const { return *alerts_; }
   Workspace* workspace() const { return workspace_.get(); }
@@ -47,9 +50,12 @@ class MainWindow : public QMainWindow {
   void Build();
   void Connect();
   void ConnectList();
+  void ConnectPage();
   void ConnectAlerts();
   void Show(const ListEntry& entry, bool to_work);
   void ShowStart(bool to_work);
+  void OpenPage(const ListEntry& entry);
+  void ClosePage();
   void Remember(const char* key);
   void ShowFicha(const char* ficha);
   void Reload();
@@ -80,7 +86,9 @@ class MainWindow : public QMainWindow {
   QWidget* place_;
   AlertBoard* alerts_;
   StartPage* start_;
-  ListPage* page_ = nullptr;
+  Page* page_ = nullptr;
+  ListPage* list_ = nullptr;          // the same, when it is a list
+  const ListEntry* entry_ = nullptr;  // what is shown
   QLabel* count_;
   QLabel* file_;
   QLabel* alert_count_;

@@ -57,7 +57,7 @@ void MainWindow::AskAndCopy() {
 
 /// Nothing of the database is open any more.
 void MainWindow::CloseDatabase() {
-  delete std::exchange(page_, nullptr);
+  ClosePage();
   alerts_->Watch(nullptr);
   workspace_.reset();
 }

@@ -6,8 +6,8 @@
 
 #include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
+#include "desktop/shell/pages.h"
 #include "desktop/start/alert_board.h"
-#include "host/sistema.h"
 
 namespace desktop {
 namespace {
@@ -68,7 +68,7 @@ void Sidebar::Fill() {
   QString group;
   for (std::size_t i = 0; i < AllLists().size(); ++i) {
     const ListEntry& entry = AllLists()[i];
-    if (!zorCrmParvel::Sistema::TemLista(entry.key)) continue;
+    if (!HasPage(entry)) continue;
     if (group != QString::fromUtf8(entry.group)) {
       group = QString::fromUtf8(entry.group);
       AddGroup(group);

@@ -9,7 +9,7 @@ namespace desktop {
 class AlertBoard;
 
 /// The start page, and the lists of the program under their groups. A list that the module doesn't have is
-/// left out, and so is a group without lists.
+/// left out, and so is a group without any.
 class Sidebar : public QListWidget {
   Q_OBJECT
 

@@ -1,0 +1,40 @@
+#include "desktop/shell/pages.h"
+
+#include <cstring>
+#include <vector>
+
+#include "desktop/list/list_page.h"
+#include "host/sistema.h"
+
+namespace desktop {
+namespace {
+
+/// A page of the window's own, under the key that it has in the catalogue of the side bar.
+struct OwnPage {
+  const char* key;
+  Page* (*make)(Workspace& workspace, QSettings& settings, QWidget* parent);
+};
+
+const std::vector<OwnPage>& OwnPages() {
+  static const std::vector<OwnPage> pages = {};
+  return pages;
+}
+
+const OwnPage* FindOwnPage(const char* key) {
+  for (const OwnPage& page : OwnPages())
+    if (std::strcmp(page.key, key) == 0) return &page;
+  return nullptr;
+}
+
+}  // namespace
+
+bool HasPage(const ListEntry& entry) {
+  return FindOwnPage(entry.key) != nullptr || zorCrmParvel::Sistema::TemLista(entry.key);
+}
+
+Page* MakePage(const ListEntry& entry, Workspace& workspace, QSettings& settings, QWidget* parent) {
+  if (const OwnPage* own = FindOwnPage(entry.key)) return own->make(workspace, settings, parent);
+  return new ListPage(workspace.sistema(), entry, settings, parent);
+}
+
+}  // namespace desktop
