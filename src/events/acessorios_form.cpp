@@ -106,14 +106,14 @@ void Acessorios::Limparform() {
 
 void Acessorios::DepoisDeGravar() {
   const std::string& matricula = Campo[kMatricula].Text;
-  ActualizaViatura(matricula, Tools::SomaCustoSemRevisoes(mybd, matricula));
+  GuardarCustoTotal(mybd, matricula, Tools::SomaCustoSemRevisoes(mybd, matricula));
   if (TipoMostrar == 1) LimparParaOMesmoVeiculo();
 }
 
 void Acessorios::DepoisDeAnular() {
   // From the list nothing is on the screen: the vehicle is the one that was named.
   const std::string& matricula = Campo[kMatricula].Text.empty() ? Matricula : Campo[kMatricula].Text;
-  ActualizaViatura(matricula, Tools::SomaCustoSemRevisoes(mybd, Matricula));
+  GuardarCustoTotal(mybd, matricula, Tools::SomaCustoSemRevisoes(mybd, Matricula));
 }
 
 }  // namespace zorCrmParvel

@@ -4,6 +4,8 @@
 #include "events/gastos.h"
 #include "events/inspecoes.h"
 #include "events/revisoes.h"
+#include "host/tools.h"
+#include "vehicles/viaturas.h"
 
 namespace zorCrmParvel::Tools {
 namespace {
@@ -45,4 +47,22 @@ Currency SomaCustoSemRevisoes(const DataAccessRef& bd, const std::string& Matric
          SomaCustoInspecoes(bd, Matricula);
 }
 
+Currency SomaCustoComRevisoes(const DataAccessRef& bd, const std::string& Matricula) {
+  return SomaCustoSemRevisoes(bd, Matricula) + SomaCustoRevisoes(bd, Matricula);
+}
+
 }  // namespace zorCrmParvel::Tools
+
+namespace zorCrmParvel {
+
+void GuardarCustoTotal(const DataAccessRef& bd, const std::string& Matricula, platform::Currency total) {
+  clViaturas viatura;
+  viatura.bd = bd;
+  viatura.Matricula = Matricula;
+  viatura.Ler();
+  viatura.CustoTotal = total;
+  viatura.CustoMedioKmT = Tools::CustoPorKm(total, viatura.KmActual);
+  viatura.Escrever();
+}
+
+}  // namespace zorCrmParvel

@@ -15,5 +15,15 @@ platform::Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::strin
 
 /// Expenses, accessories and inspections together.
 platform::Currency SomaCustoSemRevisoes(const DataAccessRef& bd, const std::string& Matricula);
+/// The same with the revisions.
+platform::Currency SomaCustoComRevisoes(const DataAccessRef& bd, const std::string& Matricula);
 
 }  // namespace zorCrmParvel::Tools
+
+namespace zorCrmParvel {
+
+/// Writes the total cost of a vehicle on its row, and that cost over the kilometres of its odometer. A plate
+/// that is unknown becomes a vehicle with these figures alone.
+void GuardarCustoTotal(const DataAccessRef& bd, const std::string& Matricula, platform::Currency total);
+
+}  // namespace zorCrmParvel

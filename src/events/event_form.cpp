@@ -7,7 +7,6 @@
 
 namespace zorCrmParvel {
 
-using platform::Currency;
 using platform::Variant;
 using platform::zor_input;
 
@@ -134,16 +133,6 @@ void EventForm::Anular(std::int32_t id, const std::string& matricula) {
   entidade_->bd = mybd;
   entidade_->Id = id;
   if (entidade_->Anular()) DepoisDeAnular();
-}
-
-void EventForm::ActualizaViatura(const std::string& matricula, Currency total) const {
-  clViaturas viatura;
-  viatura.bd = mybd;
-  viatura.Matricula = matricula;
-  viatura.Ler();
-  viatura.CustoTotal = total;
-  viatura.CustoMedioKmT = Tools::CustoPorKm(total, viatura.KmActual);
-  viatura.Escrever();
 }
 
 }  // namespace zorCrmParvel

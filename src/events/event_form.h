@@ -122,8 +122,6 @@ class EventForm : public Ficha {
   platform::Date DataDoDia() const;
   /// Empties the screen and goes to the first field, as fichas opened from a vehicle do after a save.
   void LimparParaOMesmoVeiculo();
-  /// Writes a new total on a vehicle, and its cost per km.
-  void ActualizaViatura(const std::string& matricula, platform::Currency total) const;
   EventEntity& entidade() const { return *entidade_; }
   /// Empties the screen for the next record, as the buttons do.
   void Recomecar();

@@ -45,13 +45,13 @@ void Inspecoes::LevarCampos() {
 }
 
 void Inspecoes::DepoisDeGravar() {
-  ActualizaViatura(Matricula, Tools::SomaCustoSemRevisoes(mybd, Campo[kMatricula].Text));
+  GuardarCustoTotal(mybd, Matricula, Tools::SomaCustoSemRevisoes(mybd, Campo[kMatricula].Text));
   if (TipoMostrar != 1) Limparform();
   Campo[1].SetFocus();
 }
 
 void Inspecoes::DepoisDeAnular() {
-  ActualizaViatura(Matricula, Tools::SomaCustoSemRevisoes(mybd, Matricula));
+  GuardarCustoTotal(mybd, Matricula, Tools::SomaCustoSemRevisoes(mybd, Matricula));
 }
 
 }  // namespace zorCrmParvel

@@ -32,11 +32,6 @@ std::vector<Referencia> Referencias() {
            .caixaSimples = true}};
 }
 
-platform::Currency Total(const DataAccessRef& bd, const std::string& matricula) {
-  return Tools::SomaCustoGastos(bd, matricula) + Tools::SomaCustoAcessorios(bd, matricula) +
-         Tools::SomaCustoInspecoes(bd, matricula) + Tools::SomaCustoRevisoes(bd, matricula);
-}
-
 }  // namespace
 
 Revisoes::Revisoes() : EventForm(kTextos, std::make_unique<clRevisoes>(), Referencias()) {
@@ -63,11 +58,13 @@ void Revisoes::LevarCampos() {
 }
 
 void Revisoes::DepoisDeGravar() {
-  ActualizaViatura(Matricula, Total(mybd, Campo[kMatricula].Text));
+  GuardarCustoTotal(mybd, Matricula, Tools::SomaCustoComRevisoes(mybd, Campo[kMatricula].Text));
   if (TipoMostrar != 1) Limparform();
   Campo[1].SetFocus();
 }
 
-void Revisoes::DepoisDeAnular() { ActualizaViatura(Matricula, Total(mybd, Matricula)); }
+void Revisoes::DepoisDeAnular() {
+  GuardarCustoTotal(mybd, Matricula, Tools::SomaCustoComRevisoes(mybd, Matricula));
+}
 
 }  // namespace zorCrmParvel

@@ -1,109 +1,61 @@
 #include "drivers/motoristas.h"
-#include "exchange/import_codes.h"
+#include "exchange/import_fields.h"
 #include "exchange/import_targets.h"
 
 namespace exchange {
 namespace {
 
-using namespace zorCrmParvel;
-using platform::Date;
+using zorCrmParvel::clMotoristas;
+using zorCrmParvel::DataAccessRef;
 
-/// Drivers that exist stay as they are.
-class DriverTarget : public ImportTarget {
+std::vector<ImportField<clMotoristas>> DriverFields() {
+  using E = clMotoristas;
+  using F = Fields<E>;
+  return {F::Key("Codigo", 10, &E::Codigo),
+          F::Text("Nome", 60, &E::Descrição),
+          F::Text("Morada", 50, &E::Morada),
+          F::Text("Localidade", 40, &E::Localidade),
+          F::Text("CodPostal", 8, &E::CodPostal),
+          F::Text("NIF", 13, &E::NIF),
+          F::Day("DataNasc", &E::DataNasc),
+          F::Text("BI", 13, &E::BI),
+          F::Day("DataBI", &E::DataBI),
+          F::Text("EmissaoBI", 20, &E::EmissaoBI),
+          F::Text("Telefone", 20, &E::Telefone),
+          F::Text("Telemovel", 20, &E::Telemovel),
+          F::Text("Email", 50, &E::Email),
+          F::Text("Passaporte", 13, &E::Passaporte),
+          F::Day("DataPassa", &E::DataPassa),
+          F::Day("ValidadePassa", &E::ValidadePassa),
+          F::Text("CartaoCid", 13, &E::CartaoCid),
+          F::Day("DataCartaoCid", &E::DataCartaoCid),
+          F::Day("ValCartaoCid", &E::ValCartaoCid),
+          F::Text("CartaCond", 13, &E::CartaCond),
+          F::Day("DataCartaCond", &E::DataCartaCond),
+          F::Day("ValCartaCond", &E::ValCartaCond),
+          F::Whole("TipoCartaCond", &E::TipoCartaCond),
+          F::Text("DGV", 20, &E::DGV),
+          F::Text("LocalPassa", 20, &E::LocalPassa),
+          F::Text("Obs", 150, &E::Obs),
+          F::Text("LocalCid", 20, &E::LocalCid),
+          F::Day("DataValBI", &E::DataValBI),
+          F::Day("DtInicioCartaoCondutor", &E::DtInicioCartaoCondutor),
+          F::Day("DtFimCartaoCondutor", &E::DtFimCartaoCondutor),
+          F::Day("DtDescarga", &E::DtDescarga),
+          F::Text("NoCartaoCondutor", 16, &E::NoCartaoCondutor),
+          F::Text("EmissoraCartaoCondutor", 20, &E::EmissoraCartaoCondutor),
+          F::Flag("Inactivo", &E::Inactivo)};
+}
+
+class DriverTarget : public RecordTarget<clMotoristas> {
  public:
-  explicit DriverTarget(const DataAccessRef& bd) : bd_(bd) {}
+  explicit DriverTarget(const DataAccessRef& bd) : RecordTarget(bd, &clMotoristas::Codigo, DriverFields()) {}
 
-  const std::vector<ImportColumn>& Columns() const override {
-    using K = ColumnKind;
-    static const std::vector<ImportColumn> columns = {{"Codigo", K::kText, 10, true},
-                                                      {"Nome", K::kText, 60},
-                                                      {"Morada", K::kText, 50},
-                                                      {"Localidade", K::kText, 40},
-                                                      {"CodPostal", K::kText, 8},
-                                                      {"NIF", K::kText, 13},
-                                                      {"DataNasc", K::kDate},
-                                                      {"BI", K::kText, 13},
-                                                      {"DataBI", K::kDate},
-                                                      {"EmissaoBI", K::kText, 20},
-                                                      {"Telefone", K::kText, 20},
-                                                      {"Telemovel", K::kText, 20},
-                                                      {"Email", K::kText, 50},
-                                                      {"Passaporte", K::kText, 13},
-                                                      {"DataPassa", K::kDate},
-                                                      {"ValidadePassa", K::kDate},
-                                                      {"CartaoCid", K::kText, 13},
-                                                      {"DataCartaoCid", K::kDate},
-                                                      {"ValCartaoCid", K::kDate},
-                                                      {"CartaCond", K::kText, 13},
-                                                      {"DataCartaCond", K::kDate},
-                                                      {"ValCartaCond", K::kDate},
-                                                      {"TipoCartaCond", K::kInteger},
-                                                      {"DGV", K::kText, 20},
-                                                      {"LocalPassa", K::kText, 20},
-                                                      {"Obs", K::kText, 150},
-                                                      {"LocalCid", K::kText, 20},
-                                                      {"DataValBI", K::kDate},
-                                                      {"DtInicioCartaoCondutor", K::kDate},
-                                                      {"DtFimCartaoCondutor", K::kDate},
-                                                      {"DtDescarga", K::kDate},
-                                                      {"NoCartaoCondutor", K::kText, 16},
-                                                      {"EmissoraCartaoCondutor", K::kText, 20},
-                                                      {"Inactivo", K::kInteger}};
-    return columns;
-  }
-
-  Outcome Store(const ImportRow& row) override {
-    RefuseApostrophe("Codigo", row.text("Codigo"));
-    clMotoristas motorista;
-    motorista.bd = bd_;
-    motorista.Codigo = row.text("Codigo");
-    if (motorista.Ler()) return Outcome::kKnown;
+ protected:
+  void Check(const ImportRow& row) override {
     if (row.integer("TipoCartaCond") < 0 || row.integer("TipoCartaCond") > 9)
       throw Refusal{"TipoCartaCond", "Valor inválido!"};
-    Take(row, motorista);
-    motorista.Escrever();
-    return Outcome::kAdded;
   }
-
- private:
-  static void Take(const ImportRow& row, clMotoristas& motorista) {
-    const auto date = [&](const char* column) { return row.date(column).value_or(Date()); };
-    motorista.Descrição = row.text("Nome");
-    motorista.Morada = row.text("Morada");
-    motorista.Localidade = row.text("Localidade");
-    motorista.CodPostal = row.text("CodPostal");
-    motorista.NIF = row.text("NIF");
-    motorista.DataNasc = date("DataNasc");
-    motorista.BI = row.text("BI");
-    motorista.DataBI = date("DataBI");
-    motorista.EmissaoBI = row.text("EmissaoBI");
-    motorista.Telefone = row.text("Telefone");
-    motorista.Telemovel = row.text("Telemovel");
-    motorista.Email = row.text("Email");
-    motorista.Passaporte = row.text("Passaporte");
-    motorista.DataPassa = date("DataPassa");
-    motorista.ValidadePassa = date("ValidadePassa");
-    motorista.CartaoCid = row.text("CartaoCid");
-    motorista.DataCartaoCid = date("DataCartaoCid");
-    motorista.ValCartaoCid = date("ValCartaoCid");
-    motorista.CartaCond = row.text("CartaCond");
-    motorista.DataCartaCond = date("DataCartaCond");
-    motorista.ValCartaCond = date("ValCartaCond");
-    motorista.TipoCartaCond = row.integer("TipoCartaCond");
-    motorista.DGV = row.text("DGV");
-    motorista.LocalPassa = row.text("LocalPassa");
-    motorista.Obs = row.text("Obs");
-    motorista.LocalCid = row.text("LocalCid");
-    motorista.DataValBI = date("DataValBI");
-    motorista.DtInicioCartaoCondutor = date("DtInicioCartaoCondutor");
-    motorista.DtFimCartaoCondutor = date("DtFimCartaoCondutor");
-    motorista.DtDescarga = date("DtDescarga");
-    motorista.NoCartaoCondutor = row.text("NoCartaoCondutor");
-    motorista.EmissoraCartaoCondutor = row.text("EmissoraCartaoCondutor");
-    motorista.Inactivo = row.integer("Inactivo") != 0 ? 1 : 0;
-  }
-
-  DataAccessRef bd_;
 };
 
 }  // namespace

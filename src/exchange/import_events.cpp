@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <functional>
 #include <set>
 
 #include "drivers/motoristas.h"
@@ -10,53 +9,16 @@
 #include "events/revisoes.h"
 #include "events/seguros.h"
 #include "events/sinistros.h"
-#include "exchange/import_codes.h"
+#include "exchange/import_fields.h"
 #include "exchange/import_repetitions.h"
 #include "exchange/import_targets.h"
-#include "host/tools.h"
 #include "platform/format.h"
-#include "vehicles/viaturas.h"
 
 namespace exchange {
 namespace {
 
 using namespace zorCrmParvel;
 using platform::Currency;
-using platform::Date;
-
-/// A field of an event: the column that the file may have, and where its value goes.
-template <typename Entity>
-struct EventField {
-  ImportColumn column;
-  std::function<void(Entity&, const ImportRow&, const char*)> take;
-};
-
-template <typename Entity>
-EventField<Entity> Text(const char* name, int limit, std::string Entity::*member) {
-  return {{name, ColumnKind::kText, limit},
-          [member](Entity& e, const ImportRow& row, const char* column) { e.*member = row.text(column); }};
-}
-
-template <typename Entity>
-EventField<Entity> Money(const char* name, Currency Entity::*member) {
-  return {{name, ColumnKind::kNumber}, [member](Entity& e, const ImportRow& row, const char* column) {
-            e.*member = row.number(column).value_or(Currency());
-          }};
-}
-
-template <typename Entity>
-EventField<Entity> Flag(const char* name, std::int16_t Entity::*member) {
-  return {{name, ColumnKind::kInteger}, [member](Entity& e, const ImportRow& row, const char* column) {
-            e.*member = row.integer(column) != 0 ? 1 : 0;
-          }};
-}
-
-template <typename Entity>
-EventField<Entity> Day(const char* name, Date Entity::*member) {
-  return {{name, ColumnKind::kDate}, [member](Entity& e, const ImportRow& row, const char* column) {
-            e.*member = row.date(column).value_or(Date());
-          }};
-}
 
 /// A column whose code must exist.
 template <typename Entity>
@@ -72,7 +34,7 @@ template <typename Entity>
 struct EventImport {
   const char* date;  // column of the date that orders the sequence
   const char* notes = "Obs";
-  std::vector<EventField<Entity>> fields;
+  std::vector<ImportField<Entity>> fields;
   std::vector<CodeRule<Entity>> codes = {};
   const char* table;
   const char* id;
@@ -109,15 +71,7 @@ class EventTarget : public ImportTarget {
 
   void Finish() override {
     if (import_.total == nullptr) return;
-    for (const std::string& plate : touched_) {
-      clViaturas viatura;
-      viatura.bd = bd_;
-      viatura.Matricula = plate;
-      viatura.Ler();
-      viatura.CustoTotal = import_.total(bd_, plate);
-      viatura.CustoMedioKmT = Tools::CustoPorKm(viatura.CustoTotal, viatura.KmActual);
-      viatura.Escrever();
-    }
+    for (const std::string& plate : touched_) GuardarCustoTotal(bd_, plate, import_.total(bd_, plate));
   }
 
  private:
@@ -168,23 +122,20 @@ std::unique_ptr<CodeTable> NewTable() {
   return std::make_unique<Entity>();
 }
 
-Currency TotalWithRevisions(const DataAccessRef& bd, const std::string& plate) {
-  return Tools::SomaCustoSemRevisoes(bd, plate) + Tools::SomaCustoRevisoes(bd, plate);
-}
-
 }  // namespace
 
 std::unique_ptr<ImportTarget> MakePolicyImport(const DataAccessRef& bd) {
   using E = clSeguros;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
               .date = "Validade",
               .notes = nullptr,
-              .fields = {Text("Companhia", 10, &E::Companhia), Text("TipoSeguro", 10, &E::TipoSeguro),
-                         Text("Apolice", 15, &E::Apolice), Money("Premio", &E::Premio),
-                         Money("Franquia", &E::Franquia), Flag("Modalidade", &E::Modalidade),
-                         Day("DataInicio", &E::DataInicio), Flag("Inactiva", &E::Inactiva),
-                         Text("Coberturas", 200, &E::Coberturas)},
+              .fields = {F::Text("Companhia", 10, &E::Companhia), F::Text("TipoSeguro", 10, &E::TipoSeguro),
+                         F::Text("Apolice", 15, &E::Apolice), F::Number("Premio", &E::Premio),
+                         F::Number("Franquia", &E::Franquia), F::Flag("Modalidade", &E::Modalidade),
+                         F::Day("DataInicio", &E::DataInicio), F::Flag("Inactiva", &E::Inactiva),
+                         F::Text("Coberturas", 200, &E::Coberturas)},
               .codes = {{"Companhia", &E::Companhia, &NewTable<clCompanhias>, "Companhia não existente!"},
                         {"TipoSeguro", &E::TipoSeguro, &NewTable<clTiposSeguros>,
                          "Tipo de Seguro não existente!"}},
@@ -195,23 +146,25 @@ std::unique_ptr<ImportTarget> MakePolicyImport(const DataAccessRef& bd) {
 
 std::unique_ptr<ImportTarget> MakeRevisionImport(const DataAccessRef& bd) {
   using E = clRevisoes;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
-      bd,
-      EventImport<E>{
-          .date = "Data",
-          .fields = {Text("TipoManut", 10, &E::TipoManut), Money("Km", &E::Km), Money("Custo", &E::Custo)},
-          .codes = {{"TipoManut", &E::TipoManut, &NewTable<clTiposManut>, "Tipo Manutenção não existente!"}},
-          .table = "zor_PV_Revisoes",
-          .id = "Manu_Id",
-          .same = {"TipoManut", "Km", "Custo"},
-          .total = &TotalWithRevisions});
+      bd, EventImport<E>{.date = "Data",
+                         .fields = {F::Text("TipoManut", 10, &E::TipoManut), F::Number("Km", &E::Km),
+                                    F::Number("Custo", &E::Custo)},
+                         .codes = {{"TipoManut", &E::TipoManut, &NewTable<clTiposManut>,
+                                    "Tipo Manutenção não existente!"}},
+                         .table = "zor_PV_Revisoes",
+                         .id = "Manu_Id",
+                         .same = {"TipoManut", "Km", "Custo"},
+                         .total = &Tools::SomaCustoComRevisoes});
 }
 
 std::unique_ptr<ImportTarget> MakeInspectionImport(const DataAccessRef& bd) {
   using E = clInspecoes;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{.date = "Data",
-                         .fields = {Money("Km", &E::Km), Money("Custo", &E::Custo)},
+                         .fields = {F::Number("Km", &E::Km), F::Number("Custo", &E::Custo)},
                          .table = "zor_PV_Inspecoes",
                          .id = "Insp_Id",
                          .same = {"Km", "Custo"},
@@ -220,11 +173,12 @@ std::unique_ptr<ImportTarget> MakeInspectionImport(const DataAccessRef& bd) {
 
 std::unique_ptr<ImportTarget> MakeFineImport(const DataAccessRef& bd) {
   using E = clMultas;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
               .date = "Data",
-              .fields = {Text("Motorista", 10, &E::Motorista), Money("ValorMulta", &E::Valor),
-                         Flag("Responsabilidade", &E::Responsabilidade)},
+              .fields = {F::Text("Motorista", 10, &E::Motorista), F::Number("ValorMulta", &E::Valor),
+                         F::Flag("Responsabilidade", &E::Responsabilidade)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
               .table = "zor_PV_Multas",
               .id = "Id",
@@ -233,11 +187,12 @@ std::unique_ptr<ImportTarget> MakeFineImport(const DataAccessRef& bd) {
 
 std::unique_ptr<ImportTarget> MakeAccidentImport(const DataAccessRef& bd) {
   using E = clSinistros;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
               .date = "Data",
-              .fields = {Text("Motorista", 10, &E::Motorista), Text("LocalAc", 50, &E::LocalAc),
-                         Flag("Responsavel", &E::Responsavel), Money("Custo", &E::Custo)},
+              .fields = {F::Text("Motorista", 10, &E::Motorista), F::Text("LocalAc", 50, &E::LocalAc),
+                         F::Flag("Responsavel", &E::Responsavel), F::Number("Custo", &E::Custo)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
               .table = "zor_PV_Sinistros",
               .id = "Id",
@@ -246,19 +201,20 @@ std::unique_ptr<ImportTarget> MakeAccidentImport(const DataAccessRef& bd) {
 
 std::unique_ptr<ImportTarget> MakeAccessoryImport(const DataAccessRef& bd) {
   using E = clAcessorios;
+  using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
-      bd,
-      EventImport<E>{
-          .date = "Data",
-          .fields = {Text("TipoAcessorio", 10, &E::TipoAcessorio), Text("Marca", 25, &E::Marca),
-                     Text("Modelo", 25, &E::Modelo), Money("Qtd", &E::Qtd), Money("KmInicial", &E::KmInicial),
-                     Money("KmFinal", &E::KmFinal), Money("Custo", &E::Custo), Day("DataVal", &E::DataVal)},
-          .codes = {{"TipoAcessorio", &E::TipoAcessorio, &NewTable<clTiposAcessorios>,
-                     "Tipo Acessório não existente!"}},
-          .table = "zor_PV_Acessorios",
-          .id = "Id",
-          .same = {"TipoAcessorio", "Marca", "Custo"},
-          .total = &Tools::SomaCustoSemRevisoes});
+      bd, EventImport<E>{
+              .date = "Data",
+              .fields = {F::Text("TipoAcessorio", 10, &E::TipoAcessorio), F::Text("Marca", 25, &E::Marca),
+                         F::Text("Modelo", 25, &E::Modelo), F::Number("Qtd", &E::Qtd),
+                         F::Number("KmInicial", &E::KmInicial), F::Number("KmFinal", &E::KmFinal),
+                         F::Number("Custo", &E::Custo), F::Day("DataVal", &E::DataVal)},
+              .codes = {{"TipoAcessorio", &E::TipoAcessorio, &NewTable<clTiposAcessorios>,
+                         "Tipo Acessório não existente!"}},
+              .table = "zor_PV_Acessorios",
+              .id = "Id",
+              .same = {"TipoAcessorio", "Marca", "Custo"},
+              .total = &Tools::SomaCustoSemRevisoes});
 }
 
 }  // namespace exchange
