@@ -43,6 +43,12 @@ void CheckMode(const std::string& path, std::vector<std::string>& problems) {
         path + "\"");
 }
 
+SqliteConnection OpenToLookAt(const std::string& file, const OpenOptions& options) {
+  RequireFolder(file);
+  const FolderLock lock(file, options.busyTimeout);
+  return OpenExamined(file, SchemaOf(options).version, options.busyTimeout);
+}
+
 }  // namespace
 
 Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
@@ -65,9 +71,7 @@ std::string Database::Restore(const std::string& path, const std::string& copy, 
 
 FileReport Database::Check(const std::string& path, const OpenOptions& options) {
   const std::string file = RealPath(path);
-  RequireFolder(file);
-  const FolderLock lock(file, options.busyTimeout);
-  const SqliteConnection connection = OpenExamined(file, SchemaOf(options).version, options.busyTimeout);
+  const SqliteConnection connection = OpenToLookAt(file, options);
   FileReport report;
   report.version = connection.Number("PRAGMA user_version");
   for (const auto& [table, rows] : CountRows(connection)) {
@@ -79,6 +83,10 @@ FileReport Database::Check(const std::string& path, const OpenOptions& options) 
     report.problems.push_back("Está danificada: reponha a última cópia com «parvel repor CÓPIA».\n" + faults);
   CheckMode(file, report.problems);
   return report;
+}
+
+std::map<std::string, std::int64_t> Database::Rows(const std::string& path, const OpenOptions& options) {
+  return CountRows(OpenToLookAt(RealPath(path), options));
 }
 
 const std::string& Database::path() const { return engine_->path(); }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -40,6 +41,8 @@ class Database : public zorCrmParvel::Store {
                              const OpenOptions& options = {});
   /// Looks at a file from end to end. Errors as of `Open`; nothing is created or upgraded.
   static FileReport Check(const std::string& path, const OpenOptions& options = {});
+  /// The numbers of rows of a file by table. Errors as of `Open`; nothing is created or upgraded.
+  static std::map<std::string, std::int64_t> Rows(const std::string& path, const OpenOptions& options = {});
   ~Database() override;
 
   /// The file's path as it was given.

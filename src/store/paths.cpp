@@ -21,28 +21,30 @@ std::filesystem::path DataDirectory() {
       "Não há pasta de dados do utilizador (HOME e XDG_DATA_HOME estão vazias): indique --db.");
 }
 
-/// Creates what lacks of a folder, for the user alone.
-void CreatePrivateFolders(const std::filesystem::path& folder) {
+}  // namespace
+
+void CreatePrivateFolders(const std::string& folder) {
   std::filesystem::path made;
-  for (const auto& part : folder) {
+  for (const auto& part : std::filesystem::path(folder)) {
     made /= part;
-    if (mkdir(made.c_str(), 0700) == 0 || errno == EEXIST) continue;
+    if (mkdir(made.c_str(), 0700) == 0) continue;
+    const int reason = errno;
     std::error_code ignored;  // on the way there may be folders that only let pass
-    if (!std::filesystem::is_directory(made, ignored))
-      throw std::runtime_error("Não é possível criar a pasta " + made.string() + ": " + std::strerror(errno));
+    if (std::filesystem::is_directory(made, ignored)) continue;
+    throw std::runtime_error(
+        "Não é possível criar a pasta " + made.string() + ": " +
+        (reason == EEXIST ? "há um ficheiro com esse nome. Escolha outra pasta." : std::strerror(reason)));
   }
 }
 
-}  // namespace
-
 std::string DefaultDatabasePath() {
   const auto folder = DataDirectory() / "parvel";
-  CreatePrivateFolders(folder);
+  CreatePrivateFolders(folder.string());
   return (folder / "frota.db").string();
 }
 
 void CreatePrivateFile(const std::string& file) {
-  CreatePrivateFolders(std::filesystem::path(file).parent_path());
+  CreatePrivateFolders(std::filesystem::path(file).parent_path().string());
   const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   if (made < 0 && errno != EEXIST)
     throw std::runtime_error("Não é possível criar o ficheiro " + file + ": " + std::strerror(errno));

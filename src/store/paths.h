@@ -8,6 +8,9 @@ namespace store {
 /// the user alone. Throws std::runtime_error when there is no place for it.
 std::string DefaultDatabasePath();
 
+/// Creates what lacks of a folder, for the user alone. Throws std::runtime_error when it can't.
+void CreatePrivateFolders(const std::string& folder);
+
 /// Makes an empty file, with the folders that it lacks, for the user alone. One that is there stays as it is.
 void CreatePrivateFile(const std::string& file);
 

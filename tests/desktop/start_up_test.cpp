@@ -86,6 +86,7 @@ TEST_F(StartUpTest, ACopyIsRestoredFromTheWindowAndWhenNothingOpens) {
   window.workspace()->FillDemo();
   window.ShowList("Marcas");
   for (const QString& chosen : {picture, copy}) {
+    desk.script.Next([](QWidget& copies) { ClickButton(copies, "Outro ficheiro…"); });
     ChooseFile(chosen);
     desk.script.Answer("Sim");
     desk.script.Answer("OK");

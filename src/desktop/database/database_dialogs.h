@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QSettings>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -13,6 +15,13 @@ QString AskForDatabase(QWidget* parent);
 QString AskForNewDatabase(QWidget* parent);
 QString AskForCopy(QWidget* parent);
 QString AskForCopyToRestore(QWidget* parent);
+
+/// Asks for a folder; empty when the user gave up.
+QString AskForFolder(QWidget* parent, const QString& title);
+
+/// The database files that were opened last, newest first, without those that are gone.
+QStringList RecentDatabases(const QSettings& settings);
+void RememberDatabase(QSettings& settings, const QString& file);
 
 /// The setting that keeps the database which the user chose.
 inline constexpr char kDatabaseSetting[] = "basededados";

@@ -41,6 +41,8 @@ MainActions::MainActions(QMainWindow* window)
       connect_to(Make(window, "&Ligar a servidor…", {}, "Trabalhar num servidor, ou de novo num ficheiro")),
       copy(Make(window, "&Guardar cópia…", {}, "Guardar uma cópia da base de dados")),
       restore(Make(window, "&Repor cópia…", {}, "Pôr uma cópia no lugar da base de dados")),
+      check(Make(window, "&Verificar base de dados", {},
+                 "Ler a base de dados toda e dizer o que não está bem")),
       export_list(Signed(
           Make(window, "&Exportar…", {QKeySequence("Ctrl+E")}, "Exportar a lista para folha de cálculo"),
           Sign::kExport, "Exportar")),
@@ -68,7 +70,9 @@ MainActions::MainActions(QMainWindow* window)
 void MainActions::BuildMenus() {
   QMenuBar* bar = window_->menuBar();
   QMenu* file = bar->addMenu(QStringLiteral("&Ficheiro"));
-  file->addActions({open, create, connect_to, copy, restore});
+  file->addActions({open, create});
+  recent_menu = file->addMenu(QStringLiteral("Bases de dados re&centes"));
+  file->addActions({connect_to, copy, restore, check});
   file->addSeparator();
   file->addActions({export_list, print});
   file->addSeparator();

@@ -20,6 +20,7 @@ class MainActions : public QObject {
   QAction* connect_to;
   QAction* copy;
   QAction* restore;
+  QAction* check;
   QAction* export_list;
   QAction* print;
   QAction* quit;
@@ -32,6 +33,7 @@ class MainActions : public QObject {
   QAction* reset_columns;
   QAction* keys;
   QAction* about;
+  QMenu* recent_menu;
   QMenu* record_menu;
   QMenu* ficha_menu;
   QLineEdit* search;

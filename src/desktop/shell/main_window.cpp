@@ -7,9 +7,9 @@
 #include <QMenu>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTimer>
 #include <functional>
 
+#include "desktop/database/copy_keeper.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/help_page.h"
@@ -25,7 +25,6 @@ namespace {
 
 constexpr char kPlace[] = "janela/lugar";
 constexpr char kSplit[] = "janela/lado";
-constexpr int kRest = 15000;  // milliseconds between looks at the log
 
 }  // namespace
 
@@ -36,13 +35,16 @@ MainWindow::MainWindow(QSettings& settings)
       splitter_(new QSplitter(this)),
       place_(new QWidget(this)),
       alerts_(new AlertBoard(this)),
+      copies_(new CopyKeeper(settings, this)),
       start_(new StartPage(*alerts_, place_)),
       count_(new QLabel(this)),
       file_(new QLabel(this)),
+      copy_(new QLabel(this)),
       alert_count_(new QLabel(this)) {
   setWindowTitle(QStringLiteral("Gestão de frota"));
   Build();
   Connect();
+  ConnectDatabase();
   ConnectList();
   ConnectPage();
   ConnectAlerts();
@@ -68,10 +70,10 @@ void MainWindow::Build() {
   splitter_->setCollapsible(1, false);
   splitter_->setHandleWidth(1);
   setCentralWidget(splitter_);
-  for (QLabel* label : {count_, file_, alert_count_}) label->setTextFormat(Qt::PlainText);
+  for (QLabel* label : {count_, file_, copy_, alert_count_}) label->setTextFormat(Qt::PlainText);
   count_->setContentsMargins(WideGap(this), 0, 0, 0);
   statusBar()->addWidget(count_);
-  for (QLabel* label : {file_, alert_count_}) {
+  for (QLabel* label : {copy_, file_, alert_count_}) {
     label->setContentsMargins(0, 0, WideGap(this), 0);
     statusBar()->addPermanentWidget(label);
   }
@@ -80,14 +82,6 @@ void MainWindow::Build() {
 }
 
 void MainWindow::Connect() {
-  connect(actions_->open, &QAction::triggered, this, &MainWindow::AskAndOpen);
-  connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
-  connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
-  connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
-  auto* rest = new QTimer(this);
-  connect(rest, &QTimer::timeout, this, &MainWindow::KeepLogShort);
-  rest->start(kRest);
-  connect(actions_->restore, &QAction::triggered, this, &MainWindow::AskAndRestore);
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });

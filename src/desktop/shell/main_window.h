@@ -14,6 +14,7 @@ class QSplitter;
 namespace desktop {
 
 class AlertBoard;
+class CopyKeeper;
 class MainActions;
 class Sidebar;
 class StartPage;
@@ -41,6 +42,7 @@ class MainWindow : public QMainWindow {
   AlertBoard& alerts() const { return *alerts_; }
   Workspace* workspace() const { return workspace_.get(); }
   const MainActions& actions() const { return *actions_; }
+  CopyKeeper& copies() const { return *copies_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -75,6 +77,11 @@ class MainWindow : public QMainWindow {
   void OpenFile(const QString& file);
   void AskAndCopy();
   void AskAndRestore();
+  void Restore(const QString& copy);
+  void CheckDatabase();
+  void FillRecent();
+  void ConnectDatabase();
+  std::string OpenFileName() const;
   void CloseDatabase();
   void KeepLogShort();
 
@@ -85,12 +92,14 @@ class MainWindow : public QMainWindow {
   QSplitter* splitter_;
   QWidget* place_;
   AlertBoard* alerts_;
+  CopyKeeper* copies_;
   StartPage* start_;
   Page* page_ = nullptr;
   ListPage* list_ = nullptr;          // the same, when it is a list
   const ListEntry* entry_ = nullptr;  // what is shown
   QLabel* count_;
   QLabel* file_;
+  QLabel* copy_;
   QLabel* alert_count_;
 };
 

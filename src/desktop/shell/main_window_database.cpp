@@ -1,10 +1,16 @@
 #include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
 #include <QStatusBar>
+#include <QTimer>
 #include <utility>
 
 #include "desktop/database/connection_dialog.h"
+#include "desktop/database/copies_dialog.h"
+#include "desktop/database/copy_keeper.h"
 #include "desktop/database/database_dialogs.h"
 #include "desktop/look/text.h"
+#include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
 #include "desktop/start/alert_board.h"
@@ -14,8 +20,26 @@ namespace desktop {
 namespace {
 
 constexpr int kMessageTime = 8000;  // milliseconds
+constexpr int kRest = 15000;        // milliseconds between looks at the log
 
 }  // namespace
+
+void MainWindow::ConnectDatabase() {
+  connect(actions_->open, &QAction::triggered, this, &MainWindow::AskAndOpen);
+  connect(actions_->create, &QAction::triggered, this, &MainWindow::AskAndCreate);
+  connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
+  connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
+  connect(actions_->restore, &QAction::triggered, this, &MainWindow::AskAndRestore);
+  connect(actions_->check, &QAction::triggered, this, &MainWindow::CheckDatabase);
+  connect(actions_->recent_menu, &QMenu::aboutToShow, this, &MainWindow::FillRecent);
+  connect(copies_, &CopyKeeper::Changed, this, [this] { copy_->setText(copies_->StateText()); });
+  connect(copies_, &CopyKeeper::Failed, this, [this](const QString& reason) {
+    Tell(QStringLiteral("A cópia de hoje não foi feita. ") + reason);
+  });
+  auto* rest = new QTimer(this);
+  connect(rest, &QTimer::timeout, this, &MainWindow::KeepLogShort);
+  rest->start(kRest);
+}
 
 void MainWindow::Tell(const QString& text) { statusBar()->showMessage(text, kMessageTime); }
 
@@ -59,17 +83,20 @@ void MainWindow::AskAndCopy() {
 void MainWindow::CloseDatabase() {
   ClosePage();
   alerts_->Watch(nullptr);
+  copies_->Watch({});
   workspace_.reset();
 }
 
 void MainWindow::AskAndRestore() {
-  const QString copy = AskForCopyToRestore(this);
-  if (copy.isEmpty()) return;
+  CopiesDialog dialog(*copies_, this);
+  if (dialog.exec() == QDialog::Accepted) Restore(dialog.file());
+}
+
+void MainWindow::Restore(const QString& copy) {
   const std::string file = workspace_->file()->path();
   const QString question = QStringLiteral(
       "Pôr a cópia\n%1\nno lugar da base de dados\n%2?\n\nO que lá está agora não se perde: fica ao lado, "
-      "com a "
-      "data no nome.");
+      "com a data no nome.");
   if (ShowMessage(this, question.arg(copy, ToQt(file)), platform::kYesNo | platform::kQuestion,
                   QStringLiteral("Repor cópia")) != platform::kYes)
     return;
@@ -84,6 +111,36 @@ void MainWindow::AskAndRestore() {
         QStringLiteral("A cópia está no lugar.") +
             (aside.empty() ? QString() : QStringLiteral("\nO que lá estava ficou em\n") + ToQt(aside)),
         platform::kOkOnly | platform::kInformation, QStringLiteral("Repor cópia"));
+}
+
+void MainWindow::CheckDatabase() {
+  const std::string file = workspace_->file()->path();
+  QString text;
+  Guarded(this, [&] {
+    const embedded::FileReport report = embedded::Database::Check(file);
+    text = QStringLiteral("%1 registos em %2 tabelas foram lidos").arg(report.rows).arg(report.tables);
+    text += report.problems.empty() ? QStringLiteral(". Está tudo bem.") : QStringLiteral(":");
+    for (const std::string& problem : report.problems) text += QStringLiteral("\n\n") + ToQt(problem);
+  });
+  if (!text.isEmpty())
+    ShowMessage(this, text, platform::kOkOnly | platform::kInformation,
+                QStringLiteral("Verificar base de dados"));
+}
+
+void MainWindow::FillRecent() {
+  actions_->recent_menu->clear();
+  for (const QString& file : RecentDatabases(settings_)) {
+    QAction* action = actions_->recent_menu->addAction(QString(file).replace('&', QLatin1String("&&")));
+    connect(action, &QAction::triggered, this, [this, file] { OpenFile(file); });
+  }
+  if (actions_->recent_menu->isEmpty())
+    actions_->recent_menu->addAction(QStringLiteral("Ainda não há outras"))->setEnabled(false);
+}
+
+/// The file that is open; empty for a server, and for a database in memory.
+std::string MainWindow::OpenFileName() const {
+  const embedded::Database* file = workspace_->file();
+  return file != nullptr && file->path() != ":memory:" ? file->path() : std::string();
 }
 
 /// A window that rests holds the rows that its list has not read yet.

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "desktop/database/copy_keeper.h"
+#include "desktop/database/database_dialogs.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
@@ -24,6 +26,9 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   CloseDatabase();
   workspace_ = std::move(workspace);
   alerts_->Watch(&workspace_->sistema());
+  const std::string file = OpenFileName();
+  copies_->Watch(file);
+  if (!file.empty()) RememberDatabase(settings_, ToQt(file));
   const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
   if (last != nullptr && HasPage(*last))
     Show(*last, true);
@@ -106,7 +111,7 @@ void MainWindow::Update() {
   actions_->find->setEnabled(searches);
   actions_->reset_columns->setEnabled(list_ != nullptr);
   actions_->reload->setEnabled(workspace_ != nullptr);
-  for (QAction* action : {actions_->copy, actions_->restore})
+  for (QAction* action : {actions_->copy, actions_->restore, actions_->check})
     action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
   actions_->search->setEnabled(searches);
   count_->setText(open ? page_->CountText() : QString());
