@@ -30,13 +30,14 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"store", {"platform", "host", "store/store", "embedded", "sqlserver"}},
     {"exchange",
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
+    {"reports", {"platform", "host", "store/store"}},
     {"demo", {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "documents"}},
     {"console",
      {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
-      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "demo"}},
+      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "demo"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "demo"}},
+      "sqlserver", "exchange", "reports", "demo"}},
 };
 
 std::string RoomOf(const std::string& path) {
