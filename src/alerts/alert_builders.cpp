@@ -5,7 +5,7 @@
 #include "alerts/alert_rules.h"
 #include "drivers/licence_classes.h"
 #include "drivers/motoristas.h"
-#include "events/acessorios.h"
+#include "events/upkeep.h"
 #include "host/row.h"
 #include "platform/format.h"
 #include "platform/text.h"

@@ -1,8 +1,8 @@
 #include "alerts/alert_rules.h"
 
 #include "drivers/motoristas.h"
-#include "events/acessorios.h"
 #include "events/seguros.h"
+#include "events/upkeep.h"
 #include "host/row.h"
 #include "platform/host.h"
 #include "vehicles/computed_dates.h"

@@ -1,13 +1,10 @@
 #include <array>
 
 #include "demo/demo_parts.h"
-#include "events/acessorios.h"
 #include "events/cost_sums.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "host/tools.h"
 #include "platform/host.h"
 #include "vehicles/viaturas.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "events/acessorios.h"
 #include "events/event_form.h"
+#include "events/upkeep.h"
 
 namespace zorCrmParvel {
 

@@ -1,9 +1,7 @@
 #include "events/cost_sums.h"
 
-#include "events/acessorios.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/revisoes.h"
+#include "events/upkeep.h"
 #include "host/tools.h"
 #include "vehicles/viaturas.h"
 

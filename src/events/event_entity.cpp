@@ -12,6 +12,17 @@ RecordsetRef EventEntity::Abrir(const Statement& statement) const {
   return rs;
 }
 
+RecordsetRef EventEntity::LerDaViatura() const {
+  return Abrir({"SELECT *  From ", fixed(tabela_.tabela), " WHERE     (Matricula = N'", value(Codigo), "')"});
+}
+
+RecordsetRef EventEntity::LerDaViaturaOuTodos(const char* ordem) const {
+  Statement statement{"SELECT *  From ", fixed(tabela_.tabela)};
+  if (!Codigo.empty()) statement << " WHERE     (Matricula = N'" << value(Codigo) << "')";
+  statement << fixed(ordem);
+  return Abrir(statement);
+}
+
 Statement EventEntity::Seleccao() const {
   return {
       "SELECT *  From ", fixed(tabela_.tabela), " WHERE     (", fixed(tabela_.id), " = N'", value(Id), "')"};

@@ -62,9 +62,12 @@ class EventEntity {
  protected:
   virtual void LerCampos(const Row& row) = 0;
   virtual void EscreverCampos(Row& row) const = 0;
-  /// Opens a statement for reading.
+  /// Opens a statement for reading. The caller closes the rows.
   RecordsetRef Abrir(const Statement& statement) const;
-  const char* tabela() const { return tabela_.tabela; }
+  /// The events of the vehicle in `Codigo`, in no order.
+  RecordsetRef LerDaViatura() const;
+  /// The same in an order; those of all vehicles when `Codigo` is empty.
+  RecordsetRef LerDaViaturaOuTodos(const char* ordem) const;
 
  private:
   Statement Seleccao() const;

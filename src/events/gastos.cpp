@@ -11,10 +11,10 @@ const TabelaDeEventos kGastos{
     .data = "Data",
     .tituloLista = "Gastos",
     .sqlLista =
-        " SELECT zor_PV_Gastos.Gst_Id as ' ',zor_PV_Gastos.Matricula AS Matrícula, zor_PV_Gastos.Data AS "
-        "Data, "
-        "zor_Funcionarios.Nome as Motorista FROM zor_PV_Gastos INNER JOIN zor_Funcionarios ON "
-        "zor_PV_Gastos.Motorista = zor_Funcionarios.Codigo",
+        " SELECT zor_PV_Gastos.Gst_Id as ' ',zor_PV_Gastos.Matricula AS Matrícula, "
+        "zor_PV_Gastos.Data AS Data, zor_Funcionarios.Nome as Motorista "
+        "FROM zor_PV_Gastos "
+        "INNER JOIN zor_Funcionarios ON zor_PV_Gastos.Motorista = zor_Funcionarios.Codigo",
     .listaPorViatura = true,
     .larguraLista = 5000,
     .colunasLista = {1000, 1000, 1000, 2500},
@@ -52,8 +52,9 @@ void clGastos::EscreverCampos(Row& row) const {
 
 RecordsetRef clGastos::LerGastos() {
   return Abrir(
-      {"SELECT *  From zor_PV_Gastos INNER Join zor_PV_TiposGastos ON  "
-       "zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto WHERE     (Matricula = N'",
+      {"SELECT *  From zor_PV_Gastos "
+       "INNER Join zor_PV_TiposGastos ON  zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto "
+       "WHERE     (Matricula = N'",
        value(Codigo), "') Order by Data desc"});
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "events/event_form.h"
-#include "events/multas.h"
+#include "events/incidents.h"
 
 namespace zorCrmParvel {
 

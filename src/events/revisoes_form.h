@@ -1,7 +1,7 @@
 #pragma once
 
 #include "events/event_form.h"
-#include "events/revisoes.h"
+#include "events/upkeep.h"
 
 namespace zorCrmParvel {
 

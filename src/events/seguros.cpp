@@ -12,9 +12,9 @@ const TabelaDeEventos kSeguros{
     .tituloLista = "Seguros",
     .sqlLista =
         " SELECT  zor_PV_Seguros.Seg_Id as ' ',zor_PV_Seguros.Matricula AS Matrícula, "
-        "zor_PV_TiposSeguro.Nome "
-        "AS 'Tipo Seguro', zor_PV_Seguros.Apolice AS 'Apólice' FROM zor_PV_Seguros INNER JOIN "
-        "zor_PV_TiposSeguro ON zor_PV_Seguros.TipoSeguro = zor_PV_TiposSeguro.Codigo",
+        "zor_PV_TiposSeguro.Nome AS 'Tipo Seguro', zor_PV_Seguros.Apolice AS 'Apólice' "
+        "FROM zor_PV_Seguros "
+        "INNER JOIN zor_PV_TiposSeguro ON zor_PV_Seguros.TipoSeguro = zor_PV_TiposSeguro.Codigo",
     .listaPorViatura = true,
     .larguraLista = 6000,
     .colunasLista = {1000, 1000, 3000, 1500},
@@ -55,10 +55,7 @@ void clSeguros::EscreverCampos(Row& row) const {
 }
 
 RecordsetRef clSeguros::LerApolices() {
-  Statement statement = "SELECT *  From zor_PV_Seguros";
-  if (!Codigo.empty()) statement << " WHERE     (Matricula = N'" << value(Codigo) << "')";
-  statement << " Order by Matricula,Inactiva,Validade ";
-  return Abrir(statement);
+  return LerDaViaturaOuTodos(" Order by Matricula,Inactiva,Validade ");
 }
 
 bool clSeguros::ValidarCompanhia(std::string& Descr) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "events/incidents.h"
 #include "events/multas_form.h"
-#include "events/sinistros.h"
 
 namespace zorCrmParvel {
 

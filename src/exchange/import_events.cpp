@@ -2,13 +2,10 @@
 #include <set>
 
 #include "drivers/motoristas.h"
-#include "events/acessorios.h"
 #include "events/cost_sums.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "exchange/import_fields.h"
 #include "exchange/import_repetitions.h"
 #include "exchange/import_targets.h"

@@ -18,6 +18,7 @@ struct ImportField {
 template <typename Entity>
 std::vector<ImportColumn> ColumnsOf(const std::vector<ImportField<Entity>>& fields) {
   std::vector<ImportColumn> columns;
+  columns.reserve(fields.size());
   for (const auto& field : fields) columns.push_back(field.column);
   return columns;
 }

@@ -1,12 +1,9 @@
 #include "vehicles/vehicle_events.h"
 
-#include "events/acessorios.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "host/tools.h"
 #include "platform/host.h"
 

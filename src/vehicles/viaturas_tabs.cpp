@@ -1,12 +1,9 @@
 #include "vehicles/viaturas_tabs.h"
 
-#include "events/acessorios.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "platform/format.h"
 #include "vehicles/event_details.h"
 

@@ -1,11 +1,8 @@
-#include "events/acessorios.h"
 #include "events/cost_sums.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "support/database_test.h"
 
 namespace zorCrmParvel {

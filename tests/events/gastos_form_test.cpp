@@ -1,7 +1,6 @@
 #include "events/gastos_form.h"
 
-#include "events/acessorios.h"
-#include "events/inspecoes.h"
+#include "events/upkeep.h"
 #include "host/sistema.h"
 #include "support/database_test.h"
 

@@ -5,14 +5,11 @@
 #include <map>
 #include <memory>
 
-#include "events/acessorios.h"
 #include "events/event_form.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "host/form_catalog.h"
 #include "host/sistema.h"
 #include "masterdata/tipos_gastos.h"

@@ -1,13 +1,10 @@
 #include "support/fleet.h"
 
 #include "drivers/motoristas.h"
-#include "events/acessorios.h"
 #include "events/gastos.h"
-#include "events/inspecoes.h"
-#include "events/multas.h"
-#include "events/revisoes.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
-#include "events/sinistros.h"
+#include "events/upkeep.h"
 #include "masterdata/tipos_gastos.h"
 #include "vehicles/viaturas.h"
 

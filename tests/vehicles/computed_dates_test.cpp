@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "events/inspecoes.h"
+#include "events/upkeep.h"
 #include "support/database_test.h"
 
 namespace zorCrmParvel {

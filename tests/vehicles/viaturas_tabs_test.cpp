@@ -2,9 +2,9 @@
 
 #include <tuple>
 
-#include "events/acessorios.h"
-#include "events/multas.h"
+#include "events/incidents.h"
 #include "events/seguros.h"
+#include "events/upkeep.h"
 #include "host/sistema.h"
 #include "support/database_test.h"
 
