@@ -45,7 +45,8 @@ Table Rows(const RecordsetRef& rows) {
   for (std::size_t r = 0; r < all.size(); ++r)
     for (std::size_t c = 0; c < rows->FieldList().size(); ++c) {
       const platform::Cell& cell = rows->CellAt(r, c);
-      all[r].push_back(cell.IsNull() ? "NULL" : cell.ToText());
+      const bool bytes = !cell.IsNull() && cell.type() == platform::FieldType::kBytes;
+      all[r].push_back(cell.IsNull() ? "NULL" : bytes ? std::string(cell.block()) : cell.ToText());
     }
   return all;
 }

@@ -1,0 +1,79 @@
+// Everything that fichas and lists show, ask, send and write, held against the texts of
+// tests/host/transcripts.
+#include <gtest/gtest.h>
+
+#include "events/event_form.h"
+#include "host/form_catalog.h"
+#include "host/sistema.h"
+#include "support/screen.h"
+#include "support/transcript.h"
+#include "support/whole_text.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using testing_support::Transcript;
+
+std::string File(const std::string& name) {
+  return std::string(PARVEL_SOURCE_DIR) + "/tests/host/transcripts/" + name + ".txt";
+}
+
+class FichaTranscript : public testing::TestWithParam<const char*> {
+ protected:
+  std::unique_ptr<Ficha> New() const {
+    auto form = FormCatalog::Shared().Make(GetParam());
+    form->mybd = transcript.bd();
+    form->Load();
+    return form;
+  }
+  std::unique_ptr<Ficha> OnRecord() const {
+    auto form = New();
+    if (auto* event = dynamic_cast<EventForm*>(form.get()))
+      event->Carrega(2);
+    else
+      form->Chamar(std::string(GetParam()) == "Viaturas" ? "CarregaViatura" : "CarregaFicha", "B");
+    return form;
+  }
+
+  Sistema sistema;
+  Transcript transcript;
+};
+
+TEST_P(FichaTranscript, IsAsWrittenDown) {
+  using Acts = Transcript::Acts;
+  transcript.Describe(*FormCatalog::Shared().Make(GetParam()));
+  const auto filled = [&] {
+    auto form = OnRecord();
+    testing_support::FillOut(*form);
+    return form;
+  };
+  transcript.text += "= no registo B";
+  transcript.DoEverything([&] { return OnRecord(); }, Acts::kAll);
+  transcript.text += "= todo preenchido";
+  transcript.DoEverything(filled, Acts::kButtons);
+  transcript.text += "= um novo";
+  transcript.DoEverything([&] { return New(); }, Acts::kKeys);
+  testing_support::ExpectWholeText(File(GetParam()), transcript.text);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FichaTranscript,
+                         testing::Values("Viaturas", "Motoristas", "Multas", "Inspecoes", "Acessorios",
+                                         "Sinistros", "Seguros", "Revisoes", "Gastos", "Categorias",
+                                         "TiposGastos", "Modelos", "TiposManut", "TiposAcessorios",
+                                         "Companhias", "TiposSeguro", "Viagens", "Marcas", "Departamentos"),
+                         [](const auto& one) { return std::string(one.param); });
+
+TEST(ListTranscript, IsAsWrittenDown) {
+  Sistema sistema;
+  Transcript transcript;
+  for (const std::string& key : Sistema::ChavesDasListas()) {
+    sistema.ICrmSistema_ZorDataAccess = transcript.bd();
+    const auto list = sistema.MostraListas(key);
+    transcript.text += "= " + key + " «" + list->ICrmVwList_Name() + "»\n";
+    transcript.DoList(*list);
+  }
+  testing_support::ExpectWholeText(File("Listas"), transcript.text);
+}
+
+}  // namespace
+}  // namespace zorCrmParvel
