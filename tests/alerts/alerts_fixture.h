@@ -7,9 +7,6 @@
 
 namespace zorCrmParvel {
 
-/// The distances in days at which the bands of the alerts begin and end.
-inline constexpr int kEdges[] = {-1, 0, 9, 10, 29, 30, 31};
-
 /// A database in memory, and records whose dates all fall due on one day; tests move the clock.
 class AlertsFixture : public testing_support::RecordedTest {
  protected:

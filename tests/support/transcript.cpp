@@ -128,7 +128,10 @@ void Transcript::DoList(zorCrmParvel::ICrmVwList& list) {
   GridWindow window;
   SGGrid& grid = window.grid;
   Act("Iniciar", [&] { window.Start(list); });
-  text += SetUpOf(grid) + "\n    " + RowsOf(grid) + "\n";
+  const std::string once = SetUpOf(grid);
+  text += once + "\n    " + RowsOf(grid) + "\n";
+  window.Start(list);
+  text += SetUpOf(grid) == once ? "" : "de novo:\n" + SetUpOf(grid) + "\n";
   PopUpMenu menu;
   for (const long command : {900L, 901L, 902L, 800L}) menu.Add(command, std::to_string(command));
   list.ICrmVwList_BeforePopUpViewListEdit(menu);
