@@ -1,0 +1,57 @@
+// What every number and state of a server means, held against a text.
+#include "sqlserver/errors.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+
+#include "support/errors.h"
+#include "support/whole_text.h"
+
+namespace sqlserver_tests {
+namespace {
+
+using sqlserver::OdbcFailure;
+
+/// The meanings, each with the diagnostics that have it.
+class Meanings {
+ public:
+  void Ask(const std::string& state, int native) {
+    const OdbcFailure failure({{state, native, "Words"}});
+    const std::string name = state + "/" + std::to_string(native) + " ";
+    const auto add = [&](const char* when, const std::function<void()>& raise) {
+      const platform::RuntimeError error = testing_support::FailureOf(raise);
+      // What has no number of its own is told by its state.
+      if (native != 0 && error.description() == told_[state + when]) return;
+      if (native == 0) told_[state + when] = error.description();
+      names_[when + (" " + std::to_string(error.number())) + ": " + error.description()] += name;
+    };
+    add("ligar", [&] { RaiseNotConnected(failure, "frota"); });
+    add("instrução", [&] { RaiseRefused(failure); });
+    for (const bool written : {false, true})
+      if (native == 0) add(written ? "gravação" : "leitura", [&] { RaiseLost(failure, "frota", written); });
+    if (IsConnectionLost(failure)) names_["perdida"] += name;
+  }
+  std::string ToText() const {
+    std::string text;
+    for (const auto& [meaning, names] : names_) text.append(meaning).append("\n  ").append(names) += "\n";
+    return text;
+  }
+
+ private:
+  std::map<std::string, std::string> told_;
+  std::map<std::string, std::string> names_;
+};
+
+TEST(ServerErrors, MeanWhatIsWrittenDown) {
+  Meanings meanings;
+  for (const char* state : {"HY000", "28000", "IM002", "08001", "08003", "08007", "08S01", "HYT00", "01000",
+                            "42S02", "42S22", "42000", "23000", "40001", "22001"})
+    meanings.Ask(state, 0);
+  for (int native = 1; native < 20100; ++native) meanings.Ask("HY000", native);
+  testing_support::ExpectWholeText(PARVEL_SOURCE_DIR "/tests/sqlserver/errors.txt", meanings.ToText());
+}
+
+}  // namespace
+}  // namespace sqlserver_tests
