@@ -97,6 +97,7 @@ bool KeptCopies::Keep(Date today) const {
   embedded::Database::Open(database_)->CopyTo(file);
   std::vector<Date> days;
   const std::vector<KeptCopy> copies = All();
+  days.reserve(copies.size());
   for (const KeptCopy& copy : copies) days.push_back(copy.day);
   const std::set<Date> stay = DaysThatStay(days, day);
   for (const KeptCopy& copy : copies)

@@ -30,8 +30,7 @@ ButtonView::ButtonView(platform::PushButton& button, UserActs& acts, QWidget* pa
   shown_->setFocusPolicy(Qt::NoFocus);
   shown_->setAutoDefault(false);
   shown_->setMinimumWidth(Em(shown_) * 5);
-  connect(shown_, &QPushButton::clicked, this,
-          [this] { this->acts().Act([this] { this->acts().form().UserPresses(button_); }); });
+  connect(shown_, &QPushButton::clicked, this, [this] { this->acts().Press(button_); });
 }
 
 QWidget* ButtonView::widget() const { return shown_; }

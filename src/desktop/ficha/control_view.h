@@ -18,6 +18,8 @@ class UserActs {
   virtual platform::Form& form() = 0;
   /// Runs one act, shows its error, and brings all views in step with the form.
   virtual void Act(const std::function<void()>& act) = 0;
+  /// The act of pressing a button.
+  virtual void Press(platform::PushButton& button) = 0;
   /// True while views are being brought in step: changes of widgets are then no acts of the user.
   virtual bool IsSyncing() const = 0;
   /// Shows a short text that nobody has to answer; the next act takes it away.

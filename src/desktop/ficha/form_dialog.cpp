@@ -8,10 +8,12 @@
 #include <QPlainTextEdit>
 #include <QSettings>
 
+#include "desktop/ficha/ficha_words.h"
 #include "desktop/ficha/form_layout.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
+#include "platform/host.h"
 
 namespace desktop {
 namespace {
@@ -59,7 +61,7 @@ bool IsCellEditor(const QWidget* widget) {
 }  // namespace
 
 FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* parent)
-    : QDialog(parent), form_(form), settings_(settings), notice_(new QLabel(this)) {
+    : QDialog(parent), form_(form), settings_(settings), notice_(new QLabel(this)), contents_(form) {
   setObjectName(ToQt(form.Name));
   notice_->setTextFormat(Qt::PlainText);
   SetMuted(notice_);
@@ -67,8 +69,9 @@ FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* paren
   layout.Build(notice_);
   views_ = layout.TakeViews();
   WatchWidgets();
-  Notice(ToQt(form.Notice()));
   Sync();
+  ShowNotice();
+  contents_.Settle();
   RestorePlace();
 }
 
@@ -80,7 +83,7 @@ FormDialog::~FormDialog() {
 
 void FormDialog::Sync() {
   const bool outer = std::exchange(syncing_, true);
-  setWindowTitle(ToQt(form_.Caption));
+  setWindowTitle(ToQt(TitleOf(form_)));
   for (const auto& view : views_) view->Sync();
   ShowFocus();
   syncing_ = outer;
@@ -95,20 +98,43 @@ QWidget* FormDialog::WidgetOf(const platform::Control& control) const {
 QString FormDialog::NoticeText() const { return notice_->text(); }
 
 void FormDialog::reject() {
+  if (!MayClose()) return;
   Act([this] { form_.UserCloses(); });
+}
+
+/// What was typed is lost with the window; "Sair" is the module's own way out and asks nothing.
+bool FormDialog::MayClose() {
+  if (IsSyncing() || form_.IsClosed() || !contents_.Changed()) return true;
+  return ShowMessage(this,
+                     QStringLiteral("Há alterações que não foram confirmadas.\n\nFechar sem as guardar?"),
+                     platform::kYesNo | platform::kQuestion | platform::kDefaultButton2,
+                     windowTitle()) == platform::kYes;
+}
+
+void FormDialog::Press(platform::PushButton& button) {
+  pressed_ = &button;
+  Act([&] { form_.UserPresses(button); });
+  pressed_ = nullptr;
 }
 
 void FormDialog::Act(const std::function<void()>& act) {
   if (IsSyncing() || form_.IsClosed()) return;
   acting_ = true;
+  contents_.Before();
   Guarded(this, act);
   acting_ = false;
-  Notice(ToQt(form_.Notice()));
   if (form_.IsClosed()) return accept();
+  contents_.After(pressed_);
+  ShowNotice();
   Guarded(this, [this] { Sync(); });
 }
 
 void FormDialog::Notice(const QString& text) { notice_->setText(text); }
+
+void FormDialog::ShowNotice() {
+  const std::string& notice = form_.Notice();
+  Notice(ToQt(notice.empty() ? HintFor(form_.ActiveControl()) : notice));
+}
 
 void FormDialog::WatchWidgets() {
   for (const auto& view : views_) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desktop/ficha/control_view.h"
+#include "desktop/ficha/ficha_contents.h"
 
 class QKeyEvent;
 class QLabel;
@@ -28,10 +29,11 @@ class FormDialog : public QDialog, private UserActs {
   void Sync();
   /// The widget that shows a control; null for one that isn't drawn.
   QWidget* WidgetOf(const platform::Control& control) const;
-  /// The text that the window shows without asking for an answer; empty for none.
+  /// The text that the window shows without asking for an answer; while there is none, what the field with
+  /// the keyboard wants.
   QString NoticeText() const;
 
-  /// Escape never gets here; the window's close button does.
+  /// Escape never gets here; the window's close button does. Asks when there is something unconfirmed.
   void reject() override;
 
  protected:
@@ -43,9 +45,12 @@ class FormDialog : public QDialog, private UserActs {
  private:
   platform::Form& form() override { return form_; }
   void Act(const std::function<void()>& act) override;
+  void Press(platform::PushButton& button) override;
   bool IsSyncing() const override { return syncing_ || acting_; }
   void Notice(const QString& text) override;
 
+  void ShowNotice();
+  bool MayClose();
   void WatchWidgets();
   void Watch(QObject& object);
   ControlView* ViewOf(const QObject* object) const;
@@ -60,6 +65,8 @@ class FormDialog : public QDialog, private UserActs {
   QSettings& settings_;
   QLabel* notice_;
   std::vector<std::unique_ptr<ControlView>> views_;
+  FichaContents contents_;
+  const platform::PushButton* pressed_ = nullptr;  // by the act under way
   bool syncing_ = false;
   bool acting_ = false;
 };
