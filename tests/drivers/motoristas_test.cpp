@@ -83,14 +83,5 @@ TEST_F(MotoristasTest, GoesWithTheLicenceClasses) {
   EXPECT_EQ(Rows(bd, "SELECT Motorista FROM zor_CartasCond"), (Table{{"8"}}));
 }
 
-TEST_F(MotoristasTest, IsPickedAndPrintedLikeACode) {
-  AddDriver(bd, "1", "Um");
-  host.NextLookup("1");
-  EXPECT_EQ(motorista.MostraLista(), "1");
-  EXPECT_EQ(host.lookups.back().sql, "SELECT Codigo as Código, Nome From zor_Funcionarios ORDER BY Codigo");
-  motorista.MostraMapa();
-  EXPECT_EQ(host.reports.back().title, "Listagem de Motoristas");
-}
-
 }  // namespace
 }  // namespace zorCrmParvel

@@ -42,38 +42,6 @@ class EventEntityTest : public RecordedTest {
   clGastos gasto;
 };
 
-TEST_F(EventEntityTest, SendsTheseStatements) {
-  gasto.Codigo = "12-AB-34";
-  gasto.Data = Day(5, 13);
-  gasto.Id = 7;
-  gasto.LerPrimeiro();
-  gasto.LerUltimo();
-  EXPECT_THROW(gasto.LerProximo(), platform::RuntimeError) << "no row at all: there is nothing to step on";
-  EXPECT_THROW(gasto.LerAnterior(), platform::RuntimeError);
-  gasto.Ler();
-  gasto.Anular();
-  gasto.LerGastos();
-  bd->statements.erase(bd->statements.begin(), bd->statements.begin() + 2);
-  const std::vector<std::string> expected = {
-      "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula > '' and Data>'') order by Matricula,Data ",
-      "SELECT Top 1 *  From zor_PV_Gastos WHERE     (Matricula < 'zzzzzzzzzzzz') and Data <'2050-12-31' "
-      "order by Matricula desc,Data Desc",
-      "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
-      "Data, 102)>= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula,Data ",
-      "SELECT  *  From zor_PV_Gastos where LEFT(Matricula + '000000000000000 ', 15) + CONVERT(nvarchar(10), "
-      "Data, 102)<= left('12-AB-34'+'000000000000000',15)+'2024.01.05' order by Matricula Desc,Data desc",
-      "SELECT *  From zor_PV_Gastos WHERE     (Gst_Id = N'7')",
-      "Delete  From zor_PV_Gastos  WHERE (Gst_Id ='7' )",
-      "SELECT *  From zor_PV_Gastos INNER Join zor_PV_TiposGastos ON  "
-      "zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto WHERE     (Matricula = N'12-AB-34') Order by Data "
-      "desc"};
-  EXPECT_EQ(bd->statements, expected);
-  clInspecoes inspecao;
-  inspecao.bd = bd;
-  inspecao.LerUltimo();
-  EXPECT_EQ(bd->statements.back().find("SELECT Top 1 *  From zor_PV_Inspecoes  WHERE"), 0U);
-}
-
 TEST_F(EventEntityTest, WalksByPlateAndDayAndHoldsAtTheEnds) {
   Add("A", Day(1));   // 1
   Add("B", Day(1));   // 2
@@ -161,24 +129,6 @@ TEST_F(EventEntityTest, TheLookupIsLimitedToTheVehicleAndReturnsTheId) {
   gasto.Codigo = "B'";
   EXPECT_THROW(gasto.MostraLista(1), platform::RuntimeError);
   EXPECT_FALSE(gasto.MostraMapa());
-}
-
-TEST_F(EventEntityTest, EachKindHasItsLookup) {
-  const auto lookup = [&](auto&& event) {
-    event.bd = bd;
-    host.NextLookup("");
-    event.MostraLista(0);
-    const auto& shown = host.lookups.back();
-    std::string text = shown.title + " " + std::to_string(shown.width) + ":";
-    for (float width : shown.widths) text += " " + std::to_string(static_cast<int>(width));
-    return text;
-  };
-  EXPECT_EQ(lookup(clGastos()), "Gastos 5000: 1000 1000 1000 2500");
-  EXPECT_EQ(lookup(clSeguros()), "Seguros 6000: 1000 1000 3000 1500");
-  EXPECT_EQ(lookup(clRevisoes()), "Revisões 5000: 1000 1000 2000 1500");
-  EXPECT_EQ(lookup(clInspecoes()), "Inspecções 2900: 1000 1200 1200");
-  EXPECT_EQ(lookup(clMultas()), "Multas 4500: 1000 1000 1500 1500");
-  EXPECT_EQ(lookup(clSinistros()), "Sinistros 5500: 1000 3000 1000 1500");
 }
 
 TEST_F(EventEntityTest, CostsAreSummedExactly) {

@@ -183,21 +183,5 @@ TEST_F(GastosTest, ArrowsWalkAndAskAboutChanges) {
   EXPECT_EQ(Expenses().size(), 3U);
 }
 
-TEST_F(GastosTest, ListsAndFichasOfTheFields) {
-  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
-  form.Load();
-  host.NextLookup("1");
-  Press(form.btLista[0]);
-  EXPECT_EQ(form.Seg_Id, 1);
-  form.UserGoesTo(form.Campo[4]);
-  host.NextForm([](platform::Form& ficha) { EXPECT_EQ(ficha.Caption, "Tipos de Gastos"); });
-  form.UserKey(platform::kKeyF4);
-  form.UserGoesTo(form.Campo[6]);
-  form.UserKey(platform::kKeyF3);
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]) << "a field without a list sends the focus to the plate";
-  host.NextForm([](platform::Form& arquivo) { EXPECT_EQ(arquivo.Caption, "Arquivo Digital"); });
-  Press(form.btArquivo);
-}
-
 }  // namespace
 }  // namespace zorCrmParvel

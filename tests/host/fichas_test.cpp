@@ -111,20 +111,6 @@ class FichasTest : public testing::Test {
   DataAccessRef bd;
 };
 
-TEST_F(FichasTest, ArrowsWalkOverTheRecordsAndShowEachAsItIs) {
-  for (const char* name : kFichas) {
-    SCOPED_TRACE(name);
-    Screen screens[4];
-    for (int n : {1, 2, 3}) screens[n] = ScreenOf(*Opened(name, n));
-    const auto form = Opened(name, 1);
-    // Each arrow with the record that it leads to.
-    for (const char* step : {"22", "23", "23", "12", "11", "11", "33", "01", "22", "33", "12", "01"}) {
-      Press(Find<platform::PushButton>(*form, std::string("btNavega(") + step[0] + ")"));
-      EXPECT_EQ(ScreenOf(*form), screens[step[1] - '0']) << step;
-    }
-  }
-}
-
 TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
   for (const char* name : kFichas) {
     SCOPED_TRACE(name);
@@ -283,13 +269,6 @@ TEST_F(FichasTest, AListIsReadAgainAfterItsVerbsAndNoRowIsNoRecord) {
       EXPECT_FALSE(window.grid.DataSource() == before);
     }
     EXPECT_EQ(list->ICrmVwList_NumeroItens(), 2);
-  }
-}
-
-TEST_F(FichasTest, AnythingCanBeTheFirstActOnANewFicha) {
-  for (const char* name : kFichas) {
-    NewFleet();
-    DoEverything(name, [&] { return New(name); });
   }
 }
 

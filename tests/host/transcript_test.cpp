@@ -5,6 +5,7 @@
 #include "events/event_form.h"
 #include "host/form_catalog.h"
 #include "host/sistema.h"
+#include "masterdata/code_table_form.h"
 #include "support/screen.h"
 #include "support/transcript.h"
 #include "support/whole_text.h"
@@ -26,13 +27,31 @@ class FichaTranscript : public testing::TestWithParam<const char*> {
     form->Load();
     return form;
   }
+  /// As it is opened from a vehicle, or from a list: with its key fixed.
+  std::unique_ptr<Ficha> Fixed() const {
+    auto form = FormCatalog::Shared().Make(GetParam());
+    form->mybd = transcript.bd();
+    auto* event = dynamic_cast<EventForm*>(form.get());
+    if (event != nullptr) {
+      form->Definir("TipoMostrar", std::int16_t{1});
+      form->Definir("Matricula", "B");
+      form->Definir("Seg_Id", 2);
+    }
+    form->Load();
+    if (event == nullptr) form->Definir("Edicao", true);
+    Show(*form);
+    return form;
+  }
   std::unique_ptr<Ficha> OnRecord() const {
     auto form = New();
-    if (auto* event = dynamic_cast<EventForm*>(form.get()))
+    Show(*form);
+    return form;
+  }
+  void Show(Ficha& form) const {
+    if (auto* event = dynamic_cast<EventForm*>(&form))
       event->Carrega(2);
     else
-      form->Chamar(std::string(GetParam()) == "Viaturas" ? "CarregaViatura" : "CarregaFicha", "B");
-    return form;
+      form.Chamar(std::string(GetParam()) == "Viaturas" ? "CarregaViatura" : "CarregaFicha", "B");
   }
 
   Sistema sistema;
@@ -53,6 +72,10 @@ TEST_P(FichaTranscript, IsAsWrittenDown) {
   transcript.DoEverything(filled, Acts::kButtons);
   transcript.text += "= um novo";
   transcript.DoEverything([&] { return New(); }, Acts::kKeys);
+  if (dynamic_cast<CodeTableForm*>(New().get()) == nullptr) {
+    transcript.text += "= com a chave fixa";
+    transcript.DoEverything([&] { return Fixed(); }, Acts::kKeys);
+  }
   testing_support::ExpectWholeText(File(GetParam()), transcript.text);
 }
 

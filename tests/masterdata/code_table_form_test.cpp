@@ -96,19 +96,6 @@ TEST_F(CodeTableFormTest, RemovesAfterAQuestion) {
   EXPECT_EQ(Marcas_().size(), 2U);
 }
 
-TEST_F(CodeTableFormTest, TheListFillsTheCodeAndMovesOn) {
-  host.NextLookup("C");
-  form.UserKey(platform::kKeyF3);
-  EXPECT_EQ(Screen(), "C|Marca C");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
-  host.NextLookup("");
-  Press(form.btLista[0]);
-  EXPECT_EQ(Screen(), "C|Marca C");
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
-  form.UserKey(platform::kKeyF7);
-  EXPECT_EQ(host.reports.back().title, "Listagem de Marcas");
-}
-
 TEST_F(CodeTableFormTest, EveryFieldOfEachTableGoesAndComesBack) {
   const Sistema sistema;
   for (const std::string name : {"Categorias", "Marcas", "Modelos", "Companhias", "Departamentos", "Viagens",

@@ -20,17 +20,6 @@ class CodeTableListTest : public RecordedTest {
   VwLstViagens list;
 };
 
-TEST_F(CodeTableListTest, ShowsItsRowsAndColumns) {
-  EXPECT_EQ(bd->statements.back(),
-            " SELECT zor_PV_Viagens.Codigo AS Codigo, zor_PV_Viagens.Nome AS Nome from zor_PV_Viagens  Order "
-            "by zor_PV_Viagens.Codigo");
-  EXPECT_EQ(form.Rows(), "a|Viagem a|\nB|Viagem B|");
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
-  EXPECT_EQ(form.Headings(), "Código|Designação|");
-  EXPECT_EQ(form.grid.Columns()[0].width, 2500);
-  EXPECT_EQ(form.grid.Columns()[1].width, 4500);
-}
-
 TEST_F(CodeTableListTest, EditsTheRowAndReloadsWhateverHappened) {
   GridRow row = form.grid.RowAt(1);
   host.NextForm([&](platform::Form& shown) {

@@ -21,26 +21,6 @@ class CodeTableTest : public RecordedTest {
   clMarcas marca;
 };
 
-TEST_F(CodeTableTest, SendsTheseStatements) {
-  marca.Codigo = "REN";
-  marca.Ler();
-  marca.LerPrimeiro();
-  marca.LerAnterior();
-  marca.LerProximo();
-  marca.LerUltimo();
-  marca.Escrever();
-  marca.Anular();
-  const std::vector<std::string> expected = {
-      "SELECT Codigo, Nome From zor_PV_Marcas WHERE     (Codigo = N'REN')",
-      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo > '') order by Codigo ",
-      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo < 'REN') order by Codigo desc",
-      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo > 'REN') order by Codigo",
-      "SELECT Top 1 Codigo, Nome From zor_PV_Marcas WHERE     (Codigo < 'zzzzzzzzzzzz') order by Codigo desc",
-      "SELECT Codigo, Nome From zor_PV_Marcas WHERE     (Codigo = N'REN')",
-      "Delete  From zor_PV_Marcas  WHERE (Codigo ='REN' )"};
-  EXPECT_EQ(bd->statements, expected);
-}
-
 TEST_F(CodeTableTest, WritesWhatFitsAndClearsTheNameOfACodeThatIsNotThere) {
   Write("ABCDEFGHIJKLMNO", std::string(60, 'n'));
   EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM zor_PV_Marcas"),
@@ -88,33 +68,6 @@ TEST_F(CodeTableTest, AnApostropheANullAndNoDatabaseAreErrors) {
   marca.bd = {};
   EXPECT_THROW(marca.Ler(), platform::RuntimeError);
   EXPECT_FALSE(marca.Anular());
-}
-
-TEST_F(CodeTableTest, PicksAndPrints) {
-  Write("B", "Beta");
-  Write("A", "Alfa");
-  host.NextLookup("B");
-  EXPECT_EQ(marca.MostraLista(), "B");
-  const auto& lookup = host.lookups.back();
-  EXPECT_EQ(lookup.title, "Marcas");
-  EXPECT_EQ(lookup.sql, "SELECT Codigo as Código, Nome From zor_PV_Marcas ORDER BY Codigo");
-  EXPECT_EQ(lookup.width, 4500);
-  EXPECT_EQ(lookup.widths, (std::vector<float>{1000, 3000}));
-  EXPECT_EQ(lookup.rows, (Table{{"A", "Alfa"}, {"B", "Beta"}}));
-
-  clDepartamentos departamento;
-  departamento.bd = bd;
-  EXPECT_FALSE(departamento.MostraMapa());
-  EXPECT_EQ(host.reports.back().title, "Listagem de Tipos de Seguro");
-  EXPECT_EQ(host.reports.back().sql,
-            "SELECT Codigo AS Código, Nome AS Nome FROM zor_PV_Departamentos order by Codigo");
-  EXPECT_EQ(host.reports.back().widths, (std::vector<float>{2000, 5000}));
-
-  clViagens viagem;
-  viagem.bd = bd;
-  host.NextLookup("");
-  EXPECT_EQ(viagem.MostraLista(), "");
-  EXPECT_EQ(host.lookups.back().widths, (std::vector<float>{1000, 3500}));
 }
 
 TEST_F(CodeTableTest, ExpenseTypesKeepTheirFuelMarkWhenACodeIsUnknown) {

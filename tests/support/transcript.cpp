@@ -80,12 +80,11 @@ std::string Transcript::Happened() {
 }
 
 void Transcript::Write(const std::string& label, const std::string& happened) {
-  const auto [known, isNew] = known_.emplace(happened, known_.size() + 1);
-  const std::string number = std::to_string(known->second);
-  if (happened.size() < 200)
+  const auto [known, isNew] = known_.emplace(happened, label);
+  if (isNew || happened.size() < 200)
     text += "  " + label + "\n" + happened;
   else
-    text += "  " + label + (isNew ? " [" + number + "]\n" + happened : " como [" + number + "]\n");
+    text += "  " + label + " como em «" + known->second + "»\n";
 }
 
 void Transcript::Act(const std::string& name, const std::function<void()>& act) {
@@ -160,7 +159,12 @@ void Transcript::DoControl(const Open& open, int tab, std::size_t place, bool ty
   const auto sample = open();
   const Control& control = *sample->Controls()[place];
   const auto act = [&](const std::string& name, const std::function<void(Form&, Control&)>& what) {
+    host_.asked = false;
     Do(open, tab, place, name, what);
+    if (!host_.asked) return;
+    host_.answer = kCancel;
+    Do(open, tab, place, name + " (Cancelar)", what);
+    host_.answer = kOk;
   };
   if (dynamic_cast<const PushButton*>(&control) != nullptr)
     act("carrega", [](Form& form, Control& c) { form.UserPresses(dynamic_cast<PushButton&>(c)); });

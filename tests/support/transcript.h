@@ -42,14 +42,14 @@ class Transcript {
   void DoControl(const Open& open, int tab, std::size_t place, bool types);
   /// What was sent, asked and written since the last call; the fleet is then the sample fleet again.
   std::string Happened();
-  /// Writes an act down; what happened in the same way before is named by its number.
+  /// Writes an act down; what happened in the same way before is named by the first.
   void Write(const std::string& label, const std::string& happened);
   void NewFleet();
 
   WritingHost host_;
   platform::Ref<RecordingDataAccess> bd_;
-  std::vector<std::string> sample_;  // the rows of the sample fleet
-  std::map<std::string, std::size_t> known_;
+  std::vector<std::string> sample_;           // the rows of the sample fleet
+  std::map<std::string, std::string> known_;  // what happened, by whom first
   std::map<std::string, std::string> shown_;  // by the ficha that was written down last
   std::string line_;                          // acts with no other effect than the focus
 };

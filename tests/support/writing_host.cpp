@@ -33,7 +33,8 @@ WritingHost::WritingHost() : file_(folder_.File("x.jpg")) {
 
 int WritingHost::MsgBox(const std::string& text, int style, const std::string& title) {
   log += "    caixa «" + OneLine(text) + "» " + std::to_string(style) + " " + title + "\n";
-  return kOk;
+  asked = asked || style % 16 != 0;
+  return answer;
 }
 
 std::string WritingHost::InputBox(const std::string& prompt, const std::string& title, const std::string&) {

@@ -16,7 +16,9 @@ class WritingHost : public ScriptedHost {
  public:
   WritingHost();
 
-  std::string log;  // a line each, indented
+  std::string log;             // a line each, indented
+  int answer = platform::kOk;  // of every box
+  bool asked = false;          // since it was set to false, by a box with a choice
 
   int MsgBox(const std::string& text, int style, const std::string& title) override;
   std::string InputBox(const std::string& prompt, const std::string& title, const std::string&) override;

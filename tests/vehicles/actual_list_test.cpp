@@ -37,31 +37,6 @@ class ActualListTest : public DatabaseTest {
   VwLstActual list;
 };
 
-TEST_F(ActualListTest, ListsWhatIsInServiceAndHasADeviceOrACard) {
-  AddVehicle(bd, "B");
-  AddVehicle(bd, "C");
-  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1 WHERE Matricula<>'B'");
-  Sql("UPDATE zor_PV_Viaturas SET Inactiva=1 WHERE Matricula='C'");
-  AddDriver(bd, "1", "Ana");
-  AddDriver(bd, "2", "Rui");
-  Sql("UPDATE zor_Funcionarios SET NoCartaoCondutor='9' WHERE Codigo='2'");
-  Start(1);
-  ASSERT_EQ(list.ICrmVwList_NumeroItens(), 1);
-  EXPECT_EQ(Shown(0, 0), "A");
-  EXPECT_EQ(form.grid.Column("DtDescarga").caption, "Próxima Descarga");
-  Start(2);
-  ASSERT_EQ(list.ICrmVwList_NumeroItens(), 1);
-  EXPECT_EQ(Shown(0, 1), "Rui");
-  Start(3);
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2);
-  EXPECT_EQ(form.grid.Column("DataSelo").caption, "Pagamento até ");
-  Start(4);
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 2) << "an unknown kind leaves the grid alone";
-  Sql("UPDATE zor_PV_Viaturas SET Marca='PERDIDA'");
-  Start(3);
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 0);
-}
-
 TEST_F(ActualListTest, ADownloadMovesOnFromTheDateShown) {
   AddDriver(bd, "1", "Ana");
   Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, Obs='fica', DtDescarga='2023.01.10'");
@@ -96,22 +71,6 @@ TEST_F(ActualListTest, RoadTaxMovesToTheEndOfItsPeriod) {
     EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago FROM zor_PV_Viaturas"), after);
     EXPECT_EQ(Shown(0, 2), after[0][1]);
   }
-}
-
-TEST_F(ActualListTest, OnlyItsCommandOnADataRowDoesAnything) {
-  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, DtDescarga='2024.01.10'");
-  Start(1);
-  Command(-1);
-  Command(0, 901);
-  EXPECT_EQ(Rows(bd, "SELECT DtDescarga FROM zor_PV_Viaturas"), (Table{{"10-01-2024"}}));
-
-  PopUpMenu menu;
-  for (long id : {900, 901, 902, 800}) menu.Add(id, "x");
-  list.ICrmVwList_BeforePopUpViewListEdit(menu);
-  std::string visible;
-  for (const platform::MenuItem& item : menu.Items())
-    if (item.visible) visible += item.caption + std::to_string(item.id);
-  EXPECT_EQ(visible, "Actualizar945");
 }
 
 }  // namespace

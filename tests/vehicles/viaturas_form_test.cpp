@@ -117,15 +117,6 @@ TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
   EXPECT_EQ(again.DTPicker1[12].Value, platform::Variant(Date())) << "shown as it stands";
 }
 
-TEST_F(ViaturasFormTest, KilometresAreWholeAndOtherFiguresHaveTwoDecimals) {
-  form.Campo.Each([](const platform::zor_input& field) {
-    if (!field.Numeric() || field.Index() == 24) return;
-    const std::set<int> km = {3, 8, 32, 33, 46, 51, 53};
-    EXPECT_EQ(field.formato, km.count(field.Index()) == 1 ? "###,##0" : "###,###.#0") << field.Index();
-    EXPECT_EQ(field.formato_campo == platform::zor_input::kInteiro, km.count(field.Index()) == 1);
-  });
-}
-
 TEST_F(ViaturasFormTest, FieldsHoldTheFocusInTheirOwnWords) {
   // Without a message the field is left.
   const std::tuple<int, int, const char*, const char*> cases[] = {

@@ -22,15 +22,6 @@ class ViaturasListTest : public DatabaseTest {
   VwLstViaturas list;
 };
 
-TEST_F(ViaturasListTest, ShowsEveryVehicleWithTheNamesThatItsCodesHave) {
-  Sql("UPDATE zor_PV_Viaturas SET Inactiva=1, Responsavel='Ana', Marca='PERDIDA' WHERE Matricula='B'");
-  Sql("UPDATE zor_PV_Viaturas SET Responsavel=NULL WHERE Matricula='A'");
-  list.ICrmVwList_Iniciar();
-  EXPECT_EQ(window.Rows(), "A|Renault||||\nB|||Ana||");
-  EXPECT_EQ(window.Headings(), "Matrícula|Marca|Modelo|Responsável|Departamento|");
-  EXPECT_EQ(sistema.ChavesDasListas().front(), "Viaturas");
-}
-
 TEST_F(ViaturasListTest, OpensAVehicleWithItsPlateFixedAndANewOneFree) {
   GridRow row = window.grid.RowAt(1);
   host.NextForm([&](platform::Form& form) {

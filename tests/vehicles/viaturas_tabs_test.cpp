@@ -59,49 +59,6 @@ class ViaturasTabsTest : public DatabaseTest {
   Viaturas form;
 };
 
-TEST_F(ViaturasTabsTest, EachTabShowsItsEventsAndTheDetailsOfTheFirst) {
-  AddEvents();
-  // The first row, its details with the key behind them, its date.
-  const std::tuple<const char*, const char*, const char*> first[] = {
-      {"AP-1|10-02-2024 08:05:30|Activa|", "||AP-1|300|0|1|", "10-02-2024 08:05:30"},
-      {"GPS|Tom||", "|Tom||0|0|0|0|nota|1|", "13-02-2024 08:05:30"},
-      {"14-02-2024 09:30|2|7,50|", "Ana|2|7,5||Portagens|1|", "14-02-2024 09:30:00"},
-      {"12-02-2024 08:05:30|16.000|0,00|", "16000|0|nota|1|", "12-02-2024 08:05:30"},
-      {"11-02-2024 08:05:30|15.000|99,50|", "|15000|99,5|nota|1|", "11-02-2024 08:05:30"},
-      {"Ana|15-02-2024|", "Ana|nota|A1|1|", "15-02-2024"},
-      {"|16-02-2024|", "|nota|60|1|", "16-02-2024"}};
-  const auto joined = [](const Row& texts) {
-    std::string line;
-    for (const std::string& text : texts) line += text + "|";
-    return line;
-  };
-  for (std::size_t i = 0; i < std::size(first); ++i) {
-    const SeparadorDeEventos& tab = SeparadoresDeEventos()[i];
-    const auto& [cells, details, date] = first[i];
-    SCOPED_TRACE(tab.ficha);
-    platform::SGGrid& grid = form.*tab.grelha;
-    const platform::DTPicker& picker = form.DTPicker1[tab.data];
-    std::vector<int> fields = tab.campos;
-    fields.push_back(tab.campoId);
-    const Row nothing(fields.size());
-    Show(tab.indice);
-    EXPECT_EQ(form.ActiveControl(), &grid);
-    EXPECT_EQ(joined(Cells(grid, 0)), cells);
-    EXPECT_EQ(grid.RowCount(), 30);
-    EXPECT_EQ(joined(Fields(fields)), details);
-    EXPECT_EQ(picker.Value.ToText(), date);
-    form.UserSelectsRow(grid, 5);
-    EXPECT_EQ(Fields(fields), nothing) << "an empty row empties the details";
-    EXPECT_EQ(picker.Value.ToText(), "15-03-2024");
-    EXPECT_FALSE(form.Campo[fields[0]].Enabled || picker.Enabled);
-    Sql(std::string("Delete zor_PV_") + tab.ficha);
-    form.UserSelectsRow(grid, 0);
-    EXPECT_EQ(Fields(fields), nothing) << "an event that has gone, too";
-    Press(form.botoes.btCancelar);
-    EXPECT_EQ(Cells(grid, 0), Row(Cells(grid, 0).size())) << "an empty screen has empty grids";
-  }
-}
-
 TEST_F(ViaturasTabsTest, AGridGrowsWithItsEventsAndKeepsNoneOfAnotherVehicle) {
   for (int count = 1; count <= 30; ++count) {
     AddEvent<clMultas>(bd, kPlate);
@@ -220,55 +177,6 @@ TEST_F(ViaturasTabsTest, AnEventIsEditedInItsOwnFichaAndTheFiguresAreReadAgain) 
   host.NextForm([&](platform::Form&) { Sql("UPDATE zor_PV_Viaturas SET CustoTotal=88"); });
   Press(form.zorBotao1);
   EXPECT_EQ(form.Campo[4].Text, "77") << "a policy leaves the figures alone";
-}
-
-TEST_F(ViaturasTabsTest, EachEditButtonOpensTheEventShownOrANewOne) {
-  AddEvents();
-  struct Opened : Ficha {
-    Row& seen;
-    explicit Opened(Row& s) : seen(s) {}
-    void Definir(std::string_view membro, const platform::Variant& valor) override {
-      seen.push_back(std::string(membro) + "=" + valor.ToText());
-    }
-    void Chamar(std::string_view rotina, const platform::Variant& valor) override {
-      seen.push_back(std::string(rotina) + " " + valor.ToText());
-    }
-  };
-  Row seen;
-  for (const SeparadorDeEventos& tab : SeparadoresDeEventos()) {
-    SCOPED_TRACE(tab.ficha);
-    ASSERT_TRUE(FormCatalog::Shared().Has(tab.ficha));
-    FormCatalog::Shared().Register(tab.ficha, [&seen] { return std::make_unique<Opened>(seen); });
-    for (const char* id : {"1", "0"}) {
-      Show(tab.indice);
-      if (*id == '0') form.UserSelectsRow(form.*tab.grelha, 7);
-      seen.clear();
-      host.NextForm([](platform::Form&) {});
-      Press(form.*tab.editar);
-      EXPECT_EQ(seen, (Row{"TipoMostrar=1", std::string("Matricula=") + kPlate, std::string("Seg_Id=") + id,
-                           std::string(tab.carrega) + " " + id}));
-      EXPECT_EQ(form.SSTab1.Tab, tab.indice);
-    }
-  }
-  Sistema putsBack;
-}
-
-TEST_F(ViaturasTabsTest, EachTabHasItsOwnArchive) {
-  const int classes[] = {300, 304, 307, 302, 301, 305, 306, 308, 303};
-  const int tabs[] = {kDUC,       kApolices, kLeasing,    kInspeccao, kRevisoes,
-                      kSinistros, kMultas,   kAcessorios, kGastos};
-  Sql("INSERT INTO zor_ArquivoDigital (zor_ArquivoDigital_Entidade) VALUES ('12-AB-34')");
-  for (int i = 0; i < 9; ++i) {
-    Sql("UPDATE zor_ArquivoDigital SET zor_ArquivoDigital_TipoEntidade=" + std::to_string(classes[i]));
-    Show(tabs[i]);
-    host.NextForm([&](platform::Form& arquivo) {
-      EXPECT_EQ(dynamic_cast<platform::SGGrid*>(arquivo.layout.head.grid)->RowCount(), 1) << i;
-    });
-    Press(form.btArquivo[i]);
-    Press(form.botoes.btCancelar);
-  }
-  form.UserSelectsTab(form.SSTab1, kDUC);
-  Press(form.btArquivo[0]);  // without a plate nothing opens
 }
 
 TEST_F(ViaturasTabsTest, WhatStandsOnAHiddenTabTakesNoFocus) {

@@ -71,23 +71,6 @@ TEST_F(ViaturasTest, WalksByPlateAlone) {
   EXPECT_EQ(walk + viatura.Matricula, "ABCBACA");
 }
 
-TEST_F(ViaturasTest, GoesWithEverythingThatHangsOnIt) {
-  AddVehicle(bd, "A");
-  AddVehicle(bd, "B");
-  AddExpenseTypes(bd);
-  for (const char* plate : {"A", "B"})
-    AddExpense(bd, plate, Date::FromParts(2024, 1, 1), "GASOLEO", "1", "2", 3);
-  bd->statements.clear();
-  viatura.Matricula = "A";
-  EXPECT_TRUE(viatura.Anular());
-  std::vector<std::string> expected;
-  for (const char* table :
-       {"Viaturas", "Acessorios", "Seguros", "Multas", "Sinistros", "Revisoes", "Gastos", "Inspecoes"})
-    expected.push_back("Delete  From zor_PV_" + std::string(table) + "  WHERE (Matricula ='A' )");
-  EXPECT_EQ(bd->statements, expected);
-  EXPECT_EQ(Rows(bd, "SELECT Matricula FROM zor_PV_Gastos"), (Table{{"B"}}));
-}
-
 TEST_F(ViaturasTest, ThePickerLeavesOutWhatDoesNotResolve) {
   AddVehicle(bd, "A");  // its model code is empty
   host.NextLookup("");
