@@ -127,16 +127,6 @@ TEST_F(MotoristasFormTest, AMoveSavesWhoIsLeft) {
   EXPECT_FALSE(form.ComparaValores());
 }
 
-TEST_F(MotoristasFormTest, ARemovalClearsTheScreenOnBothAnswers) {
-  for (const auto& [answer, last] : {std::pair{platform::kCancel, "Zé"}, {platform::kOk, "Ana"}}) {
-    GoTo("2");
-    host.ExpectBox("Vai proceder à anulação do Motorista!\n\rPretende continuar?", answer);
-    Press(form.botoes.btAnular);
-    EXPECT_EQ(form.Campo[0].Text, "");
-    EXPECT_EQ(Names().back()[1], last);
-  }
-}
-
 TEST_F(MotoristasFormTest, LicenceClassesAreTypedPickedAndTakenAway) {
   GoTo("1");
   form.UserSelectsTab(form.SSTab1, 1);
@@ -210,29 +200,6 @@ TEST_F(MotoristasFormTest, ThePostalCodePicksADriverAllTheSameAndNoFileLeavesThe
   }
   EXPECT_EQ(form.ShowImg1.Revision(), shown);
   EXPECT_EQ(host.dialogs.back().text, "Ficheiros Jpg (*.jpg; )|*.jpg");
-}
-
-TEST_F(MotoristasFormTest, TheListLocksTheCodeAndRemovesWithoutAsking) {
-  GridWindow window;
-  VwLstMotoristas list;
-  list.mybd = bd;
-  window.Start(list);
-  EXPECT_EQ(window.Headings(), "Código|Nome|");
-  EXPECT_EQ(window.Row(1), "2|Zé|");
-  GridRow row = window.grid.RowAt(1);
-  host.NextForm([](platform::Form& shown) {
-    auto& ficha = dynamic_cast<Motoristas&>(shown);
-    EXPECT_EQ(ficha.Campo[1].Text, "Zé");
-    EXPECT_FALSE(ficha.Campo[0].Enabled);
-    EXPECT_EQ(ficha.ActiveControl(), &ficha.Campo[1]);
-    Press(ficha.botoes.btConf);
-    EXPECT_TRUE(ficha.Campo[0].Enabled) << "after a save the ficha is free for the next driver";
-  });
-  list.ICrmVwList_Editar(&row);
-  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta) VALUES ('2', 1)");
-  list.ICrmVwList_Remover(&row);
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 1);
-  EXPECT_TRUE(Classes().empty());
 }
 
 }  // namespace

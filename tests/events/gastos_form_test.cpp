@@ -166,21 +166,27 @@ TEST_F(GastosTest, SavesAndRemovalsSumDifferently) {
                                             "consumption comes from the last first fill";
 }
 
-TEST_F(GastosTest, ArrowsWalkAndAskAboutChanges) {
-  for (int day : {1, 2, 3})
-    AddExpense(bd, "12-AB-34", Date::FromParts(2024, 1, day), "GASOLEO", "1", "2", day);
-  form.Load();
-  form.Carrega(1);
-  Press(form.botoes.btNavega[2]);
-  Type(form.Campo[3], "nota");
-  host.ExpectBox("A informação relativa à Ficha foi alterada.\n\rPretende gravar?", platform::kOk);
-  Press(form.botoes.btNavega[3]);
-  EXPECT_EQ(form.Seg_Id, 3);
-  EXPECT_EQ(Rows(bd, "SELECT Obs FROM zor_PV_Gastos WHERE Gst_Id=2"), (Table{{"nota"}}));
-  host.ExpectBox("Vai proceder à anulação do Gasto!\n\rPretende continuar?", platform::kCancel);
-  Press(form.botoes.btAnular);
-  EXPECT_EQ(form.Campo[8].Text, "") << "cancelling a removal empties the screen all the same";
-  EXPECT_EQ(Expenses().size(), 3U);
+TEST_F(GastosTest, AnExpenseIsEnteredByTheKeyboardAlone) {
+  OpenForVehicle("12-AB-34");
+  EXPECT_EQ(form.Titulo[8].Caption, "Renault");
+  form.UserKey(platform::kKeyEscape);  // from the trip to the driver
+  Type(form.Campo[2], "um texto comprido demais");
+  host.NextForm([](platform::Form& driver) {
+    EXPECT_EQ(dynamic_cast<platform::zor_input&>(*driver.ActiveControl()).Text, "");
+    EXPECT_NE(driver.Notice().find("mais de 10 caracteres"), std::string::npos) << driver.Notice();
+  });
+  form.UserKey(platform::kKeyF4);
+  form.UserKey(platform::kKeyEscape);
+  for (const char* text : {"GASOLEO", "1", "", "40", "1,659", "66,36", "10500", "cheio"})
+    Enter(form.Campo[form.ActiveControl()->Index()], text);
+  form.UserKey(platform::kKeyEnter);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]);
+  EXPECT_EQ(form.Campo[0].Text, "12-AB-34");
+  form.UserGoesTo(form.Campo[3]);
+  form.UserKey(platform::kKeyF3);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[3]) << "the list of vehicles is out of reach";
+  EXPECT_EQ(Rows(bd, "SELECT Matricula, TipoGasto, Qtd, Custo, Km, Obs FROM zor_PV_Gastos"),
+            (Table{{"12-AB-34", "GASOLEO", "40", "66,36", "10500", "cheio"}}));
 }
 
 }  // namespace

@@ -105,27 +105,6 @@ TEST_F(SegurosTest, ARenewalCanBeDroppedOrCarriedOverAMoveOrBeginOnABlankFicha) 
   EXPECT_EQ(Policies()[0][4] + Policies()[1][4], "10");
 }
 
-TEST_F(SegurosTest, ARemovalClosesAFichaOpenedOnItsOwn) {
-  Add(0, Date::FromParts(2024, 5, 1));
-  form.Carrega(1);
-  host.ExpectBox(kRemoval, platform::kCancel);
-  Press(form.botoes.btAnular);
-  EXPECT_TRUE(form.IsClosed()) << "also after Cancel";
-  EXPECT_EQ(Policies().size(), 1U);
-
-  Seguros fromVehicle;
-  fromVehicle.mybd = bd;
-  fromVehicle.TipoMostrar = 1;
-  fromVehicle.Matricula = "12-AB-34";
-  fromVehicle.Load();
-  fromVehicle.Carrega(1);
-  host.ExpectBox(kRemoval, platform::kOk);
-  Press(fromVehicle.botoes.btAnular);
-  EXPECT_FALSE(fromVehicle.IsClosed());
-  EXPECT_EQ(fromVehicle.ActiveControl(), &fromVehicle.Campo[1]);
-  EXPECT_TRUE(Policies().empty());
-}
-
 TEST_F(SegurosTest, TheListReadPutsOpenPoliciesFirst) {
   Add(0, Date::FromParts(2024, 1, 1), 1);
   Add(0, Date::FromParts(2024, 5, 1));

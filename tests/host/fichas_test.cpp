@@ -1,23 +1,17 @@
 // What holds for every ficha that the catalogue knows.
 #include <algorithm>
 #include <cctype>
-#include <functional>
 #include <map>
 #include <memory>
 
 #include "events/event_form.h"
-#include "events/gastos.h"
-#include "events/incidents.h"
-#include "events/seguros.h"
-#include "events/upkeep.h"
 #include "host/form_catalog.h"
 #include "host/sistema.h"
-#include "masterdata/tipos_gastos.h"
-#include "platform/files.h"
 #include "support/database_test.h"
 #include "support/grid_window.h"
+#include "support/sample_fleet.h"
 #include "support/screen.h"
-#include "support/temporary_folder.h"
+#include "support/writing_host.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -35,60 +29,15 @@ std::vector<std::string> All() {
   return names;
 }
 
-/// Answers whatever is asked, so that a form goes on.
-class EasyHost : public ScriptedHost {
- public:
-  int MsgBox(const std::string&, int, const std::string&) override { return platform::kOk; }
-  std::string ShowLookup(platform::ListaPesquisa& list) override {
-    const auto& rows = list.Linhas();
-    return rows->Eof() ? "" : rows->Fields(0).Value().ToText();
-  }
-  void ShowReport(platform::MapaListagem&) override {}
-  std::optional<std::string> OpenFile(const platform::FileDialog&) override { return file; }
-  void ShowModal(platform::Form& form, platform::Form*) override { form.UserCloses(); }
-
-  std::string file;
-};
-
-/// A fleet with three records of each kind.
+/// The sample fleet, and a host that goes on whatever is asked.
 class FichasTest : public testing::Test {
  protected:
-  FichasTest() {
-    host.temporaryFolder = folder.File("");
-    host.file = folder.File("x.jpg");
-    platform::WriteFile(host.file, "imagem");
-    NewFleet();
-  }
+  FichasTest() { NewFleet(); }
 
-  template <typename Event>
-  void Add(int n) {
-    EventOf<Event> event(bd, "A");
-    event.Data = platform::Date::FromParts(2024, 1, n);
-    event.Obs = "nota " + std::to_string(n);
-    event.Escrever();
-  }
   void NewFleet() {
     bd = MemoryDatabase();
-    for (const int n : {1, 2, 3}) {
-      const std::string code = Code(n);
-      AddVehicle(bd, code, 10 * n);
-      AddDriver(bd, code, "Nome " + code);
-      AddCode<clTiposGastos>(bd, code, "Nome " + code);
-      for (const char* table : {"Categorias", "Modelos", "TiposManut", "TiposAcessorios", "Companhias",
-                                "TiposSeguro", "Viagens", "Marcas", "Departamentos"})
-        bd->ExecutarSql("", {"INSERT INTO zor_PV_", fixed(table), " (Codigo, Nome) VALUES ('", value(code),
-                             "', 'Nome ", value(code), "')"});
-      Add<clGastos>(n);
-      Add<clSeguros>(n);
-      Add<clRevisoes>(n);
-      Add<clInspecoes>(n);
-      Add<clMultas>(n);
-      Add<clSinistros>(n);
-      Add<clAcessorios>(n);
-    }
-    bd->ExecutarSql("", "Delete zor_PV_Marcas WHERE Codigo='REN'");
+    AddSampleFleet(bd);
   }
-  static std::string Code(int n) { return {1, "ABC"[n - 1]}; }
   std::unique_ptr<Ficha> New(const std::string& name) const {
     auto form = FormCatalog::Shared().Make(name);
     form->mybd = bd;
@@ -101,12 +50,11 @@ class FichasTest : public testing::Test {
     if (auto* event = dynamic_cast<EventForm*>(form.get()))
       event->Carrega(n);
     else
-      form->Chamar(name == "Viaturas" ? "CarregaViatura" : "CarregaFicha", Code(n));
+      form->Chamar(name == "Viaturas" ? "CarregaViatura" : "CarregaFicha", std::string(1, "ABC"[n - 1]));
     return form;
   }
 
-  const TemporaryFolder folder;
-  EasyHost host;
+  WritingHost host;
   Sistema sistema;
   DataAccessRef bd;
 };
@@ -243,33 +191,22 @@ TEST_F(FichasTest, WhatAFichaDoesNotHaveIsRefused) {
   }
 }
 
-TEST_F(FichasTest, AListIsReadAgainAfterItsVerbsAndNoRowIsNoRecord) {
+TEST_F(FichasTest, NoRowOfAListIsNoRecord) {
   for (const std::string& key : Sistema::ChavesDasListas()) {
     SCOPED_TRACE(key);
-    NewFleet();
     sistema.ICrmSistema_ZorDataAccess = bd;
-    if (key.rfind("Alertas", 0) == 0) continue;  // their rows have verbs of their own
     const auto list = sistema.MostraListas(key);
     GridWindow window;
     window.Start(*list);
     GridRow group(window.grid, 0, true);
-    RecordsetRef before = window.grid.DataSource();
+    const RecordsetRef before = window.grid.DataSource();
     for (GridRow* row : {static_cast<GridRow*>(nullptr), &group}) {
       list->ICrmVwList_Editar(row);
       list->ICrmVwList_Remover(row);
     }
     EXPECT_TRUE(window.grid.DataSource() == before);
-    if (key == "Tacografos" || key == "TacMot" || key == "Selo") continue;
-    GridRow first = window.grid.RowAt(0);
-    for (const auto& verb : {std::function<void()>([&] { list->ICrmVwList_Novo(); }),
-                             {[&] { list->ICrmVwList_Editar(&first); }},
-                             {[&] { list->ICrmVwList_Remover(&first); }}}) {
-      before = window.grid.DataSource();
-      verb();
-      EXPECT_FALSE(window.grid.DataSource() == before);
-    }
-    EXPECT_EQ(list->ICrmVwList_NumeroItens(), 2);
   }
+  EXPECT_EQ(host.log, "");
 }
 
 TEST_F(FichasTest, EachActUsesTheDatabaseThatTheFichaHoldsThen) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/errors.h"
+#include "support/scripted_host.h"
 
 namespace platform {
 namespace {
@@ -276,6 +277,17 @@ TEST(Form, EachActTellsItsControlAndThenDeliversTheKeysThatWereSent) {
             5);
   EXPECT_TRUE(form.date.Value.ToDate() == day && form.month.Value == day);
   EXPECT_EQ(form.grid.CellText(1, 0), "x");
+}
+
+TEST(Form, IsLoadedBeforeAHostShowsIt) {
+  testing_support::ScriptedHost host;
+  Probe form;
+  host.NextForm([&](Form& shown) {
+    EXPECT_TRUE(shown.IsLoaded());
+    EXPECT_EQ(shown.ActiveControl(), &form.a);
+  });
+  form.ShowModal();
+  EXPECT_TRUE(form.IsClosed());
 }
 
 }  // namespace

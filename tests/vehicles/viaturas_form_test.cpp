@@ -243,24 +243,6 @@ TEST_F(ViaturasFormTest, ARemovalWarnsOfEachKindOfEvent) {
   EXPECT_TRUE(Rows(bd, "SELECT Id FROM zor_PV_Multas").empty());
 }
 
-TEST_F(ViaturasFormTest, OpenedForOneVehicleThePlateIsFixedUntilASave) {
-  AddVehicle(bd, kPlate);
-  OpenLocked(kPlate);
-  EXPECT_FALSE(form.Campo[0].Enabled || form.btLista[0].Enabled);
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[1]) << "the first field that is open";
-  Press(form.botoes.btCancelar);
-  EXPECT_FALSE(form.Campo[0].Enabled);
-  EXPECT_EQ(form.Campo[0].Text, "");
-  form.CarregaViatura(kPlate);
-  Press(form.botoes.btConf);
-  EXPECT_FALSE(form.Edicao);
-  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
-  form.Definir("Edicao", true);
-  form.Chamar("CarregaViatura", kPlate);
-  EXPECT_FALSE(form.Campo[0].Enabled);
-  EXPECT_THROW(form.Chamar("CarregaFicha", kPlate), platform::RuntimeError);
-}
-
 TEST_F(ViaturasFormTest, ThePhotoIsKeptAtOnceAndGoesWithoutAQuestion) {
   const TemporaryFolder folder;
   host.temporaryFolder = folder.File("");

@@ -22,23 +22,6 @@ class ViaturasListTest : public DatabaseTest {
   VwLstViaturas list;
 };
 
-TEST_F(ViaturasListTest, OpensAVehicleWithItsPlateFixedAndANewOneFree) {
-  GridRow row = window.grid.RowAt(1);
-  host.NextForm([&](platform::Form& form) {
-    auto& ficha = dynamic_cast<Viaturas&>(form);
-    EXPECT_EQ(ficha.Campo[0].Text, "B");
-    EXPECT_FALSE(ficha.Campo[0].Enabled);
-  });
-  list.ICrmVwList_Editar(&row);
-  host.NextForm([&](platform::Form& form) {
-    auto& ficha = dynamic_cast<Viaturas&>(form);
-    Type(ficha.Campo[0], "C");
-    Press(ficha.botoes.btConf);
-  });
-  list.ICrmVwList_Novo();
-  EXPECT_EQ(list.ICrmVwList_NumeroItens(), 3) << "the list has been read again";
-}
-
 TEST_F(ViaturasListTest, RemovesWithoutAQuestionUnlessThereAreEvents) {
   GridRow row = window.grid.RowAt(0);
   list.ICrmVwList_Remover(&row);
