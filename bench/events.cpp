@@ -16,7 +16,7 @@
 #include "drivers/motoristas.h"
 #include "embedded/database.h"
 #include "embedded/storage/functions.h"
-#include "events/revisoes_form.h"
+#include "events/upkeep_form.h"
 #include "host/list_view.h"
 #include "host/sistema.h"
 #include "quiet_host.h"

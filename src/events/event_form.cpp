@@ -22,7 +22,7 @@ void EventForm::Definir(std::string_view membro, const Variant& valor) {
 }
 
 void EventForm::Chamar(std::string_view rotina, const Variant& argumento) {
-  if (rotina != RotinaCarrega()) return Ficha::Chamar(rotina, argumento);
+  if (rotina != tipo_.textos.carrega) return Ficha::Chamar(rotina, argumento);
   Carrega(argumento.ToLong());
 }
 
@@ -45,7 +45,10 @@ void EventForm::FixarMatricula() {
   if (ActiveControl() == &Campo[0]) PrimeiroCampo().SetFocus();
 }
 
-void EventForm::GuardarDaViatura(const clViaturas&) {}
+platform::Control& EventForm::PrimeiroCampo() {
+  if (tipo_.comecaNaData) return DTPicker1;
+  return Campo[1];
+}
 
 void EventForm::MostrarViatura() {
   clViaturas viatura;
@@ -62,25 +65,29 @@ void EventForm::LerFicha() {
   Campo[0].Enabled = true;
   DTPicker1.Value = NoFormatoDaData(entidade_->Data);
   MostrarCampos();
-  for (const Referencia& referencia : referencias_) MostrarReferencia(referencia);
+  for (const Referencia& referencia : Referencias()) MostrarReferencia(referencia);
 }
 
 void EventForm::MostrarMarca(const std::string& codigo) {
   clMarcas marca;
   marca.bd = mybd;
   marca.Codigo = codigo;
-  Titulo[textos_.tituloMarca].Caption = marca.Ler() ? marca.Descrição : "";
+  Titulo[tipo_.tituloMarca].Caption = marca.Ler() ? marca.Descrição : "";
 }
 
-void EventForm::MostrarReferencia(const Referencia& referencia) {
-  const auto tabela = referencia.nova();
-  tabela->bd = mybd;
-  tabela->Codigo = Campo[referencia.campo].Text;
-  Titulo[referencia.titulo].Caption = tabela->Ler() ? tabela->Descrição : "";
-  ReferenciaLida(referencia, *tabela, false);
+void EventForm::MostrarCampos() {
+  for (const CampoDoEvento& campo : campos_) {
+    if (campo.texto != nullptr) Campo[campo.indice].Text = *campo.texto;
+    if (campo.numero != nullptr) Campo[campo.indice].Text = campo.numero->ToText();
+  }
 }
 
-void EventForm::ReferenciaLida(const Referencia&, CodeTable&, bool) {}
+void EventForm::LevarCampos() {
+  for (const CampoDoEvento& campo : campos_) {
+    if (campo.texto != nullptr) *campo.texto = Campo[campo.indice].Text;
+    if (campo.numero != nullptr) *campo.numero = Tools::TextoParaMoeda(Campo[campo.indice]);
+  }
+}
 
 void EventForm::Limparform() {
   Campo.Each([](zor_input& campo) {
@@ -88,12 +95,12 @@ void EventForm::Limparform() {
   });
   Titulo.Each([](platform::Label& titulo) { titulo.Caption.clear(); });
   DTPicker1.Value = DataDoDia();
-  if (TipoMostrar == 1) btLista[textos_.listaViaturas].Enabled = false;
+  if (TipoMostrar == 1) btLista[tipo_.listaViaturas].Enabled = false;
   Alterado = false;
 }
 
 platform::Date EventForm::NoFormatoDaData(platform::Date data) const {
-  return platform::Date::Parse(platform::FormatDate(data, textos_.formatoData));
+  return platform::Date::Parse(platform::FormatDate(data, tipo_.formatoData));
 }
 
 platform::Date EventForm::DataDoDia() const { return NoFormatoDaData(platform::Now()); }
@@ -103,8 +110,8 @@ void EventForm::LimparParaOMesmoVeiculo() {
   Campo[1].SetFocus();
 }
 
-bool EventForm::Continuar(const char* primeira, const char* segunda) {
-  return Tools::Mensagem("", Tools::DuasFrases(primeira, segunda), Tools::kOkCancelar) != platform::kCancel;
+void EventForm::DepoisDeGravar() {
+  if (TipoMostrar == 1) LimparParaOMesmoVeiculo();
 }
 
 void EventForm::Recomecar() {
@@ -121,10 +128,8 @@ void EventForm::Gravar() {
   LevarCampos();
   entidade_->Id = Seg_Id;
   entidade_->bd = mybd;
-  if (entidade_->Escrever())
-    DepoisDeGravar();
-  else
-    Campo[1].SetFocus();
+  entidade_->Escrever();
+  DepoisDeGravar();
 }
 
 void EventForm::Anular(std::int32_t id, const std::string& matricula) {

@@ -7,45 +7,54 @@
 
 namespace zorCrmParvel {
 
-using platform::PushButton;
 using platform::zor_input;
 
-EventForm::EventForm(const TextosDoEvento& textos, std::unique_ptr<EventEntity> entidade,
-                     std::vector<Referencia> referencias)
-    : DTPicker1(*this, "DTPicker1"),
+EventForm::EventForm(const FichaDeEvento& tipo, std::unique_ptr<EventEntity> entidade)
+    : RecordForm(tipo.referencias),
+      DTPicker1(*this, "DTPicker1"),
       btArquivo(*this, "btArquivo"),
       botoes(*this),
-      textos_(textos),
-      entidade_(std::move(entidade)),
-      referencias_(std::move(referencias)) {
-  Name = textos.nome;
-  Caption = textos.legenda;
-  const auto lista = [this](int indice, const char* dica) {
-    PushButton& button = btLista.Add(*this, "btLista", indice);
-    button.Caption = "…";
-    button.ToolTipText = dica;
-    button.TabStop = false;
-    button.Click = [this, indice] { btLista_Click(indice); };
-  };
-  lista(0, textos.dicaLista);
-  lista(textos.listaViaturas, "Lista de Viaturas.");
-  Titulo.Add(*this, "Titulo", textos.tituloMarca);
-  for (const Referencia& referencia : referencias_) {
-    lista(referencia.lista, referencia.dicaLista);
+      tipo_(tipo),
+      entidade_(std::move(entidade)) {
+  Name = tipo.textos.nome;
+  Caption = tipo.textos.legenda;
+  NovaLista(0, tipo.textos.dicaLista).Caption = "&Lista";
+  NovaLista(tipo.listaViaturas, "Lista de Viaturas.");
+  Titulo.Add(*this, "Titulo", tipo.tituloMarca);
+  for (const Referencia& referencia : tipo.referencias) {
+    NovaLista(referencia.lista, referencia.dicaLista);
     Titulo.Add(*this, "Titulo", referencia.titulo);
   }
-  btLista[0].Caption = "&Lista";
   btArquivo.Caption = "Ar&quivo";
   btArquivo.ToolTipText = "Arquivo digital.";
   btArquivo.TabStop = false;
+  btArquivo.Click = [this] { AbrirArquivo(Campo[0].Text, tipo_.classeArquivo); };
   botoes.Dispor(layout);
+  LigarBotoes(botoes);
   layout.tools = {&btLista[0], &btArquivo};
-  LigarEventos();
+}
+
+void EventForm::LinhaDaMatricula() { Linha({{kMatricula, "Matrícula", "Matrícula da Viatura.", 10}}); }
+
+CampoDoEvento EventForm::Texto(int indice, const char* legenda, const char* dica, int maxlength,
+                               std::string& propriedade) {
+  return {indice, legenda, dica, maxlength, &propriedade};
+}
+
+CampoDoEvento EventForm::Numero(int indice, const char* legenda, const char* dica,
+                                platform::Currency& propriedade, const char* mascara) {
+  return {indice, legenda, dica, 10, nullptr, &propriedade, zor_input::kNumero, mascara};
+}
+
+CampoDoEvento EventForm::Inteiro(int indice, const char* legenda, const char* dica,
+                                 platform::Currency& propriedade) {
+  return {indice, legenda, dica, 10, nullptr, &propriedade, zor_input::kInteiro, "###,##0"};
 }
 
 void EventForm::Linha(const std::vector<CampoDoEvento>& campos) {
   platform::LayoutRow linha;
   for (const CampoDoEvento& c : campos) {
+    campos_.push_back(c);
     zor_input& campo = Campo.Add(*this, "Campo", c.indice);
     TabBefore(campo, botoes.btConf);
     Legenda.Add(*this, "Legenda", c.indice).Caption = c.legenda;
@@ -55,9 +64,9 @@ void EventForm::Linha(const std::vector<CampoDoEvento>& campos) {
     campo.formato = c.mascara;
     LigarCampo(campo);
     platform::LayoutField lugar{.caption = &Legenda[c.indice], .field = &campo};
-    if (c.indice == 0) {
-      lugar.list = &btLista[textos_.listaViaturas];
-      lugar.description = &Titulo[textos_.tituloMarca];
+    if (c.indice == kMatricula) {
+      lugar.list = &btLista[tipo_.listaViaturas];
+      lugar.description = &Titulo[tipo_.tituloMarca];
     } else if (const Referencia* referencia = ReferenciaDoCampo(c.indice)) {
       lugar.list = &btLista[referencia->lista];
       lugar.description = &Titulo[referencia->titulo];
@@ -68,7 +77,7 @@ void EventForm::Linha(const std::vector<CampoDoEvento>& campos) {
 }
 
 void EventForm::LinhaDaData(platform::DTPicker& data, const char* legenda, const char* dica) {
-  data.CustomFormat = textos_.formatoData;
+  data.CustomFormat = tipo_.formatoData;
   data.ToolTipText = dica;
   data.Change = [this] { Alterado = true; };
   LinhaDeControlo(data, legenda);
@@ -93,17 +102,6 @@ void EventForm::LigarCampo(zor_input& campo) {
     entidade_->bd = mybd;
     entidade_->MostraMapa();
   };
-}
-
-void EventForm::LigarEventos() {
-  btArquivo.Click = [this] { btArquivo_Click(); };
-  botoes.btConf.Click = [this] { btConf_Click(); };
-  botoes.btCancelar.Click = [this] { Recomecar(); };
-  botoes.btAnular.Click = [this] { btAnular_Click(); };
-  botoes.btSair.Click = [this] { Unload(); };
-  botoes.btNavega.Each([this](PushButton& button) {
-    button.Click = [this, indice = button.Index()] { btNavega_Click(indice); };
-  });
 }
 
 }  // namespace zorCrmParvel

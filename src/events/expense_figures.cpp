@@ -44,16 +44,24 @@ void ResumoDeGastos::Ler(const DataAccessRef& bd, const std::string& Matricula) 
   UmaLeitura = abastecimentos == 1;
 }
 
-Currency ResumoDeGastos::Consumo(Currency kmInicial, Currency qtdInicial) const {
-  return Tools::ConsumoMedio((TotalQtd - QtdPrimeira) + qtdInicial, KmMax - kmInicial);
+void ResumoDeGastos::ActualizaAposGravar(const DataAccessRef& bd, const std::string& Matricula,
+                                         const Inicio& inicio, Currency outrosCustos) const {
+  ActualizaViatura(bd, Matricula, inicio, TotalCustoComb - CustoPrimeiro,
+                   TotalCustoComb + TotalCustoOutros + outrosCustos);
 }
 
-Currency ResumoDeGastos::CustoPorKm(Currency custo, Currency kmInicial) const {
-  return Tools::CustoPorKm(custo, KmMax - kmInicial);
+void ResumoDeGastos::ActualizaAposAnular(const DataAccessRef& bd, const std::string& Matricula,
+                                         const Inicio& inicio) const {
+  const Currency acessorios = Tools::SomaCustoAcessorios(bd, Matricula);
+  ActualizaViatura(bd, Matricula, inicio, TotalCustoComb,
+                   TotalCustoComb + TotalCustoOutros + acessorios + acessorios);
 }
 
-void ResumoDeGastos::ActualizaViatura(const DataAccessRef& bd, const std::string& Matricula, Currency consumo,
-                                      Currency custoKm, Currency total) const {
+void ResumoDeGastos::ActualizaViatura(const DataAccessRef& bd, const std::string& Matricula,
+                                      const Inicio& inicio, Currency custoComb, Currency total) const {
+  const Currency km = KmMax - inicio.Km;
+  const Currency consumo = Tools::ConsumoMedio((TotalQtd - QtdPrimeira) + inicio.Qtd, km);
+  const Currency custoKm = Tools::CustoPorKm(custoComb, km);
   clViaturas viatura;
   viatura.bd = bd;
   viatura.Matricula = Matricula;
@@ -66,6 +74,10 @@ void ResumoDeGastos::ActualizaViatura(const DataAccessRef& bd, const std::string
   viatura.Escrever();
 }
 
+Currency OutrosCustos(const DataAccessRef& bd, const std::string& Matricula) {
+  return Tools::SomaCustoAcessorios(bd, Matricula) + Tools::SomaCustoInspecoes(bd, Matricula);
+}
+
 void RecalcularViatura(const DataAccessRef& bd, const std::string& Matricula) {
   clViaturas viatura;
   viatura.bd = bd;
@@ -73,26 +85,8 @@ void RecalcularViatura(const DataAccessRef& bd, const std::string& Matricula) {
   viatura.Ler();
   ResumoDeGastos resumo;
   resumo.Ler(bd, Matricula);
-  resumo.ActualizaViatura(bd, Matricula, resumo.Consumo(viatura.KmInicial, viatura.QtdInicial),
-                          resumo.CustoPorKm(resumo.TotalCustoComb - resumo.CustoPrimeiro, viatura.KmInicial),
-                          resumo.TotalCustoComb + resumo.TotalCustoOutros +
-                              Tools::SomaCustoAcessorios(bd, Matricula) +
-                              Tools::SomaCustoInspecoes(bd, Matricula));
+  resumo.ActualizaAposGravar(bd, Matricula, {.Km = viatura.KmInicial, .Qtd = viatura.QtdInicial},
+                             OutrosCustos(bd, Matricula));
 }
 
-namespace RegrasDeGastos {
-
-const char* Quantidade(bool combustivel, Currency quantidade) {
-  return combustivel && quantidade <= 0 ? "O Tipo de Gasto exige quantidade superior a zero!" : nullptr;
-}
-
-const char* Custo(Currency custo) { return custo <= 0 ? "Deve ser superior zero!" : nullptr; }
-
-const char* Km(bool combustivel, Currency km, Currency anterior) {
-  if (!combustivel) return nullptr;
-  if (km <= 0) return "O tipo de Gasto exige quilometragem superior a zero!";
-  return km < anterior ? "Existe uma quilometragem superior para esta viatura em Gasto anterior." : nullptr;
-}
-
-}  // namespace RegrasDeGastos
 }  // namespace zorCrmParvel

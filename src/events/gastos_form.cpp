@@ -1,7 +1,7 @@
 #include "events/gastos_form.h"
 
 #include "drivers/motoristas.h"
-#include "events/cost_sums.h"
+#include "events/expense_rules.h"
 #include "host/tools.h"
 #include "masterdata/tipos_gastos.h"
 #include "platform/runtime_error.h"
@@ -13,93 +13,70 @@ namespace {
 using platform::Currency;
 using platform::zor_input;
 
-enum Indice : int { kMatricula, kViagem, kMotorista, kObs, kTipoGasto, kQtd, kCusto, kValorUn, kKm };
+enum Indice : int { kViagem = 1, kMotorista, kObs, kTipoGasto, kQtd, kCusto, kValorUn, kKm };
 
-const TextosDoEvento kTextos{
-    .nome = "Gastos",
-    .legenda = "Gastos",
-    .perguntaAnular = "Vai proceder à anulação do Gasto!",
-    .dicaLista = "Lista de Gastos.",
+const FichaDeEvento kGastos{
+    .textos = {.nome = "Gastos",
+               .legenda = "Gastos",
+               .carrega = "CarregaGasto",
+               .perguntaAnular = "Vai proceder à anulação do Gasto!",
+               .dicaLista = "Lista de Gastos."},
     .classeArquivo = 303,
     .listaViaturas = 3,
     .tituloMarca = 8,
     .formatoData = "dd-mm-yyyy hh:mm",
     .adopcao = Adopcao::kLogo,
+    .regrasComTecla = true,
+    .referencias = {{.campo = kViagem,
+                     .lista = 1,
+                     .titulo = 7,
+                     .dicaLista = "Lista de Viagens.",
+                     .ficha = "Viagens",
+                     .nova = &NovaEntidade<clViagens>,
+                     .inexistente = RegrasDeGastos::kViagemInexistente,
+                     .opcional = true},
+                    {.campo = kMotorista,
+                     .lista = 2,
+                     .titulo = 14,
+                     .dicaLista = "Lista de Motoristas.",
+                     .ficha = "Motoristas",
+                     .nova = &NovaEntidade<clMotoristas>,
+                     .inexistente = RegrasDeGastos::kMotoristaInexistente},
+                    {.campo = kTipoGasto,
+                     .lista = 4,
+                     .titulo = 12,
+                     .dicaLista = "Lista de Tipos de Gastos.",
+                     .ficha = "TiposGastos",
+                     .nova = &NovaEntidade<clTiposGastos>,
+                     .inexistente = RegrasDeGastos::kTipoInexistente}},
 };
-
-std::vector<Referencia> Referencias() {
-  return {{.campo = kViagem,
-           .lista = 1,
-           .titulo = 7,
-           .dicaLista = "Lista de Viagens.",
-           .ficha = "Viagens",
-           .nova = &NovaEntidade<clViagens>,
-           .inexistente = RegrasDeGastos::kViagemInexistente,
-           .opcional = true},
-          {.campo = kMotorista,
-           .lista = 2,
-           .titulo = 14,
-           .dicaLista = "Lista de Motoristas.",
-           .ficha = "Motoristas",
-           .nova = &NovaEntidade<clMotoristas>,
-           .inexistente = RegrasDeGastos::kMotoristaInexistente},
-          {.campo = kTipoGasto,
-           .lista = 4,
-           .titulo = 12,
-           .dicaLista = "Lista de Tipos de Gastos.",
-           .ficha = "TiposGastos",
-           .nova = &NovaEntidade<clTiposGastos>,
-           .inexistente = RegrasDeGastos::kTipoInexistente}};
-}
 
 }  // namespace
 
-Gastos::Gastos() : EventForm(kTextos, std::make_unique<clGastos>(), Referencias()) {
-  Linha({{kMatricula, "Matrícula", "Matrícula da Viatura.", 10}});
+Gastos::Gastos() : EventForm(kGastos, std::make_unique<clGastos>()) {
+  auto& gasto = static_cast<clGastos&>(entidade());
+  LinhaDaMatricula();
   LinhaDaData(DTPicker1, "Data", "Data da aquisicão.");
-  Linha({{kTipoGasto, "Tipo Gasto", "Tipo de Gasto.", 25}});
-  Linha({{kMotorista, "Motorista", "Motorista.", 25}});
-  Linha({{kViagem, "Viagem", "Viagem.", 50}});
-  Linha({{kQtd, "Qtd.", "Quantidade.", 10, zor_input::kNumero, "###,###.#0"},
-         {kValorUn, "Valor Un.", "Valor Unitário.", 10, zor_input::kNumero, "###,###.##0"}});
-  Linha({{kCusto, "Custo Total", "Custo Total.", 10, zor_input::kNumero, "###,###.#0"},
-         {kKm, "Km", "Km no momento do gasto.", 10, zor_input::kNumero, "###,##0"}});
-  Linha({{kObs, "Observações", "Obs.", 150}});
+  Linha({Texto(kTipoGasto, "Tipo Gasto", "Tipo de Gasto.", 25, gasto.TipoGasto)});
+  Linha({Texto(kMotorista, "Motorista", "Motorista.", 25, gasto.Motorista)});
+  Linha({Texto(kViagem, "Viagem", "Viagem.", 50, gasto.Viagem)});
+  Linha({Numero(kQtd, "Qtd.", "Quantidade.", gasto.Qtd),
+         Numero(kValorUn, "Valor Un.", "Valor Unitário.", gasto.ValorUn, "###,###.##0")});
+  Linha({Numero(kCusto, "Custo Total", "Custo Total.", gasto.Custo),
+         Numero(kKm, "Km", "Km no momento do gasto.", gasto.Km, "###,##0")});
+  Linha({Texto(kObs, "Observações", "Obs.", 150, gasto.Obs)});
 }
 
 Currency Gastos::Valor(int indice) const { return Tools::TextoParaMoeda(Campo[indice]); }
 
 void Gastos::GuardarDaViatura(const clViaturas& viatura) {
-  KmInicial = viatura.KmInicial;
-  QtdInicial = viatura.QtdInicial;
-}
-
-void Gastos::MostrarCampos() {
-  Campo[kViagem].Text = gasto().Viagem;
-  Campo[kMotorista].Text = gasto().Motorista;
-  Campo[kTipoGasto].Text = gasto().TipoGasto;
-  Campo[kObs].Text = gasto().Obs;
-  Campo[kCusto].Text = gasto().Custo.ToText();
-  Campo[kQtd].Text = gasto().Qtd.ToText();
-  Campo[kValorUn].Text = gasto().ValorUn.ToText();
-  Campo[kKm].Text = gasto().Km.ToText();
-}
-
-void Gastos::LevarCampos() {
-  gasto().Motorista = Campo[kMotorista].Text;
-  gasto().Obs = Campo[kObs].Text;
-  gasto().Viagem = Campo[kViagem].Text;
-  gasto().Qtd = Valor(kQtd);
-  gasto().Km = Valor(kKm);
-  gasto().ValorUn = Valor(kValorUn);
-  gasto().Custo = Valor(kCusto);
-  gasto().TipoGasto = Campo[kTipoGasto].Text;
+  inicio_ = {.Km = viatura.KmInicial, .Qtd = viatura.QtdInicial};
 }
 
 void Gastos::ReferenciaLida(const Referencia& referencia, CodeTable& entidade, bool aoValidar) {
   if (referencia.campo != kTipoGasto) return;
   const auto& tipo = static_cast<clTiposGastos&>(entidade);
-  Combustivel = tipo.Combustivel;
+  combustivel_ = tipo.Combustivel == 1;
   if (aoValidar) Campo[kValorUn].Text = tipo.CustoUnit.ToText();
 }
 
@@ -130,7 +107,7 @@ bool Gastos::Passa(const char* mensagem, bool& cancel) {
 
 void Gastos::ValidarQuantidade(bool& cancel) {
   VazioPassaAZero(kQtd);
-  if (Combustivel == 1 && Passa(RegrasDeGastos::Quantidade(true, Valor(kQtd)), cancel)) CalcularCusto();
+  if (combustivel_ && Passa(RegrasDeGastos::Quantidade(true, Valor(kQtd)), cancel)) CalcularCusto();
 }
 
 void Gastos::ValidarCusto(bool& cancel) const {
@@ -147,7 +124,7 @@ void Gastos::ValidarValorUnitario() {
 
 void Gastos::ValidarKm(bool& cancel) {
   VazioPassaAZero(kKm);
-  if (Combustivel != 1) return;
+  if (!combustivel_) return;
   const bool positivo = Valor(kKm) > 0;  // nothing is read for a value that fails anyway
   const Currency anterior =
       positivo ? KmDataAnterior(Campo[kMatricula].Text, DTPicker1.Value.ToDate()) : Currency();
@@ -164,22 +141,13 @@ Currency Gastos::KmDataAnterior(const std::string& matricula, platform::Date dat
 
 void Gastos::DepoisDeGravar() {
   resumo_.Ler(mybd, Matricula);
-  const std::string& matricula = Campo[kMatricula].Text;
-  resumo_.ActualizaViatura(mybd, Matricula, resumo_.Consumo(KmInicial, QtdInicial),
-                           resumo_.CustoPorKm(resumo_.TotalCustoComb - resumo_.CustoPrimeiro, KmInicial),
-                           resumo_.TotalCustoComb + resumo_.TotalCustoOutros +
-                               Tools::SomaCustoAcessorios(mybd, matricula) +
-                               Tools::SomaCustoInspecoes(mybd, matricula));
-  if (TipoMostrar == 1) LimparParaOMesmoVeiculo();
+  resumo_.ActualizaAposGravar(mybd, Matricula, inicio_, OutrosCustos(mybd, Campo[kMatricula].Text));
+  EventForm::DepoisDeGravar();
 }
 
 void Gastos::DepoisDeAnular() {
   resumo_.Ler(mybd, Matricula);
-  // The accessories count twice here and the inspections not at all; the next save puts the figures right.
-  const Currency acessorios = Tools::SomaCustoAcessorios(mybd, Matricula);
-  resumo_.ActualizaViatura(mybd, Matricula, resumo_.Consumo(KmInicial, QtdInicial),
-                           resumo_.CustoPorKm(resumo_.TotalCustoComb, KmInicial),
-                           resumo_.TotalCustoComb + resumo_.TotalCustoOutros + acessorios + acessorios);
+  resumo_.ActualizaAposAnular(mybd, Matricula, inicio_);
 }
 
 }  // namespace zorCrmParvel

@@ -16,18 +16,13 @@ class Gastos : public EventForm {
   platform::Currency KmDataAnterior(const std::string& matricula, platform::Date data) const;
 
  protected:
-  const char* RotinaCarrega() const override { return "CarregaGasto"; }
-  void MostrarCampos() override;
-  void LevarCampos() override;
   void GuardarDaViatura(const clViaturas& viatura) override;
   void DepoisDeGravar() override;
   void DepoisDeAnular() override;
   void ValidarCampo(int indice, bool& cancel) override;
   void ReferenciaLida(const Referencia& referencia, CodeTable& entidade, bool aoValidar) override;
-  bool ComRegras() const override { return Validar; }
 
  private:
-  clGastos& gasto() const { return static_cast<clGastos&>(entidade()); }
   platform::Currency Valor(int indice) const;
   void VazioPassaAZero(int indice);
   void CalcularCusto();
@@ -38,11 +33,8 @@ class Gastos : public EventForm {
   void ValidarKm(bool& cancel);
 
   ResumoDeGastos resumo_;
-
-  // The vehicle's figures, as the last record loaded found them; 0 on a ficha that never loaded one.
-  platform::Currency KmInicial;
-  platform::Currency QtdInicial;
-  std::int16_t Combustivel = 0;  // 1: the expense's type is a fuel
+  ResumoDeGastos::Inicio inicio_;  // of the last record loaded; 0 on a ficha that never loaded one
+  bool combustivel_ = false;       // the expense's type is a fuel
 };
 
 }  // namespace zorCrmParvel

@@ -1,60 +1,54 @@
 #include "events/seguros_form.h"
 
-#include "host/tools.h"
-
 namespace zorCrmParvel {
 namespace {
 
-using platform::zor_input;
-
-enum Indice : int { kMatricula, kCompanhia, kTipoSeguro, kApolice, kPremio, kFranquia, kCoberturas };
+enum Indice : int { kCompanhia = 1, kTipoSeguro, kApolice, kPremio, kFranquia, kCoberturas };
 enum Modalidade : int { kAnual, kSemestral };
 
-const TextosDoEvento kTextos{
-    .nome = "Seguros",
-    .legenda = "Apólices",
-    .perguntaAnular = "Vai proceder à anulação da Apólice!",
-    .dicaLista = "Lista de Apólices.",
+const FichaDeEvento kSeguros{
+    .textos = {.nome = "Seguros",
+               .legenda = "Apólices",
+               .carrega = "CarregaSeguro",
+               .perguntaAnular = "Vai proceder à anulação da Apólice!",
+               .dicaLista = "Lista de Apólices."},
     .classeArquivo = 304,
     .listaViaturas = 3,
     .tituloMarca = 9,
+    .referencias = {{.campo = kCompanhia,
+                     .lista = 1,
+                     .titulo = 7,
+                     .dicaLista = "Lista de Companhias.",
+                     .ficha = "Companhias",
+                     .nova = &NovaEntidade<clCompanhias>,
+                     .inexistente = "Companhia não existente!"},
+                    {.campo = kTipoSeguro,
+                     .lista = 2,
+                     .titulo = 8,
+                     .dicaLista = "Lista de Tipos de Apólices.",
+                     .ficha = "TiposSeguro",
+                     .nova = &NovaEntidade<clTiposSeguros>,
+                     .inexistente = "Tipo de Seguro não existente!"}},
 };
-
-std::vector<Referencia> Referencias() {
-  return {{.campo = kCompanhia,
-           .lista = 1,
-           .titulo = 7,
-           .dicaLista = "Lista de Companhias.",
-           .ficha = "Companhias",
-           .nova = &NovaEntidade<clCompanhias>,
-           .inexistente = "Companhia não existente!"},
-          {.campo = kTipoSeguro,
-           .lista = 2,
-           .titulo = 8,
-           .dicaLista = "Lista de Tipos de Apólices.",
-           .ficha = "TiposSeguro",
-           .nova = &NovaEntidade<clTiposSeguros>,
-           .inexistente = "Tipo de Seguro não existente!"}};
-}
 
 }  // namespace
 
 Seguros::Seguros()
-    : EventForm(kTextos, std::make_unique<clSeguros>(), Referencias()),
+    : EventForm(kSeguros, std::make_unique<clSeguros>()),
       DTPicker2(*this, "DTPicker2"),
       Combo1(*this, "Combo1"),
       Check1(*this, "Check1"),
       btRenovar(*this, "btRenovar") {
-  Linha({{kMatricula, "Matrícula", "Matrícula da Viatura.", 10}});
-  Linha({{kCompanhia, "Companhia", "Seguradora.", 10}});
-  Linha({{kTipoSeguro, "Tipo Apólice", "Tipo de Seguro.", 10}});
-  Linha({{kApolice, "Apólice", "Número da Apólice.", 15}});
+  LinhaDaMatricula();
+  Linha({Texto(kCompanhia, "Companhia", "Seguradora.", 10, seguro().Companhia)});
+  Linha({Texto(kTipoSeguro, "Tipo Apólice", "Tipo de Seguro.", 10, seguro().TipoSeguro)});
+  Linha({Texto(kApolice, "Apólice", "Número da Apólice.", 15, seguro().Apolice)});
   LinhaDaData(DTPicker2, "Data Início", "Data de Validade.");
   LinhaDaData(DTPicker1, "Data Validade", "Data de Validade.");
   LinhaDeControlo(Combo1, "Modalidade");
-  Linha({{kPremio, "Prémio", "Prémio do Seguro.", 10, zor_input::kNumero, "###,###.#0"},
-         {kFranquia, "Franquia", "Franquia.", 10, zor_input::kNumero, "###,###.#0"}});
-  Linha({{kCoberturas, "Coberturas", "Número da Apólice.", 200}});
+  Linha({Numero(kPremio, "Prémio", "Prémio do Seguro.", seguro().Premio),
+         Numero(kFranquia, "Franquia", "Franquia.", seguro().Franquia)});
+  Linha({Texto(kCoberturas, "Coberturas", "Número da Apólice.", 200, seguro().Coberturas)});
   LinhaDeControlo(Check1, "");
   Check1.Caption = "Inactiva";
   Check1.Click = Combo1.Click = Combo1.Change = [this] { Alterado = true; };
@@ -71,12 +65,7 @@ void Seguros::Form_Load() {
 }
 
 void Seguros::MostrarCampos() {
-  Campo[kCompanhia].Text = seguro().Companhia;
-  Campo[kTipoSeguro].Text = seguro().TipoSeguro;
-  Campo[kApolice].Text = seguro().Apolice;
-  Campo[kPremio].Text = seguro().Premio.ToText();
-  Campo[kFranquia].Text = seguro().Franquia.ToText();
-  Campo[kCoberturas].Text = seguro().Coberturas;
+  EventForm::MostrarCampos();
   Combo1.ListIndex = seguro().Modalidade;
   DTPicker1.Value = seguro().Validade;  // a policy's dates are shown as they stand
   DTPicker2.Value = seguro().DataInicio;
@@ -84,15 +73,10 @@ void Seguros::MostrarCampos() {
 }
 
 void Seguros::LevarCampos() {
-  seguro().TipoSeguro = Campo[kTipoSeguro].Text;
-  seguro().Companhia = Campo[kCompanhia].Text;
-  seguro().Apolice = Campo[kApolice].Text;
-  seguro().Premio = Tools::TextoParaMoeda(Campo[kPremio]);
-  seguro().Franquia = Tools::TextoParaMoeda(Campo[kFranquia]);
+  EventForm::LevarCampos();
   seguro().Modalidade = static_cast<std::int16_t>(Combo1.ListIndex);
   seguro().DataInicio = DTPicker2.Value.ToDate();
   seguro().Inactiva = Check1.Value == 1 ? 1 : 0;
-  seguro().Coberturas = Campo[kCoberturas].Text;
 }
 
 void Seguros::Limparform() {
@@ -101,10 +85,6 @@ void Seguros::Limparform() {
   Check1.Value = 0;
   Combo1.ListIndex = kSemestral;
   Renovar_ = false;
-}
-
-void Seguros::DepoisDeGravar() {
-  if (TipoMostrar == 1) LimparParaOMesmoVeiculo();
 }
 
 void Seguros::Anular(std::int32_t id, const std::string&) {

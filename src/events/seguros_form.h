@@ -19,12 +19,10 @@ class Seguros : public EventForm {
   platform::PushButton btRenovar;
 
  protected:
-  const char* RotinaCarrega() const override { return "CarregaSeguro"; }
   void Form_Load() override;
   void MostrarCampos() override;
   void LevarCampos() override;
   void Limparform() override;
-  void DepoisDeGravar() override;
   void btConf_Click() override;
   void btAnular_Click() override;
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "events/expense_figures.h"
+#include "events/expense_rules.h"
 #include "exchange/import.h"
 #include "platform/runtime_error.h"
 #include "vehicles/viaturas.h"

@@ -2,6 +2,7 @@
 
 #include "drivers/motoristas.h"
 #include "events/expense_figures.h"
+#include "events/expense_rules.h"
 #include "events/gastos.h"
 #include "exchange/import_codes.h"
 #include "exchange/import_repetitions.h"

@@ -1,26 +1,22 @@
 #include "masterdata/code_table_form.h"
 
-#include "host/tools.h"
-#include "platform/host.h"
 #include "platform/text.h"
 
 namespace zorCrmParvel {
 
-using platform::PushButton;
 using platform::zor_input;
 
 CodeTableForm::CodeTableForm(const TextosDaFicha& textos, std::unique_ptr<CodeTable> entidade)
-    : btLista(*this, "btLista", 1), botoes(*this), textos_(textos), entidade_(std::move(entidade)) {
+    : botoes(*this), textos_(textos), entidade_(std::move(entidade)) {
   Name = textos.nome;
   Caption = textos.legenda;
+  TabBefore(NovaLista(0, textos.dicaLista), botoes.btConf);
   NovoCampo(0, "Código", 10).ToolTipText = textos.dicaCodigo;
   NovoCampo(1, "Nome", 50).ToolTipText = textos.dicaNome;
   layout.head.rows[0][0].list = &btLista[0];
-  btLista[0].Caption = "…";
-  btLista[0].ToolTipText = textos.dicaLista;
-  btLista[0].TabStop = false;
+  Campo[0].PedidoLista = [this] { btLista_Click(0); };
   botoes.Dispor(layout);
-  LigarEventos();
+  LigarBotoes(botoes);
 }
 
 zor_input& CodeTableForm::NovoCampo(int index, const char* titulo, int maxlength) {
@@ -30,24 +26,12 @@ zor_input& CodeTableForm::NovoCampo(int index, const char* titulo, int maxlength
   TabBefore(campo, botoes.btConf);
   layout.head.rows.push_back({{.caption = &Titulo[index], .field = &campo}});
   campo.Validate = [this, index](bool& cancel) { Campo_Validate(index, cancel); };
-  campo.KeyPress = [this, index](int& keyCode) { Campo_KeyPress(index, keyCode); };
+  campo.KeyPress = [this, index](int& keyCode) { Recuar(index, keyCode); };
   campo.PedidoMapa = [this] {
     entidade_->bd = mybd;
     entidade_->MostraMapa();
   };
   return campo;
-}
-
-void CodeTableForm::LigarEventos() {
-  Campo[0].PedidoLista = [this] { btLista_Click(0); };
-  btLista[0].Click = [this] { btLista_Click(0); };
-  botoes.btConf.Click = [this] { btConf_Click(); };
-  botoes.btCancelar.Click = [this] { btCancelar_Click(); };
-  botoes.btAnular.Click = [this] { btAnular_Click(); };
-  botoes.btSair.Click = [this] { Unload(); };
-  botoes.btNavega.Each([this](PushButton& button) {
-    button.Click = [this, index = button.Index()] { btNavega_Click(index); };
-  });
 }
 
 void CodeTableForm::Form_Load() { Limparform(); }
@@ -85,15 +69,6 @@ void CodeTableForm::Campo_Validate(int index, bool& cancel) {
   cancel = false;
 }
 
-void CodeTableForm::Campo_KeyPress(int index, int& keyCode) {
-  Validar_ = true;
-  if (keyCode != platform::kKeyEscape) return;
-  SendKeys("+{TAB}");
-  keyCode = platform::kKeyNone;
-  Validar_ = false;
-  if (index == 0) Unload();
-}
-
 void CodeTableForm::LevarCampos() {
   entidade_->Codigo = Campo[0].Text;
   entidade_->Descrição = Campo[1].Text;
@@ -102,7 +77,8 @@ void CodeTableForm::LevarCampos() {
 void CodeTableForm::Gravar() {
   LevarCampos();
   entidade_->bd = mybd;
-  Campo[entidade_->Escrever() ? 0 : 1].SetFocus();
+  entidade_->Escrever();
+  Campo[0].SetFocus();
 }
 
 void CodeTableForm::Navega(int index, std::string& codigo) {
@@ -131,37 +107,21 @@ void CodeTableForm::btCancelar_Click() {
 }
 
 void CodeTableForm::btAnular_Click() {
-  const std::string pergunta = Tools::DuasFrases(textos_.perguntaAnular, "Pretende continuar?");
-  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular();
+  if (Continuar(textos_.perguntaAnular, "Pretende continuar?")) Anular();
 }
 
 void CodeTableForm::btNavega_Click(int index) {
   std::string codigo = Campo[0].Text;
   Navega(index, codigo);
-  if (ComparaValores()) {
-    const std::string pergunta = Tools::DuasFrases(textos_.mensagemAlterada, "Pretende gravar?");
-    if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Gravar();
-  }
+  if (ComparaValores() && Continuar(textos_.mensagemAlterada, "Pretende gravar?")) Gravar();
   Campo[0].Text = codigo;
   Campo[0].SetFocus();
-  Validar_ = true;
   SendKeys("{TAB}");  // leaving the code reads and shows the record
 }
 
-void CodeTableForm::btLista_Click(int index) {
-  std::string codigo;
-  if (index == 0) {
-    entidade_->bd = mybd;
-    codigo = entidade_->MostraLista();
-  }
-  if (codigo.empty()) {
-    Campo[0].SetFocus();
-    return;
-  }
-  Campo[0].Text = codigo;
-  Campo[0].SelectAll();
-  Campo[0].SetFocus();
-  SendKeys("{TAB}");
+void CodeTableForm::btLista_Click(int) {
+  entidade_->bd = mybd;
+  Tomar(0, entidade_->MostraLista());
 }
 
 namespace {

@@ -3,8 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/ficha.h"
-#include "masterdata/code_table.h"
+#include "masterdata/record_form.h"
 
 namespace zorCrmParvel {
 
@@ -21,13 +20,10 @@ struct TextosDaFicha {
 
 /// The ficha of a code table. It has no mode: it writes the record of the code typed, new or not, and
 /// everything that shows a record goes through the leave validation of the code.
-class CodeTableForm : public Ficha {
+class CodeTableForm : public RecordForm {
  public:
   void CarregaFicha(const std::string& codigo) override;
 
-  platform::ControlArray<platform::Label> Titulo;
-  platform::ControlArray<platform::zor_input> Campo;
-  platform::ControlArray<platform::PushButton> btLista;
   BotoesDaFicha botoes;
 
  protected:
@@ -45,14 +41,12 @@ class CodeTableForm : public Ficha {
   CodeTable& entidade() const { return *entidade_; }
 
  private:
-  void LigarEventos();
   void Campo_Validate(int index, bool& cancel);
-  void Campo_KeyPress(int index, int& keyCode);
-  void btConf_Click();
-  void btCancelar_Click();
-  void btAnular_Click();
-  void btNavega_Click(int index);
-  void btLista_Click(int index);
+  void btConf_Click() override;
+  void btCancelar_Click() override;
+  void btAnular_Click() override;
+  void btNavega_Click(int index) override;
+  void btLista_Click(int index) override;
 
   bool ComparaValores() const;
   void Gravar();
@@ -62,7 +56,6 @@ class CodeTableForm : public Ficha {
   const TextosDaFicha& textos_;
   std::unique_ptr<CodeTable> entidade_;
   std::string descriçãoGuardada_;  // the name as the last record was shown
-  bool Validar_ = false;           // a key was pressed since the last Escape
 };
 
 class Categorias : public CodeTableForm {

@@ -1,13 +1,10 @@
 #include <tuple>
 
-#include "events/acessorios_form.h"
 #include "events/event_list.h"
 #include "events/gastos_form.h"
-#include "events/inspecoes_form.h"
-#include "events/multas_form.h"
-#include "events/revisoes_form.h"
+#include "events/incidents_form.h"
 #include "events/seguros_form.h"
-#include "events/sinistros_form.h"
+#include "events/upkeep_form.h"
 #include "host/sistema.h"
 #include "support/database_test.h"
 #include "support/grid_window.h"
