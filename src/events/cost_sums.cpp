@@ -41,12 +41,15 @@ Currency SomaCustoAcessorios(const DataAccessRef& bd, const std::string& Matricu
 }
 
 Currency SomaCustoSemRevisoes(const DataAccessRef& bd, const std::string& Matricula) {
-  return SomaCustoGastos(bd, Matricula) + SomaCustoAcessorios(bd, Matricula) +
-         SomaCustoInspecoes(bd, Matricula);
+  // One by one: in a sum of calls the compiler chooses which statement goes out first.
+  Currency total = SomaCustoGastos(bd, Matricula);
+  total += SomaCustoAcessorios(bd, Matricula);
+  return total += SomaCustoInspecoes(bd, Matricula);
 }
 
 Currency SomaCustoComRevisoes(const DataAccessRef& bd, const std::string& Matricula) {
-  return SomaCustoSemRevisoes(bd, Matricula) + SomaCustoRevisoes(bd, Matricula);
+  Currency total = SomaCustoSemRevisoes(bd, Matricula);
+  return total += SomaCustoRevisoes(bd, Matricula);
 }
 
 }  // namespace zorCrmParvel::Tools

@@ -75,7 +75,8 @@ void ResumoDeGastos::ActualizaViatura(const DataAccessRef& bd, const std::string
 }
 
 Currency OutrosCustos(const DataAccessRef& bd, const std::string& Matricula) {
-  return Tools::SomaCustoAcessorios(bd, Matricula) + Tools::SomaCustoInspecoes(bd, Matricula);
+  Currency total = Tools::SomaCustoAcessorios(bd, Matricula);
+  return total += Tools::SomaCustoInspecoes(bd, Matricula);
 }
 
 void RecalcularViatura(const DataAccessRef& bd, const std::string& Matricula) {

@@ -31,4 +31,17 @@ void ExpectWholeText(const std::string& file, const std::string& text) {
   }
 }
 
+void ExpectCases(const std::string& file,
+                 const std::function<std::string(const std::string& input)>& outcome) {
+  std::istringstream cases(Contents(file));
+  std::string text;
+  for (std::string line; std::getline(cases, line); text += line + "\n")
+    if (const auto mark = line.find(" =>"); mark != std::string::npos) {
+      const std::string input = line.substr(0, mark);
+      line = input + " => " + outcome(input);
+    }
+  EXPECT_FALSE(text.empty()) << file;
+  ExpectWholeText(file, text);
+}
+
 }  // namespace testing_support

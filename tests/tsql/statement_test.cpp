@@ -1,4 +1,6 @@
+// How statements are read, and what is refused where, held against texts.
 #include "reading.h"
+#include "support/whole_text.h"
 
 namespace tsql {
 namespace {
@@ -13,7 +15,8 @@ std::string Told(const Select& select) {
     if (core.distinct) told += "distinct ";
     if (core.top) told += "top " + std::to_string(*core.top) + " ";
     for (const SelectItem& item : core.items)
-      told += (item.star ? item.starTable + "*" : Bracketed(item.expression)) + "=" + item.alias + "; ";
+      told += (item.star ? item.starTable + "*" : Bracketed(item.expression)) + "=" + item.alias + "@" +
+              std::to_string(item.offset) + "; ";
     if (core.from) told += "from " + core.from->Qualifier();
     for (const Join& join : core.joins)
       told += (join.kind == Join::Kind::kLeft ? " left " : " inner ") + join.table.Qualifier() + " on " +
@@ -25,33 +28,65 @@ std::string Told(const Select& select) {
   return told;
 }
 
-TEST(Statements, SelectHasItsPartsAndAliases) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"SELECT DISTINCT TOP(3) *, G.*, G.Id as ' ', Nome AS 'Tipo Seguro', [Data] Matrícula, 'x' \"y z\", "
-       "Km\n"
-       "FROM zor_A AS G LEFT OUTER JOIN [zor B] ON LEFT(G.a, 2) = b left join C c ON 1=1 JOIN D ON x = y "
-       "INNER JOIN E ON x = y WHERE G.Km > 0 ORDER BY Data desc, 2 ASC, Nome",
-       "distinct top 3 *=; G*=; G.Id= ; Nome=Tipo Seguro; Data=Matrícula; x#3=y z; Km=; from G left zor B on "
-       "(LEFT(G.a, 2#4) = b) left c on (1#5 = 1#6) inner D on (x = y) inner E on (x = y) where (G.Km > 0#7) "
-       "by Data desc by 2#8 by Nome"},
-      {"select a from t where b = 1 union select c from u union all select 'x' order by a",
-       "a=; from t where (b = 1#0) UNION c=; from u UNION ALL x#1=;  by a"},
-      {"SELECT TOP 1 'a' AS 'b', CONVERT(nvarchar(10), x, 105), NULL, 2.5 FROM t WHERE y = N'c' ORDER BY 1",
-       "top 1 a#1=b; (x as nvarchar(10) style 105)=; NULL=; 2.5#5=; from t where (y = c#6) by 1#7"}};
-  for (const auto& [text, told] : cases) EXPECT_EQ(Told(Parsed<Select>(text)), told);
-  EXPECT_EQ(Parsed<Select>(cases[0].first).cores[0].items[2].offset, 31U);
+std::string Told(const Insert& insert) {
+  std::string told = "into " + insert.table.name;
+  for (const auto& value : insert.values) told += " " + value.column + "=" + Bracketed(value.value);
+  return told;
 }
 
-TEST(Statements, WritesNameTheirTableColumnsAndRows) {
-  const Insert insert = Parsed<Insert>("INSERT INTO t (a, [b c]) VALUES (N'x', -1)");
-  EXPECT_EQ(insert.table.name + "." + insert.values.at(1).column, "t.b c");
-  EXPECT_EQ(Bracketed(insert.values[1].value), "(-1#1)");
-  const Update update = Parsed<Update>("UPDATE t SET a = b + 1, c = NULL WHERE d = 'x';");
-  ASSERT_EQ(update.assignments.size(), 2U);
-  EXPECT_EQ(Bracketed(update.assignments[0].value) + Bracketed(update.where), "(b + 1#0)(d = x#1)");
-  EXPECT_FALSE(Parsed<Update>("update t set a = 1").where);
-  for (const char* text : {"Delete zor_Fotos", "DELETE  FROM zor_Fotos -- all"})
-    EXPECT_TRUE(Parsed<Delete>(text).table.name == "zor_Fotos" && !Parsed<Delete>(text).where) << text;
+std::string Told(const Update& update) {
+  std::string told = "update " + update.table.name;
+  for (const auto& assignment : update.assignments)
+    told += " " + assignment.column + "=" + Bracketed(assignment.value);
+  return told + (update.where ? " where " + Bracketed(update.where) : "");
+}
+
+std::string Told(const Delete& statement) {
+  return "delete " + statement.table.name + (statement.where ? " where " + Bracketed(statement.where) : "");
+}
+
+/// What a statement is read as, or why not.
+std::string Read(const std::string& statement) {
+  std::string told;
+  const std::string refusal = Refusal(
+      [&] { told = std::visit([](const auto& read) { return Told(read); }, ParseStatement(statement)); });
+  return refusal == "accepted" ? told : "! " + refusal;
+}
+
+TEST(Statements, AreReadAsWrittenDown) {
+  testing_support::ExpectCases(PARVEL_SOURCE_DIR "/tests/tsql/statements.txt", [](std::string input) {
+    for (std::size_t at = 0; (at = input.find("\\n", at)) != std::string::npos;) input.replace(at, 2, "\r\n");
+    return Read(input);
+  });
+}
+
+TEST(Statements, TheKnownBadOnesAreRefusedAsWrittenDown) {
+  const std::string folder = PARVEL_SOURCE_DIR "/tests/fuzz/corpus/refused/";
+  testing_support::ExpectCases(PARVEL_SOURCE_DIR "/tests/tsql/refused.txt",
+                               [&](const std::string& file) { return Read(Contents(folder + file)); });
+}
+
+std::string Repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+TEST(Statements, DepthIsLimitedInEveryDirection) {
+  const auto accepts = [](const std::string& value) {
+    return Refusal([&] { ParseStatement("SELECT " + value); });
+  };
+  EXPECT_EQ(accepts(Repeated("(", 199) + "1" + Repeated(")", 199)), "accepted");
+  EXPECT_EQ(accepts("1" + Repeated("+1", 200)), "accepted");
+  EXPECT_EQ(accepts("1" + Repeated("+1", 200) + ", 1" + Repeated("+1", 200)), "accepted");
+  const std::string tooDeep[] = {Repeated("(", 100000) + "1" + Repeated(")", 100000),
+                                 Repeated("- ", 100000) + "1", Repeated("f(", 100000),
+                                 Repeated("CASE ", 100000), "1" + Repeated("+1", 100000)};
+  for (const std::string& value : tooDeep) {
+    SCOPED_TRACE(value.substr(0, 10));
+    EXPECT_NE(accepts(value).find("Some part of your SQL statement is nested too deeply."),
+              std::string::npos);
+  }
 }
 
 }  // namespace
