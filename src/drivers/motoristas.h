@@ -3,13 +3,14 @@
 #include <string>
 
 #include "masterdata/code_table.h"
+#include "masterdata/photo_record.h"
 
 namespace zorCrmParvel {
 
 /// A driver: one row of zor_Funcionarios, with the personal data of the personnel application in its place
 /// when `LerSal` asks for them. Only the fleet's own table is ever written. Codes are walked, picked and
 /// printed as a code table's; `Descrição` is the driver's name.
-class clMotoristas : public CodeTableWithList {
+class clMotoristas : public CodeTableWithList, public RegistoComFoto {
  public:
   clMotoristas();
 
@@ -55,10 +56,9 @@ class clMotoristas : public CodeTableWithList {
   bool Ler() override;
   /// Removes the driver and the licence classes. False when the database refused either.
   bool Anular() override;
-  // The driver's photo, as in `Fotos`.
-  bool Foto_Add(const std::string& ficheiro);
-  bool Foto_Del();
-  std::string Foto_Get();
+  bool Foto_Add(const std::string& ficheiro) override;
+  bool Foto_Del() override;
+  std::string Foto_Get() override;
   /// All drivers, in no order. The caller closes the rows.
   RecordsetRef LerMotoristas();
 

@@ -1,8 +1,7 @@
 #include "drivers/motoristas_form.h"
 
 #include "drivers/licence_classes.h"
-#include "host/tools.h"
-#include "platform/format.h"
+#include "drivers/motoristas_fields.h"
 #include "platform/host.h"
 #include "platform/text.h"
 
@@ -42,11 +41,9 @@ void Motoristas::Limparform() {
     btLista[7].Enabled = false;
   }
   Act_Grelha();
-  Alterado_ = false;
   ShowImg1.Clear();
   SSTab1.Tab = 0;
-  Escondeframes5();
-  Frame5[0].Visible = true;
+  MostrarSeparador(0);
   FixarCodigo();
 }
 
@@ -63,94 +60,38 @@ void Motoristas::CarregaFicha(const std::string& codigo) {
   Campo[1].SetFocus();
 }
 
-void Motoristas::MostrarData(int indice, Date data) { DTPicker1[indice].Value = data; }
-
-void Motoristas::MostrarDataOuHoje(int indice, Date data) {
-  MostrarData(indice, data.IsZero() ? platform::Today() : data);
-}
-
 void Motoristas::LerFicha() {
-  const clMotoristas& m = motorista_;
-  const std::string* const textos[] = {nullptr,
-                                       &m.Descrição,
-                                       &m.Obs,
-                                       &m.Morada,
-                                       &m.Email,
-                                       &m.Telemovel,
-                                       &m.Telefone,
-                                       &m.CodPostal,
-                                       &m.Localidade,
-                                       &m.BI,
-                                       &m.EmissaoBI,
-                                       &m.CartaoCid,
-                                       &m.LocalCid,
-                                       &m.NIF,
-                                       &m.DGV,
-                                       &m.Passaporte,
-                                       &m.LocalPassa,
-                                       &m.CartaCond,
-                                       &m.NoCartaoCondutor,
-                                       &m.EmissoraCartaoCondutor};
-  for (int i = 1; i <= Campo.UBound(); ++i) Campo[i].Text = *textos[i];
-  MostrarData(0, m.DataNasc);
-  MostrarData(1, m.DataBI);
-  MostrarData(2, m.ValCartaoCid);
-  MostrarData(3, m.DataCartaCond);
-  MostrarData(4, m.ValCartaCond);
-  MostrarDataOuHoje(5, m.DataPassa);
-  MostrarDataOuHoje(6, m.ValidadePassa);
-  MostrarData(7, m.DataValBI);
-  MostrarDataOuHoje(8, m.DtInicioCartaoCondutor);
-  MostrarDataOuHoje(9, m.DtFimCartaoCondutor);
-  MostrarDataOuHoje(10, m.DtDescarga);
-  Combo1.ListIndex = m.TipoCartaCond;
-  Check1.Value = m.Inactivo == 1 ? 1 : 0;
-}
-
-Date Motoristas::DataOuZero(int indice) const {
-  const Variant& valor = DTPicker1[indice].Value;
-  return valor.IsNull() ? Date() : valor.ToDate();
+  for (int i = 1; i <= Campo.UBound(); ++i)
+    Campo[i].Text = motorista_.*kCamposDoMotorista[static_cast<std::size_t>(i)].propriedade;
+  DTPicker1.Each([this](platform::DTPicker& picker) {
+    const DataDoMotorista& dados = kDatasDoMotorista[static_cast<std::size_t>(picker.Index())];
+    const Date data = motorista_.*dados.propriedade;
+    picker.Value = dados.opcional ? HojeSeZero(data) : data;
+  });
+  Combo1.ListIndex = motorista_.TipoCartaCond;
+  Check1.Value = motorista_.Inactivo == 1 ? 1 : 0;
 }
 
 void Motoristas::Gravar() {
-  clMotoristas& m = motorista_;
-  m.Codigo = Campo[0].Text;
-  m.Descrição = Campo[1].Text;
-  m.Obs = Campo[2].Text;
-  m.Morada = Campo[3].Text;
-  m.Email = Campo[4].Text;
-  m.Telemovel = Campo[5].Text;
-  m.Telefone = Campo[6].Text;
-  m.CodPostal = Campo[7].Text;
-  m.Localidade = Campo[8].Text;
-  m.BI = Campo[9].Text;
-  m.EmissaoBI = Campo[10].Text;
-  m.CartaoCid = Campo[11].Text;
-  m.LocalCid = Campo[12].Text;
-  m.NIF = Campo[13].Text;
-  m.DGV = Campo[14].Text;
-  m.Passaporte = Campo[15].Text;
-  m.LocalPassa = Campo[16].Text;
-  m.CartaCond = Campo[17].Text;
-  m.DataNasc = DTPicker1[0].Value.ToDate();
-  m.DataBI = DTPicker1[1].Value.ToDate();
-  m.ValCartaoCid = DTPicker1[2].Value.ToDate();  // the picker that names the issue date holds the validity
-  m.DataCartaCond = DTPicker1[3].Value.ToDate();
-  m.ValCartaCond = DTPicker1[4].Value.ToDate();
-  m.DataPassa = DataOuZero(5);
-  m.ValidadePassa = DataOuZero(6);
-  m.TipoCartaCond = static_cast<std::int16_t>(Combo1.ListIndex);
-  m.DataValBI = DTPicker1[7].Value.ToDate();
-  m.NoCartaoCondutor = Campo[18].Text;
-  m.EmissoraCartaoCondutor = Campo[19].Text;
-  m.DtInicioCartaoCondutor = DataOuZero(8);
-  m.DtFimCartaoCondutor = DataOuZero(9);
-  m.DtDescarga = DataOuZero(10);
-  m.Inactivo = Check1.Value == 1 ? 1 : 0;
-  m.bd = mybd;
-  if (!m.Escrever()) return;
+  Campo.Each([this](zor_input& campo) {
+    motorista_.*kCamposDoMotorista[static_cast<std::size_t>(campo.Index())].propriedade = campo.Text;
+  });
+  DTPicker1.Each([this](platform::DTPicker& picker) {
+    const DataDoMotorista& dados = kDatasDoMotorista[static_cast<std::size_t>(picker.Index())];
+    motorista_.*dados.propriedade = dados.opcional ? DataOuZero(picker) : picker.Value.ToDate();
+  });
+  motorista_.TipoCartaCond = static_cast<std::int16_t>(Combo1.ListIndex);
+  motorista_.Inactivo = Check1.Value == 1 ? 1 : 0;
+  motorista_.bd = mybd;
+  motorista_.Escrever();
   GravarCartas();
   Limparform();
+}
+
+RegistoComFoto& Motoristas::RegistoDoEcra() {
+  motorista_.bd = mybd;
+  motorista_.Codigo = Campo[0].Text;
+  return motorista_;
 }
 
 void Motoristas::Anular() {
@@ -181,31 +122,26 @@ void Motoristas::btNavega_Click(int indice) {
   std::string codigo = Campo[0].Text;
   Navega(indice, codigo);
   Gravar();
-  Campo[0].Text = codigo;
-  Validar_ = true;
   CarregaFicha(codigo);
 }
 
+void Motoristas::btConf_Click() {
+  Gravar();
+  Recomecar();
+}
+
 void Motoristas::btAnular_Click() {
-  const std::string pergunta =
-      Tools::DuasFrases("Vai proceder à anulação do Motorista!", "Pretende continuar?");
-  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular();
+  if (Continuar("Vai proceder à anulação do Motorista!", "Pretende continuar?")) Anular();
   Recomecar();
 }
 
 void Motoristas::btLista_Click(int indice) {
   motorista_.bd = mybd;
   const std::string codigo = motorista_.MostraLista();
-  const bool cabe = Campo[indice].Fits(codigo);
-  if (!cabe) Notify("«" + codigo + "» é mais comprido do que este campo.");
-  if (codigo.empty() || !cabe) return Campo[indice].SetFocus();
-  Campo[indice].Text = codigo;
-  Campo[indice].SelectAll();
+  if (Campo[indice].Fits(codigo)) return Tomar(indice, codigo);
+  Notify("«" + codigo + "» é mais comprido do que este campo.");
   Campo[indice].SetFocus();
-  SendKeys("{TAB}");
 }
-
-void Motoristas::btArquivo_Click() { AbrirArquivo(Campo[0].Text, 320); }
 
 void Motoristas::Campo_Validate(int indice, bool& cancel) {
   if (indice != 0) return;
@@ -230,22 +166,12 @@ void Motoristas::Campo_Validate(int indice, bool& cancel) {
   Limparform();  // the code stays: this is how a new driver begins
 }
 
-void Motoristas::Campo_KeyPress(int indice, int& keyCode) {
-  Validar_ = true;
-  if (keyCode != platform::kKeyEscape) return;
-  SendKeys("+{TAB}");
-  keyCode = platform::kKeyNone;
-  Validar_ = false;
-  if (indice == 0) Unload();
-}
-
-void Motoristas::Escondeframes5() {
-  Frame5.Each([](platform::Frame& frame) { frame.Visible = false; });
+void Motoristas::MostrarSeparador(int indice) {
+  Frame5.Each([=](platform::Frame& frame) { frame.Visible = frame.Index() == indice; });
 }
 
 void Motoristas::SSTab1_Click() {
-  Escondeframes5();
-  Frame5[SSTab1.Tab].Visible = true;
+  MostrarSeparador(SSTab1.Tab);
   constexpr int kPrimeiroCampo[] = {-1, 17, 15, 18, 2};
   const int campo = kPrimeiroCampo[SSTab1.Tab];
   if (campo >= 0) Campo[campo].SetFocus();

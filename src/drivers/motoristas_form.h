@@ -3,13 +3,13 @@
 #include <string>
 
 #include "drivers/motoristas.h"
-#include "host/ficha.h"
+#include "masterdata/photo_form.h"
 
 namespace zorCrmParvel {
 
 /// The ficha of a driver: five tabs, the grid of licence classes, a photo. A move to another driver saves the
 /// one that is left, changed or not; every button that ends a record empties the screen for the next.
-class Motoristas : public Ficha {
+class Motoristas : public PhotoForm {
  public:
   Motoristas();
 
@@ -28,28 +28,23 @@ class Motoristas : public Ficha {
 
   platform::ControlArray<platform::Label> Legenda;
   platform::ControlArray<platform::Frame> Frame5;
-  platform::ControlArray<platform::zor_input> Campo;
-  platform::ControlArray<platform::PushButton> btLista;
   platform::TabControl SSTab1;
   platform::ControlArray<platform::DTPicker> DTPicker1;
   platform::ComboBox Combo1;  // licence class of the record
   platform::CheckBox Check1;  // out of service
   platform::SGGrid Grelha;    // the licence classes with their dates
   platform::MonthView MonthView1;
-  platform::ShowImg ShowImg1;
-  platform::PushButton PicAdd;
-  platform::PushButton PicDel;
   platform::PushButton btArquivo;
   BotoesDaFicha botoes;
 
  protected:
   void Form_Load() override;
+  RegistoComFoto& RegistoDoEcra() override;
 
  private:
   // Putting the screen together.
-  platform::LayoutField NovoCampo(int indice, int separador, const char* legenda, const char* dica,
-                                  int maxlength);
-  platform::LayoutField NovaData(int indice, int separador, const char* legenda, const char* dica);
+  platform::LayoutField NovoCampo(int indice, int separador);
+  platform::LayoutField NovaData(int indice, int separador);
   platform::LayoutField ComLegenda(platform::Control& controlo, const char* legenda);
   void DisporIdentificacao();
   void DisporDocumentos();
@@ -61,9 +56,6 @@ class Motoristas : public Ficha {
   void Limparform();
   void Anular();
   void Recomecar();
-  platform::Date DataOuZero(int indice) const;
-  void MostrarData(int indice, platform::Date data);
-  void MostrarDataOuHoje(int indice, platform::Date data);
   void FixarCodigo();
 
   // The licence classes.
@@ -76,22 +68,17 @@ class Motoristas : public Ficha {
   void EscolherDataDaCarta(platform::Date data, const char* recusa);
   void LigarGrelha();
 
-  void AdicionarFoto();
-  void CarregaFoto();
-
   void Campo_Validate(int indice, bool& cancel);
-  void Campo_KeyPress(int indice, int& keyCode);
   void SSTab1_Click();
-  void Escondeframes5();
-  void btAnular_Click();
-  void btNavega_Click(int indice);
-  void btLista_Click(int indice);
-  void btArquivo_Click();
+  void MostrarSeparador(int indice);
+  void btConf_Click() override;
+  void btCancelar_Click() override { Recomecar(); }
+  void btAnular_Click() override;
+  void btNavega_Click(int indice) override;
+  void btLista_Click(int indice) override;
 
   clMotoristas motorista_;
   bool Edicao_ = false;
-  bool Alterado_ = false;
-  bool Validar_ = false;
 };
 
 }  // namespace zorCrmParvel

@@ -78,10 +78,7 @@ void Motoristas::GravarCarta(int tipo) {
 
 /// A date typed into the grid: today still passes. An empty cell takes the class away.
 void Motoristas::ValidarDataDaCarta(const std::string& texto, bool& cancel) {
-  if (texto.empty()) {
-    Alterado_ = true;
-    return;
-  }
+  if (texto.empty()) return;
   platform::Date data;
   const char* recusa = nullptr;
   if (!platform::Date::TryParse(texto, data))
@@ -89,10 +86,7 @@ void Motoristas::ValidarDataDaCarta(const std::string& texto, bool& cancel) {
   else if (platform::FormatDate(data, "yyyy-MM-dd") < platform::FormatDate(platform::Today(), "yyyy-MM-dd"))
     recusa = kRecusa;
   cancel = recusa != nullptr;
-  if (cancel)
-    Tools::Mensagem("", recusa, Tools::kAviso);
-  else
-    Alterado_ = true;
+  if (cancel) Tools::Mensagem("", recusa, Tools::kAviso);
 }
 
 /// The calendar of the current row, on the row's date.
@@ -108,12 +102,10 @@ void Motoristas::MostrarCalendario() {
 /// then served its row, which gets the focus back.
 void Motoristas::EscolherDataDaCarta(platform::Date data, const char* recusa) {
   if (Grelha.Row() < 0) return;
-  if (data < platform::Now()) {
+  if (data < platform::Now())
     Tools::Mensagem("", recusa, Tools::kAviso);
-  } else {
+  else
     Grelha.SetCell(Grelha.Row(), kData, platform::FormatDate(data, "dd-mm-yyyy"));
-    Alterado_ = true;
-  }
   Grelha.SetFocus();
   MonthView1.Visible = false;
 }

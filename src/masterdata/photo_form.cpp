@@ -19,6 +19,12 @@ PhotoForm::PhotoForm(std::span<const Referencia> referencias)
   layout.head.buttons = {&PicAdd, &PicDel};
 }
 
+void PhotoForm::ColocarFoto(platform::Control& seguinte) {
+  TabBefore(ShowImg1, seguinte);
+  TabBefore(PicAdd, seguinte);
+  TabBefore(PicDel, seguinte);
+}
+
 void PhotoForm::AdicionarFoto() {
   const auto ficheiro =
       platform::Host::Current().OpenFile({.Filter = "Ficheiros Jpg (*.jpg; )|*.jpg", .Title = ""});

@@ -21,6 +21,8 @@ class PhotoForm : public RecordForm {
  protected:
   explicit PhotoForm(std::span<const Referencia> referencias);
 
+  /// Puts the picture and its buttons before a control.
+  void ColocarFoto(platform::Control& seguinte);
   /// The record of the key on the screen, set on the ficha's database.
   virtual RegistoComFoto& RegistoDoEcra() = 0;
 };

@@ -4,13 +4,14 @@
 
 #include "host/data_access.h"
 #include "host/row.h"
+#include "masterdata/photo_record.h"
 
 namespace zorCrmParvel {
 
 /// A vehicle: one row of zor_PV_Viaturas in memory. `bd` and `Matricula` are set before a call. The zero date
 /// stands for no date. Between `Ler` and `Escrever` nothing guards against a second writer; a whole row is
 /// always written, so whoever changes one property reads first.
-class clViaturas {
+class clViaturas : public RegistoComFoto {
  public:
   std::string Matricula;  // the plate, the key
   std::string Marca;
@@ -67,10 +68,9 @@ class clViaturas {
   RecordsetRef LerViaturas();
   /// The plate that the user picks, empty when none. Vehicles with a lost make or model aren't offered.
   std::string MostraLista();
-  // The vehicle's photo, by the plate; see host/fotos.h.
-  bool Foto_Add(const std::string& ficheiro);
-  bool Foto_Del();
-  std::string Foto_Get();
+  bool Foto_Add(const std::string& ficheiro) override;
+  bool Foto_Del() override;
+  std::string Foto_Get() override;
 
  private:
   Statement Seleccao() const;

@@ -2,131 +2,88 @@
 
 #include <algorithm>
 
+#include "platform/runtime_error.h"
+
 namespace zorCrmParvel {
 namespace {
 
-using Texto = std::string clViaturas::*;
-using Numero = platform::Currency clViaturas::*;
+using V = clViaturas;
 
-constexpr CampoDaViatura Escrito(const char* legenda, int maxlength, Texto propriedade) {
-  return {legenda, maxlength, Escrita::kTexto, true, propriedade, nullptr};
+constexpr CampoDaViatura Escrito(int indice, const char* legenda, int maxlength, std::string V::*texto) {
+  return {.indice = indice, .legenda = legenda, .maxlength = maxlength, .texto = texto};
 }
-constexpr CampoDaViatura Numerico(const char* legenda, int maxlength, Escrita escrita, Numero propriedade) {
-  return {legenda, maxlength, escrita, true, nullptr, propriedade};
+constexpr CampoDaViatura Numerico(int indice, const char* legenda, int maxlength, Escrita escrita,
+                                  platform::Currency V::*numero) {
+  return {.indice = indice, .legenda = legenda, .maxlength = maxlength, .escrita = escrita, .numero = numero};
 }
-/// A figure that the events compute.
-constexpr CampoDaViatura Calculado(const char* legenda, Escrita escrita, Numero propriedade) {
-  return {legenda, 10, escrita, false, nullptr, propriedade};
+constexpr CampoDaViatura Calculado(int indice, const char* legenda, Escrita escrita,
+                                   platform::Currency V::*numero) {
+  CampoDaViatura campo = Numerico(indice, legenda, 10, escrita, numero);
+  campo.calculado = true;
+  return campo;
 }
-constexpr CampoDaViatura Detalhe(const char* legenda, Escrita escrita = Escrita::kTexto) {
-  return {legenda, 0, escrita, false, nullptr, nullptr};
-}
-/// The key of the event that a tab shows, kept out of sight.
-constexpr CampoDaViatura Chave() { return {nullptr, 0, Escrita::kTexto, false, nullptr, nullptr}; }
 
-template <typename T>
-std::unique_ptr<CodeTable> Nova() {
-  return std::make_unique<T>();
+template <typename Lugares>
+auto& NoLugar(const Lugares& lugares, int indice) {
+  const auto found =
+      std::find_if(lugares.begin(), lugares.end(), [=](const auto& lugar) { return lugar.indice == indice; });
+  if (found == lugares.end()) throw platform::RuntimeError(platform::kSubscriptOutOfRange);
+  return *found;
 }
 
 }  // namespace
 
-const std::array<CampoDaViatura, 63> kCamposDaViatura = {{
-    /* 0 */ {"Matrícula", 10, Escrita::kTexto, true, nullptr, nullptr},
-    /* 1 */ Escrito("Marca", 10, &clViaturas::Marca),
-    /* 2 */ Escrito("No.Contrato", 20, &clViaturas::NoContrato),
-    /* 3 */ Numerico("Km Iniciais", 10, Escrita::kKm, &clViaturas::KmInicial),
-    /* 4 */ Calculado("Custo Total", Escrita::kValor, &clViaturas::CustoTotal),
-    /* 5 */ Calculado("Custo Médio Km (Total)", Escrita::kValor, &clViaturas::CustoMedioKmT),
-    /* 6 */ Calculado("Custo Médio Km (Combustível)", Escrita::kValor, &clViaturas::CustoMedioKmC),
-    /* 7 */ Calculado("Média (100Km)", Escrita::kValor, &clViaturas::Media),
-    /* 8 */ Calculado("Km Actuais", Escrita::kKm, &clViaturas::KmActual),
-    /* 9 */ {"Sector", 10, Escrita::kTexto, true, nullptr, nullptr},  // no column holds it
-    /* 10 */ Escrito("Departamento", 10, &clViaturas::Departamento),
-    /* 11 */ {"Responsável", 40, Escrita::kTexto, true, nullptr, nullptr},
-    /* 12 */ Escrito("Modelo", 10, &clViaturas::Modelo),
-    /* 13 */ Escrito("Categoria", 10, &clViaturas::Categoria),
-    /* 14 */ Escrito("Cilindrada", 10, &clViaturas::Cilindrada),
-    /* 15 */ Detalhe("Apólice"),
-    /* 16 */ {"Obs.", 150, Escrita::kNotas, true, &clViaturas::Obs, nullptr},
-    /* 17 */ Escrito("No.Motor", 15, &clViaturas::NoMotor),
-    /* 18 */ Detalhe("Marca"),
-    /* 19 */ Numerico("Valor Inicial", 12, Escrita::kValor, &clViaturas::ValorInicial),
-    /* 20 */ Escrito("Companhia", 10, &clViaturas::CompLeasing),
-    /* 21 */ Numerico("Valor Residual", 12, Escrita::kValor, &clViaturas::ValorResidual),
-    /* 22 */ Numerico("Mensalidade", 12, Escrita::kValor, &clViaturas::Mensalidade),
-    /* 23 */ Numerico("Qtd. Inicial", 10, Escrita::kValor, &clViaturas::QtdInicial),
-    /* 24 */ {"Ano Matrícula", 4, Escrita::kAno, true, nullptr, nullptr},
-    /* 25 */ Detalhe("Companhia"),
-    /* 26 */ Detalhe("Tipo Apólice"),
-    /* 27 */ Detalhe("Prémio", Escrita::kValor),
-    /* 28 */ Detalhe("Franquia", Escrita::kValor),
-    /* 29 */ Detalhe("Modelo"),
-    /* 30 */ Detalhe("Tipo Acessório"),
-    /* 31 */ Detalhe("Qtd.", Escrita::kValor),
-    /* 32 */ Detalhe("Km Iniciais", Escrita::kKm),
-    /* 33 */ Detalhe("Km Finais", Escrita::kKm),
-    /* 34 */ Detalhe("Custo", Escrita::kValor),
-    /* 35 */ Detalhe("Observações", Escrita::kNotas),
-    /* 36 */ Chave(),
-    /* 37 */ Chave(),
-    /* 38 */ Detalhe("Qtd.", Escrita::kValor),
-    /* 39 */ Detalhe("Motorista"),
-    /* 40 */ Detalhe("Custo", Escrita::kValor),
-    /* 41 */ Chave(),
-    /* 42 */ Detalhe("Observações", Escrita::kNotas),
-    /* 43 */ Escrito("No.Quadro", 50, &clViaturas::NoChassis),
-    /* 44 */ Detalhe("Tipo Gasto"),
-    /* 45 */ Detalhe("Observações", Escrita::kNotas),
-    /* 46 */ Detalhe("Km", Escrita::kKm),
-    /* 47 */ Detalhe("Custo", Escrita::kValor),
-    /* 48 */ Chave(),
-    /* 49 */ Chave(),
-    /* 50 */ Detalhe("Tipo Manutenção"),
-    /* 51 */ Detalhe("Km", Escrita::kKm),
-    /* 52 */ Detalhe("Custo", Escrita::kValor),
-    /* 53 */ Numerico("Km Próxima Revisão", 10, Escrita::kKm, &clViaturas::KmPrxRev),
-    /* 54 */ Detalhe("Observações", Escrita::kNotas),
-    /* 55 */ Detalhe("Motorista"),
-    /* 56 */ Chave(),
-    /* 57 */ Detalhe("Local"),
-    /* 58 */ Detalhe("Observações", Escrita::kNotas),
-    /* 59 */ Detalhe("Motorista"),
-    /* 60 */ Detalhe("Observações", Escrita::kNotas),
-    /* 61 */ Chave(),
-    /* 62 */ Detalhe("Valor", Escrita::kValor),
+const std::array<CampoDaViatura, 25> kCamposDaViatura = {{
+    {.indice = 0, .legenda = "Matrícula", .maxlength = 10},
+    Escrito(1, "Marca", 10, &V::Marca),
+    Escrito(2, "No.Contrato", 20, &V::NoContrato),
+    Numerico(3, "Km Iniciais", 10, Escrita::kKm, &V::KmInicial),
+    Calculado(4, "Custo Total", Escrita::kValor, &V::CustoTotal),
+    Calculado(5, "Custo Médio Km (Total)", Escrita::kValor, &V::CustoMedioKmT),
+    Calculado(6, "Custo Médio Km (Combustível)", Escrita::kValor, &V::CustoMedioKmC),
+    Calculado(7, "Média (100Km)", Escrita::kValor, &V::Media),
+    Calculado(8, "Km Actuais", Escrita::kKm, &V::KmActual),
+    {.indice = 9, .legenda = "Sector", .maxlength = 10},  // no column holds it
+    Escrito(10, "Departamento", 10, &V::Departamento),
+    {.indice = 11, .legenda = "Responsável", .maxlength = 40},  // may be null
+    Escrito(12, "Modelo", 10, &V::Modelo),
+    Escrito(13, "Categoria", 10, &V::Categoria),
+    Escrito(14, "Cilindrada", 10, &V::Cilindrada),
+    {.indice = 16, .legenda = "Obs.", .maxlength = 150, .escrita = Escrita::kNotas, .texto = &V::Obs},
+    Escrito(17, "No.Motor", 15, &V::NoMotor),
+    Numerico(19, "Valor Inicial", 12, Escrita::kValor, &V::ValorInicial),
+    Escrito(20, "Companhia", 10, &V::CompLeasing),
+    Numerico(21, "Valor Residual", 12, Escrita::kValor, &V::ValorResidual),
+    Numerico(22, "Mensalidade", 12, Escrita::kValor, &V::Mensalidade),
+    Numerico(23, "Qtd. Inicial", 10, Escrita::kValor, &V::QtdInicial),
+    {.indice = 24, .legenda = "Ano Matrícula", .maxlength = 4, .escrita = Escrita::kAno},
+    Escrito(43, "No.Quadro", 50, &V::NoChassis),
+    Numerico(53, "Km Próxima Revisão", 10, Escrita::kKm, &V::KmPrxRev),
 }};
 
-const std::array<DataDaViatura, 14> kDatasDaViatura = {{
-    /* 0 */ {.legenda = "Data ", .opcional = true},
-    /* 1 */ {.legenda = "Data Inicial"},
-    /* 2 */ {.legenda = "Data", .activo = false},
-    /* 3 */ {.legenda = "Data Matrícula"},
-    /* 4 */ {.legenda = "Data", .activo = false, .formato = "dd-mm-yyyy hh:mm"},
-    /* 5 */ {.legenda = "Data Validade", .activo = false},
-    /* 6 */ {.legenda = "Data", .activo = false},
-    /* 7 */ {.legenda = "Data", .activo = false},
-    /* 8 */ {.legenda = "Data Próxima Revisão", .opcional = true},
-    /* 9 */ {.legenda = "Marcação  Próxima Inspecção", .opcional = true},
-    /* 10 */ {.legenda = "Data", .activo = false},
-    /* 11 */ {.legenda = "Data", .activo = false},
-    /* 12 */ {.legenda = "Próxima Descarga", .opcional = true},
-    /* 13 */ {.legenda = "Pagamento Selo até "},
+const std::array<DataDaViatura, 7> kDatasDaViatura = {{
+    {0, "Data ", &V::ValContrato, true, true},
+    {1, "Data Inicial", &V::DataKmInicial},
+    {3, "Data Matrícula", &V::DataMatricula},
+    {8, "Data Próxima Revisão", &V::DataPrxRev, true, true},
+    {9, "Marcação  Próxima Inspecção", &V::DataPrxInsp, true, true},
+    {12, "Próxima Descarga", &V::DtDescarga, true},
+    {13, "Pagamento Selo até ", nullptr},  // `DataSelo`, which the ficha computes when there is none
 }};
 
-const std::array<CodigoDaViatura, 5> kCodigosDaViatura = {{
-    {1, 13, &Nova<clMarcas>, "Marca não existente!", "Lista de Marcas.", "Marcas"},
-    {10, 15, &Nova<clDepartamentos>, "Departamento não existente!", "Lista de Departamentos.",
-     "Departamentos"},
-    {12, 14, &Nova<clModelos>, "Modelo não existente!", "Lista de Modelos.", "Modelos"},
-    {13, 27, &Nova<clCategorias>, "Categoria não existente!", "Lista de Categorias.", "Categorias"},
-    {20, 34, &Nova<clCompanhias>, "Companhia não existente!", "Lista de Companhias.", nullptr, true},
-}};
+const std::vector<Referencia> kReferenciasDaViatura = {
+    {1, 1, 13, "Lista de Marcas.", "Marcas", &NovaEntidade<clMarcas>, "Marca não existente!"},
+    {10, 10, 15, "Lista de Departamentos.", "Departamentos", &NovaEntidade<clDepartamentos>,
+     "Departamento não existente!"},
+    {12, 12, 14, "Lista de Modelos.", "Modelos", &NovaEntidade<clModelos>, "Modelo não existente!"},
+    {13, 13, 27, "Lista de Categorias.", "Categorias", &NovaEntidade<clCategorias>,
+     "Categoria não existente!"},
+    {20, 20, 34, "Lista de Companhias.", nullptr, &NovaEntidade<clCompanhias>, "Companhia não existente!",
+     true},
+};
 
-const CodigoDaViatura* CodigoDoCampo(int campo) {
-  const auto found = std::find_if(kCodigosDaViatura.begin(), kCodigosDaViatura.end(),
-                                  [=](const CodigoDaViatura& c) { return c.campo == campo; });
-  return found == kCodigosDaViatura.end() ? nullptr : &*found;
-}
+const CampoDaViatura& CampoNoLugar(int indice) { return NoLugar(kCamposDaViatura, indice); }
+
+const DataDaViatura& DataNoLugar(int indice) { return NoLugar(kDatasDaViatura, indice); }
 
 }  // namespace zorCrmParvel

@@ -1,54 +1,47 @@
 #pragma once
 
 #include <array>
-#include <memory>
 #include <string>
+#include <vector>
 
-#include "masterdata/code_table.h"
+#include "masterdata/record_form.h"
 #include "vehicles/viaturas.h"
 
+/// What the vehicle's ficha holds of the vehicle itself; details of its events are told in viaturas_tabs.h.
 namespace zorCrmParvel {
 
-/// How a field of the vehicle's ficha is typed and shown.
+/// How a field is typed and shown.
 enum class Escrita { kTexto, kNotas, kAno, kKm, kValor };
 
-/// A field of the vehicle's ficha, by its place in `Campo`: one of the vehicle, with the property that it
-/// shows and fills, or a detail of an event, which is read only.
+/// A field, with the property that it shows and fills, if one kind or the other.
 struct CampoDaViatura {
+  int indice;  // in `Campo`
   const char* legenda;
-  int maxlength = 0;
+  int maxlength;  // characters
   Escrita escrita = Escrita::kTexto;
-  bool activo = false;
   std::string clViaturas::*texto = nullptr;
   platform::Currency clViaturas::*numero = nullptr;
+  bool calculado = false;  // a figure that the events compute, which nobody types
 };
 
-extern const std::array<CampoDaViatura, 63> kCamposDaViatura;
+extern const std::array<CampoDaViatura, 25> kCamposDaViatura;
 
-/// A date of the ficha, by its place in `DTPicker1`.
+/// A date, with the property that it shows and fills, null where the ficha does more than that.
 struct DataDaViatura {
+  int indice;  // in `DTPicker1`
   const char* legenda;
-  bool opcional = false;  // may be without a date
-  bool activo = true;
-  const char* formato = "dd-mm-yyyy";
+  platform::Date clViaturas::*propriedade;
+  bool opcional = false;    // may be without a date
+  bool hojeSeZero = false;  // no date shows as today
 };
 
-extern const std::array<DataDaViatura, 14> kDatasDaViatura;
+extern const std::array<DataDaViatura, 7> kDatasDaViatura;
 
-/// A field that holds a code of another table.
-struct CodigoDaViatura {
-  int campo;   // and its list button
-  int titulo;  // the label with what the code stands for
-  std::unique_ptr<CodeTable> (*nova)();
-  const char* inexistente;  // the message for an unknown code
-  const char* dicaLista;
-  const char* ficha = nullptr;  // that the field opens
-  bool opcional = false;        // an empty field isn't looked at
-};
+/// The fields that hold a code of another table.
+extern const std::vector<Referencia> kReferenciasDaViatura;
 
-extern const std::array<CodigoDaViatura, 5> kCodigosDaViatura;
-
-/// Null when the field holds no code.
-const CodigoDaViatura* CodigoDoCampo(int campo);
+/// The field or date of a place; error 9 when the vehicle has none there.
+const CampoDaViatura& CampoNoLugar(int indice);
+const DataDaViatura& DataNoLugar(int indice);
 
 }  // namespace zorCrmParvel

@@ -22,8 +22,6 @@ constexpr AvisosDeAnulacao kAvisos = {
     "Existem Inspecções associadas à Viatura!",
 };
 
-Variant HojeSeZero(Date data) { return data.IsZero() ? platform::Today() : data; }
-
 }  // namespace
 
 void Viaturas::Definir(std::string_view membro, const Variant& valor) {
@@ -82,21 +80,18 @@ void Viaturas::LerTudo() {
 }
 
 void Viaturas::LerFicha() {
-  for (std::size_t i = 0; i < kCamposDaViatura.size(); ++i) {
-    const CampoDaViatura& campo = kCamposDaViatura[i];
-    std::string& texto = Campo[static_cast<int>(i)].Text;
-    if (campo.texto != nullptr) texto = viatura_.*campo.texto;
-    if (campo.numero != nullptr) texto = (viatura_.*campo.numero).ToText();
+  for (const CampoDaViatura& campo : kCamposDaViatura) {
+    if (campo.texto != nullptr) Campo[campo.indice].Text = viatura_.*campo.texto;
+    if (campo.numero != nullptr) Campo[campo.indice].Text = (viatura_.*campo.numero).ToText();
   }
   Campo[11].Text = viatura_.Responsavel.IsNull() ? "" : viatura_.Responsavel.ToText();
   Campo[24].Text = std::to_string(viatura_.AnoMatricula);
-  MostrarReferencias();
-  DTPicker1[0].Value = HojeSeZero(viatura_.ValContrato);
-  DTPicker1[1].Value = viatura_.DataKmInicial;
-  DTPicker1[3].Value = viatura_.DataMatricula;
-  DTPicker1[8].Value = HojeSeZero(viatura_.DataPrxRev);
-  DTPicker1[9].Value = HojeSeZero(viatura_.DataPrxInsp);
-  DTPicker1[12].Value = viatura_.DtDescarga;
+  for (const Referencia& referencia : Referencias()) MostrarReferencia(referencia);
+  for (const DataDaViatura& data : kDatasDaViatura) {
+    if (data.propriedade == nullptr) continue;
+    const Date valor = viatura_.*data.propriedade;
+    DTPicker1[data.indice].Value = data.hojeSeZero ? HojeSeZero(valor) : valor;
+  }
   Combo2.ListIndex = viatura_.Combustivel;
   Check1.Value = viatura_.Inactiva == 1 ? 1 : 0;
   Check2.Value = viatura_.Tacografo == 1 ? 1 : 0;
@@ -105,48 +100,33 @@ void Viaturas::LerFicha() {
   chkBxSeloPago.Value = viatura_.SeloPago ? 1 : 0;
 }
 
-void Viaturas::MostrarReferencias() {
-  for (const CodigoDaViatura& codigo : kCodigosDaViatura) {
-    const auto tabela = codigo.nova();
-    LerReferencia(codigo.campo, *tabela);
-    Titulo[codigo.titulo].Caption = tabela->Descrição;
-  }
-}
-
-bool Viaturas::LerReferencia(int campo, CodeTable& tabela) const {
-  tabela.bd = mybd;
-  tabela.Codigo = Campo[campo].Text;
-  return tabela.Ler();
-}
-
-Date Viaturas::DataOuZero(int indice) const {
-  const Variant& data = DTPicker1[indice].Value;
-  return data.IsNull() ? Date() : data.ToDate();
-}
-
 void Viaturas::Gravar() {
   viatura_.Matricula = Campo[0].Text;
-  for (std::size_t i = 0; i < kCamposDaViatura.size(); ++i) {
-    const CampoDaViatura& campo = kCamposDaViatura[i];
-    const platform::zor_input& lido = Campo[static_cast<int>(i)];
-    if (campo.texto != nullptr) viatura_.*campo.texto = lido.Text;
-    if (campo.numero != nullptr) viatura_.*campo.numero = Tools::TextoParaMoeda(lido);
+  for (const CampoDaViatura& campo : kCamposDaViatura) {
+    if (campo.texto != nullptr) viatura_.*campo.texto = Campo[campo.indice].Text;
+    if (campo.numero != nullptr) viatura_.*campo.numero = Tools::TextoParaMoeda(Campo[campo.indice]);
   }
   viatura_.Responsavel = Campo[11].Text;
   viatura_.AnoMatricula = platform::ToInteger(Tools::TextoParaMoeda(Campo[24]).ToWhole());
-  viatura_.ValContrato = DataOuZero(0);
-  viatura_.DataKmInicial = DTPicker1[1].Value.ToDate();
-  viatura_.DataMatricula = DTPicker1[3].Value.ToDate();
+  for (const DataDaViatura& data : kDatasDaViatura) {
+    if (data.propriedade == nullptr) continue;
+    const platform::DTPicker& lida = DTPicker1[data.indice];
+    viatura_.*data.propriedade = data.opcional ? DataOuZero(lida) : lida.Value.ToDate();
+  }
   viatura_.Combustivel = static_cast<std::int16_t>(Combo2.ListIndex);
-  viatura_.DataPrxRev = DataOuZero(8);
-  viatura_.DataPrxInsp = DataOuZero(9);
   viatura_.Inactiva = Check1.Value == 1 ? 1 : 0;
   viatura_.Tacografo = Check2.Value == 1 ? 1 : 0;
-  viatura_.DtDescarga = DataOuZero(12);
   viatura_.DataSelo = DTPicker1[13].Value.ToDate();
   viatura_.SeloPago = chkBxSeloPago.Value == 1;
   viatura_.bd = mybd;
-  if (viatura_.Escrever()) Limparform();
+  viatura_.Escrever();
+  Limparform();
+}
+
+RegistoComFoto& Viaturas::RegistoDoEcra() {
+  viatura_.bd = mybd;
+  viatura_.Matricula = Campo[0].Text;
+  return viatura_;
 }
 
 void Viaturas::Navega(int indice, std::string& matricula) {
@@ -196,26 +176,6 @@ void Viaturas::ProximaInspTeste() {
   Titulo[67].Caption = "Próxima Inspecção, até " + platform::FormatDate(data, "dd-mm-yyyy");
   Titulo[63].Caption =
       "Faltam .... " + std::to_string(platform::DaysBetween(platform::Today(), data)) + " dias";
-}
-
-void Viaturas::AdicionarFoto() {
-  const auto ficheiro =
-      platform::Host::Current().OpenFile({.Filter = "Ficheiros Jpg (*.jpg; )|*.jpg", .Title = ""});
-  if (!ficheiro || ficheiro->empty()) return;
-  viatura_.bd = mybd;
-  viatura_.Matricula = Campo[0].Text;
-  viatura_.Foto_Add(*ficheiro);
-  CarregaFoto();
-}
-
-void Viaturas::CarregaFoto() {
-  ShowImg1.Clear();
-  viatura_.bd = mybd;
-  viatura_.Matricula = Campo[0].Text;
-  const std::string foto = viatura_.Foto_Get();
-  if (foto.empty()) return;
-  ShowImg1.FileName = foto;
-  ShowImg1.Load();
 }
 
 }  // namespace zorCrmParvel

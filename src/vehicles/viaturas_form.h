@@ -3,18 +3,18 @@
 #include <memory>
 #include <string>
 
-#include "host/ficha.h"
-#include "masterdata/code_table.h"
+#include "masterdata/photo_form.h"
 #include "vehicles/viaturas.h"
 
 namespace zorCrmParvel {
 
+struct Detalhe;
 struct SeparadorDeEventos;
 
 /// The ficha of a vehicle: eleven tabs, the vehicle's own columns and, kind by kind, its events. A move to
 /// another vehicle saves the one that is left, changed or not. A save, a removal and a cancel all empty the
 /// screen for the next vehicle; only `btSair` and Escape in the plate close it.
-class Viaturas : public Ficha {
+class Viaturas : public PhotoForm {
  public:
   Viaturas();
 
@@ -43,8 +43,6 @@ class Viaturas : public Ficha {
   /// Shows the next inspection by the plain rule of ages, which looks at neither category nor last
   /// inspection.
   void ProximaInspTeste();
-  void AdicionarFoto();
-  void CarregaFoto();
 
   // One kind of event, by its tab.
   void Act_Grelha(const SeparadorDeEventos& separador);  // sets the grid up from nothing, empty
@@ -63,10 +61,7 @@ class Viaturas : public Ficha {
   const clViaturas& viatura() const { return viatura_; }
 
   platform::ControlArray<platform::Label> Legenda;    // captions of the fields
-  platform::ControlArray<platform::Label> Titulo;     // what codes stand for, and lines of text
   platform::ControlArray<platform::Frame> Separador;  // one a tab, under its own name
-  platform::ControlArray<platform::zor_input> Campo;
-  platform::ControlArray<platform::PushButton> btLista;
   platform::ControlArray<platform::PushButton> btArquivo;
   platform::ControlArray<platform::DTPicker> DTPicker1;
   platform::TabControl SSTab1;
@@ -89,13 +84,11 @@ class Viaturas : public Ficha {
   platform::PushButton zorBotao5;    // a revision
   platform::PushButton PushButton1;  // an accident
   platform::PushButton PushButton2;  // a fine
-  platform::ShowImg ShowImg1;
-  platform::PushButton PicAdd;
-  platform::PushButton PicDel;
   BotoesDaFicha botoes;
 
  protected:
   void Form_Load() override;
+  RegistoComFoto& RegistoDoEcra() override;
 
  private:
   // Putting the screen together.
@@ -105,7 +98,8 @@ class Viaturas : public Ficha {
   void DisporCabeca();
   void DisporViatura();
   void DisporEventos();
-  void DisporDetalhes();
+  platform::LayoutField NovoDetalhe(const Detalhe& detalhe, int separador);
+  void DisporDetalhes(const SeparadorDeEventos& separador);
   void LigarCampos();
   void LigarEventos();
   void LigarSeparador(const SeparadorDeEventos& separador);
@@ -115,26 +109,22 @@ class Viaturas : public Ficha {
   void FixarMatricula();
   void MostrarSeparador(int indice);
   void SSTab1_Click();
-  void MostrarReferencias();
-  bool LerReferencia(int campo, CodeTable& tabela) const;
   void Recomecar();
-  platform::Date DataOuZero(int indice) const;
 
   void Campo_Validate(int indice, bool& cancel);
   void ValidarAno(bool& cancel);
   void CopiarKmIniciais();
-  void Campo_KeyPress(int indice, int& keyCode);
   void Campo_PedidoFicha(int indice);
-  void btNavega_Click(int indice);
-  void btAnular_Click();
-  void btLista_Click(int indice);
+  void btConf_Click() override;
+  void btCancelar_Click() override { Recomecar(); }
+  void btAnular_Click() override;
+  void btNavega_Click(int indice) override;
+  void btLista_Click(int indice) override;
   void btArquivo_Click(int indice);
-  void PicDel_Click();
   void LinhaEscolhida(const SeparadorDeEventos& separador, long linha);
   void Editar(const SeparadorDeEventos& separador);
 
   clViaturas viatura_;
-  bool Validar_ = false;     // a key was pressed since the last Escape or check of a field
   bool aRegressar_ = false;  // an event's ficha has closed and its grid is getting the focus back
 };
 

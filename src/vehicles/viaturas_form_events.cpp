@@ -1,4 +1,6 @@
 // What the user does on the vehicle's ficha: fields left, keys, buttons and tabs.
+#include <algorithm>
+
 #include "host/form_catalog.h"
 #include "host/tools.h"
 #include "platform/host.h"
@@ -12,7 +14,6 @@ namespace zorCrmParvel {
 using platform::Variant;
 
 void Viaturas::Campo_Validate(int indice, bool& cancel) {
-  Validar_ = false;
   if (indice == 0) {
     if (platform::Trim(Campo[0].Text).empty()) return;
     viatura_.Matricula = Campo[0].Text;
@@ -22,15 +23,8 @@ void Viaturas::Campo_Validate(int indice, bool& cancel) {
     CopiarKmIniciais();
   } else if (indice == 24) {
     ValidarAno(cancel);
-  } else if (const CodigoDaViatura* codigo = CodigoDoCampo(indice)) {
-    if (codigo->opcional && Campo[indice].Text.empty()) return;
-    const auto tabela = codigo->nova();
-    if (LerReferencia(indice, *tabela)) {
-      Titulo[codigo->titulo].Caption = tabela->Descrição;
-      return;
-    }
-    Tools::Mensagem("", codigo->inexistente, Tools::kAviso);
-    cancel = true;
+  } else if (const Referencia* referencia = ReferenciaDoCampo(indice)) {
+    ValidarReferencia(*referencia, cancel);
   }
 }
 
@@ -54,23 +48,10 @@ void Viaturas::ValidarAno(bool& cancel) {
   cancel = true;
 }
 
-void Viaturas::Campo_KeyPress(int indice, int& keyCode) {
-  Validar_ = keyCode != platform::kKeyEscape;
-  if (Validar_) return;
-  SendKeys("+{TAB}");
-  keyCode = platform::kKeyNone;
-  if (indice == 0) Unload();
-}
-
 void Viaturas::Campo_PedidoFicha(int indice) {
-  const CodigoDaViatura* codigo = CodigoDoCampo(indice);
-  if (codigo == nullptr || codigo->ficha == nullptr) return;
-  const auto ficha = FormCatalog::Shared().Make(codigo->ficha);
-  if (!ficha) return;
-  ficha->mybd = mybd;
-  ficha->Load();
-  ficha->CarregaFicha(Campo[indice].Text);
-  ficha->ShowModal();
+  const Referencia* referencia = ReferenciaDoCampo(indice);
+  if (referencia != nullptr && referencia->ficha != nullptr)
+    AbrirFicha(referencia->ficha, "CarregaFicha", indice);
 }
 
 void Viaturas::Recomecar() {
@@ -83,14 +64,17 @@ void Viaturas::btNavega_Click(int indice) {
   std::string matricula = Campo[0].Text;
   Navega(indice, matricula);
   Gravar();
-  Validar_ = true;
   CarregaViatura(matricula);
 }
 
+void Viaturas::btConf_Click() {
+  Gravar();
+  Edicao = false;
+  Recomecar();
+}
+
 void Viaturas::btAnular_Click() {
-  const std::string pergunta =
-      Tools::DuasFrases("Vai proceder à anulação da Viatura!", "Pretende continuar?");
-  if (Tools::Mensagem("", pergunta, Tools::kOkCancelar) != platform::kCancel) Anular();
+  if (Continuar("Vai proceder à anulação da Viatura!", "Pretende continuar?")) Anular();
   Edicao = false;
   Recomecar();
 }
@@ -100,16 +84,10 @@ void Viaturas::btLista_Click(int indice) {
   if (indice == 0) {
     viatura_.bd = mybd;
     escolha = viatura_.MostraLista();
-  } else if (const CodigoDaViatura* codigo = CodigoDoCampo(indice)) {
-    const auto tabela = codigo->nova();
-    tabela->bd = mybd;
-    escolha = tabela->MostraLista();
+  } else if (const Referencia* referencia = ReferenciaDoCampo(indice)) {
+    escolha = Escolher(*referencia);
   }
-  if (escolha.empty()) return Campo[indice].SetFocus();
-  Campo[indice].Text = escolha;
-  Campo[indice].SelectAll();
-  Campo[indice].SetFocus();
-  SendKeys("{TAB}");
+  Tomar(indice, escolha);
 }
 
 void Viaturas::btArquivo_Click(int indice) {
@@ -117,12 +95,6 @@ void Viaturas::btArquivo_Click(int indice) {
   // expenses.
   constexpr std::array<int, 9> kClasses = {300, 304, 307, 302, 301, 305, 306, 308, 303};
   AbrirArquivo(Campo[0].Text, kClasses.at(static_cast<std::size_t>(indice)));
-}
-
-void Viaturas::PicDel_Click() {
-  viatura_.bd = mybd;
-  viatura_.Matricula = Campo[0].Text;
-  if (viatura_.Foto_Del()) ShowImg1.Clear();
 }
 
 void Viaturas::MostrarSeparador(int indice) {
@@ -194,18 +166,30 @@ void Viaturas::LinhaEscolhida(const SeparadorDeEventos& separador, long linha) {
 }
 
 void Viaturas::Dados(const SeparadorDeEventos& separador, std::int32_t id) {
-  if (!separador.dados(*this, id)) return Limpar(separador);
+  const auto evento = separador.novo();
+  evento->bd = mybd;
+  evento->Id = id;
+  if (!evento->Ler()) return Limpar(separador);
+  std::vector<const Detalhe*> detalhes;
+  for (const auto& linha : separador.detalhes)
+    for (const Detalhe& detalhe : linha)
+      if (detalhe.mostrar) detalhes.push_back(&detalhe);
+  // By their numbers: the order in which the codes of an event have always been read.
+  std::stable_sort(detalhes.begin(), detalhes.end(),
+                   [](const Detalhe* a, const Detalhe* b) { return a->indice < b->indice; });
+  for (const Detalhe* detalhe : detalhes) detalhe->mostrar(*this, *evento);
   Campo[separador.campoId].Text = std::to_string(id);
 }
 
 void Viaturas::Limpar(const SeparadorDeEventos& separador) {
-  for (int campo : separador.campos) Campo[campo].Text.clear();
+  for (const auto& linha : separador.detalhes)
+    for (const Detalhe& detalhe : linha) {
+      if (detalhe.onde == Detalhe::kCampo) Campo[detalhe.indice].Text.clear();
+      if (detalhe.onde == Detalhe::kData) DTPicker1[detalhe.indice].Value = platform::Today();
+      if (detalhe.onde == Detalhe::kModalidade) Combo1.ListIndex = 1;
+      if (detalhe.esvazia) Titulo[detalhe.indice].Caption.clear();
+    }
   Campo[separador.campoId].Text.clear();
-  DTPicker1[separador.data].Value = platform::Today();
-  if (separador.indice == kApolices) Combo1.ListIndex = 1;
-  if (separador.indice != kAcessorios) return;
-  Titulo[2].Caption.clear();
-  Titulo[51].Caption.clear();
 }
 
 void Viaturas::Editar(const SeparadorDeEventos& separador) {
@@ -235,10 +219,8 @@ void Viaturas::MostrarValores() {
   viatura_.bd = mybd;
   viatura_.Matricula = Campo[0].Text;
   if (!viatura_.Ler()) return;
-  for (int campo : {8, 7, 6, 5, 4}) {
-    const auto propriedade = kCamposDaViatura[static_cast<std::size_t>(campo)].numero;
-    Campo[campo].Text = (viatura_.*propriedade).ToText();
-  }
+  for (const CampoDaViatura& campo : kCamposDaViatura)
+    if (campo.calculado) Campo[campo.indice].Text = (viatura_.*campo.numero).ToText();
 }
 
 }  // namespace zorCrmParvel

@@ -25,7 +25,8 @@ void DarFormato(zor_input& campo, Escrita escrita) {
 }  // namespace
 
 Viaturas::Viaturas()
-    : SSTab1(*this, "SSTab1"),
+    : PhotoForm(kReferenciasDaViatura),
+      SSTab1(*this, "SSTab1"),
       Combo1(*this, "Combo1"),
       Combo2(*this, "Combo2"),
       Check1(*this, "Check1"),
@@ -45,12 +46,10 @@ Viaturas::Viaturas()
       zorBotao5(*this, "zorBotao5"),
       PushButton1(*this, "PushButton1"),
       PushButton2(*this, "PushButton2"),
-      ShowImg1(*this, "ShowImg1"),
-      PicAdd(*this, "PicAdd"),
-      PicDel(*this, "PicDel"),
       botoes(*this) {
   Name = "Viaturas";
   Caption = "Viaturas";
+  ColocarFoto(botoes.btConf);
   SSTab1.Captions = {"Identificação", "DUC",    "Apólices",  "Leasing", "Revisões", "Inspecção",
                      "Acessórios",    "Gastos", "Sinistros", "Multas",  "Obs"};
   int separador = 0;
@@ -59,11 +58,8 @@ Viaturas::Viaturas()
     Separador.Add(*this, frame, separador++);
   for (int titulo : {2, 13, 14, 15, 16, 27, 34, 51, 63, 64, 67}) Titulo.Add(*this, "Titulo", titulo);
   for (int lista : {0, 1, 9, 10, 12, 13, 20}) {
-    PushButton& button = btLista.Add(*this, "btLista", lista);
-    const CodigoDaViatura* codigo = CodigoDoCampo(lista);
-    button.Caption = "…";
-    button.ToolTipText = codigo != nullptr ? codigo->dicaLista : lista == 0 ? "Lista de Viaturas." : "";
-    button.TabStop = false;
+    const Referencia* referencia = ReferenciaDoCampo(lista);
+    NovaLista(lista, referencia != nullptr ? referencia->dicaLista : lista == 0 ? "Lista de Viaturas." : "");
   }
   btArquivo = {*this, "btArquivo", 9};
   btArquivo.Each([](PushButton& button) {
@@ -92,29 +88,59 @@ LayoutField Viaturas::Colocar(platform::Control& controlo, const char* legenda, 
 }
 
 LayoutField Viaturas::NovoCampo(int indice, int separador) {
-  const CampoDaViatura& dados = kCamposDaViatura[static_cast<std::size_t>(indice)];
+  const CampoDaViatura& dados = CampoNoLugar(indice);
   zor_input& campo = Campo.Add(*this, "Campo", indice);
   campo.maxlength = dados.maxlength;
-  campo.Enabled = campo.TabStop = dados.activo;
+  campo.Enabled = campo.TabStop = !dados.calculado;
   DarFormato(campo, dados.escrita);
   LayoutField lugar = Colocar(campo, dados.legenda, separador);
   if (btLista.Has(indice)) {
     lugar.list = &btLista[indice];
     lugar.list->Container = campo.Container;
   }
-  if (const CodigoDaViatura* codigo = CodigoDoCampo(indice)) lugar.description = &Titulo[codigo->titulo];
+  if (const Referencia* referencia = ReferenciaDoCampo(indice))
+    lugar.description = &Titulo[referencia->titulo];
   if (indice == 9) lugar.description = &Titulo[16];
   if (lugar.description != nullptr) lugar.description->Container = campo.Container;
   return lugar;
 }
 
 LayoutField Viaturas::NovaData(int indice, int separador) {
-  const DataDaViatura& dados = kDatasDaViatura[static_cast<std::size_t>(indice)];
+  const DataDaViatura& dados = DataNoLugar(indice);
   platform::DTPicker& data = DTPicker1.Add(*this, "DTPicker1", indice);
-  data.CustomFormat = dados.formato;
+  data.CustomFormat = "dd-mm-yyyy";
   data.Optional = dados.opcional;
-  data.Enabled = data.TabStop = dados.activo;
   return Colocar(data, dados.legenda, separador);
+}
+
+/// What an event is shown in: read only, but where it is the vehicle's own.
+LayoutField Viaturas::NovoDetalhe(const Detalhe& detalhe, int separador) {
+  platform::Control* controlo = &Combo1;
+  switch (detalhe.onde) {
+    case Detalhe::kDaViatura:
+      return NovoCampo(detalhe.indice, separador);
+    case Detalhe::kDataDaViatura:
+      return NovaData(detalhe.indice, separador);
+    case Detalhe::kLinha:
+      Titulo[detalhe.indice].Container = &Separador[separador];
+      return {.description = &Titulo[detalhe.indice]};
+    case Detalhe::kCampo: {
+      zor_input& campo = Campo.Add(*this, "Campo", detalhe.indice);
+      DarFormato(campo, detalhe.escrita);
+      controlo = &campo;
+      break;
+    }
+    case Detalhe::kData: {
+      platform::DTPicker& data = DTPicker1.Add(*this, "DTPicker1", detalhe.indice);
+      data.CustomFormat = detalhe.formato;
+      controlo = &data;
+      break;
+    }
+    case Detalhe::kModalidade:
+      break;
+  }
+  controlo->Enabled = controlo->TabStop = false;
+  return Colocar(*controlo, detalhe.legenda, separador);
 }
 
 void Viaturas::DisporCabeca() {
@@ -123,13 +149,6 @@ void Viaturas::DisporCabeca() {
                       {NovoCampo(1, kCabeca)},
                       {NovoCampo(12, kCabeca)}};
   TabBefore(SSTab1, botoes.btConf);
-  PicAdd.Caption = "&Foto…";
-  PicAdd.ToolTipText = "Adicionar a fotografia.";
-  PicDel.Caption = "Remover foto";
-  PicDel.ToolTipText = "Remover a fotografia.";
-  PicAdd.TabStop = PicDel.TabStop = false;
-  layout.head.picture = &ShowImg1;
-  layout.head.buttons = {&PicAdd, &PicDel};
 }
 
 void Viaturas::DisporViatura() {
@@ -164,7 +183,10 @@ void Viaturas::DisporEventos() {
     Colocar(grelha, nullptr, separador.indice);
     layout.pages[static_cast<std::size_t>(separador.indice)].grid = &grelha;
   }
-  DisporDetalhes();
+  for (int indice = kIdentificacao; indice < kObs; ++indice)  // in the order of the tabs, as the keys go
+    for (const SeparadorDeEventos& separador : SeparadoresDeEventos())
+      if (separador.indice == indice) DisporDetalhes(separador);
+  layout.pages[kObs].rows = {{NovoCampo(16, kObs)}};
   for (const SeparadorDeEventos& separador : SeparadoresDeEventos()) {
     PushButton& editar = this->*separador.editar;
     PushButton& arquivo = btArquivo[separador.arquivo];
@@ -172,45 +194,24 @@ void Viaturas::DisporEventos() {
     Colocar(editar, nullptr, separador.indice);
     Colocar(arquivo, nullptr, separador.indice);
     layout.pages[static_cast<std::size_t>(separador.indice)].buttons = {&editar, &arquivo};
-    NovoCampo(separador.campoId, separador.indice).field->Visible = false;
+    zor_input& chave = Campo.Add(*this, "Campo", separador.campoId);
+    chave.Enabled = chave.TabStop = chave.Visible = false;
+    Colocar(chave, nullptr, separador.indice);
   }
 }
 
-void Viaturas::DisporDetalhes() {
-  int s = 0;
-  const auto c = [&](int indice) { return NovoCampo(indice, s); };
-  const auto d = [&](int indice) { return NovaData(indice, s); };
-  const auto t = [&](int indice) {
-    Titulo[indice].Container = &Separador[s];
-    return LayoutField{.description = &Titulo[indice]};
-  };
-  auto& paginas = layout.pages;
-  s = kApolices;
-  Combo1.Enabled = Combo1.TabStop = false;
-  paginas[kApolices].rows = {{c(25)},        {c(26)}, {c(15)}, {d(5)}, {Colocar(Combo1, "Modalidade", s)},
-                             {c(27), c(28)}, {t(64)}};
-  s = kRevisoes;
-  paginas[kRevisoes].rows = {{c(50)}, {d(7)}, {c(51), c(52)}, {c(54)}, {c(53)}, {d(8)}};
-  s = kInspeccao;
-  paginas[kInspeccao].rows = {{d(6)}, {c(46), c(47)}, {c(45)}, {d(9)}, {t(67)}, {t(63)}};
-  s = kAcessorios;
-  paginas[kAcessorios].rows = {{c(30)},        {c(18), c(29)}, {d(2)}, {c(31), c(34)},
-                               {c(32), c(33)}, {c(35)},        {t(2)}, {t(51)}};
-  s = kGastos;
-  paginas[kGastos].rows = {{c(44)}, {d(4)}, {c(39)}, {c(38), c(40)}, {c(42)}};
-  s = kSinistros;
-  paginas[kSinistros].rows = {{c(55)}, {d(10)}, {c(57)}, {c(58)}};
-  s = kMultas;
-  paginas[kMultas].rows = {{c(59)}, {d(11)}, {c(62)}, {c(60)}};
-  s = kObs;
-  paginas[kObs].rows = {{c(16)}};
+void Viaturas::DisporDetalhes(const SeparadorDeEventos& separador) {
+  for (const auto& linha : separador.detalhes) {
+    auto& lugares = layout.pages[static_cast<std::size_t>(separador.indice)].rows.emplace_back();
+    for (const Detalhe& detalhe : linha) lugares.push_back(NovoDetalhe(detalhe, separador.indice));
+  }
 }
 
 void Viaturas::LigarCampos() {
   Campo.Each([this](zor_input& campo) {
     const int indice = campo.Index();
     campo.Validate = [this, indice](bool& cancel) { Campo_Validate(indice, cancel); };
-    campo.KeyPress = [this, indice](int& keyCode) { Campo_KeyPress(indice, keyCode); };
+    campo.KeyPress = [this, indice](int& keyCode) { Recuar(indice, keyCode); };
     campo.PedidoFicha = [this, indice] { Campo_PedidoFicha(indice); };
     if (btLista.Has(indice)) campo.PedidoLista = [this, indice] { btLista_Click(indice); };
   });
@@ -226,25 +227,10 @@ void Viaturas::LigarCampos() {
 void Viaturas::LigarEventos() {
   SSTab1.Click = [this](int) { SSTab1_Click(); };
   for (const SeparadorDeEventos& separador : SeparadoresDeEventos()) LigarSeparador(separador);
-  btLista.Each([this](PushButton& button) {
-    button.Click = [this, indice = button.Index()] { btLista_Click(indice); };
-  });
   btArquivo.Each([this](PushButton& button) {
     button.Click = [this, indice = button.Index()] { btArquivo_Click(indice); };
   });
-  PicAdd.Click = [this] { AdicionarFoto(); };
-  PicDel.Click = [this] { PicDel_Click(); };
-  botoes.btConf.Click = [this] {
-    Gravar();
-    Edicao = false;
-    Recomecar();
-  };
-  botoes.btCancelar.Click = [this] { Recomecar(); };
-  botoes.btAnular.Click = [this] { btAnular_Click(); };
-  botoes.btSair.Click = [this] { Unload(); };
-  botoes.btNavega.Each([this](PushButton& button) {
-    button.Click = [this, indice = button.Index()] { btNavega_Click(indice); };
-  });
+  LigarBotoes(botoes);
 }
 
 void Viaturas::LigarSeparador(const SeparadorDeEventos& separador) {

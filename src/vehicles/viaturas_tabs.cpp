@@ -1,11 +1,11 @@
 #include "vehicles/viaturas_tabs.h"
 
+#include "drivers/motoristas.h"
 #include "events/gastos.h"
 #include "events/incidents.h"
 #include "events/seguros.h"
 #include "events/upkeep.h"
 #include "platform/format.h"
-#include "vehicles/event_details.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -26,6 +26,11 @@ Variant DataEHora(const Variant& data, const DataAccessRef&) {
 
 Variant DataSo(const Variant& data, const DataAccessRef&) { return platform::Format(data, "dd-mm-yyyy"); }
 
+template <typename Evento>
+std::unique_ptr<EventEntity> Novo() {
+  return std::make_unique<Evento>();
+}
+
 Variant Motorista(const Variant& codigo, const DataAccessRef& bd) {
   return NomeDe<clMotoristas>(bd, codigo.ToText());
 }
@@ -42,10 +47,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Seg_Id",
        .preenchida = "Apolice",
        .eventos = &LerEventos<clSeguros, &clSeguros::LerApolices>,
-       .campos = {25, 26, 15, 27, 28},
+       .novo = &Novo<clSeguros>,
        .campoId = 36,
-       .data = 5,
-       .dados = &DadosSeguro,
+       .detalhes = DetalhesDaApolice(),
        .editar = &Viaturas::zorBotao1,
        .arquivo = 1,
        .ficha = "Seguros",
@@ -59,10 +63,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Id",
        .preenchida = "TpA",
        .eventos = &LerEventos<clAcessorios, &clAcessorios::LerAcessorios>,
-       .campos = {30, 18, 29, 32, 31, 33, 34, 35},
+       .novo = &Novo<clAcessorios>,
        .campoId = 37,
-       .data = 2,
-       .dados = &DadosAcessorios,
+       .detalhes = DetalhesDoAcessorio(),
        .editar = &Viaturas::zorBotao2,
        .arquivo = 7,
        .ficha = "Acessorios",
@@ -76,10 +79,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Gst_Id",
        .preenchida = "Data",
        .eventos = &LerEventos<clGastos, &clGastos::LerGastos>,
-       .campos = {39, 38, 40, 42, 44},
+       .novo = &Novo<clGastos>,
        .campoId = 41,
-       .data = 4,
-       .dados = &DadosGastos,
+       .detalhes = DetalhesDoGasto(),
        .editar = &Viaturas::zorBotao3,
        .arquivo = 8,
        .ficha = "Gastos",
@@ -93,10 +95,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Insp_Id",
        .preenchida = "Data",
        .eventos = &LerEventos<clInspecoes, &clInspecoes::LerInspecoes>,
-       .campos = {46, 47, 45},
+       .novo = &Novo<clInspecoes>,
        .campoId = 48,
-       .data = 6,
-       .dados = &DadosInspecoes,
+       .detalhes = DetalhesDaInspeccao(),
        .editar = &Viaturas::zorBotao4,
        .arquivo = 3,
        .ficha = "Inspecoes",
@@ -110,10 +111,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Manu_Id",
        .preenchida = "Data",
        .eventos = &LerEventos<clRevisoes, &clRevisoes::LerRevisoes>,
-       .campos = {50, 51, 52, 54},
+       .novo = &Novo<clRevisoes>,
        .campoId = 49,
-       .data = 7,
-       .dados = &DadosManut,
+       .detalhes = DetalhesDaRevisao(),
        .editar = &Viaturas::zorBotao5,
        .arquivo = 4,
        .ficha = "Revisoes",
@@ -126,10 +126,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Id",
        .preenchida = "Data",
        .eventos = &LerEventos<clSinistros, &clSinistros::LerSinistros>,
-       .campos = {55, 58, 57},
+       .novo = &Novo<clSinistros>,
        .campoId = 56,
-       .data = 10,
-       .dados = &DadosSinistros,
+       .detalhes = DetalhesDoSinistro(),
        .editar = &Viaturas::PushButton1,
        .arquivo = 5,
        .ficha = "Sinistros",
@@ -142,10 +141,9 @@ const std::array<SeparadorDeEventos, 7>& SeparadoresDeEventos() {
        .origemId = "Id",
        .preenchida = "Data",
        .eventos = &LerEventos<clMultas, &clMultas::LerMultas>,
-       .campos = {59, 60, 62},
+       .novo = &Novo<clMultas>,
        .campoId = 61,
-       .data = 11,
-       .dados = &DadosMultas,
+       .detalhes = DetalhesDaMulta(),
        .editar = &Viaturas::PushButton2,
        .arquivo = 6,
        .ficha = "Multas",

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <vector>
 
+#include "vehicles/event_details.h"
 #include "vehicles/vehicle_events.h"
 #include "vehicles/viaturas_form.h"
 
@@ -44,11 +46,9 @@ struct SeparadorDeEventos {
   const char* origemId;    // the column of the table with the event's key
   const char* preenchida;  // the column that isn't empty in a row with an event
   EventosDaViatura eventos;
-  std::vector<int> campos;  // the fields with the details of one event
-  int campoId;              // the field with its key
-  int data;                 // its date
-  /// Reads one event into the fields. False when there is none of the key.
-  bool (*dados)(Viaturas& ficha, std::int32_t id);
+  std::unique_ptr<EventEntity> (*novo)();  // an event to read one into
+  int campoId;                             // the field with the key of the event on the tab, out of sight
+  Detalhes detalhes;
   platform::PushButton Viaturas::*editar;
   int arquivo;  // place of its archive button
   const char* ficha;

@@ -90,7 +90,7 @@ TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
   ExpectLimits(form, typed, bd, all,
                {{"Campo(24)", 4}, {"Campo(19)", 12}, {"Campo(21)", 12}, {"Campo(22)", 12}});
 
-  for (const CodigoDaViatura& codigo : kCodigosDaViatura) {
+  for (const Referencia& codigo : kReferenciasDaViatura) {
     const auto tabela = codigo.nova();
     tabela->bd = bd;
     tabela->Codigo = typed.at("Campo(" + std::to_string(codigo.campo) + ")");
@@ -103,7 +103,7 @@ TEST_F(ViaturasFormTest, EveryFieldGoesAndComesBack) {
   const Screen blank = ScreenOf(again);
   again.CarregaViatura(kPlate);
   EXPECT_EQ(ScreenOf(again), typed);
-  for (const CodigoDaViatura& codigo : kCodigosDaViatura)
+  for (const Referencia& codigo : kReferenciasDaViatura)
     EXPECT_EQ(again.Titulo[codigo.titulo].Caption, "Nome de " + again.Campo[codigo.campo].Text);
   again.UserGoesTo(again.Check1);  // leaving the plate reads its vehicle
   for (int date : {0, 8, 9, 12}) EXPECT_TRUE(again.DTPicker1[date].Optional);
