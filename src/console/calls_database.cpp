@@ -7,6 +7,7 @@
 #include "console/program.h"
 #include "console/server_commands.h"
 #include "demo/demo.h"
+#include "setup/base_codes.h"
 #include "store/paths.h"
 
 namespace console {
@@ -16,6 +17,15 @@ int Demo(const Calls& calls) {
   const auto database = calls.Open();
   demo::FillDemo(database);
   calls.out << "Dados de demonstração escritos em " << database->Place() << '\n';
+  return kDone;
+}
+
+int BaseCodes(const Calls& calls) {
+  const auto database = calls.Open();
+  zorCrmParvel::Batch batch(*database);
+  const long written = setup::WriteBaseCodes(database);
+  batch.Commit();
+  calls.out << written << (written == 1 ? " código novo" : " códigos novos") << " nas tabelas de base\n";
   return kDone;
 }
 
@@ -39,6 +49,9 @@ int Restore(const Calls& calls, const std::string& copy) {
 void AddDatabaseCalls(Calls& calls) {
   calls.Add("demo", "Enche uma base de dados vazia com dados de demonstração.",
             [&calls] { return Demo(calls); });
+
+  calls.Add("base", "Escreve os códigos usuais que faltem: categorias, combustíveis, seguros e outros.",
+            [&calls] { return BaseCodes(calls); });
 
   const auto file = std::make_shared<std::string>();
   auto& copia = calls.Add("copia", "Escreve uma cópia coerente da base de dados, mesmo em uso.",

@@ -1,4 +1,5 @@
 #include "desktop/start/start_page.h"
+#include "desktop/start/first_steps_page.h"
 
 #include <QAction>
 #include <QLabel>
@@ -7,7 +8,6 @@
 #include <QStatusBar>
 
 #include "desktop/shell/main_actions.h"
-#include "desktop/shell/message_page.h"
 #include "desktop/start/alert_card.h"
 #include "open_window.h"
 #include "platform/format.h"
@@ -68,22 +68,29 @@ class StartPageTest : public OpenWindow {
   }
 };
 
-TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstVehicle) {
+TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstStepsWhichTickThemselves) {
   window.alerts().Finish();
-  ASSERT_TRUE(window.start().message().isVisible());
-  EXPECT_TRUE(window.start().message().button()->hasFocus());
+  desktop::FirstStepsPage& steps = window.start().steps();
+  ASSERT_TRUE(steps.isVisible());
+  EXPECT_TRUE(steps.NextButton()->hasFocus());
   for (bool button : {false, true}) {
     Press(window, Qt::Key_F6);
-    EXPECT_EQ(window.start().message().button()->hasFocus(), button);
+    EXPECT_EQ(steps.NextButton()->hasFocus(), button);
   }
-  EXPECT_TRUE(window.start().message().Headline().contains("Ainda não há viaturas"));
+  Press(window, Qt::Key_Return);
+  window.alerts().Finish();
+  EXPECT_EQ(steps.Lines().join(" | ").toStdString(),
+            "✓ Tabelas de base: feito | 2 Viaturas: por fazer | 3 Motoristas: por fazer | 4 Primeiro "
+            "abastecimento: por fazer | 5 O que vence: por fazer");
   QString opened;
   desk.script.Next([&](QWidget& ficha) { opened = ficha.windowTitle(); });
-  Click(*window.start().message().button());
+  Click(*steps.NextButton());
   EXPECT_EQ(opened, "Viaturas");
   Vehicle();
   Refresh();
-  EXPECT_FALSE(window.start().message().isVisible());
+  EXPECT_EQ(steps.NextButton()->text(), "Novo &motorista");
+  ClickButton(steps, "Ver os alertas");
+  EXPECT_FALSE(steps.isVisible());
   EXPECT_EQ(Lines("AlertasAp"), "Apólices | Nada a tratar.");
   EXPECT_TRUE(Status().contains("0 alertas")) << Status().toStdString();
 }

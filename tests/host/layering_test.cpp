@@ -31,13 +31,16 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"exchange",
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
     {"reports", {"platform", "host", "store/store"}},
-    {"demo", {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "documents"}},
+    {"setup", {"platform", "host", "masterdata"}},
+    {"demo",
+     {"platform", "host", "setup", "store/store", "masterdata", "vehicles", "drivers", "events",
+      "documents"}},
     {"console",
      {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
-      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "demo"}},
+      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "setup", "demo"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "demo"}},
+      "sqlserver", "exchange", "reports", "setup", "demo"}},
 };
 
 std::string RoomOf(const std::string& path) {

@@ -140,7 +140,10 @@ void ShowOutlines(QPalette& palette) {
 
 HouseStyle::HouseStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
-void HouseStyle::SetAccent(QWidget* button) { button->setProperty(kAccent, true); }
+void HouseStyle::SetAccent(QWidget* button, bool accent) {
+  button->setProperty(kAccent, accent);
+  button->update();
+}
 
 void HouseStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);

@@ -11,7 +11,7 @@ class HouseStyle : public QProxyStyle {
   HouseStyle();
 
   /// Makes a button the main one of its window.
-  static void SetAccent(QWidget* button);
+  static void SetAccent(QWidget* button, bool accent = true);
 
   using QProxyStyle::polish;
   /// Calendars and file dialogs tell days as the rest of the program does.

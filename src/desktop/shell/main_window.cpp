@@ -102,7 +102,9 @@ void MainWindow::ConnectAlerts() {
     ShowAlertCount();
   });
   connect(start_, &StartPage::ListWanted, this, [this](const ListEntry* entry) { Show(*entry, true); });
-  connect(start_, &StartPage::VehicleWanted, this, [this] { ShowFicha("Viaturas"); });
+  connect(start_, &StartPage::FichaWanted, this, &MainWindow::ShowFicha);
+  connect(start_, &StartPage::CodesWanted, this, &MainWindow::WriteBaseCodes);
+  connect(start_, &StartPage::DemoWanted, this, &MainWindow::OpenDemo);
 }
 
 void MainWindow::ConnectList() {

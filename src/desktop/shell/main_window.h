@@ -79,6 +79,8 @@ class MainWindow : public QMainWindow {
   void AskAndRestore();
   void Restore(const QString& copy);
   void CheckDatabase();
+  void WriteBaseCodes();
+  void OpenDemo();
   void FillRecent();
   void ConnectDatabase();
   std::string OpenFileName() const;

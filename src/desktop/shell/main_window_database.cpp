@@ -13,8 +13,10 @@
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
+#include "desktop/shell/start_up.h"
 #include "desktop/start/alert_board.h"
 #include "platform/host.h"
+#include "setup/base_codes.h"
 
 namespace desktop {
 namespace {
@@ -125,6 +127,30 @@ void MainWindow::CheckDatabase() {
   if (!text.isEmpty())
     ShowMessage(this, text, platform::kOkOnly | platform::kInformation,
                 QStringLiteral("Verificar base de dados"));
+}
+
+void MainWindow::WriteBaseCodes() {
+  long written = 0;
+  const auto write = [&] {
+    zorCrmParvel::Batch batch(*workspace_->store());
+    written = setup::WriteBaseCodes(workspace_->store());
+    batch.Commit();
+  };
+  if (Guarded(this, write))
+    Tell(QStringLiteral("%1 nas tabelas de base.")
+             .arg(Counted(written, QStringLiteral("código novo"), QStringLiteral("códigos novos"))));
+  Reload();
+}
+
+/// In a database of its own; the one that was open is among the recent ones.
+void MainWindow::OpenDemo() {
+  Guarded(this, [this] {
+    Options options;
+    options.demo = true;
+    auto workspace = std::make_unique<Workspace>(FromQt(DatabaseFor(options, settings_)));
+    workspace->FillDemo();
+    Open(std::move(workspace));
+  });
 }
 
 void MainWindow::FillRecent() {

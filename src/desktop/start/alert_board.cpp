@@ -2,8 +2,6 @@
 
 #include "alerts/alert_list.h"
 #include "desktop/look/text.h"
-#include "drivers/motoristas.h"
-#include "vehicles/viaturas.h"
 
 namespace desktop {
 namespace {
@@ -35,12 +33,6 @@ std::optional<ErrorText> FailureOf(const F& act) {
   }
 }
 
-bool HasRows(const RecordsetRef& rows) {
-  const bool any = !rows->Eof();
-  rows->Close();
-  return any;
-}
-
 }  // namespace
 
 AlertBoard::AlertBoard(QObject* parent) : QObject(parent), families_(AllFamilies()) {
@@ -52,7 +44,7 @@ void AlertBoard::Watch(Sistema* sistema) {
   sistema_ = sistema;
   families_ = AllFamilies();
   feed_failure_.reset();
-  has_fleet_ = true;
+  steps_ = {setup::Step::kFill};
   Q_EMIT Changed();
 }
 
@@ -81,20 +73,16 @@ void AlertBoard::Step() {
   if (step < families_.size())
     Count(families_[step]);
   else if (step == families_.size())
-    LookForFleet();
+    ReadSteps();
   else
     ReadFeed();
   if (next_ > families_.size() + (with_feed_ ? 1 : 0)) timer_.stop();
   Q_EMIT Changed();
 }
 
-void AlertBoard::LookForFleet() {
-  clViaturas vehicle;
-  clMotoristas driver;
-  vehicle.bd = driver.bd = sistema_->ICrmSistema_ZorDataAccess;
-  // What can't be read is told by the families.
-  has_fleet_ = true;
-  FailureOf([&] { has_fleet_ = HasRows(vehicle.LerViaturas()) || HasRows(driver.LerMotoristas()); });
+/// What can't be read is told by the families.
+void AlertBoard::ReadSteps() {
+  FailureOf([this] { steps_ = setup::StepsDone(sistema_->ICrmSistema_ZorDataAccess); });
 }
 
 void AlertBoard::ReadFeed() {

@@ -3,12 +3,14 @@
 #include <QObject>
 #include <QTimer>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "alerts/alert_counts.h"
 #include "desktop/list/list_catalog.h"
 #include "desktop/shell/message_box.h"
 #include "host/sistema.h"
+#include "setup/first_steps.h"
 
 namespace desktop {
 
@@ -41,8 +43,8 @@ class AlertBoard : public QObject {
   const std::vector<AlertFamily>& families() const { return families_; }
   /// Why the feed couldn't be read to its end.
   const std::optional<ErrorText>& feed_failure() const { return feed_failure_; }
-  /// False when there are neither vehicles nor drivers.
-  bool HasFleet() const { return has_fleet_; }
+  /// What the office has done of its first steps.
+  const std::set<setup::Step>& steps() const { return steps_; }
   /// The rows of all lists; nothing while one of them isn't known.
   std::optional<long> Total() const;
 
@@ -53,15 +55,15 @@ class AlertBoard : public QObject {
   void Step();
   void Count(AlertFamily& family);
   void ReadFeed();
-  void LookForFleet();
+  void ReadSteps();
 
   zorCrmParvel::Sistema* sistema_ = nullptr;
   QTimer timer_;
-  std::size_t next_ = 0;  // the step to come: the families, whether there is a fleet, the feed
+  std::size_t next_ = 0;  // the step to come: the families, the first steps, the feed
   bool with_feed_ = false;
   std::vector<AlertFamily> families_;
   std::optional<ErrorText> feed_failure_;
-  bool has_fleet_ = true;
+  std::set<setup::Step> steps_ = {setup::Step::kFill};  // until they are read
 };
 
 /// "1 alerta", "1.250 alertas".

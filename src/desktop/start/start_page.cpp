@@ -10,8 +10,8 @@
 #include <QStackedWidget>
 
 #include "desktop/look/look.h"
-#include "desktop/shell/message_page.h"
 #include "desktop/start/alert_card.h"
+#include "desktop/start/first_steps_page.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -36,7 +36,7 @@ StartPage::StartPage(const AlertBoard& board, QWidget* parent)
       stack_(new QStackedWidget(this)),
       scroll_(new QScrollArea(this)),
       grid_(new QGridLayout),
-      message_(new MessagePage(this)) {
+      steps_(new FirstStepsPage(this)) {
   for (const AlertFamily& family : board_.families()) {
     auto* card = new AlertCard(*family.entry, this);
     connect(card, &QAbstractButton::clicked, this, [this, card] { Q_EMIT ListWanted(&card->entry()); });
@@ -79,11 +79,15 @@ void StartPage::Build() {
   cards->setBackgroundRole(QPalette::Base);
   scroll_->setWidget(cards);
   Arrange();
-  message_->Show(QStringLiteral("Ainda não há viaturas nem motoristas."),
-                 QStringLiteral("O que estiver a vencer aparece aqui."), QStringLiteral("Nova viatura"),
-                 [this] { Q_EMIT VehicleWanted(); });
   stack_->addWidget(scroll_);
-  stack_->addWidget(message_);
+  stack_->addWidget(steps_);
+  connect(steps_, &FirstStepsPage::FichaWanted, this, &StartPage::FichaWanted);
+  connect(steps_, &FirstStepsPage::CodesWanted, this, &StartPage::CodesWanted);
+  connect(steps_, &FirstStepsPage::DemoWanted, this, &StartPage::DemoWanted);
+  connect(steps_, &FirstStepsPage::AlertsWanted, this, [this] {
+    steps_left_ = true;
+    ShowBoard();
+  });
   column->addWidget(stack_, 1);
 }
 
@@ -95,14 +99,20 @@ void StartPage::ShowBoard() {
   notice_->setVisible(failure.has_value());
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
   const bool had_focus = stack_->isAncestorOf(QApplication::focusWidget());
-  stack_->setCurrentWidget(board_.HasFleet() ? static_cast<QWidget*>(scroll_) : message_);
+  steps_->Show(board_.steps());
+  stack_->setCurrentWidget(ShowsSteps() ? static_cast<QWidget*>(steps_) : scroll_);
   if (had_focus) TakeFocus();
+}
+
+bool StartPage::ShowsSteps() const {
+  const auto& done = board_.steps();
+  return !steps_left_ && done.count(setup::Step::kFill) + done.count(setup::Step::kDueDates) == 0;
 }
 
 QString StartPage::NoticeText() const { return notice_->text(); }
 
 void StartPage::TakeFocus() {
-  if (stack_->currentWidget() == message_) return message_->button()->setFocus(Qt::OtherFocusReason);
+  if (stack_->currentWidget() == steps_) return steps_->NextButton()->setFocus(Qt::OtherFocusReason);
   for (const AlertCard* card : cards_)
     if (card->hasFocus()) return;
   cards_.front()->setFocus(Qt::OtherFocusReason);

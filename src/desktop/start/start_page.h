@@ -13,9 +13,10 @@ class QStackedWidget;
 namespace desktop {
 
 class AlertCard;
-class MessagePage;
+class FirstStepsPage;
 
-/// The page that the day begins with: a card for each family of alerts, which opens its list.
+/// The page that the day begins with: a card for each family of alerts, which opens its list. Until there is
+/// a first event, what a new office does first.
 class StartPage : public QWidget {
   Q_OBJECT
 
@@ -24,15 +25,17 @@ class StartPage : public QWidget {
   StartPage(const AlertBoard& board, QWidget* parent);
 
   const std::vector<AlertCard*>& cards() const { return cards_; }
-  MessagePage& message() { return *message_; }
+  FirstStepsPage& steps() { return *steps_; }
   /// What is said above the cards; empty for nothing.
   QString NoticeText() const;
   void TakeFocus();
 
  Q_SIGNALS:
   void ListWanted(const ListEntry* entry);
-  /// The first vehicle of an empty database.
-  void VehicleWanted();
+  // What the first steps offer.
+  void FichaWanted(const char* ficha);
+  void CodesWanted();
+  void DemoWanted();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -42,6 +45,7 @@ class StartPage : public QWidget {
   void Build();
   void ShowBoard();
   void Arrange();
+  bool ShowsSteps() const;
 
   const AlertBoard& board_;
   std::vector<AlertCard*> cards_;
@@ -50,7 +54,8 @@ class StartPage : public QWidget {
   QStackedWidget* stack_;
   QScrollArea* scroll_;
   QGridLayout* grid_;
-  MessagePage* message_;
+  FirstStepsPage* steps_;
+  bool steps_left_ = false;  // the user wants to see the alerts
   int columns_ = 0;
 };
 

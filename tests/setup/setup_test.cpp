@@ -1,0 +1,38 @@
+#include "masterdata/code_table.h"
+#include "setup/base_codes.h"
+#include "setup/first_steps.h"
+#include "support/database_test.h"
+#include "support/fleet.h"
+
+namespace {
+
+using namespace testing_support;
+using setup::Step;
+
+class SetupTest : public DatabaseTest {
+ protected:
+  void Sql(const char* statement) { bd->ExecutarSql("", statement); }
+};
+
+TEST_F(SetupTest, BaseCodesLeaveAloneWhatIsThereAndAddNothingTwice) {
+  AddCode<zorCrmParvel::clCategorias>(bd, "LIGP", "Carros da casa");
+  const long written = setup::WriteBaseCodes(bd);
+  EXPECT_GT(written, 40);
+  EXPECT_EQ(setup::WriteBaseCodes(bd), 0);
+  EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_PV_Categorias WHERE Codigo='LIGP'")[0][0], "Carros da casa");
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_Categorias").size(), 9U);
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_TiposGastos WHERE Combustivel=1").size(), 4U);
+}
+
+TEST_F(SetupTest, StepsAreDoneByWhatIsThere) {
+  EXPECT_TRUE(setup::StepsDone(bd).empty());
+  setup::WriteBaseCodes(bd);
+  AddDriver(bd, "1", "Ana");
+  EXPECT_EQ(setup::StepsDone(bd), (std::set{Step::kCodes, Step::kDrivers}));
+  Sql("INSERT INTO zor_PV_Viaturas (Matricula) VALUES ('10-GJ-10')");
+  Sql("INSERT INTO zor_PV_Gastos (Matricula) VALUES ('10-GJ-10')");
+  Sql("INSERT INTO zor_PV_Inspecoes (Matricula) VALUES ('10-GJ-10')");
+  EXPECT_EQ(setup::StepsDone(bd).size(), 5U);
+}
+
+}  // namespace
