@@ -171,23 +171,6 @@ TEST_F(FileTest, OnlyTheOwnerReadsWhatIsNewAndWhatIsThereKeepsItsMode) {
   EXPECT_EQ(mode(file_), fs::perms(0640));
 }
 
-TEST(Places, OnOtherMachinesAreKnownByTheirFileSystem) {
-  using embedded::FileSystem;
-  for (const auto& [magic, kind] :
-       std::vector<std::pair<long, FileSystem>>{{0x6969, FileSystem::kNetwork},
-                                                {0xFF534D42, FileSystem::kNetwork},
-                                                {static_cast<std::int32_t>(0xFE534D42), FileSystem::kNetwork},
-                                                {0x517B, FileSystem::kNetwork},
-                                                {0x65735546, FileSystem::kUserSpace},
-                                                {0xEF53, FileSystem::kLocal},
-                                                {0x01021994, FileSystem::kLocal}})
-    EXPECT_EQ(embedded::FileSystemOf(magic), kind) << magic;
-  for (const char* type : {"fuse.sshfs", "fuse.gvfsd-fuse", "fuse.smbnetfs", "fuse.rclone"})
-    EXPECT_TRUE(embedded::IsNetworkType(type)) << type;
-  for (const char* type : {"fuseblk", "fuse.ntfs-3g", "ext4", ""})
-    EXPECT_FALSE(embedded::IsNetworkType(type)) << type;
-}
-
 TEST_F(FileTest, RowsLeftUnreadDoNotHoldTheLogPastItsLimit) {
   embedded::OpenOptions options = Options();
   options.logLimit = 100'000;
@@ -273,21 +256,6 @@ TEST_F(FileTest, AMovedFileRefusesWritesButCanStillBeCopied) {
   const std::string copy = folder_.File("cópia.parvel");
   database->CopyTo(copy);
   EXPECT_EQ(Codes(Database::Open(copy, Options())), (Table{{"A"}}));
-}
-
-TEST(Failures, SayWhatToDo) {
-  for (const auto& [code, words] : std::vector<std::pair<int, const char*>>{
-           {SQLITE_FULL, "O disco está cheio e nada foi gravado. Liberte espaço"},
-           {SQLITE_IOERR_FSYNC, "O disco falhou"},
-           {SQLITE_CANTOPEN, "Verifique o caminho"},
-           {SQLITE_CORRUPT, "reponha a última cópia"},
-           {SQLITE_NOTADB, "Escolha outro ficheiro"},
-           {SQLITE_NOMEM, "Não há memória"}}) {
-    const int failure = code;
-    const std::string error = ErrorOf([&] { embedded::RaiseSqlite(nullptr, failure); });
-    EXPECT_EQ(error.substr(0, 13), "-2147467259: ");
-    EXPECT_NE(error.find(words), std::string::npos) << error;
-  }
 }
 
 TEST_F(FileTest, CopiesAreDatabasesOfTheirOwn) {

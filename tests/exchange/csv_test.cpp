@@ -53,6 +53,20 @@ TEST(Csv, ReadsQuotesBreaksAndOldEncodings) {
   }
 }
 
+TEST(Csv, EveryByteOfTheOldEncodingIsOneCharacter) {
+  std::string bytes;
+  for (int byte = 0x80; byte <= 0xFF; ++byte) bytes += static_cast<char>(byte);
+  std::istringstream file("a;b\n" + bytes + ";1\n");
+  const CsvShape shape = DetectCsv(file);
+  CsvReader reader(file, shape);
+  std::vector<std::string> row;
+  reader.Next(row);
+  ASSERT_TRUE(reader.Next(row));
+  EXPECT_EQ(row[0],
+            "€�‚ƒ„…†‡ˆ‰Š‹Œ�Ž��‘’“”•–—˜™š›œ�žŸ\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕ"
+            "Ö×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ");
+}
+
 TEST(Csv, NumbersAreReadOnlyWhenTheyAreWhole) {
   const struct {
     const char* text;
