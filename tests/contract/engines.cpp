@@ -48,9 +48,10 @@ sqlserver::OpenOptions OptionsFor(const std::string& connection) {
 }
 
 std::shared_ptr<Store> OpenSqlite(const TemporaryFolder& folder) {
-  auto database = sqlserver::Database::Open(OptionsFor(SqliteConnection(folder.File("contrato.db"))));
+  auto database = OpenSqliteFile(folder.File("contrato.db"));
   sqlserver::Parameters none;
-  for (const char* table : kSqliteTables) database->session().Write(table, none);
+  for (const char* table : kSqliteTables)
+    dynamic_cast<sqlserver::Database&>(*database).session().Write(table, none);
   return database;
 }
 
@@ -67,6 +68,10 @@ std::shared_ptr<Store> OpenServer(const TemporaryFolder& /*folder*/) {
 std::string SqliteConnection(const std::string& file) {
   static const DriverManager manager;
   return "Driver=SQLite3;Database=" + file;
+}
+
+std::shared_ptr<Store> OpenSqliteFile(const std::string& file) {
+  return sqlserver::Database::Open(OptionsFor(SqliteConnection(file)));
 }
 
 std::string ServerConnection() {

@@ -25,6 +25,8 @@ inline const std::string kSchema = testing_support::EngineTables("PT_");
 
 /// A connection string for a SQLite file behind ODBC, and a driver manager that knows the driver.
 std::string SqliteConnection(const std::string& file);
+/// Such a file, opened by the server's engine.
+std::shared_ptr<Store> OpenSqliteFile(const std::string& file);
 /// The server of PARVEL_TEST_ODBC; empty without one.
 std::string ServerConnection();
 

@@ -18,6 +18,8 @@ namespace {
 std::deque<Fault> statementFaults;
 std::deque<Fault> connectionFaults;
 std::optional<Fault> current;  // what the failing handle has to say
+bool pretending = false;
+std::string settings;
 int statements = 0;
 int connections = 0;
 
@@ -48,7 +50,10 @@ void Give(const std::string& text, SQLWCHAR* place) {
 
 void FailNextStatement(const Fault& fault) { statementFaults.push_back(fault); }
 void FailNextConnection(const Fault& fault) { connectionFaults.push_back(fault); }
+void PretendServer() { pretending = true; }
+std::string Settings() { return std::exchange(settings, ""); }
 void ClearFaults() {
+  pretending = false;
   statementFaults.clear();
   connectionFaults.clear();
 }
@@ -59,8 +64,27 @@ extern "C" {
 
 SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
   ++statements;
+  if (const std::string sent = TextOf(text, length); pretending && sent.starts_with("SET ")) {
+    settings += sent + "; ";
+    std::u16string nothing = u"PRAGMA user_version = 0";
+    return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(
+        handle, reinterpret_cast<SQLWCHAR*>(nothing.data()), static_cast<SQLINTEGER>(nothing.size()));
+  }
   if (Hits(statementFaults, TextOf(text, length))) return SQL_ERROR;
   return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(handle, text, length);
+}
+
+SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSMALLINT room,
+                      SQLSMALLINT* length) {
+  const SQLRETURN code = Real<decltype(&SQLGetInfoW)>("SQLGetInfoW")(handle, what, value, room, length);
+  if (pretending && what == SQL_DBMS_NAME) Give("Microsoft SQL Server", static_cast<SQLWCHAR*>(value));
+  return code;
+}
+
+SQLRETURN SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER what, SQLPOINTER value, SQLINTEGER length) {
+  if (pretending && what == SQL_ATTR_LOGIN_TIMEOUT)
+    settings += std::to_string(reinterpret_cast<std::uintptr_t>(value)) + " s; ";
+  return Real<decltype(&SQLSetConnectAttr)>("SQLSetConnectAttr")(handle, what, value, length);
 }
 
 SQLRETURN SQLDriverConnectW(SQLHDBC handle, SQLHWND window, SQLWCHAR* in, SQLSMALLINT inLength, SQLWCHAR* out,

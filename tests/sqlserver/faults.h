@@ -21,6 +21,11 @@ void FailNextConnection(const Fault& fault);
 /// No fault is due any more.
 void ClearFaults();
 
+/// Connections made from now on name themselves the server's product; what is SET on them is kept and not
+/// sent on, with the login's time limit before it.
+void PretendServer();
+std::string Settings();
+
 /// What went to the driver since the last call: statements executed, and connections made.
 int StatementsSent();
 int ConnectionsMade();

@@ -52,6 +52,15 @@ TEST_F(TablesTest, AnInterruptedTransferIsRunAgain) {
   EXPECT_EQ(Count("PT_Tudo"), 0);
 }
 
+TEST_F(TablesTest, AServerIsToldWhichTableBringsItsNumbers) {
+  PretendServer();
+  store_ = contract_tests::OpenSqliteFile(folder_.File("contrato.db"));
+  EXPECT_EQ(Transfer(), "PT_Tudo 36; PT_Codigos 1; ");
+  EXPECT_EQ(
+      Settings(),
+      "15 s; SET DATEFORMAT ymd; SET IDENTITY_INSERT [PT_Tudo] ON; SET IDENTITY_INSERT [PT_Tudo] OFF; ");
+}
+
 TEST_F(TablesTest, ATransferRefusesTablesWithOtherRows) {
   Run("INSERT INTO PT_Codigos (Codigo) VALUES ('B')");
   EXPECT_EQ(NumberOf([&] { Transfer(); }), platform::kKeyInUse);
