@@ -59,6 +59,28 @@ class FichasTest : public testing::Test {
   DataAccessRef bd;
 };
 
+TEST_F(FichasTest, WhatIsTypedAndSavedComesBackInANewFichaAndFitsItsColumns) {
+  // Numbers that aren't ten characters wide.
+  const std::map<std::string, int> widths = {
+      {"Campo(24)", 4}, {"Campo(19)", 12}, {"Campo(21)", 12}, {"Campo(22)", 12}};
+  for (const std::string name : kFichas) {
+    SCOPED_TRACE(name);
+    NewFleet();
+    const auto form = Opened(name, 2);
+    auto& confirm = Find<platform::PushButton>(*form, "btConf");
+    form->UserGoesTo(confirm);
+    FillOut(*form, name == "Viaturas" ? Screen{{"Campo(9)", ""}} : Screen{});  // the sector has no column
+    const Screen typed = ScreenOf(*form);
+    Press(confirm);
+    EXPECT_EQ(ScreenOf(*Opened(name, 2)), typed);
+    const tsql::Table& table = Tables().Get(name == "Motoristas" ? "zor_Funcionarios" : "zor_PV_" + name);
+    ExpectLimits(*form, typed, bd,
+                 "SELECT * FROM " + table.name + " WHERE " + table.columns[0].name + "='" +
+                     (table.columns[0].identity ? "2" : "B") + "'",
+                 name == "Viaturas" ? widths : std::map<std::string, int>{});
+  }
+}
+
 TEST_F(FichasTest, EveryControlHasOnePlaceOnTheScreen) {
   for (const char* name : kFichas) {
     SCOPED_TRACE(name);

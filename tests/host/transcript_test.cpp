@@ -62,7 +62,8 @@ TEST_P(FichaTranscript, IsAsWrittenDown) {
   using Acts = Transcript::Acts;
   transcript.Describe(*FormCatalog::Shared().Make(GetParam()));
   const auto filled = [&] {
-    auto form = OnRecord();
+    auto form = OnRecord();  // the key is left first: that reads its record
+    form->UserGoesTo(testing_support::Find<platform::PushButton>(*form, "btConf"));
     testing_support::FillOut(*form);
     return form;
   };
@@ -70,6 +71,14 @@ TEST_P(FichaTranscript, IsAsWrittenDown) {
   transcript.DoEverything([&] { return OnRecord(); }, Acts::kAll);
   transcript.text += "= todo preenchido";
   transcript.DoEverything(filled, Acts::kButtons);
+  const auto begun = [&] {
+    auto form = New();
+    auto& key = testing_support::Find<platform::zor_input>(*form, "Campo(0)");
+    testing_support::Type(key, dynamic_cast<EventForm*>(form.get()) != nullptr ? "B" : "N");
+    return form;
+  };
+  transcript.text += "= um novo, só com a chave";
+  transcript.DoEverything(begun, Acts::kButtons);
   transcript.text += "= um novo";
   transcript.DoEverything([&] { return New(); }, Acts::kKeys);
   if (dynamic_cast<CodeTableForm*>(New().get()) == nullptr) {

@@ -101,29 +101,6 @@ TEST_F(CodeTableFormTest, RemovesAfterAQuestion) {
   EXPECT_EQ(Marcas_(), (Table{{"A", "Marca A"}})) << "what stands on the screen goes";
 }
 
-TEST_F(CodeTableFormTest, EveryFieldOfEachTableGoesAndComesBack) {
-  const Sistema sistema;
-  for (const std::string name : {"Categorias", "Marcas", "Modelos", "Companhias", "Departamentos", "Viagens",
-                                 "TiposSeguro", "TiposManut", "TiposAcessorios", "TiposGastos"}) {
-    SCOPED_TRACE(name);
-    const auto first = FormCatalog::Shared().Make(name);
-    const auto again = FormCatalog::Shared().Make(name);
-    first->mybd = again->mybd = bd;
-    first->Load();
-    again->Load();
-    Enter(Find<platform::zor_input>(*first, "Campo(0)"), "0123456789");
-    FillOut(*first);
-    const auto typed = ScreenOf(*first);
-    Press(Find<platform::PushButton>(*first, "btConf"));
-    EXPECT_EQ(ScreenOf(*first), ScreenOf(*again));
-    const std::string stored = "SELECT * FROM zor_PV_" + name + " WHERE Codigo='0123456789'";
-    EXPECT_EQ(Rows(bd, stored), (Table{InColumns(typed, name == "TiposGastos" ? "0 1 Check1 2" : "0 1")}));
-    ExpectLimits(*first, typed, bd, stored);
-    again->CarregaFicha("0123456789");
-    EXPECT_EQ(ScreenOf(*again), typed);
-  }
-}
-
 class TiposGastosTest : public DatabaseTest {
  protected:
   TiposGastosTest() {
