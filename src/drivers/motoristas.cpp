@@ -1,7 +1,7 @@
 #include "drivers/motoristas.h"
 
 #include "host/fotos.h"
-#include "platform/runtime_error.h"
+#include "host/one_row.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -12,16 +12,13 @@ constexpr TabelaDeCodigos kMotoristas{"zor_Funcionarios", "Motoristas", "Listage
 
 clMotoristas::clMotoristas() : CodeTableWithList(kMotoristas) {}
 
-/// The statement of a write; a read has one blank more.
 Statement clMotoristas::Seleccao() const {
   return {"SELECT *", " From zor_Funcionarios", " WHERE     (Codigo = N'", value(Codigo), "')"};
 }
 
-RecordsetRef clMotoristas::LinhaDaFrota() const {
-  RecordsetRef rs;
-  bd->AbrirLeitura(
-      "", {"SELECT *", "  From zor_Funcionarios", " WHERE     (Codigo = N'", value(Codigo), "')"}, rs);
-  return rs;
+/// The statement of a read; a write has one blank less.
+Statement clMotoristas::Leitura() const {
+  return {"SELECT *", "  From zor_Funcionarios", " WHERE     (Codigo = N'", value(Codigo), "')"};
 }
 
 bool clMotoristas::Ler() {
@@ -30,27 +27,15 @@ bool clMotoristas::Ler() {
 }
 
 bool clMotoristas::LerDaFrota() {
-  const RecordsetRef rs = LinhaDaFrota();
-  const bool found = !rs->Eof();
-  if (found) LerCampos(Row(*rs));
-  rs->Close();
-  return found;
+  return LerLinha(bd, Leitura(), [this](const Row& row) { LerCampos(row); });
 }
 
 bool clMotoristas::LerDoPessoal() {
-  RecordsetRef pessoal;
-  bdSal->AbrirLeitura("", {"SELECT *", "  From Func1", " WHERE     (Nfunc = N'", value(Codigo), "')"},
-                      pessoal);
-  const bool found = !pessoal->Eof();
-  if (found) {
-    LerDadosPessoais(Row(*pessoal));
-    const RecordsetRef frota = LinhaDaFrota();
-    LeuPV = !frota->Eof();
-    if (LeuPV) LerDadosDaFrota(Row(*frota));
-    frota->Close();
-  }
-  pessoal->Close();
-  return found;
+  return LerLinha(bdSal, {"SELECT *", "  From Func1", " WHERE     (Nfunc = N'", value(Codigo), "')"},
+                  [this](const Row& pessoal) {
+                    LerDadosPessoais(pessoal);
+                    LeuPV = LerLinha(bd, Leitura(), [this](const Row& frota) { LerDadosDaFrota(frota); });
+                  });
 }
 
 void clMotoristas::LerCampos(const Row& row) {
@@ -165,13 +150,8 @@ void clMotoristas::EscreverCampos(Row& row) const {
 }
 
 bool clMotoristas::Anular() {
-  try {
-    bd->ExecutarSql("", {"Delete  From zor_Funcionarios ", " WHERE (Codigo ='", value(Codigo), "' )"});
-    bd->ExecutarSql("", {"Delete  From zor_CartasCond ", " WHERE (Motorista ='", value(Codigo), "' )"});
-    return true;
-  } catch (const platform::RuntimeError&) {
-    return false;  // the caller says nothing
-  }
+  return Remover(bd, {"Delete  From zor_Funcionarios ", " WHERE (Codigo ='", value(Codigo), "' )"}) &&
+         Remover(bd, {"Delete  From zor_CartasCond ", " WHERE (Motorista ='", value(Codigo), "' )"});
 }
 
 RecordsetRef clMotoristas::LerMotoristas() {

@@ -67,7 +67,7 @@ class clMotoristas : public CodeTableWithList, public RegistoComFoto {
   void EscreverCampos(Row& row) const override;
 
  private:
-  RecordsetRef LinhaDaFrota() const;
+  Statement Leitura() const;
   bool LerDaFrota();
   bool LerDoPessoal();
   void LerCampos(const Row& row);

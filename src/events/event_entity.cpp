@@ -1,7 +1,7 @@
 #include "events/event_entity.h"
 
+#include "host/one_row.h"
 #include "platform/format.h"
-#include "platform/runtime_error.h"
 #include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
@@ -29,11 +29,7 @@ Statement EventEntity::Seleccao() const {
 }
 
 bool EventEntity::LerExtremo(const Statement& statement) {
-  const RecordsetRef rs = Abrir(statement);
-  const bool found = !rs->Eof();
-  if (found) Id = Row(*rs).number(tabela_.id);
-  rs->Close();
-  return found;
+  return LerLinha(bd, statement, [this](const Row& row) { Id = row.number(tabela_.id); });
 }
 
 bool EventEntity::LerPrimeiro() {
@@ -86,35 +82,17 @@ bool EventEntity::Passo(const Statement& statement) {
 }
 
 bool EventEntity::Ler() {
-  const RecordsetRef rs = Abrir(Seleccao());
-  const bool found = !rs->Eof();
-  if (found) LerCampos(Row(*rs));
-  rs->Close();
-  return found;
+  return LerLinha(bd, Seleccao(), [this](const Row& row) { LerCampos(row); });
 }
 
 bool EventEntity::Escrever() {
-  RecordsetRef rs;
-  bd->AbrirEdicao(Seleccao(), rs);
-  Row row(*rs);
-  if (rs->Eof()) {
-    rs->AddNew();
-    row.cut("Matricula", Codigo);
-  }
-  EscreverCampos(row);
-  rs->Update();
-  rs->Close();
+  EscreverLinha(bd, Seleccao(), "Matricula", Codigo, [this](Row& row) { EscreverCampos(row); });
   return true;
 }
 
 bool EventEntity::Anular() {
-  try {
-    bd->ExecutarSql("", {"Delete  From ", fixed(tabela_.tabela), "  WHERE (", fixed(tabela_.id), " ='",
-                         value(Id), "' )"});
-    return true;
-  } catch (const platform::RuntimeError&) {
-    return false;  // the record stays, and the caller says nothing
-  }
+  return Remover(
+      bd, {"Delete  From ", fixed(tabela_.tabela), "  WHERE (", fixed(tabela_.id), " ='", value(Id), "' )"});
 }
 
 std::string EventEntity::MostraLista(int TipoMostrar) {

@@ -1,32 +1,18 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 
+#include "events/event_tables.h"
 #include "host/data_access.h"
 #include "host/row.h"
 
 namespace zorCrmParvel {
 
-/// What tells one vehicle event from another: its table and the texts of its lookup and report.
-struct TabelaDeEventos {
-  const char* tabela;
-  const char* id;    // surrogate key, numbered by the database
-  const char* data;  // the date that orders the events of a vehicle
-  const char* tituloLista;
-  const char* sqlLista;
-  bool listaPorViatura;  // the lookup can be limited to one vehicle
-  long larguraLista;     // twips
-  std::initializer_list<float> colunasLista;
-  const char* tituloMapa = nullptr;  // null: the event has no report
-  const char* sqlMapa = nullptr;
-  const char* fimDoUltimo = "";  // stands behind the table's name in the read of the last event
-};
-
 /// An event of a vehicle: one row of its table in memory, reached by its id or in the sequence of plates and
 /// dates. `bd` is set before a call. Reads and writes fail with the caller; a removal answers false instead.
 class EventEntity {
  public:
+  /// `tabela` must outlive the event.
   explicit EventEntity(const TabelaDeEventos& tabela) : tabela_(tabela) {}
   EventEntity(const EventEntity&) = delete;
   EventEntity& operator=(const EventEntity&) = delete;

@@ -3,26 +3,8 @@
 #include "platform/format.h"
 
 namespace zorCrmParvel {
-namespace {
 
-const TabelaDeEventos kGastos{
-    .tabela = "zor_PV_Gastos",
-    .id = "Gst_Id",
-    .data = "Data",
-    .tituloLista = "Gastos",
-    .sqlLista =
-        " SELECT zor_PV_Gastos.Gst_Id as ' ',zor_PV_Gastos.Matricula AS Matrícula, "
-        "zor_PV_Gastos.Data AS Data, zor_Funcionarios.Nome as Motorista "
-        "FROM zor_PV_Gastos "
-        "INNER JOIN zor_Funcionarios ON zor_PV_Gastos.Motorista = zor_Funcionarios.Codigo",
-    .listaPorViatura = true,
-    .larguraLista = 5000,
-    .colunasLista = {1000, 1000, 1000, 2500},
-};
-
-}  // namespace
-
-clGastos::clGastos() : EventEntity(kGastos) {}
+clGastos::clGastos() : EventEntity(kTabelaDeGastos) {}
 
 void clGastos::LerCampos(const Row& row) {
   Motorista = row.text("Motorista");

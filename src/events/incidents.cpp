@@ -1,43 +1,6 @@
 #include "events/incidents.h"
 
 namespace zorCrmParvel {
-namespace {
-
-const TabelaDeEventos kMultas{
-    .tabela = "zor_PV_Multas",
-    .id = "Id",
-    .data = "Data",
-    .tituloLista = "Multas",
-    .sqlLista =
-        "SELECT id as ' ',Matricula as Matrícula,Data as Data, ValorMulta as Multa "
-        "From zor_PV_Multas "
-        "ORDER BY Matricula",
-    .listaPorViatura = false,
-    .larguraLista = 4500,
-    .colunasLista = {1000, 1000, 1500, 1500},
-    .tituloMapa = "Listagem de Multas",
-    .sqlMapa = "SELECT Codigo AS Código AS Nome FROM zor_PV_Multas order by Codigo",
-};
-
-const TabelaDeEventos kSinistros{
-    .tabela = "zor_PV_Sinistros",
-    .id = "Id",
-    .data = "Data",
-    .tituloLista = "Sinistros",
-    .sqlLista =
-        " SELECT zor_PV_Sinistros.Id as ' ', zor_PV_Sinistros.Matricula AS Matrícula, "
-        "zor_Funcionarios.Nome AS Motorista, zor_PV_Sinistros.Data as Data "
-        "FROM         zor_PV_Sinistros "
-        "INNER JOIN zor_Funcionarios ON zor_PV_Sinistros.Motorista = zor_Funcionarios.Codigo "
-        "order by Matricula",
-    .listaPorViatura = false,
-    .larguraLista = 5500,
-    .colunasLista = {1000, 3000, 1000},
-    .tituloMapa = "Listagem de Sinistros",
-    .sqlMapa = "SELECT Codigo AS Código AS Nome FROM zor_PV_Sinistros order by Codigo",
-};
-
-}  // namespace
 
 void Incidente::LerCampos(const Row& row) {
   Motorista = row.text("Motorista");
@@ -51,7 +14,7 @@ void Incidente::EscreverCampos(Row& row) const {
   row.put("Data", Data);
 }
 
-clMultas::clMultas() : Incidente(kMultas) {}
+clMultas::clMultas() : Incidente(kTabelaDeMultas) {}
 
 void clMultas::LerCampos(const Row& row) {
   Incidente::LerCampos(row);
@@ -66,7 +29,7 @@ void clMultas::EscreverCampos(Row& row) const {
   row.put("Responsabilidade", Responsabilidade);
 }
 
-clSinistros::clSinistros() : Incidente(kSinistros) {}
+clSinistros::clSinistros() : Incidente(kTabelaDeSinistros) {}
 
 void clSinistros::LerCampos(const Row& row) {
   Incidente::LerCampos(row);

@@ -3,28 +3,8 @@
 #include "masterdata/code_table.h"
 
 namespace zorCrmParvel {
-namespace {
 
-const TabelaDeEventos kSeguros{
-    .tabela = "zor_PV_Seguros",
-    .id = "Seg_Id",
-    .data = "Validade",
-    .tituloLista = "Seguros",
-    .sqlLista =
-        " SELECT  zor_PV_Seguros.Seg_Id as ' ',zor_PV_Seguros.Matricula AS Matrícula, "
-        "zor_PV_TiposSeguro.Nome AS 'Tipo Seguro', zor_PV_Seguros.Apolice AS 'Apólice' "
-        "FROM zor_PV_Seguros "
-        "INNER JOIN zor_PV_TiposSeguro ON zor_PV_Seguros.TipoSeguro = zor_PV_TiposSeguro.Codigo",
-    .listaPorViatura = true,
-    .larguraLista = 6000,
-    .colunasLista = {1000, 1000, 3000, 1500},
-    .tituloMapa = "Listagem de Seguros",
-    .sqlMapa = "SELECT Codigo AS Código AS Nome FROM zor_PV_Seguros order by Codigo",
-};
-
-}  // namespace
-
-clSeguros::clSeguros() : EventEntity(kSeguros) {}
+clSeguros::clSeguros() : EventEntity(kTabelaDeSeguros) {}
 
 void clSeguros::LerCampos(const Row& row) {
   Companhia = row.text("Companhia");

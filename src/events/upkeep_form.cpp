@@ -10,25 +10,40 @@ namespace {
 
 using platform::Currency;
 
-const FichaDeEvento kRevisoes{
-    .textos = {.nome = "Revisoes",
-               .legenda = "Revisões",
-               .carrega = "CarregaRevisao",
-               .perguntaAnular = "Vai proceder à anulação da Revisão!",
-               .dicaLista = "Lista de Revisões."},
-    .classeArquivo = 301,
-    .listaViaturas = 2,
-    .tituloMarca = 8,
-    .adopcao = Adopcao::kSeExiste,
-    .referencias = {{.campo = 1,
-                     .lista = 1,
-                     .titulo = 7,
-                     .dicaLista = "Lista de Tipos de Revisões.",
-                     .ficha = "TiposManut",
-                     .nova = &NovaEntidade<clTiposManut>,
-                     .inexistente = "Tipo Manutenção não existente!",
-                     .caixaSimples = true}},
-};
+/// The ficha of an event that has a type, whose code is in the first field.
+FichaDeEvento ComTipo(const TextosDoEvento& textos, int classeArquivo, const char* dicaTipos,
+                      const char* fichaTipos, std::unique_ptr<CodeTable> (*novoTipo)(),
+                      const char* inexistente) {
+  return {.textos = textos,
+          .classeArquivo = classeArquivo,
+          .listaViaturas = 2,
+          .tituloMarca = 8,
+          .adopcao = Adopcao::kSeExiste,
+          .referencias = {{.campo = 1,
+                           .lista = 1,
+                           .titulo = 7,
+                           .dicaLista = dicaTipos,
+                           .ficha = fichaTipos,
+                           .nova = novoTipo,
+                           .inexistente = inexistente,
+                           .caixaSimples = true}}};
+}
+
+const FichaDeEvento kRevisoes = ComTipo({.nome = "Revisoes",
+                                         .legenda = "Revisões",
+                                         .carrega = "CarregaRevisao",
+                                         .perguntaAnular = "Vai proceder à anulação da Revisão!",
+                                         .dicaLista = "Lista de Revisões."},
+                                        301, "Lista de Tipos de Revisões.", "TiposManut",
+                                        &NovaEntidade<clTiposManut>, "Tipo Manutenção não existente!");
+
+const FichaDeEvento kAcessorios = ComTipo({.nome = "Acessorios",
+                                           .legenda = "Acessórios",
+                                           .carrega = "CarregaAcessorio",
+                                           .perguntaAnular = "Vai proceder à anulação do Acessório!",
+                                           .dicaLista = "Lista de Acessórios."},
+                                          308, "Lista de Tipos de Acessórios.", "TiposAcessorios",
+                                          &NovaEntidade<clTiposAcessorios>, "Tipo Acessório não existente!");
 
 const FichaDeEvento kInspecoes{
     .textos = {.nome = "Inspecoes",
@@ -42,26 +57,6 @@ const FichaDeEvento kInspecoes{
     .adopcao = Adopcao::kSeExiste,
     .esvaziaMarca = true,
     .comecaNaData = true,
-};
-
-const FichaDeEvento kAcessorios{
-    .textos = {.nome = "Acessorios",
-               .legenda = "Acessórios",
-               .carrega = "CarregaAcessorio",
-               .perguntaAnular = "Vai proceder à anulação do Acessório!",
-               .dicaLista = "Lista de Acessórios."},
-    .classeArquivo = 308,
-    .listaViaturas = 2,
-    .tituloMarca = 8,
-    .adopcao = Adopcao::kSeExiste,
-    .referencias = {{.campo = 1,
-                     .lista = 1,
-                     .titulo = 7,
-                     .dicaLista = "Lista de Tipos de Acessórios.",
-                     .ficha = "TiposAcessorios",
-                     .nova = &NovaEntidade<clTiposAcessorios>,
-                     .inexistente = "Tipo Acessório não existente!",
-                     .caixaSimples = true}},
 };
 
 }  // namespace

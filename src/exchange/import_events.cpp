@@ -29,12 +29,10 @@ struct CodeRule {
 /// What one kind of event adds to the plate, the date and the notes that all have.
 template <typename Entity>
 struct EventImport {
-  const char* date;  // column of the date that orders the sequence
   const char* notes = "Obs";
   std::vector<ImportField<Entity>> fields;
   std::vector<CodeRule<Entity>> codes = {};
-  const char* table;
-  const char* id;
+  const TabelaDeEventos& table;
   std::vector<const char*> same;  // columns that tell two events of a day apart
   Currency (*total)(const DataAccessRef&, const std::string&) = nullptr;  // null: the vehicle's figures stay
 };
@@ -43,8 +41,11 @@ template <typename Entity>
 class EventTarget : public ImportTarget {
  public:
   EventTarget(const DataAccessRef& bd, EventImport<Entity> import)
-      : bd_(bd), import_(std::move(import)), repetitions_(bd, import_.table, import_.id), plates_(bd) {
-    columns_ = {{"Matricula", ColumnKind::kText, 10, true}, {import_.date, ColumnKind::kDate, 0, true}};
+      : bd_(bd),
+        import_(std::move(import)),
+        repetitions_(bd, import_.table.tabela, import_.table.id),
+        plates_(bd) {
+    columns_ = {{"Matricula", ColumnKind::kText, 10, true}, {import_.table.data, ColumnKind::kDate, 0, true}};
     if (import_.notes != nullptr) columns_.push_back({import_.notes, ColumnKind::kText, 150});
     for (const auto& field : import_.fields) columns_.push_back(field.column);
   }
@@ -56,7 +57,7 @@ class EventTarget : public ImportTarget {
     Entity event;
     event.bd = bd_;
     event.Codigo = row.text("Matricula");
-    event.Data = *row.date(import_.date);
+    event.Data = *row.date(import_.table.data);
     if (import_.notes != nullptr) event.Obs = row.text(import_.notes);
     for (const auto& field : import_.fields) field.take(event, row, field.column.name);
     for (const auto& rule : import_.codes) CheckCode(rule, row, event);
@@ -89,14 +90,14 @@ class EventTarget : public ImportTarget {
   /// True when the vehicle has had an event of this moment whose columns hold what the row holds.
   bool IsKnown(const Entity& event, const ImportRow& row) {
     const std::string moment = platform::FormatDate(event.Data, "yyyy.mm.dd hh:mm:ss");
-    return repetitions_.Stand({"SELECT * From ", fixed(import_.table), " WHERE Matricula=N'",
-                               value(event.Codigo), "' and ", fixed(import_.date), "='", value(moment), "'"},
-                              [&](platform::Recordset& stored) {
-                                return std::all_of(import_.same.begin(), import_.same.end(),
-                                                   [&](const char* column) {
-                                                     return Same(stored.Fields(column).Value(), row, column);
-                                                   });
-                              });
+    return repetitions_.Stand(
+        {"SELECT * From ", fixed(import_.table.tabela), " WHERE Matricula=N'", value(event.Codigo), "' and ",
+         fixed(import_.table.data), "='", value(moment), "'"},
+        [&](platform::Recordset& stored) {
+          return std::all_of(import_.same.begin(), import_.same.end(), [&](const char* column) {
+            return Same(stored.Fields(column).Value(), row, column);
+          });
+        });
   }
 
   static bool Same(const platform::Variant& stored, const ImportRow& row, const char* column) {
@@ -126,7 +127,6 @@ std::unique_ptr<ImportTarget> MakePolicyImport(const DataAccessRef& bd) {
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
-              .date = "Validade",
               .notes = nullptr,
               .fields = {F::Text("Companhia", 10, &E::Companhia), F::Text("TipoSeguro", 10, &E::TipoSeguro),
                          F::Text("Apolice", 15, &E::Apolice), F::Number("Premio", &E::Premio),
@@ -136,8 +136,7 @@ std::unique_ptr<ImportTarget> MakePolicyImport(const DataAccessRef& bd) {
               .codes = {{"Companhia", &E::Companhia, &NewTable<clCompanhias>, "Companhia não existente!"},
                         {"TipoSeguro", &E::TipoSeguro, &NewTable<clTiposSeguros>,
                          "Tipo de Seguro não existente!"}},
-              .table = "zor_PV_Seguros",
-              .id = "Seg_Id",
+              .table = kTabelaDeSeguros,
               .same = {"Apolice", "Premio"}});
 }
 
@@ -145,13 +144,11 @@ std::unique_ptr<ImportTarget> MakeRevisionImport(const DataAccessRef& bd) {
   using E = clRevisoes;
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
-      bd, EventImport<E>{.date = "Data",
-                         .fields = {F::Text("TipoManut", 10, &E::TipoManut), F::Number("Km", &E::Km),
+      bd, EventImport<E>{.fields = {F::Text("TipoManut", 10, &E::TipoManut), F::Number("Km", &E::Km),
                                     F::Number("Custo", &E::Custo)},
                          .codes = {{"TipoManut", &E::TipoManut, &NewTable<clTiposManut>,
                                     "Tipo Manutenção não existente!"}},
-                         .table = "zor_PV_Revisoes",
-                         .id = "Manu_Id",
+                         .table = kTabelaDeRevisoes,
                          .same = {"TipoManut", "Km", "Custo"},
                          .total = &Tools::SomaCustoComRevisoes});
 }
@@ -160,10 +157,8 @@ std::unique_ptr<ImportTarget> MakeInspectionImport(const DataAccessRef& bd) {
   using E = clInspecoes;
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
-      bd, EventImport<E>{.date = "Data",
-                         .fields = {F::Number("Km", &E::Km), F::Number("Custo", &E::Custo)},
-                         .table = "zor_PV_Inspecoes",
-                         .id = "Insp_Id",
+      bd, EventImport<E>{.fields = {F::Number("Km", &E::Km), F::Number("Custo", &E::Custo)},
+                         .table = kTabelaDeInspecoes,
                          .same = {"Km", "Custo"},
                          .total = &Tools::SomaCustoSemRevisoes});
 }
@@ -173,12 +168,10 @@ std::unique_ptr<ImportTarget> MakeFineImport(const DataAccessRef& bd) {
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
-              .date = "Data",
               .fields = {F::Text("Motorista", 10, &E::Motorista), F::Number("ValorMulta", &E::Valor),
                          F::Flag("Responsabilidade", &E::Responsabilidade)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
-              .table = "zor_PV_Multas",
-              .id = "Id",
+              .table = kTabelaDeMultas,
               .same = {"Motorista", "ValorMulta"}});
 }
 
@@ -187,12 +180,10 @@ std::unique_ptr<ImportTarget> MakeAccidentImport(const DataAccessRef& bd) {
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
-              .date = "Data",
               .fields = {F::Text("Motorista", 10, &E::Motorista), F::Text("LocalAc", 50, &E::LocalAc),
                          F::Flag("Responsavel", &E::Responsavel), F::Number("Custo", &E::Custo)},
               .codes = {{"Motorista", &E::Motorista, &NewTable<clMotoristas>, "Motorista não existente!"}},
-              .table = "zor_PV_Sinistros",
-              .id = "Id",
+              .table = kTabelaDeSinistros,
               .same = {"Motorista", "LocalAc", "Custo"}});
 }
 
@@ -201,15 +192,13 @@ std::unique_ptr<ImportTarget> MakeAccessoryImport(const DataAccessRef& bd) {
   using F = Fields<E>;
   return std::make_unique<EventTarget<E>>(
       bd, EventImport<E>{
-              .date = "Data",
               .fields = {F::Text("TipoAcessorio", 10, &E::TipoAcessorio), F::Text("Marca", 25, &E::Marca),
                          F::Text("Modelo", 25, &E::Modelo), F::Number("Qtd", &E::Qtd),
                          F::Number("KmInicial", &E::KmInicial), F::Number("KmFinal", &E::KmFinal),
                          F::Number("Custo", &E::Custo), F::Day("DataVal", &E::DataVal)},
               .codes = {{"TipoAcessorio", &E::TipoAcessorio, &NewTable<clTiposAcessorios>,
                          "Tipo Acessório não existente!"}},
-              .table = "zor_PV_Acessorios",
-              .id = "Id",
+              .table = kTabelaDeAcessorios,
               .same = {"TipoAcessorio", "Marca", "Custo"},
               .total = &Tools::SomaCustoSemRevisoes});
 }

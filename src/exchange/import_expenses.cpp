@@ -20,7 +20,11 @@ using platform::Currency;
 class ExpenseTarget : public ImportTarget {
  public:
   explicit ExpenseTarget(const DataAccessRef& bd)
-      : bd_(bd), repetitions_(bd, "zor_PV_Gastos", "Gst_Id"), plates_(bd), drivers_(bd), trips_(bd) {
+      : bd_(bd),
+        repetitions_(bd, kTabelaDeGastos.tabela, kTabelaDeGastos.id),
+        plates_(bd),
+        drivers_(bd),
+        trips_(bd) {
     gasto_.bd = bd;
   }
 

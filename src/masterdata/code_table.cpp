@@ -1,35 +1,26 @@
 #include "masterdata/code_table.h"
 
+#include "host/one_row.h"
 #include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
-
-using platform::RuntimeError;
 
 Statement CodeTable::Seleccao() const {
   return {"SELECT Codigo, Nome", " From ", fixed(tabela()), " WHERE     (Codigo = N'", value(Codigo), "')"};
 }
 
 bool CodeTable::Ler() {
-  RecordsetRef rs;
-  bd->AbrirLeitura("", Seleccao(), rs);
-  const bool found = !rs->Eof();
-  Descrição = found ? Row(*rs).text("Nome") : "";
-  rs->Close();
+  const bool found = LerLinha(bd, Seleccao(), [this](const Row& row) { Descrição = row.text("Nome"); });
+  if (!found) Descrição.clear();
   return found;
 }
 
 bool CodeTable::Navegar(const Statement& statement) {
-  RecordsetRef rs;
-  bd->AbrirLeitura("", statement, rs);
-  const bool found = !rs->Eof();
-  if (found) {
-    Codigo = Row(*rs).text("Codigo");
-    Descrição = Row(*rs).text("Nome");
-  } else {
-    Descrição.clear();
-  }
-  rs->Close();
+  const bool found = LerLinha(bd, statement, [this](const Row& row) {
+    Codigo = row.text("Codigo");
+    Descrição = row.text("Nome");
+  });
+  if (!found) Descrição.clear();
   return found;
 }
 
@@ -54,28 +45,14 @@ bool CodeTable::LerUltimo() {
 }
 
 bool CodeTable::Escrever() {
-  RecordsetRef rs;
-  bd->AbrirEdicao(Seleccao(), rs);
-  Row row(*rs);
-  if (rs->Eof()) {
-    rs->AddNew();
-    row.cut("Codigo", Codigo);
-  }
-  EscreverCampos(row);
-  rs->Update();
-  rs->Close();
+  EscreverLinha(bd, Seleccao(), "Codigo", Codigo, [this](Row& row) { EscreverCampos(row); });
   return true;
 }
 
 void CodeTable::EscreverCampos(Row& row) const { row.cut("Nome", Descrição); }
 
 bool CodeTable::Anular() {
-  try {
-    bd->ExecutarSql("", {"Delete  From ", fixed(tabela()), " ", " WHERE (Codigo ='", value(Codigo), "' )"});
-    return true;
-  } catch (const RuntimeError&) {
-    return false;  // the record stays, and the caller says nothing
-  }
+  return Remover(bd, {"Delete  From ", fixed(tabela()), " ", " WHERE (Codigo ='", value(Codigo), "' )"});
 }
 
 platform::Ref<platform::Connection> CodeTable::Ligacao() const {

@@ -1,5 +1,7 @@
 #include "masterdata/tipos_gastos.h"
 
+#include "host/one_row.h"
+
 namespace zorCrmParvel {
 namespace {
 
@@ -15,19 +17,15 @@ Statement clTiposGastos::Seleccao() const {
 }
 
 bool clTiposGastos::Ler() {
-  RecordsetRef rs;
-  bd->AbrirLeitura("", Seleccao(), rs);
-  const bool found = !rs->Eof();
-  if (found) {
-    const Row row(*rs);
+  const bool found = LerLinha(bd, Seleccao(), [this](const Row& row) {
     Descrição = row.text("Nome");
     Combustivel = row.integer("Combustivel");
     CustoUnit = row.currency("CustoUnit");
-  } else {
+  });
+  if (!found) {
     Descrição.clear();
     CustoUnit = 0;
   }
-  rs->Close();
   return found;
 }
 

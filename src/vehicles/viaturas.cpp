@@ -1,20 +1,17 @@
 #include "vehicles/viaturas.h"
 
 #include "host/fotos.h"
+#include "host/one_row.h"
 #include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
+
 Statement clViaturas::Seleccao() const {
   return {"SELECT *", " From zor_PV_Viaturas", " WHERE     (Matricula = N'", value(Matricula), "')"};
 }
 
 bool clViaturas::Ler() {
-  RecordsetRef rs;
-  bd->AbrirLeitura("", Seleccao(), rs);
-  const bool found = !rs->Eof();
-  if (found) LerCampos(Row(*rs));
-  rs->Close();
-  return found;
+  return LerLinha(bd, Seleccao(), [this](const Row& row) { LerCampos(row); });
 }
 
 void clViaturas::LerCampos(const Row& row) {
@@ -56,16 +53,7 @@ void clViaturas::LerCampos(const Row& row) {
 }
 
 bool clViaturas::Escrever() {
-  RecordsetRef rs;
-  bd->AbrirEdicao(Seleccao(), rs);
-  Row row(*rs);
-  if (rs->Eof()) {
-    rs->AddNew();
-    row.cut("Matricula", Matricula);
-  }
-  EscreverCampos(row);
-  rs->Update();
-  rs->Close();
+  EscreverLinha(bd, Seleccao(), "Matricula", Matricula, [this](Row& row) { EscreverCampos(row); });
   return true;
 }
 
@@ -130,12 +118,7 @@ bool clViaturas::Anular() {
 }
 
 bool clViaturas::Navegar(const Statement& statement) {
-  RecordsetRef rs;
-  bd->AbrirLeitura("", statement, rs);
-  const bool found = !rs->Eof();
-  if (found) Matricula = Row(*rs).text("Matricula");
-  rs->Close();
-  return found;
+  return LerLinha(bd, statement, [this](const Row& row) { Matricula = row.text("Matricula"); });
 }
 
 bool clViaturas::LerPrimeiro() {
@@ -168,11 +151,11 @@ std::string clViaturas::MostraLista() {
   bd->ObterLigacao(lista.Ligacao);
   lista.Titulo = "Viaturas";
   lista.Sql =
-      " SELECT zor_PV_Viaturas.Matricula AS Matrícula, zor_PV_Marcas.Nome AS Marca, zor_PV_Modelos.Nome AS "
-      "Modelo"
-      "  FROM         zor_PV_Viaturas INNER JOIN"
-      "  zor_PV_Modelos ON zor_PV_Viaturas.Modelo = zor_PV_Modelos.Codigo INNER JOIN"
-      "  zor_PV_Marcas ON zor_PV_Viaturas.Marca = zor_PV_Marcas.Codigo";
+      " SELECT zor_PV_Viaturas.Matricula AS Matrícula, "
+      "zor_PV_Marcas.Nome AS Marca, zor_PV_Modelos.Nome AS Modelo"
+      "  FROM         zor_PV_Viaturas"
+      " INNER JOIN  zor_PV_Modelos ON zor_PV_Viaturas.Modelo = zor_PV_Modelos.Codigo"
+      " INNER JOIN  zor_PV_Marcas ON zor_PV_Viaturas.Marca = zor_PV_Marcas.Codigo";
   lista.Carrega();
   lista.Largura = 4500;
   lista.Coluna(1).Width = 1000;
