@@ -13,12 +13,6 @@ namespace {
 constexpr auto kEnd = std::istream::traits_type::eof();
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Windows-1252 from 0x80 to 0x9F; 0 where it has no character. The rest are Latin-1.
-constexpr std::array<unsigned, 32> kWindows = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
 char SeparatorOf(std::string_view header) {
   char best = ';';
   auto most = std::count(header.begin(), header.end(), ';');
@@ -79,7 +73,7 @@ bool CsvReader::ReadRow(std::vector<std::string>& row) {
   std::string field;
   bool any = false;
   const auto close = [&] {
-    row.push_back(ToUtf8(std::move(field)));
+    row.push_back(shape_.utf8 ? std::move(field) : FromWindows1252(field));
     field.clear();
   };
   std::streambuf& file = *file_.rdbuf();
@@ -122,18 +116,6 @@ void CsvReader::ReadQuoted(std::string& field) {
   throw std::runtime_error("A aspa que se abre na linha " + std::to_string(opened) +
                            " do ficheiro não se fecha no fim do seu campo, e levaria as linhas seguintes. "
                            "Corrija essa linha; nada foi importado.");
-}
-
-std::string CsvReader::ToUtf8(std::string field) const {
-  if (shape_.utf8) return field;
-  std::string text;
-  for (char c : field) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool special = byte >= 0x80 && byte < 0xA0;
-    const unsigned mapped = special ? kWindows[byte - 0x80] : byte;
-    AppendUtf8(text, mapped == 0 ? 0xFFFD : mapped);
-  }
-  return text;
 }
 
 }  // namespace exchange

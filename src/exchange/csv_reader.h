@@ -35,7 +35,6 @@ class CsvReader {
  private:
   bool ReadRow(std::vector<std::string>& row);
   void ReadQuoted(std::string& field);
-  std::string ToUtf8(std::string field) const;
 
   std::istream& file_;
   const CsvShape& shape_;

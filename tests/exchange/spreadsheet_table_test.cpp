@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "exchange/table/cell_values.h"
+#include "exchange/table_files.h"
+#include "platform/text.h"
+
+namespace exchange {
+namespace {
+
+using Parts = std::vector<std::pair<std::string, std::string>>;
+
+const std::string kRelationships =
+    R"(<Relationships><Relationship Id="r1" Type="x/worksheet" Target="worksheets/sheet1.xml"/>
+<Relationship Id="r2" Type="x/worksheet" Target="/xl/other.xml"/><Relationship Id="r3" Type="x/chartsheet" Target="c.xml"/>
+<Relationship Id="r4" Type="x/styles" Target="styles.xml"/>
+<Relationship Id="r5" Type="x/sharedStrings" Target="texts.xml"/></Relationships>)";
+
+/// A workbook of one sheet, and a hidden one, around the rows given.
+Parts Workbook(const std::string& rows, const std::string& calendar = "") {
+  return {
+      {"xl/workbook.xml",
+       "<workbook xmlns:r='u/relationships'><workbookPr " + calendar +
+           "/><sheets><sheet name='G' r:id='r3'/><sheet name='Frota' sheetId='7' r:id='r1'/>"
+           "<sheet name='B' state='veryHidden' r:id='r2'/></sheets></workbook>"},
+      {"xl/_rels/workbook.xml.rels", kRelationships},
+      {"xl/styles.xml",
+       "<s><numFmts><numFmt numFmtId='170' formatCode='[$-816]d &quot;de&quot; mmmm'/><numFmt numFmtId='171' "
+       "formatCode='#,##0.00 &quot;dias&quot;'/></numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs>"
+       "<cellXfs><xf numFmtId='0'/><xf numFmtId='14'/><xf numFmtId='170'/><xf "
+       "numFmtId='171'/></cellXfs></s>"},
+      {"xl/texts.xml",
+       "<sst><si><t>Matr\xC3\xAD"
+       "cula</t></si><si><r><t>a</t></r><r><t xml:space='preserve'> b</t></r><rPh><t>z</t>"
+       "</rPh></si><si><t>x_x000A_y &amp; z</t></si></sst>"},
+      {"xl/worksheets/sheet1.xml",
+       "<worksheet><cols><col min='2' max='3' hidden='1'/><col min='5' max='5'/></cols>"
+       "<sheetData>" +
+           rows + "</sheetData></worksheet>"},
+      {"xl/other.xml", "<worksheet><sheetData><row><c><v>5</v></c></row></sheetData></worksheet>"}};
+}
+
+std::string Spreadsheet(const std::string& tables) {
+  return R"(<d xmlns:office="urn:x:office:1.0" xmlns:table="urn:x:table:1.0" xmlns:text="urn:x:text:1.0"
+ xmlns:calcext="urn:y:calc:calcext:1.0"><office:spreadsheet>)" +
+         tables + "</office:spreadsheet></d>";
+}
+
+TEST(SpreadsheetTable, ReadsXlsxAsItIsMeant) {
+  const TableFiles files("parvel_xlsx");
+  const std::string file = files.Zip(
+      "mes.csv",
+      Workbook(
+          "<row r='1'><c r='A1' t='s'><v>0</v></c><c r='C1' t='s'><v>1</v></c><c t='s'><v>2</v></c></row>"
+          "<row r='2' hidden='1'><c r='A2' s='1'><v>46204</v></c><c r='B2' s='2'><v>46204.5</v></c><c "
+          "s='3'><v>3.5</v></c></row>"
+          "<row r='4'><c r='A4'><v/></c></row>"
+          "<row r='7'><c t='b'><v>1</v></c><c t='e'><v>#N/A</v></c><c t='inlineStr'><is><t>em "
+          "linha</t></is></c>"
+          "<c "
+          "t='d'><v>2026-07-01T08:15:00</v></c><c><v>1E3</v></c><c><v>0.30000000000000004</v></"
+          "c><c><v>7824001234567890</v></c></row>"
+          "<row><c><f>A1</f><v>2</v></c><c><f>A1</f></c><c t='str'><f>A1</f><v>t</v></c><c "
+          "t='str'><f>A1</f><v></v></c>"
+          "<c t='e'><f>A1</f><v>#DIV/0!</v></c></row>"));
+  const auto table = OpenTable(file);
+  EXPECT_EQ(table->Facts().format, "XLSX");
+  ASSERT_EQ(table->Sheets().size(), 2U);
+  EXPECT_EQ(table->Sheets()[0].name, "Frota");
+  EXPECT_TRUE(table->Sheets()[1].hidden);
+  EXPECT_EQ(table->HiddenColumns(), (std::vector<bool>{false, true, true}));
+  const std::string rows =
+      "1:Matr\xC3\xAD"
+      "cula||a b|x\ny & z|\n2h:d01-07-2026|d01-07-2026 12:00:00|n3.5|\n"
+      "7:b"
+      "VERDADEIRO|!#N/A|em linha|d01-07-2026 08:15:00|n1000|n0.3|n7824001234567890|\n"
+      "8:f=n2|f=?|f=t||f=!#DIV/0!|\n";
+  EXPECT_EQ(Dump(*table), rows);
+  table->Open(1);
+  EXPECT_EQ(Dump(*table), "1:n5|\n");
+  EXPECT_TRUE(table->HiddenColumns().empty());
+  table->Open(0);
+  EXPECT_EQ(Dump(*table), rows);
+  const auto old =
+      OpenTable(files.Zip("mac.xlsx", Workbook("<row><c s='1'><v>44742</v></c></row>", "date1904='1'")));
+  EXPECT_TRUE(old->Facts().calendar1904);
+  EXPECT_EQ(Dump(*old), "1:d01-07-2026|\n");
+}
+
+TEST(SpreadsheetTable, ReadsOdsAsItIsMeant) {
+  const TableFiles files("parvel_ods");
+  const std::string file = files.Zip("f", {{"META-INF/manifest.xml", "<m/>"}, {"content.xml", Spreadsheet(R"(
+<table:table table:name="Frota"><table:table-column table:number-columns-repeated="2"/><table:table-column table:visibility="collapse"/>
+<table:table-row table:number-rows-repeated="2"><table:table-cell/></table:table-row>
+<table:table-row table:number-rows-repeated="2"><table:table-cell office:value-type="string"><text:p>a <text:span>b</text:span></text:p><text:p>c<text:s text:c="2"/>d</text:p>
+<office:annotation><text:p>nota</text:p></office:annotation></table:table-cell><table:covered-table-cell/><table:table-cell table:number-columns-repeated="2"
+office:value-type="currency" office:value="4.5"><text:p>4,50</text:p></table:table-cell><table:table-cell table:number-columns-repeated="16000"/></table:table-row>
+<table:table-row table:visibility="filter"><table:table-cell office:value-type="date" office:date-value="2026-07-01T08:15:00"/>
+<table:table-cell office:value-type="time" office:time-value="PT08H15M00S"/><table:table-cell office:value-type="boolean" office:boolean-value="true"/>
+<table:table-cell office:value-type="percentage" office:value="0.23"/></table:table-row>
+<table:table-row><table:table-cell table:formula="x" office:value-type="float" office:value="2"/><table:table-cell table:formula="x"/>
+<table:table-cell table:formula="x" office:value-type="string" office:string-value="" calcext:value-type="error"><text:p>#DIV/0!</text:p></table:table-cell></table:table-row>
+<table:table-row table:number-rows-repeated="1048570"><table:table-cell/></table:table-row></table:table>
+<table:table table:name="B"><table:table-row><table:table-cell office:value-type="float" office:value="5"/></table:table-row></table:table>)")}});
+  const auto table = OpenTable(file);
+  EXPECT_EQ(table->Facts().format, "ODS");
+  ASSERT_EQ(table->Sheets().size(), 2U);
+  EXPECT_EQ(table->HiddenColumns(), (std::vector<bool>{false, false, true}));
+  EXPECT_EQ(Dump(*table),
+            "3:a b\nc  d||n4.5|n4.5|\n4:a b\nc  d||n4.5|n4.5|\n"
+            "5h:d01-07-2026 08:15:00|d08:15:00|bVERDADEIRO|n0.23|\n6:f=n2|f=?|f=!#DIV/0!|\n");
+  table->Open(1);
+  EXPECT_EQ(Dump(*table), "1:n5|\n");
+}
+
+TEST(SpreadsheetTable, ReadsOldXlsAsItIsMeant) {
+  const auto table = OpenTable(PARVEL_SOURCE_DIR "/tests/exchange/tables/frota.xls");
+  EXPECT_EQ(table->Facts().format, "XLS");
+  ASSERT_EQ(table->Sheets().size(), 2U);
+  EXPECT_TRUE(table->Sheets()[1].hidden);
+  EXPECT_EQ(
+      Dump(*table),
+      "1:Matr\xC3\xAD"
+      "cula|Data|Hora|Litros|Pago|Erro|\n3:10-GJ-10|d01-07-2026|d12:30:00|n45.123|bVERDADEIRO|!#DIV/0!|\n"
+      "4h:\xE2\x82\xAC 20|d02-07-2026 08:15:00||n7824001234567890|n-12|\n"
+      "5:f=n90.25|f=!#DIV/0!|f=bVERDADEIRO|f=abc|f=d01-07-2026 12:00:00||f=?|\n");
+  EXPECT_EQ(table->HiddenColumns(), (std::vector<bool>{false, false, false, true}));
+  table->Open(1);
+  EXPECT_EQ(Dump(*table), "1:x|\n");
+}
+
+TEST(SpreadsheetTable, ReadsThePageThatIsNamedXls) {
+  const TableFiles files("parvel_html");
+  const auto table = OpenTable(
+      files.Put("mes.xls",
+                "\n<HTML><meta charset=iso-8859-1><body><table><tr><td>t\xEDtulo<table><tr><th>Data<th "
+                "colspan=2>Valor\n  total</tr>"
+                "<tr style='display: none'><td rowspan=2>a&nbsp;b<td>1<br>2<td>3</tr><tr><td>&euro; "
+                "&lt;4</tr></table></td></tr></table>"
+                "<table><tr><td>fim</table>"));
+  EXPECT_EQ(table->Facts().format, "HTML");
+  ASSERT_EQ(table->Sheets().size(), 2U);
+  EXPECT_EQ(Dump(*table), "1:Data|Valor total|\n2h:a b|1\n2|3|\n3:|\xE2\x82\xAC <4|\n");
+  table->Open(1);
+  EXPECT_EQ(Dump(*table), "1:fim|\n");
+}
+
+TEST(SpreadsheetTable, CountsDaysInBothCalendars) {
+  const struct {
+    double serial;
+    bool calendar1904;
+    const char* date;
+  } days[] = {{0.25, false, "06:00:00"},      {1, false, "01-01-1900"}, {59, false, "28-02-1900"},
+              {61, false, "01-03-1900"},      {0.5, true, "12:00:00"},  {1, true, "02-01-1904"},
+              {2958465, false, "31-12-9999"}, {60, false, "60"},        {-1, false, "-1"},
+              {2958466, false, "2958466"},    {1e300, true, "1E+300"}};
+  for (const auto& d : days)
+    EXPECT_TRUE(platform::EqualsIgnoringCase(SerialCell(d.serial, d.calendar1904).text, d.date))
+        << SerialCell(d.serial, d.calendar1904).text;
+  for (const char* format : {"dd/mm/yyyy", "[Red]h:mm", "[$-816]d \"de\" mmmm;@", "yyyy\\-mm"})
+    EXPECT_TRUE(ShowsDate(format)) << format;
+  for (const char* format : {"General", "0.00 \"days\"", "#,##0 \\d", "[h]:00", "@", "0.00;[Red]d"})
+    EXPECT_FALSE(ShowsDate(format)) << format;
+}
+
+TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
+  const TableFiles files("parvel_refused");
+  const std::string whole = files.Zip("w.xlsx", Workbook("<row><c><v>1</v></c></row>"));
+  std::string bytes;
+  {
+    std::ifstream in(whole, std::ios::binary);
+    bytes.assign(std::istreambuf_iterator<char>(in), {});
+  }
+  std::string xls;
+  {
+    std::ifstream in(PARVEL_SOURCE_DIR "/tests/exchange/tables/frota.xls", std::ios::binary);
+    xls.assign(std::istreambuf_iterator<char>(in), {});
+  }
+  std::string encrypted = xls;
+  const std::string from("W\0o\0r\0k\0b\0o\0o\0k\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 32);
+  const std::string to("E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0", 32);
+  encrypted.replace(encrypted.find(from), 32, to);
+  encrypted[encrypted.find(to) + 64] = 34;
+  std::string bomb = bytes;
+  bomb.replace(bomb.rfind("PK\x01\x02") + 24, 4,
+               std::string("\0\0\0\x20", 4));  // says that it unpacks to 512 MB
+  const std::string long1(200000, 'x');
+  const struct {
+    std::string file;
+    const char* says;
+  } refused[] = {
+      {files.Put("a.xlsx", bytes.substr(0, bytes.size() - 30)), "incompleto"},
+      {files.Put("a.xls", xls.substr(0, xls.size() / 2)), "incompleto"},
+      {files.Put("b.xls", encrypted), "palavra-passe"},
+      {files.Zip("b.ods", {{"META-INF/manifest.xml", "<a><encryption-data/></a>"}, {"content.xml", "x"}}),
+       "palavra-passe"},
+      {files.Zip("c.xlsx", Workbook("<row><c><v>1</v></row>")), "não está bem formada"},
+      {files.Zip("d.xlsx", Workbook("<row><c t='inlineStr'><is><t>" + long1 + "</t></is></c></row>")),
+       "grande demais"},
+      {files.Zip("e.xlsx", Workbook("<row r='1048577'><c><v>1</v></c></row>")), "1.048.576"},
+      {files.Put("f.xlsx", bomb), "300 MB"},
+      {files.Zip(
+           "g.ods",
+           {{"META-INF/manifest.xml", "<m/>"},
+            {"content.xml",
+             Spreadsheet("<table:table><table:table-row table:number-rows-repeated='1000000'>"
+                         "<table:table-cell table:number-columns-repeated='1000' office:value-type='string'>"
+                         "<text:p>" +
+                         std::string(5000, 'b') +
+                         "</text:p></table:table-cell></table:table-row></table:table>")}}),
+       "repete"},
+      {files.Zip("h.zip", {{"a.txt", "x"}}), "arquivo comprimido"},
+      {files.Zip("i.docx", {{"_rels/.rels", "<a/>"}, {"word/document.xml", "x"}}), "arquivo comprimido"},
+      {files.Put("j.csv", "%PDF-1.4"), "PDF"},
+      {files.Put("k.csv", ""), "vazio"},
+      {files.Put("l.xls", "<html><p>Sem sess\xE3o</html>"), "sem nenhuma tabela"},
+      {files.Put("m.xml", "<?xml version='1.0'?><a/>"), "XML"},
+      {files.Path("n.csv"), "não existe"}};
+  for (const auto& r : refused)
+    EXPECT_NE(RefusalOf(r.file).find(r.says), std::string::npos) << r.file << ": " << RefusalOf(r.file);
+}
+
+}  // namespace
+}  // namespace exchange

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <zip.h>
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "exchange/table/table_reader.h"
+
+namespace exchange {
+
+/// A folder of files for one test, removed with it.
+class TableFiles {
+ public:
+  explicit TableFiles(const std::string& name) : folder_(std::filesystem::temp_directory_path() / name) {
+    std::filesystem::create_directories(folder_);
+  }
+  ~TableFiles() { std::filesystem::remove_all(folder_); }
+  TableFiles(const TableFiles&) = delete;
+  TableFiles& operator=(const TableFiles&) = delete;
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string Put(const std::string& name, const std::string& content) const {
+    std::ofstream(Path(name), std::ios::binary) << content;
+    return Path(name);
+  }
+  /// An archive of parts, each its name and content.
+  std::string Zip(const std::string& name,
+                  const std::vector<std::pair<std::string, std::string>>& parts) const {
+    zip_t* archive = zip_open(Path(name).c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    for (const auto& [part, content] : parts)
+      zip_file_add(archive, part.c_str(), zip_source_buffer(archive, content.data(), content.size(), 0), 0);
+    if (zip_close(archive) != 0) throw std::runtime_error("zip");
+    return Path(name);
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// All rows of the open sheet, a line each: "3h: text|n4.5|d01-07-2026|b1|!#N/A|?|f=…", with the line's
+/// number, h where it is hidden, and before each cell what it is (texts without).
+inline std::string Dump(TableReader& table) {
+  std::string all;
+  for (TableRow row; table.Next(row);) {
+    all += std::to_string(row.line) + (row.hidden ? "h:" : ":");
+    for (const TableCell& cell : row.cells) {
+      static constexpr const char* kMarks[] = {"", "", "n", "d", "b", "!", "?"};
+      all += (cell.formula ? "f=" : "") + std::string(kMarks[static_cast<int>(cell.kind)]) + cell.text + "|";
+    }
+    all += "\n";
+  }
+  return all;
+}
+
+/// What the reader says of a file that it refuses; empty when it takes it to its end.
+inline std::string RefusalOf(const std::string& file) {
+  try {
+    const auto table = OpenTable(file);
+    Dump(*table);
+  } catch (const std::runtime_error& e) {
+    return e.what();
+  }
+  return "";
+}
+
+}  // namespace exchange
