@@ -37,6 +37,16 @@ class ActualListTest : public DatabaseTest {
   VwLstActual list;
 };
 
+TEST_F(ActualListTest, AnUnknownKindLeavesTheGridAlone) {
+  Start(3);
+  const RecordsetRef before = form.grid.DataSource();
+  for (const std::int16_t kind : {-1, 0, 4}) {
+    Start(kind);
+    EXPECT_EQ(list.ICrmVwList_Name(), "");
+    EXPECT_TRUE(form.grid.DataSource() == before) << kind;
+  }
+}
+
 TEST_F(ActualListTest, ADownloadMovesOnFromTheDateShown) {
   AddDriver(bd, "1", "Ana");
   Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, Obs='fica', DtDescarga='2023.01.10'");
@@ -71,6 +81,14 @@ TEST_F(ActualListTest, RoadTaxMovesToTheEndOfItsPeriod) {
     EXPECT_EQ(Rows(bd, "SELECT DataMatricula, DataSelo, SeloPago FROM zor_PV_Viaturas"), after);
     EXPECT_EQ(Shown(0, 2), after[0][1]);
   }
+}
+
+TEST_F(ActualListTest, OnlyItsCommandOnARowDoesAnything) {
+  Sql("UPDATE zor_PV_Viaturas SET Tacografo=1, DtDescarga='2024.01.10'");
+  Start(1);
+  Command(-1);
+  Command(0, 901);
+  EXPECT_EQ(Rows(bd, "SELECT DtDescarga FROM zor_PV_Viaturas"), (Table{{"10-01-2024"}}));
 }
 
 }  // namespace
