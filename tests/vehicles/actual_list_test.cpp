@@ -40,8 +40,8 @@ class ActualListTest : public DatabaseTest {
 TEST_F(ActualListTest, AnUnknownKindLeavesTheGridAlone) {
   Start(3);
   const RecordsetRef before = form.grid.DataSource();
-  for (const std::int16_t kind : {-1, 0, 4}) {
-    Start(kind);
+  for (const int kind : {-1, 0, 4}) {
+    Start(static_cast<std::int16_t>(kind));
     EXPECT_EQ(list.ICrmVwList_Name(), "");
     EXPECT_TRUE(form.grid.DataSource() == before) << kind;
   }
