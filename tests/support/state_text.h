@@ -11,7 +11,7 @@ namespace testing_support {
 std::map<std::string, std::string> StateOf(const platform::Form& form);
 /// What a control is beside what it shows: texts, lengths, formats.
 std::string KindOf(const platform::Control& control);
-/// Columns, styles and conditions of a grid, a line each.
+/// Columns and styles of a grid, a line each.
 std::string SetUpOf(const platform::SGGrid& grid);
 /// The rows of a grid that hold something, with their styles.
 std::string RowsOf(const platform::SGGrid& grid);
