@@ -20,6 +20,7 @@ std::deque<Fault> connectionFaults;
 std::optional<Fault> current;  // what the failing handle has to say
 bool pretending = false;
 std::string settings;
+std::string bindings;
 int statements = 0;
 int connections = 0;
 
@@ -51,6 +52,7 @@ void Give(const std::string& text, SQLWCHAR* place) {
 void FailNextStatement(const Fault& fault) { statementFaults.push_back(fault); }
 void FailNextConnection(const Fault& fault) { connectionFaults.push_back(fault); }
 void PretendServer() { pretending = true; }
+std::string Bindings() { return std::exchange(bindings, ""); }
 std::string Settings() { return std::exchange(settings, ""); }
 void ClearFaults() {
   pretending = false;
@@ -85,6 +87,17 @@ SQLRETURN SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER what, SQLPOINTER value, S
   if (pretending && what == SQL_ATTR_LOGIN_TIMEOUT)
     settings += std::to_string(reinterpret_cast<std::uintptr_t>(value)) + " s; ";
   return Real<decltype(&SQLSetConnectAttr)>("SQLSetConnectAttr")(handle, what, value, length);
+}
+
+SQLRETURN SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT place, SQLSMALLINT kind, SQLSMALLINT value,
+                           SQLSMALLINT column, SQLULEN size, SQLSMALLINT decimals, SQLPOINTER buffer,
+                           SQLLEN room, SQLLEN* length) {
+  for (const auto part : {static_cast<SQLLEN>(value), static_cast<SQLLEN>(column), static_cast<SQLLEN>(size),
+                          static_cast<SQLLEN>(decimals), *length})
+    bindings += std::to_string(part) + "/";
+  bindings += " ";
+  return Real<decltype(&SQLBindParameter)>("SQLBindParameter")(handle, place, kind, value, column, size,
+                                                               decimals, buffer, room, length);
 }
 
 SQLRETURN SQLDriverConnectW(SQLHDBC handle, SQLHWND window, SQLWCHAR* in, SQLSMALLINT inLength, SQLWCHAR* out,

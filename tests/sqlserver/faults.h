@@ -26,6 +26,8 @@ void ClearFaults();
 void PretendServer();
 std::string Settings();
 
+/// The parameters bound since the last call: "value type/column type/size/decimals/length".
+std::string Bindings();
 /// What went to the driver since the last call: statements executed, and connections made.
 int StatementsSent();
 int ConnectionsMade();

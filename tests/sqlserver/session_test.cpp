@@ -47,6 +47,33 @@ TEST_F(SessionTest, ABatchThatLosesTheConnectionIsLostWhole) {
   EXPECT_EQ(Count("PT_Tudo"), 1);
 }
 
+TEST_F(SessionTest, EveryKindOfValueGoesAsItsColumnTakesIt) {
+  using platform::FieldType;
+  using platform::Variant;
+  const auto bound = [&](FieldType type, long width, const Variant& value) {
+    sqlserver::Parameters parameters;
+    platform::FieldInfo field;
+    field.type = type;
+    field.definedSize = width;
+    parameters.Add(field, value);
+    Bindings();
+    session().Write("DELETE FROM PT_Codigos WHERE Codigo = ?", parameters);
+    return Bindings();
+  };
+  EXPECT_EQ(bound(FieldType::kBool, 2, true) + bound(FieldType::kInteger, 2, std::int16_t{7}) +
+                bound(FieldType::kLong, 4, 7) + bound(FieldType::kDouble, 8, 0.5) +
+                bound(FieldType::kCurrency, 8, platform::Currency(12)) +
+                bound(FieldType::kDate, 16, platform::Date::FromParts(2024, 1, 2)),
+            "-7/-7/1/0/1/ -15/5/5/0/2/ -16/4/10/0/4/ 8/8/15/0/8/ 1/3/19/4/2/ 93/93/23/3/16/ ");
+  EXPECT_EQ(bound(FieldType::kText, 10, "ação") + bound(FieldType::kText, 10, Variant::Null{}) +
+                bound(FieldType::kText, platform::kUnlimitedSize, std::string(4000, 'x')) +
+                bound(FieldType::kText, platform::kUnlimitedSize, std::string(4001, 'x')) +
+                bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8000)) +
+                bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8001)),
+            "-8/-9/10/0/8/ -8/-9/10/0/-1/ -8/-9/4000/0/8000/ -8/-10/4001/0/8002/ -2/-3/8000/0/8000/ "
+            "-2/-4/8001/0/8001/ ");
+}
+
 TEST_F(SessionTest, AnUnusedConnectionIsTriedBeforeAWrite) {
   sqlserver::Limits limits;
   limits.idle = std::chrono::seconds(0);
