@@ -60,7 +60,7 @@ class FichaTranscript : public testing::TestWithParam<const char*> {
 
 TEST_P(FichaTranscript, IsAsWrittenDown) {
   using Acts = Transcript::Acts;
-  transcript.Describe(*FormCatalog::Shared().Make(GetParam()));
+  transcript.Describe(*New());
   const auto filled = [&] {
     auto form = OnRecord();  // the key is left first: that reads its record
     form->UserGoesTo(testing_support::Find<platform::PushButton>(*form, "btConf"));
