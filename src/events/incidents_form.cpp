@@ -14,28 +14,15 @@ FichaDeEvento Tipo(const TextosDoEvento& textos, int classeArquivo) {
           .tituloMarca = 8,
           .adopcao = Adopcao::kSeExiste,
           .esvaziaMarca = true,
-          .referencias = {{.campo = kMotorista,
-                           .lista = 1,
-                           .titulo = 7,
-                           .dicaLista = "Lista de Motoristas.",
-                           .ficha = "Motoristas",
-                           .nova = &NovaEntidade<clMotoristas>,
-                           .inexistente = "Motorista não existente!",
-                           .caixaSimples = true}}};
+          .referencias = {{kMotorista, 1, 7, "Lista de Motoristas.", "Motoristas",
+                           &NovaEntidade<clMotoristas>, "Motorista não existente!", false, true}}};
 }
 
-const FichaDeEvento kMultas = Tipo({.nome = "Multas",
-                                    .legenda = "Multas",
-                                    .carrega = "CarregaMulta",
-                                    .perguntaAnular = "Vai proceder à anulação da Multa!",
-                                    .dicaLista = "Lista de Multas."},
-                                   306);
+const FichaDeEvento kMultas =
+    Tipo({"Multas", "Multas", "CarregaMulta", "Vai proceder à anulação da Multa!", "Lista de Multas."}, 306);
 
-const FichaDeEvento kSinistros = Tipo({.nome = "Sinistros",
-                                       .legenda = "Sinistros",
-                                       .carrega = "CarregaSinistro",
-                                       .perguntaAnular = "Vai proceder à anulação do Sinistro!",
-                                       .dicaLista = "Lista de Sinistros."},
+const FichaDeEvento kSinistros = Tipo({"Sinistros", "Sinistros", "CarregaSinistro",
+                                       "Vai proceder à anulação do Sinistro!", "Lista de Sinistros."},
                                       305);
 
 }  // namespace

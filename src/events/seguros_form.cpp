@@ -7,28 +7,15 @@ enum Indice : int { kCompanhia = 1, kTipoSeguro, kApolice, kPremio, kFranquia, k
 enum Modalidade : int { kAnual, kSemestral };
 
 const FichaDeEvento kSeguros{
-    .textos = {.nome = "Seguros",
-               .legenda = "Apólices",
-               .carrega = "CarregaSeguro",
-               .perguntaAnular = "Vai proceder à anulação da Apólice!",
-               .dicaLista = "Lista de Apólices."},
+    .textos = {"Seguros", "Apólices", "CarregaSeguro", "Vai proceder à anulação da Apólice!",
+               "Lista de Apólices."},
     .classeArquivo = 304,
     .listaViaturas = 3,
     .tituloMarca = 9,
-    .referencias = {{.campo = kCompanhia,
-                     .lista = 1,
-                     .titulo = 7,
-                     .dicaLista = "Lista de Companhias.",
-                     .ficha = "Companhias",
-                     .nova = &NovaEntidade<clCompanhias>,
-                     .inexistente = "Companhia não existente!"},
-                    {.campo = kTipoSeguro,
-                     .lista = 2,
-                     .titulo = 8,
-                     .dicaLista = "Lista de Tipos de Apólices.",
-                     .ficha = "TiposSeguro",
-                     .nova = &NovaEntidade<clTiposSeguros>,
-                     .inexistente = "Tipo de Seguro não existente!"}},
+    .referencias = {{kCompanhia, 1, 7, "Lista de Companhias.", "Companhias", &NovaEntidade<clCompanhias>,
+                     "Companhia não existente!"},
+                    {kTipoSeguro, 2, 8, "Lista de Tipos de Apólices.", "TiposSeguro",
+                     &NovaEntidade<clTiposSeguros>, "Tipo de Seguro não existente!"}},
 };
 
 }  // namespace

@@ -19,38 +19,22 @@ FichaDeEvento ComTipo(const TextosDoEvento& textos, int classeArquivo, const cha
           .listaViaturas = 2,
           .tituloMarca = 8,
           .adopcao = Adopcao::kSeExiste,
-          .referencias = {{.campo = 1,
-                           .lista = 1,
-                           .titulo = 7,
-                           .dicaLista = dicaTipos,
-                           .ficha = fichaTipos,
-                           .nova = novoTipo,
-                           .inexistente = inexistente,
-                           .caixaSimples = true}}};
+          .referencias = {{1, 1, 7, dicaTipos, fichaTipos, novoTipo, inexistente, false, true}}};
 }
 
-const FichaDeEvento kRevisoes = ComTipo({.nome = "Revisoes",
-                                         .legenda = "Revisões",
-                                         .carrega = "CarregaRevisao",
-                                         .perguntaAnular = "Vai proceder à anulação da Revisão!",
-                                         .dicaLista = "Lista de Revisões."},
-                                        301, "Lista de Tipos de Revisões.", "TiposManut",
-                                        &NovaEntidade<clTiposManut>, "Tipo Manutenção não existente!");
+const FichaDeEvento kRevisoes = ComTipo(
+    {"Revisoes", "Revisões", "CarregaRevisao", "Vai proceder à anulação da Revisão!", "Lista de Revisões."},
+    301, "Lista de Tipos de Revisões.", "TiposManut", &NovaEntidade<clTiposManut>,
+    "Tipo Manutenção não existente!");
 
-const FichaDeEvento kAcessorios = ComTipo({.nome = "Acessorios",
-                                           .legenda = "Acessórios",
-                                           .carrega = "CarregaAcessorio",
-                                           .perguntaAnular = "Vai proceder à anulação do Acessório!",
-                                           .dicaLista = "Lista de Acessórios."},
+const FichaDeEvento kAcessorios = ComTipo({"Acessorios", "Acessórios", "CarregaAcessorio",
+                                           "Vai proceder à anulação do Acessório!", "Lista de Acessórios."},
                                           308, "Lista de Tipos de Acessórios.", "TiposAcessorios",
                                           &NovaEntidade<clTiposAcessorios>, "Tipo Acessório não existente!");
 
 const FichaDeEvento kInspecoes{
-    .textos = {.nome = "Inspecoes",
-               .legenda = "Inspecções",
-               .carrega = "CarregaInspecao",
-               .perguntaAnular = "Vai proceder à anulação da Inspecção!",
-               .dicaLista = "Lista de Inspecções."},
+    .textos = {"Inspecoes", "Inspecções", "CarregaInspecao", "Vai proceder à anulação da Inspecção!",
+               "Lista de Inspecções."},
     .classeArquivo = 302,
     .listaViaturas = 1,
     .tituloMarca = 7,

@@ -4,6 +4,8 @@
 
 namespace exchange {
 
+// One target a kind of file. Each writes through the entities of the module, on the database given, which it
+// holds on to; what it refuses, it refuses by the rules of the fields of the ficha.
 std::unique_ptr<ImportTarget> MakeExpenseImport(const zorCrmParvel::DataAccessRef& bd);
 std::unique_ptr<ImportTarget> MakeVehicleImport(const zorCrmParvel::DataAccessRef& bd);
 std::unique_ptr<ImportTarget> MakeDriverImport(const zorCrmParvel::DataAccessRef& bd);

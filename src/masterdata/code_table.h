@@ -43,6 +43,8 @@ class CodeTable {
   std::string MostraLista();
   /// Prints the table. Always false.
   bool MostraMapa();
+  /// The name of its table, in the database.
+  const char* tabela() const { return tabela_.tabela; }
 
  protected:
   platform::Ref<platform::Connection> Ligacao() const;
@@ -50,7 +52,6 @@ class CodeTable {
   virtual Statement Seleccao() const;
   /// Writes the columns beside the key.
   virtual void EscreverCampos(Row& row) const;
-  const char* tabela() const { return tabela_.tabela; }
 
  private:
   bool Navegar(const Statement& statement);

@@ -19,27 +19,25 @@ std::unique_ptr<Ficha> NovaFicha() {
 }
 
 template <typename Entity, typename Form>
-constexpr ListaDeCodigos Lista(const char* tabela, const char* titulo) {
-  return {tabela, titulo, &Entidade<Entity>, &NovaFicha<Form>};
+constexpr ListaDeCodigos Lista(const char* titulo) {
+  return {titulo, &Entidade<Entity>, &NovaFicha<Form>};
 }
 
-constexpr auto kCategorias = Lista<clCategorias, Categorias>("zor_PV_Categorias", "Categorias");
-constexpr auto kCompanhias = Lista<clCompanhias, Companhias>("zor_PV_Companhias", "Companhias");
-constexpr auto kDepartamentos =
-    Lista<clDepartamentos, Departamentos>("zor_PV_Departamentos", "Departamentos");
-constexpr auto kMarcas = Lista<clMarcas, Marcas>("zor_PV_Marcas", "Marcas");
-constexpr auto kModelos = Lista<clModelos, Modelos>("zor_PV_Modelos", "Modelos");
-constexpr auto kTiposAcessorios =
-    Lista<clTiposAcessorios, TiposAcessorios>("zor_PV_TiposAcessorios", "Tipos de Acessórios");
-constexpr auto kTiposGastos = Lista<clTiposGastos, TiposGastos>("zor_PV_TiposGastos", "Tipos de Gastos");
-constexpr auto kTiposManut = Lista<clTiposManut, TiposManut>("zor_PV_TiposManut", "Tipos de Revisão");
-constexpr auto kTiposSeguro = Lista<clTiposSeguros, TiposSeguro>("zor_PV_TiposSeguro", "Tipos de Apólice");
-constexpr auto kViagens = Lista<clViagens, Viagens>("zor_PV_Viagens", "Viagens");
+constexpr auto kCategorias = Lista<clCategorias, Categorias>("Categorias");
+constexpr auto kCompanhias = Lista<clCompanhias, Companhias>("Companhias");
+constexpr auto kDepartamentos = Lista<clDepartamentos, Departamentos>("Departamentos");
+constexpr auto kMarcas = Lista<clMarcas, Marcas>("Marcas");
+constexpr auto kModelos = Lista<clModelos, Modelos>("Modelos");
+constexpr auto kTiposAcessorios = Lista<clTiposAcessorios, TiposAcessorios>("Tipos de Acessórios");
+constexpr auto kTiposGastos = Lista<clTiposGastos, TiposGastos>("Tipos de Gastos");
+constexpr auto kTiposManut = Lista<clTiposManut, TiposManut>("Tipos de Revisão");
+constexpr auto kTiposSeguro = Lista<clTiposSeguros, TiposSeguro>("Tipos de Apólice");
+constexpr auto kViagens = Lista<clViagens, Viagens>("Viagens");
 
 }  // namespace
 
 RecordsetRef CodeTableList::AbrirLinhas() {
-  const Piece tabela = fixed(lista_.tabela);
+  const Piece tabela = fixed(lista_.entidade()->tabela());
   RecordsetRef linhas;
   mybd->AbrirLeitura("",
                      {" SELECT ", tabela, ".Codigo AS Codigo, ", tabela, ".Nome AS Nome", " from ", tabela,

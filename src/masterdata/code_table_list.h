@@ -9,7 +9,6 @@ namespace zorCrmParvel {
 
 /// What tells one code-table list from another.
 struct ListaDeCodigos {
-  const char* tabela;
   const char* titulo;  // also the head of the error source
   std::unique_ptr<CodeTable> (*entidade)();
   std::unique_ptr<Ficha> (*ficha)();
