@@ -186,8 +186,8 @@ void Transcript::DoControl(const Open& open, int tab, std::size_t place, bool ty
   if (dynamic_cast<const CheckBox*>(&control) != nullptr)
     act("marca", [](Form& form, Control& c) { form.UserToggles(dynamic_cast<CheckBox&>(c)); });
   if (const auto* box = dynamic_cast<const ComboBox*>(&control))
-    act("escolhe", [last = box->ListCount() - 1](Form& form, Control& c) {
-      form.UserChooses(dynamic_cast<ComboBox&>(c), last);
+    act("escolhe", [other = box->ListIndex == 0 ? box->ListCount() - 1 : 0](Form& form, Control& c) {
+      form.UserChooses(dynamic_cast<ComboBox&>(c), other);
     });
   if (dynamic_cast<const SGGrid*>(&control) != nullptr)
     for (const long row : {0L, 1L})
