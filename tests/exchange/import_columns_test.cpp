@@ -132,11 +132,12 @@ TEST_F(ImportColumnsTest, EveryColumnTakesAndRefusesWhatIsWrittenDown) {
         std::string header;
         std::string row;
         for (const auto& [name, field] : fields) {
-          header += name + ";";
-          row += field + ";";
+          header.append(name) += ";";
+          row.append(field) += ";";
         }
         // The same row once more: what was looked up is remembered as it was.
-        const ImportResult result = Import(kind.what, header + "\n" + row + "\n" + row);
+        const ImportResult result =
+            Import(kind.what, header.append("\n").append(row).append("\n").append(row));
         text += " «" + value.substr(0, 12) + "» " + std::to_string(result.added) +
                 std::to_string(result.known) + std::to_string(result.refused);
         if (result.refused > 0) text += " " + report.str().substr(0, report.str().find('\n'));
