@@ -20,11 +20,12 @@ constexpr ColunaDeLista kMotorista{"Motorista", 4000, nullptr};
 const ListaDeEventos kGastos{
     "Gastos",
     " SELECT  zor_PV_Gastos.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Gastos.Data AS Data, "
-    "zor_PV_TiposGastos.Nome as TpGasto, zor_PV_Gastos.Gst_Id as Seg_Id FROM         zor_PV_Gastos LEFT "
-    "OUTER JOIN "
-    "zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Gastos.Matricula Left outer join  zor_PV_Marcas ON "
-    "zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca left outer join zor_PV_TiposGastos ON "
-    "zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto ORDER BY zor_PV_Gastos.Matricula, Data",
+    "zor_PV_TiposGastos.Nome as TpGasto, zor_PV_Gastos.Gst_Id as Seg_Id "
+    "FROM         zor_PV_Gastos "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Gastos.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "left outer join zor_PV_TiposGastos ON zor_PV_TiposGastos.Codigo=zor_PV_Gastos.TipoGasto "
+    "ORDER BY zor_PV_Gastos.Matricula, Data",
     {kMatricula, kMarca, kData, {"TpGasto", 2500, "Tipo Gasto"}, kSegId},
     &NovaFichaDeEvento<Gastos>,
     true};
@@ -32,10 +33,11 @@ const ListaDeEventos kGastos{
 const ListaDeEventos kInspecoes{
     "Inspecções",
     " SELECT  zor_PV_Inspecoes.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Inspecoes.Data AS Data, "
-    "zor_PV_Inspecoes.Insp_Id as Seg_Id FROM         zor_PV_Inspecoes LEFT OUTER JOIN zor_PV_Viaturas ON "
-    "zor_PV_Viaturas.Matricula=zor_PV_Inspecoes.Matricula Left outer join  zor_PV_Marcas ON "
-    "zor_PV_Marcas.Codigo = "
-    "zor_PV_Viaturas.Marca ORDER BY zor_PV_Inspecoes.Matricula, Data",
+    "zor_PV_Inspecoes.Insp_Id as Seg_Id "
+    "FROM         zor_PV_Inspecoes "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Inspecoes.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "ORDER BY zor_PV_Inspecoes.Matricula, Data",
     {kMatricula, kMarca, kData, kSegId},
     &NovaFichaDeEvento<Inspecoes>,
     true};
@@ -43,39 +45,38 @@ const ListaDeEventos kInspecoes{
 const ListaDeEventos kRevisoes{
     "Revisões",
     " SELECT  zor_PV_Revisoes.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Revisoes.Data AS Data, "
-    "zor_PV_TiposManut.Nome as TpRev, zor_PV_Revisoes.Manu_Id as Seg_Id FROM         zor_PV_Revisoes LEFT "
-    "OUTER JOIN "
-    "zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Revisoes.Matricula Left outer join  zor_PV_Marcas "
-    "ON "
-    "zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca left outer join zor_PV_TiposManut ON "
-    "zor_PV_TiposManut.Codigo=zor_PV_Revisoes.TipoManut ORDER BY zor_PV_Revisoes.Matricula, Data",
+    "zor_PV_TiposManut.Nome as TpRev, zor_PV_Revisoes.Manu_Id as Seg_Id "
+    "FROM         zor_PV_Revisoes "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Revisoes.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "left outer join zor_PV_TiposManut ON zor_PV_TiposManut.Codigo=zor_PV_Revisoes.TipoManut "
+    "ORDER BY zor_PV_Revisoes.Matricula, Data",
     {kMatricula, kMarca, kData, {"TpRev", 2500, "Tipo Revisão"}, kSegId},
     &NovaFichaDeEvento<Revisoes>,
     true};
 
 const ListaDeEventos kMultas{
     "Multas",
-    " SELECT  zor_PV_Multas.Matricula, zor_PV_Marcas.Nome AS Marca, zor_Funcionarios.Nome AS Motorista, "
-    "zor_PV_Multas.Data AS Data, zor_PV_Multas.Id as Seg_Id FROM         zor_PV_Multas LEFT OUTER JOIN "
-    "zor_PV_Viaturas "
-    "ON zor_PV_Viaturas.Matricula=zor_PV_Multas.Matricula Left outer join  zor_PV_Marcas ON "
-    "zor_PV_Marcas.Codigo = "
-    "zor_PV_Viaturas.Marca left outer join zor_Funcionarios ON "
-    "zor_Funcionarios.Codigo=zor_PV_Multas.Motorista ORDER "
-    "BY zor_PV_Multas.Matricula, Data",
+    " SELECT  zor_PV_Multas.Matricula, zor_PV_Marcas.Nome AS Marca, "
+    "zor_Funcionarios.Nome AS Motorista, zor_PV_Multas.Data AS Data, zor_PV_Multas.Id as Seg_Id "
+    "FROM         zor_PV_Multas "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Multas.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "left outer join zor_Funcionarios ON zor_Funcionarios.Codigo=zor_PV_Multas.Motorista "
+    "ORDER BY zor_PV_Multas.Matricula, Data",
     {kMatricula, kMarca, kMotorista, {"Data", 1500, "Data "}, kSegIdAlinhado},
     &NovaFichaDeEvento<Multas>,
     false};
 
 const ListaDeEventos kSinistros{
     "Sinistros",
-    " SELECT  zor_PV_Sinistros.Matricula, zor_PV_Marcas.Nome AS Marca, zor_Funcionarios.Nome AS Motorista, "
-    "zor_PV_Sinistros.Data AS Data, zor_PV_Sinistros.Id as Seg_Id FROM         zor_PV_Sinistros LEFT OUTER "
-    "JOIN "
-    "zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Sinistros.Matricula Left outer join  zor_PV_Marcas "
-    "ON "
-    "zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca left outer join zor_Funcionarios ON "
-    "zor_Funcionarios.Codigo=zor_PV_Sinistros.Motorista ORDER BY zor_PV_Sinistros.Matricula, Data",
+    " SELECT  zor_PV_Sinistros.Matricula, zor_PV_Marcas.Nome AS Marca, "
+    "zor_Funcionarios.Nome AS Motorista, zor_PV_Sinistros.Data AS Data, zor_PV_Sinistros.Id as Seg_Id "
+    "FROM         zor_PV_Sinistros "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Sinistros.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "left outer join zor_Funcionarios ON zor_Funcionarios.Codigo=zor_PV_Sinistros.Motorista "
+    "ORDER BY zor_PV_Sinistros.Matricula, Data",
     {kMatricula, kMarca, kMotorista, {"Data", 1500, "Data Sinistro"}, kSegIdAlinhado},
     &NovaFichaDeEvento<Sinistros>,
     false};
@@ -83,10 +84,12 @@ const ListaDeEventos kSinistros{
 const ListaDeEventos kSeguros{
     "Apólices",
     " SELECT  zor_PV_Seguros.Matricula, zor_PV_Companhias.Nome AS Companhia, zor_PV_Seguros.Apolice, "
-    "zor_PV_Seguros.Validade AS Data, case when zor_PV_Seguros.Inactiva=0 then 'Activa' else 'Inactiva' End "
-    "as Estado, "
-    "zor_PV_Seguros.Seg_Id  FROM         zor_PV_Seguros LEFT OUTER JOIN zor_PV_Companhias ON "
-    "zor_PV_Companhias.Codigo=zor_PV_Seguros.Companhia ORDER BY zor_PV_Seguros.Matricula, Data, Inactiva",
+    "zor_PV_Seguros.Validade AS Data, "
+    "case when zor_PV_Seguros.Inactiva=0 then 'Activa' else 'Inactiva' End as Estado, "
+    "zor_PV_Seguros.Seg_Id  "
+    "FROM         zor_PV_Seguros "
+    "LEFT OUTER JOIN zor_PV_Companhias ON zor_PV_Companhias.Codigo=zor_PV_Seguros.Companhia "
+    "ORDER BY zor_PV_Seguros.Matricula, Data, Inactiva",
     {kMatricula,
      {"Companhia", 4500, nullptr},
      {"Apolice", 2000, "Apólice"},
@@ -98,15 +101,14 @@ const ListaDeEventos kSeguros{
 
 const ListaDeEventos kAcessorios{
     "Acessórios",
-    " SELECT  zor_PV_Acessorios.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Acessorios.Data AS Data, "
-    "zor_PV_TiposAcessorios.Nome as TpAcess, zor_PV_Acessorios.Id as "
-    "Seg_Id,zor_PV_Acessorios.KmInicial,zor_PV_Acessorios.KmFinal  FROM         zor_PV_Acessorios LEFT OUTER "
-    "JOIN "
-    "zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Acessorios.Matricula Left outer join  zor_PV_Marcas "
-    "ON "
-    "zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca left outer join zor_PV_TiposAcessorios ON "
-    "zor_PV_TiposAcessorios.Codigo=zor_PV_Acessorios.TipoAcessorio ORDER BY zor_PV_Acessorios.Matricula, "
-    "Data",
+    " SELECT  zor_PV_Acessorios.Matricula, zor_PV_Marcas.Nome AS Marca, "
+    "zor_PV_Acessorios.Data AS Data, zor_PV_TiposAcessorios.Nome as TpAcess, "
+    "zor_PV_Acessorios.Id as Seg_Id,zor_PV_Acessorios.KmInicial,zor_PV_Acessorios.KmFinal  "
+    "FROM         zor_PV_Acessorios "
+    "LEFT OUTER JOIN zor_PV_Viaturas ON zor_PV_Viaturas.Matricula=zor_PV_Acessorios.Matricula "
+    "Left outer join  zor_PV_Marcas ON zor_PV_Marcas.Codigo = zor_PV_Viaturas.Marca "
+    "left outer join zor_PV_TiposAcessorios ON zor_PV_TiposAcessorios.Codigo=zor_PV_Acessorios.TipoAcessorio "
+    "ORDER BY zor_PV_Acessorios.Matricula, Data",
     {kMatricula,
      kMarca,
      kData,

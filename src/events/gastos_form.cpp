@@ -11,7 +11,6 @@ namespace zorCrmParvel {
 namespace {
 
 using platform::Currency;
-using platform::zor_input;
 
 enum Indice : int { kViagem = 1, kMotorista, kObs, kTipoGasto, kQtd, kCusto, kValorUn, kKm };
 
