@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "support/database_test.h"
 #include "support/files.h"
+#include "support/state_text.h"
 #include "support/temporary_folder.h"
 
 namespace zorCrmParvel {
@@ -59,6 +60,10 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
   ASSERT_EQ(form.Grelha.RowCount(), 1);
   EXPECT_EQ(Documents(), (Table{{"Factura de Março", "factura.pdf"}}));
+  EXPECT_EQ(SetUpOf(form.Grelha) + RowsOf(form.Grelha),
+            "    coluna Numero «Numero» 1500 8 0 0  oculta  0\n"
+            "    coluna Titulo «Título Documento» 6000 8 0 0   0\n"
+            "    0 1@-1 /|1|Factura de Março");
 
   form.UserKey(platform::kKeyTab, true);  // back from the file, to the list of documents
   form.UserKey(platform::kKeyEnter);

@@ -47,6 +47,13 @@ TEST(Collation, ShortWayAgreesWithTheRules) {
   const auto texts = RandomTexts(600);
   for (const std::string& a : texts)
     for (const std::string& b : texts) ASSERT_EQ(Compare(a, b), Compare("€" + a, "€" + b)) << a << "|" << b;
+  for (char c = 1; c < 127; ++c)
+    for (char d = 1; d < 127; ++d) {
+      const std::string a = {'x', c, 'y'};
+      const std::string b = {'x', d, 'y'};
+      ASSERT_EQ(Compare(a, b), Compare("€" + a, "€" + b))
+          << static_cast<int>(c) << "|" << static_cast<int>(d);
+    }
 }
 
 using CollationInTables = EngineTest;

@@ -51,6 +51,7 @@ TEST_F(CodeTableTest, WalksInTheDatabasesOrder) {
   EXPECT_TRUE(marca.LerPrimeiro());
   EXPECT_FALSE(marca.LerAnterior());
   EXPECT_EQ(marca.Codigo, "A");
+  EXPECT_FALSE(marca.MostraMapa()) << "though it is shown";
 }
 
 TEST_F(CodeTableTest, AnApostropheANullAndNoDatabaseAreErrors) {

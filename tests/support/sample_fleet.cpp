@@ -63,8 +63,8 @@ void AddSampleFleet(const zorCrmParvel::DataAccessRef& bd) {
       std::string names;
       std::string values;
       for (std::size_t i = event ? 1 : 0; i < table.columns.size(); ++i) {
-        names += (names.empty() ? "" : ", ") + table.columns[i].name;
-        values += (values.empty() ? "" : ", ") + Value(table, static_cast<int>(i), n);
+        names.append(names.empty() ? "" : ", ").append(table.columns[i].name);
+        values.append(values.empty() ? "" : ", ").append(Value(table, static_cast<int>(i), n));
       }
       bd->ExecutarSql("", ("INSERT INTO " + table.name + " (" + names + ") VALUES (" + values + ")").c_str());
     }

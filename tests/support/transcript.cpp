@@ -41,7 +41,7 @@ std::string Changes(const State& before, const State& after) {
   std::string text;
   for (const auto& [name, shown] : after)
     if (const auto found = before.find(name); found == before.end() || found->second != shown)
-      text += (text.empty() ? "" : "; ") + name + ": " + shown;
+      text.append(text.empty() ? "" : "; ").append(name).append(": ").append(shown);
   return text.empty() ? "" : "    ecrã " + text + "\n";
 }
 

@@ -51,7 +51,7 @@ void WritingHost::ShowModal(Form& form, Form* owner) {
   log += "    abre " + form.Name + " «" + form.Caption + "»" + (owner == nullptr ? "" : " da janela");
   if (form.ActiveControl() != nullptr) log += " → " + NameOf(*form.ActiveControl());
   for (const auto& [name, shown] : ScreenOf(form))
-    if (!shown.empty()) log += " " + name + "=" + shown;
+    if (!shown.empty()) log.append(" ").append(name).append("=").append(shown);
   log += "\n";
   form.UserCloses();
 }

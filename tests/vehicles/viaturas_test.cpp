@@ -6,7 +6,6 @@ namespace zorCrmParvel {
 namespace {
 
 using platform::Currency;
-using platform::Date;
 using namespace testing_support;
 
 class ViaturasTest : public RecordedTest {
