@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -10,6 +11,7 @@
 #include "console/list_printer.h"
 #include "console/program.h"
 #include "console/record_command.h"
+#include "exchange/export/export_table.h"
 #include "host/sistema.h"
 
 namespace console {
@@ -23,34 +25,58 @@ struct KeyedOptions {
   bool json = false;
 };
 
+struct ExportOptions {
+  std::string key;
+  std::string file;
+};
+
 struct AttachmentOptions {
   std::int16_t kind = 0;
   std::string key;
   std::string file;
 };
 
-int PrintOneList(const Calls& calls, const KeyedOptions& options) {
+/// Shows the list of a key to `use`, and gives the exit code; a key that no list has gets the keys that there
+/// are.
+int WithList(const Calls& calls, const std::string& key,
+             const std::function<void(const GridForm& form, const std::string& title)>& use) {
   Sistema sistema;
-  if (options.key.empty()) {
-    for (const std::string& key : sistema.ChavesDasListas()) calls.out << key << '\n';
-    return kDone;
-  }
   sistema.ICrmSistema_ZorDataAccess = calls.Open();
-  const auto list = sistema.MostraListas(options.key);
+  const auto list = sistema.MostraListas(key);
   if (!list) {
-    calls.err << "Não há lista com a chave «" << options.key << "». As chaves são:\n";
-    for (const std::string& key : sistema.ChavesDasListas()) calls.err << "  " << key << '\n';
+    calls.err << "Não há lista com a chave «" << key << "». As chaves são:\n";
+    for (const std::string& other : sistema.ChavesDasListas()) calls.err << "  " << other << '\n';
     return kRefused;
   }
   GridForm form;
   list->ICrmVwList_GridMaster(&form.Grelha);
   list->ICrmVwList_Iniciar();
-  PrintList(calls.out, form.Grelha,
-            options.json  ? Output::kJson
-            : options.csv ? Output::kCsv
-                          : Output::kTable);
+  use(form, list->ICrmVwList_Name());
   list->ICrmVwList_Terminar();
   return kDone;
+}
+
+int PrintOneList(const Calls& calls, const KeyedOptions& options) {
+  if (options.key.empty()) {
+    for (const std::string& key : Sistema().ChavesDasListas()) calls.out << key << '\n';
+    return kDone;
+  }
+  return WithList(calls, options.key, [&](const GridForm& form, const std::string&) {
+    PrintList(calls.out, form.Grelha,
+              options.json  ? Output::kJson
+              : options.csv ? Output::kCsv
+                            : Output::kTable);
+  });
+}
+
+int ExportOneList(const Calls& calls, const ExportOptions& options) {
+  const exchange::ExportFormat format = exchange::FormatOf(options.file);
+  return WithList(calls, options.key, [&](const GridForm& form, const std::string& title) {
+    const exchange::ExportTable table = TableOf(form.Grelha, title.empty() ? options.key : title);
+    exchange::WriteTable(table, options.file, format);
+    calls.out << (table.rows.size() == 1 ? "1 linha" : std::to_string(table.rows.size()) + " linhas")
+              << " em " << options.file << ".\n";
+  });
 }
 
 int PrintOneVehicle(const Calls& calls, const KeyedOptions& options) {
@@ -97,6 +123,19 @@ void AddAttachments(Calls& calls) {
       ->type_name("FICHEIRO");
 }
 
+void AddExport(Calls& calls) {
+  const auto options = std::make_shared<ExportOptions>();
+  auto& exportar =
+      calls.Add("exportar", "Escreve uma lista num ficheiro XLSX, ODS ou CSV, pelo fim do seu nome.",
+                [&calls, options] { return ExportOneList(calls, *options); });
+  exportar.add_option("lista", options->key, "Chave da lista, por exemplo Marcas.")
+      ->type_name("")
+      ->required();
+  exportar.add_option("ficheiro", options->file, "Ficheiro a escrever; um que lá esteja é substituído.")
+      ->type_name("")
+      ->required();
+}
+
 }  // namespace
 
 void AddListCalls(Calls& calls) {
@@ -117,6 +156,7 @@ void AddListCalls(Calls& calls) {
   motorista.add_option("código", options->key, "Código do motorista.")->type_name("")->required();
   motorista.add_flag("--json", options->json, "Em JSON.");
 
+  AddExport(calls);
   AddAlerts(calls);
   AddAttachments(calls);
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "exchange/csv_text.h"
+#include "exchange/export/export_value.h"
 #include "platform/format.h"
 #include "platform/text.h"
 
@@ -120,6 +121,19 @@ void PrintList(std::ostream& out, const SGGrid& grid, Output format) {
     case Output::kJson:
       return PrintJson(out, grid);
   }
+}
+
+exchange::ExportTable TableOf(const SGGrid& grid, const std::string& title) {
+  exchange::ExportTable table{.title = title, .columns = {}, .rows = {}};
+  const auto columns = VisibleColumns(grid);
+  for (std::size_t column : columns) table.columns.push_back({.heading = grid.Columns()[column].caption});
+  for (long row = 0; row < grid.RowCount(); ++row) {
+    auto& cells = table.rows.emplace_back();
+    for (std::size_t column : columns)
+      cells.push_back(exchange::CellOf(grid.CellValue(row, column), grid.CellText(row, column)));
+  }
+  for (std::size_t i = 0; i < columns.size(); ++i) exchange::DescribeColumn(table, i);
+  return table;
 }
 
 }  // namespace console

@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <string>
 
+#include "exchange/export/export_table.h"
 #include "host/list_view.h"
 #include "platform/screen/form.h"
 
@@ -20,5 +21,8 @@ enum class Output { kTable, kCsv, kJson };
 /// (semicolons) or JSON under the columns' names, with dates as yyyy-mm-dd and numbers with a point. In CSV a
 /// text that begins like a formula has an apostrophe before it.
 void PrintList(std::ostream& out, const zorCrmParvel::SGGrid& grid, Output format);
+
+/// The same rows and columns as a table for a file.
+exchange::ExportTable TableOf(const zorCrmParvel::SGGrid& grid, const std::string& title);
 
 }  // namespace console

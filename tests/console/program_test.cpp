@@ -8,6 +8,7 @@
 #include "console/console_host.h"
 #include "console/list_printer.h"
 #include "console/program_fixture.h"
+#include "exchange/table/table_reader.h"
 #include "store/paths.h"
 
 namespace console {
@@ -48,6 +49,12 @@ TEST_F(ProgramTest, FillsShowsAndCopiesADatabase) {
     EXPECT_EQ(OnDatabase(call.arguments), kDone) << err.str();
     EXPECT_EQ(out.str().substr(0, call.begin.size()), call.begin);
   }
+  ASSERT_EQ(OnDatabase({"exportar", "Gastos", File("gastos.xlsx")}), kDone) << err.str();
+  exchange::TableRow row;
+  ASSERT_TRUE(exchange::OpenTable(File("gastos.xlsx"))->Next(row));
+  EXPECT_EQ(row.cells[0].text, "Matrícula");
+  EXPECT_EQ(OnDatabase({"exportar", "Gastos", File("gastos.pdf")}), kFailed);
+  EXPECT_EQ(OnDatabase({"exportar", "Nada", File("nada.csv")}), kRefused);
   const std::string copy = File("copia.db");
   ASSERT_EQ(OnDatabase({"copia", copy}), kDone) << err.str();
   EXPECT_EQ(OnDatabase({"copia", copy}), kFailed) << "a copy never overwrites";

@@ -3,19 +3,23 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QToolTip>
 
 #include "desktop/list/csv.h"
+#include "desktop/list/table_export.h"
 #include "desktop/print/report_dialog.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/message_page.h"
+#include "exchange/table/table_reader.h"
 #include "masterdata/code_table.h"
 #include "open_window.h"
 #include "pdf.h"
@@ -232,6 +236,17 @@ TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
   EXPECT_EQ(testing_support::Contents(csv.toStdString()),
             "\xEF\xBB\xBF"
             "Código;Designação\r\nMB;Mercedes-Benz\r\n");
+
+  window.actions().search->setText("");
+  QTest::keySequence(&page().table(), QKeySequence::SelectAll);
+  QTest::keySequence(&page().table(), QKeySequence::Copy);
+  const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+  EXPECT_TRUE(copied->text().startsWith("Código\tDesignação\n")) << copied->text().toStdString();
+  EXPECT_EQ(copied->text().count('\n'), 1 + page().table().grid().order().Count());
+  EXPECT_TRUE(copied->html().contains("<td class=\"t\">Mercedes-Benz</td>"));
+  const QString sheet = desk.folder.filePath("marcas.ods");
+  desktop::ExportRows(sheet, page().table().grid().source(), page().table().grid().order(), "Marcas");
+  EXPECT_EQ(exchange::OpenTable(sheet.toStdString())->Sheets()[0].name, "Marcas");
 }
 
 TEST_F(MainWindowTest, AWorkListOffersItsOwnCommandInsteadOfTheStandardOnes) {

@@ -9,12 +9,11 @@
 #include <QStackedWidget>
 
 #include "desktop/list/context_menu.h"
-#include "desktop/list/csv.h"
 #include "desktop/list/sources.h"
+#include "desktop/list/table_export.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/print/report_dialog.h"
-#include "desktop/shell/file_dialog.h"
 #include "desktop/shell/message_page.h"
 #include "platform/host.h"
 
@@ -188,14 +187,10 @@ void ListPage::Print() {
 }
 
 void ListPage::Export() {
-  FileDialog dialog(window(), QStringLiteral("Exportar"), Title() + QStringLiteral(".csv"),
-                    QStringLiteral("Folha de cálculo (*.csv)"));
-  dialog.setAcceptMode(FileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("csv"));
-  const QString file = dialog.Ask();
+  const QString file = AskForTableFile(window(), Title());
   if (file.isEmpty()) return;
   const bool done =
-      Guarded(window(), [&] { WriteCsv(file, table_->grid().source(), table_->grid().order()); });
+      Guarded(window(), [&] { ExportRows(file, table_->grid().source(), table_->grid().order(), Title()); });
   if (done) Q_EMIT Told(QStringLiteral("Escrito em %1").arg(file));
 }
 

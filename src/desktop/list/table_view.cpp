@@ -3,11 +3,13 @@
 #include <QAbstractItemDelegate>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QResizeEvent>
 #include <algorithm>
 #include <utility>
 
 #include "desktop/list/item_painter.h"
+#include "desktop/list/table_export.h"
 #include "desktop/look/look.h"
 #include "desktop/shell/message_box.h"
 
@@ -18,7 +20,7 @@ TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget
   setModel(model_);
   setItemDelegate(new CellPainter(this));
   setSelectionBehavior(SelectRows);
-  setSelectionMode(SingleSelection);
+  setSelectionMode(ContiguousSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setShowGrid(false);
@@ -75,6 +77,19 @@ void TableView::SetCurrentRow(long row) {
     return;
   }
   setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
+}
+
+void TableView::Copy() {
+  std::vector<long> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    for (int place = range.top(); place <= range.bottom(); ++place)
+      rows.push_back(model_->order().RowAt(place));
+  if (!rows.empty()) Guarded(window(), [&] { CopyRows(TableOf(model_->source(), rows, accessibleName())); });
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  if (event == QKeySequence::Copy) return Copy();
+  QTableView::keyPressEvent(event);
 }
 
 void TableView::SetEditableColumn(const std::string& key) {

@@ -32,6 +32,10 @@ class TableView : public QTableView {
   /// Chooses a row of the source; one that isn't shown leaves nothing chosen.
   void SetCurrentRow(long row);
 
+  /// Puts the rows that are marked on the clipboard. Several are marked with Shift, all with Ctrl+A; the one
+  /// that commands work on stays the current one.
+  void Copy();
+
   /// The column that the user can type into, by its key; empty for none.
   void SetEditableColumn(const std::string& key);
 
@@ -53,6 +57,7 @@ class TableView : public QTableView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   /// Typing begins in the column that can be typed into, wherever in the row the cursor stands.
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

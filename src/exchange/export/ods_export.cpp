@@ -62,8 +62,8 @@ std::string StylesOf(const ExportTable& table, std::size_t column, int width) {
   if (as.kind == ExportKind::kNumber || as.kind == ExportKind::kMoney) {
     text = "<number:number-style style:name=\"n" + number +
            "\"><number:number number:min-integer-digits=\"1\" " + "number:decimal-places=\"" +
-           std::to_string(as.decimals) + "\" number:min-decimal-places=\"" + std::to_string(as.decimals) +
-           (as.kind == ExportKind::kMoney ? "\" number:grouping=\"true" : "") + "\"/></number:number-style>";
+           std::to_string(as.decimals) + (as.kind == ExportKind::kMoney ? "\" number:grouping=\"true" : "") +
+           "\"/></number:number-style>";
   } else if (as.kind == ExportKind::kDate) {
     const std::string dash = "<number:text>-</number:text>";
     text = "<number:date-style style:name=\"n" + number + "\"><number:day number:style=\"long\"/>" + dash +
