@@ -24,7 +24,7 @@ struct Section {
   const char* word;   // in JSON
   const char* title;  // over the table
   const char* sql;
-  const char* order;
+  const char* order;  // the newest first, of one moment those recorded last
 };
 
 constexpr const char* kVehicle =
@@ -44,31 +44,32 @@ constexpr Section kVehicleEvents[] = {
      "SELECT G.Data, T.Nome AS Tipo, G.Qtd, G.ValorUn, G.Custo, G.Km, G.Motorista, G.Viagem, G.Obs "
      "FROM zor_PV_Gastos AS G LEFT JOIN zor_PV_TiposGastos AS T ON T.Codigo = G.TipoGasto "
      "WHERE G.Matricula = N'",
-     "G.Data"},
+     "G.Data DESC, G.Gst_Id DESC"},
     {"apolices", "Apólices de seguro",
      "SELECT S.Apolice, C.Nome AS Companhia, T.Nome AS Tipo, S.DataInicio, S.Validade, S.Premio, S.Franquia, "
      "S.Inactiva FROM zor_PV_Seguros AS S LEFT JOIN zor_PV_Companhias AS C ON C.Codigo = S.Companhia "
      "LEFT JOIN zor_PV_TiposSeguro AS T ON T.Codigo = S.TipoSeguro WHERE S.Matricula = N'",
-     "S.Validade"},
+     "S.Validade DESC, S.Seg_Id DESC"},
     {"revisoes", "Revisões",
      "SELECT R.Data, T.Nome AS Tipo, R.Km, R.Custo, R.Obs FROM zor_PV_Revisoes AS R "
      "LEFT JOIN zor_PV_TiposManut AS T ON T.Codigo = R.TipoManut WHERE R.Matricula = N'",
-     "R.Data"},
+     "R.Data DESC, R.Manu_Id DESC"},
     {"inspeccoes", "Inspecções",
-     "SELECT I.Data, I.Km, I.Custo, I.Obs FROM zor_PV_Inspecoes AS I WHERE I.Matricula = N'", "I.Data"},
+     "SELECT I.Data, I.Km, I.Custo, I.Obs FROM zor_PV_Inspecoes AS I WHERE I.Matricula = N'",
+     "I.Data DESC, I.Insp_Id DESC"},
     {"multas", "Multas",
      "SELECT M.Data, M.Motorista, M.ValorMulta, M.Responsabilidade, M.Obs FROM zor_PV_Multas AS M "
      "WHERE M.Matricula = N'",
-     "M.Data"},
+     "M.Data DESC, M.Id DESC"},
     {"sinistros", "Sinistros",
      "SELECT S.Data, S.Motorista, S.LocalAc, S.Responsavel, S.Custo, S.Obs FROM zor_PV_Sinistros AS S "
      "WHERE S.Matricula = N'",
-     "S.Data"},
+     "S.Data DESC, S.Id DESC"},
     {"acessorios", "Acessórios",
      "SELECT A.Data, T.Nome AS Tipo, A.Marca, A.Modelo, A.KmInicial, A.KmFinal, A.Qtd, A.Custo, A.DataVal, "
      "A.Obs FROM zor_PV_Acessorios AS A LEFT JOIN zor_PV_TiposAcessorios AS T ON T.Codigo = A.TipoAcessorio "
      "WHERE A.Matricula = N'",
-     "A.Data"},
+     "A.Data DESC, A.Id DESC"},
 };
 
 constexpr const char* kDriver = "SELECT * FROM zor_Funcionarios WHERE Codigo = N'";
@@ -78,15 +79,15 @@ constexpr Section kDriverEvents[] = {
      "SELECT G.Data, G.Matricula, T.Nome AS Tipo, G.Qtd, G.Custo, G.Km, G.Viagem, G.Obs "
      "FROM zor_PV_Gastos AS G LEFT JOIN zor_PV_TiposGastos AS T ON T.Codigo = G.TipoGasto "
      "WHERE G.Motorista = N'",
-     "G.Data"},
+     "G.Data DESC, G.Gst_Id DESC"},
     {"multas", "Multas",
      "SELECT M.Data, M.Matricula, M.ValorMulta, M.Responsabilidade, M.Obs FROM zor_PV_Multas AS M "
      "WHERE M.Motorista = N'",
-     "M.Data"},
+     "M.Data DESC, M.Id DESC"},
     {"sinistros", "Sinistros",
      "SELECT S.Data, S.Matricula, S.LocalAc, S.Responsavel, S.Custo, S.Obs FROM zor_PV_Sinistros AS S "
      "WHERE S.Motorista = N'",
-     "S.Data"},
+     "S.Data DESC, S.Id DESC"},
 };
 
 std::string WithDoubledApostrophes(const std::string& text) {
@@ -99,7 +100,7 @@ std::string WithDoubledApostrophes(const std::string& text) {
 RecordsetRef Open(const DataAccessRef& bd, const char* sql, const std::string& key, const char* order) {
   const std::string doubled = WithDoubledApostrophes(key);
   Statement statement{zorCrmParvel::fixed(sql), zorCrmParvel::value(doubled), "'"};
-  if (order != nullptr) statement << " ORDER BY " << zorCrmParvel::fixed(order) << " DESC";
+  if (order != nullptr) statement << " ORDER BY " << zorCrmParvel::fixed(order);
   RecordsetRef rows;
   bd->AbrirLeitura("", statement, rows);
   return rows;
@@ -108,7 +109,7 @@ RecordsetRef Open(const DataAccessRef& bd, const char* sql, const std::string& k
 /// The driver's licence classes, by name.
 RecordsetRef Licences(const DataAccessRef& bd, const std::string& code) {
   const RecordsetRef stored =
-      Open(bd, "SELECT TipoCarta, DataValidade FROM zor_CartasCond WHERE Motorista = N'", code, nullptr);
+      Open(bd, "SELECT TipoCarta, DataValidade FROM zor_CartasCond WHERE Motorista = N'", code, "TipoCarta");
   auto licences = platform::MakeRef<platform::MemoryRecordset>();
   licences->Append("Classe", platform::FieldType::kText, 50);
   licences->Append("Validade", platform::FieldType::kDate, 8);

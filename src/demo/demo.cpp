@@ -4,12 +4,10 @@
 #include "platform/runtime_error.h"
 
 namespace demo {
-namespace {
 
 using namespace zorCrmParvel;
 
-/// Demonstration data never mixes with an office's own.
-void RequireEmpty(const DataAccessRef& bd) {
+void RequireEmpty(const DataAccessRef& bd, const std::string& elsewhere) {
   for (const char* table :
        {"zor_PV_Categorias", "zor_PV_Companhias", "zor_PV_Departamentos", "zor_PV_Marcas", "zor_PV_Modelos",
         "zor_PV_TiposAcessorios", "zor_PV_TiposGastos", "zor_PV_TiposManut", "zor_PV_TiposSeguro",
@@ -19,15 +17,13 @@ void RequireEmpty(const DataAccessRef& bd) {
     if (!rows->Eof())
       throw platform::RuntimeError(
           platform::kKeyInUse, "demo",
-          "A base de dados já tem registos: os dados de demonstração só entram numa base de "
-          "dados vazia. Indique outro ficheiro com --db.");
+          "A base de dados já tem registos: os dados de demonstração só entram numa base de dados vazia. " +
+              elsewhere);
   }
 }
 
-}  // namespace
-
 void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database) {
-  RequireEmpty(database);
+  RequireEmpty(database, "Indique outro ficheiro com --db.");
   zorCrmParvel::Batch batch(*database);
   DemoDice dice;
   FillDemoTables(database);

@@ -4,6 +4,7 @@
 
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "sqlserver/secret.h"
 
 namespace sqlserver {
 namespace {
@@ -38,11 +39,14 @@ std::string TakeValue(std::string_view& rest) {
   return value;
 }
 
+bool IsPlain(std::string_view value) {
+  return value.find(';') == std::string_view::npos && !value.starts_with('{') &&
+         platform::Trim(value) == value;
+}
+
 /// In braces only where nothing else will do: not every driver makes a doubled brace single again.
 std::string Written(std::string_view value) {
-  const bool plain =
-      value.find(';') == std::string_view::npos && !value.starts_with('{') && platform::Trim(value) == value;
-  if (plain) return std::string(value);
+  if (IsPlain(value)) return std::string(value);
   std::string braced = "{";
   for (const char c : value) braced += c == '}' ? std::string("}}") : std::string(1, c);
   return braced + "}";
@@ -116,9 +120,17 @@ std::string ConnectionText::ToText() const {
   return text;
 }
 
+bool ConnectionText::DoublesBraces(std::string_view password) {
+  return !IsPlain(password) && password.find('}') != std::string_view::npos;
+}
+
 std::string ConnectionText::WithPassword(std::string_view password) const {
   std::string text = ToText();
-  if (!password.empty()) text.append("PWD=").append(Written(password)).append(";");
+  if (password.empty()) return text;
+  std::string written = Written(password);
+  text.reserve(text.size() + written.size() + std::string_view("PWD=;").size());  // leaves no copy behind
+  text.append("PWD=").append(written).append(";");
+  Wipe(written);
   return text;
 }
 

@@ -25,6 +25,8 @@ class ConnectionText {
   std::string ToText() const;
   /// With the password put in, for the driver alone.
   std::string WithPassword(std::string_view password) const;
+  /// True for a password that can only be written with a doubled brace, which not every driver reads.
+  static bool DoublesBraces(std::string_view password);
   /// True when a user is named, who needs a password.
   bool NamesUser() const { return !Get("UID").empty(); }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "sqlserver/limits.h"
+#include "sqlserver/secret.h"
 #include "store/store.h"
 
 namespace tsql {
@@ -17,7 +18,7 @@ class Session;
 struct OpenOptions {
   /// An ODBC connection string or the name of a DSN, without the password.
   std::string connection;
-  std::string password;
+  Secret password;
   Limits limits;
   /// The tables that statements may open for editing; empty: the program's own.
   std::string schema;

@@ -32,6 +32,10 @@ constexpr Dialect kSqlServer{.sessionSetup = "SET DATEFORMAT ymd",
                              .lastIdentity = "SELECT CAST(SCOPE_IDENTITY() AS int) AS Id",
                              .batches = true,
                              .announcesIdentity = true,
+                             .batchTest = "SELECT CAST(XACT_STATE() AS int) AS Estado",
+                             .numberedColumns =
+                                 "SELECT t.name AS Tabela, c.name AS Coluna FROM sys.tables AS t "
+                                 "INNER JOIN sys.identity_columns AS c ON c.object_id = t.object_id",
                              .collationTest =
                                  "SELECT CASE WHEN N'a' = N'A' THEN 1 ELSE 0 END AS c, "
                                  "CASE WHEN N'a' = N'á' THEN 1 ELSE 0 END AS a",
@@ -41,6 +45,8 @@ constexpr Dialect kSqlite{.sessionSetup = "",
                           .lastIdentity = "SELECT last_insert_rowid() AS Id",
                           .batches = false,
                           .announcesIdentity = false,
+                          .batchTest = "",
+                          .numberedColumns = "",
                           .collationTest = "",
                           .translate = &TranslateSqlite};
 

@@ -18,6 +18,10 @@ struct Dialect {
   bool batches;
   /// True when a row with a number of its own must be announced for an identity column.
   bool announcesIdentity;
+  /// Gives 1 while what a batch wrote before a failure still stands. Empty: it always does.
+  const char* batchTest;
+  /// Gives the names of all tables and of their columns that the server numbers. Empty: the driver tells.
+  const char* numberedColumns;
   /// Gives two truth values: whether the database's texts ignore case, and accents. Empty: no such choice.
   const char* collationTest;
   /// Brings a diagnostic into the server's numbers.

@@ -11,8 +11,17 @@ namespace {
 
 using platform::RuntimeError;
 
-/// What a diagnostic means: found by the server's number or, when that is 0 here, by the beginning of the
-/// SQLSTATE.
+constexpr int kServer = -1;
+
+/// True for what the server itself said: neither a remark nor one of the driver's own numbers (FreeTDS has
+/// its from 20000).
+bool IsOfServer(const Diagnostic& diagnostic) {
+  return diagnostic.native > 0 && (diagnostic.native < 20000 || diagnostic.native >= 21000) &&
+         !diagnostic.state.starts_with("01");
+}
+
+/// What a diagnostic means: found by the server's number, which `kServer` leaves open, or, when that is 0
+/// here, by the beginning of the SQLSTATE.
 struct Meaning {
   int native;
   std::string_view state;
@@ -20,6 +29,7 @@ struct Meaning {
   const char* advice;
 
   bool Fits(const Diagnostic& diagnostic) const {
+    if (native == kServer) return IsOfServer(diagnostic);
     return native != 0 ? diagnostic.native == native : diagnostic.state.starts_with(state);
   }
 };
@@ -34,6 +44,8 @@ constexpr const char* kNoAccess =
     "na ligação, ou peça o acesso ao administrador do servidor.";
 constexpr const char* kExpired =
     "A conta está bloqueada, ou a senha expirou. Peça ao administrador do servidor que a reponha.";
+constexpr const char* kRefusedByServer =
+    "O servidor recusou a ligação, e diz porquê. Se não depende de si, peça ao seu administrador que veja.";
 constexpr const char* kUnreachable =
     "Não se chega ao servidor. Confirme Server e Port na ligação, que o servidor está a trabalhar e que a "
     "rede deixa passar.";
@@ -52,6 +64,7 @@ constexpr std::array kOfConnecting{Meaning{4060, "", kFailure, kNoAccess},
                                    Meaning{18488, "", kFailure, kExpired},
                                    Meaning{18452, "", kFailure, kWrongLogin},
                                    Meaning{18456, "", kFailure, kWrongLogin},
+                                   Meaning{kServer, "", kFailure, kRefusedByServer},
                                    Meaning{0, "28000", kFailure, kWrongLogin},
                                    Meaning{0, "IM00", kFailure, kNoDriver},
                                    Meaning{0, "08", kFailure, kUnreachable},
@@ -101,7 +114,6 @@ constexpr std::array kOfStatements{Meaning{208, "", platform::kInvalidObject, kN
                                    Meaning{0, "42S22", platform::kInvalidColumn, kNoColumn},
                                    Meaning{0, "23", platform::kConstraint, ""},
                                    Meaning{0, "40", kFailure, kBusy},
-                                   Meaning{0, "HYT", kFailure, kTooSlow},
                                    Meaning{0, "42", kRefused, ""},
                                    Meaning{0, "22", kRefused, ""},
                                    Meaning{0, "", kFailure, ""}};
@@ -154,6 +166,11 @@ void RaiseRefused(const OdbcFailure& failure) {
   const std::string advice = meaning->advice;
   throw RuntimeError(meaning->number, OriginOf(reason),
                      advice.empty() ? reason.words : Sentence(reason.words) + " " + advice);
+}
+
+void RaiseTooSlow(const OdbcFailure& failure) {
+  const Diagnostic& reason = ReasonIn(failure.diagnostics());
+  throw RuntimeError(kFailure, OriginOf(reason), Sentence(reason.words) + " " + kTooSlow);
 }
 
 void RaiseLost(const OdbcFailure& failure, const std::string& place, bool written) {

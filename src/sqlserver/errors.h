@@ -17,6 +17,9 @@ bool IsConnectionLost(const OdbcFailure& failure);
 /// knows, the server's words, and what to do where the user can do something.
 [[noreturn]] void RaiseRefused(const OdbcFailure& failure);
 
+/// Raises -2147467259: the time limit passed without an answer.
+[[noreturn]] void RaiseTooSlow(const OdbcFailure& failure);
+
 /// Raises -2147467259: the connection broke while something was under way. `written` when a write may have
 /// reached the server.
 [[noreturn]] void RaiseLost(const OdbcFailure& failure, const std::string& place, bool written);

@@ -1,5 +1,6 @@
 #include "sqlserver/odbc.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/runtime_error.h"
@@ -12,6 +13,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
 constexpr std::size_t kLongestWords = 4096;
 constexpr std::size_t kLongestName = 512;
+constexpr std::chrono::milliseconds kLongestClose{1000};
 
 std::u16string_view View(const SQLWCHAR* text, std::size_t length) {
   return {reinterpret_cast<const char16_t*>(text), length};
@@ -64,12 +66,44 @@ void OdbcStatement::Set(SQLINTEGER attribute, SQLULEN value) const {
   Check(SQLSetStmtAttr(get(), attribute, reinterpret_cast<SQLPOINTER>(value), 0));  // NOLINT: ODBC's way
 }
 
-bool OdbcStatement::Execute(std::string_view sql) const {
-  std::u16string text = ToUtf16(sql);
-  const SQLRETURN code = SQLExecDirectW(get(), Wide(text), static_cast<SQLINTEGER>(text.size()));
+// What is still unread may have to be cancelled.
+OdbcStatement::~OdbcStatement() {
+  const WatchedCall call(watch_, std::min(limit_, kLongestClose));
+  SQLFreeStmt(get(), SQL_CLOSE);
+}
+
+bool OdbcStatement::More(SQLRETURN code) const {
   if (code == SQL_NO_DATA) return false;
   Check(code);
   return true;
+}
+
+bool OdbcStatement::Execute(std::string_view sql) const {
+  const WatchedCall call(watch_, limit_);
+  std::u16string text = ToUtf16(sql);
+  return More(SQLExecDirectW(get(), Wide(text), static_cast<SQLINTEGER>(text.size())));
+}
+
+bool OdbcStatement::Fetch() const {
+  const WatchedCall call(watch_, limit_);
+  return More(SQLFetch(get()));
+}
+
+bool OdbcStatement::NextResult() const {
+  const WatchedCall call(watch_, limit_);
+  return More(SQLMoreResults(get()));
+}
+
+bool OdbcStatement::Get(SQLUSMALLINT column, SQLSMALLINT type, void* value, SQLLEN room,
+                        SQLLEN* length) const {
+  const WatchedCall call(watch_, limit_);
+  return More(SQLGetData(get(), column, type, value, room, length));
+}
+
+SQLLEN OdbcStatement::RowsHit() const {
+  SQLLEN rows = 0;
+  Check(SQLRowCount(get(), &rows));
+  return rows;
 }
 
 SQLSMALLINT OdbcStatement::Columns() const {

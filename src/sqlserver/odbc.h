@@ -3,10 +3,13 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <chrono>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "sqlserver/network_watch.h"
 
 namespace sqlserver {
 
@@ -50,18 +53,38 @@ class Handle {
   SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
-/// A statement on a connection; it closes its result when it goes.
+/// A statement on a connection; it closes its result when it goes. With a watch, no call of it waits for the
+/// server longer than `limit`.
 class OdbcStatement : public Handle {
  public:
-  explicit OdbcStatement(const Handle& connection) : Handle(SQL_HANDLE_STMT, connection.get()) {}
+  explicit OdbcStatement(const Handle& connection, NetworkWatch* watch = nullptr,
+                         std::chrono::milliseconds limit = {})
+      : Handle(SQL_HANDLE_STMT, connection.get()), watch_(watch), limit_(limit) {}
+  ~OdbcStatement();
+  OdbcStatement(const OdbcStatement&) = delete;
+  OdbcStatement& operator=(const OdbcStatement&) = delete;
 
   void Set(SQLINTEGER attribute, SQLULEN value) const;
   /// Sends a text of any length. False when the server said that no row was hit.
   bool Execute(std::string_view sql) const;
+  /// Goes to the next row, or block of rows; false behind the last.
+  bool Fetch() const;
+  /// Goes to the next result; false when there is none.
+  bool NextResult() const;
+  /// The number of rows hit, -1 when the server did not tell.
+  SQLLEN RowsHit() const;
   SQLSMALLINT Columns() const;
   /// A numeric property of a result column, 0 when the driver does not know it.
   SQLLEN Number(SQLUSMALLINT column, SQLUSMALLINT property) const;
   std::string Text(SQLUSMALLINT column, SQLUSMALLINT property) const;
+  /// Reads a value, or a part of it, of the current row; false when there is no more of it.
+  bool Get(SQLUSMALLINT column, SQLSMALLINT type, void* value, SQLLEN room, SQLLEN* length) const;
+
+ private:
+  bool More(SQLRETURN code) const;
+
+  NetworkWatch* watch_;
+  std::chrono::milliseconds limit_;
 };
 
 /// Text as ODBC's wide functions take it.

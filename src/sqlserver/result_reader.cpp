@@ -180,14 +180,12 @@ void ResultReader::ReadAll(platform::RowStore& store) {
 
 bool ResultReader::Fetch() {
   fetched_ = 0;
-  const SQLRETURN code = SQLFetch(statement_.get());
-  if (code == SQL_NO_DATA) return false;
-  statement_.Check(code);
-  return true;
+  return statement_.Fetch();
 }
 
 void ResultReader::Keep(platform::RowStore& store, std::size_t row) {
   const std::size_t kept = store.AddRow();
+  ++rows_;
   for (std::size_t i = 0; i < bound_; ++i) store.Put(kept, i, CellOf(columns_[i], row));
   if (bound_ < columns_.size()) ReadUnbound(store, kept);
 }
@@ -200,8 +198,8 @@ void ResultReader::ReadUnbound(platform::RowStore& store, std::size_t row) {
       store.Put(row, i, ReadLong(number, column));
       continue;
     }
-    statement_.Check(SQLGetData(statement_.get(), number, column.valueType, column.values.data(),
-                                static_cast<SQLLEN>(column.size), column.lengths.data()));
+    statement_.Get(number, column.valueType, column.values.data(), static_cast<SQLLEN>(column.size),
+                   column.lengths.data());
     store.Put(row, i, CellOf(column, 0));
   }
 }
@@ -214,10 +212,8 @@ Cell ResultReader::ReadLong(SQLUSMALLINT number, const Column& column) {
   bool anything = false;
   while (true) {
     SQLLEN left = 0;
-    const SQLRETURN code = SQLGetData(statement_.get(), number, column.valueType, part.data(),
-                                      static_cast<SQLLEN>(part.size()), &left);
-    if (code == SQL_NO_DATA) break;
-    statement_.Check(code);
+    if (!statement_.Get(number, column.valueType, part.data(), static_cast<SQLLEN>(part.size()), &left))
+      break;
     if (left == SQL_NULL_DATA) return {};
     anything = true;
     const bool more = left == SQL_NO_TOTAL || static_cast<std::size_t>(left) > room;
@@ -225,6 +221,7 @@ Cell ResultReader::ReadLong(SQLUSMALLINT number, const Column& column) {
     if (!more) break;
   }
   if (!anything) return {};
+  bytes_ += static_cast<long>(whole.size());
   if (!text) {
     scratch_ = std::move(whole);
     return Cell::Block(FieldType::kBytes, scratch_);
@@ -243,6 +240,7 @@ Cell ResultReader::TextCell(std::u16string_view text) {
 Cell ResultReader::CellOf(const Column& column, std::size_t row) {
   const SQLLEN length = column.lengths[row];
   if (length == SQL_NULL_DATA) return {};
+  bytes_ += static_cast<long>(length);
   const char* value = column.values.data() + row * column.size;
   switch (column.type) {
     case FieldType::kBool:

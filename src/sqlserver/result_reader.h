@@ -19,6 +19,9 @@ class ResultReader {
   bool IsNumbered(std::size_t column) const;
   /// Reads to the end. Raises `OdbcFailure` when the server fails on a row.
   void ReadAll(platform::RowStore& store);
+  // What was read until now: rows, and the bytes of their values as they came.
+  long rows() const { return rows_; }
+  long bytes() const { return bytes_; }
 
  private:
   struct Column {
@@ -44,6 +47,8 @@ class ResultReader {
   std::size_t bound_ = 0;  // the columns before this one
   std::vector<SQLUSMALLINT> states_;
   SQLULEN fetched_ = 0;
+  long rows_ = 0;
+  long bytes_ = 0;
   std::string scratch_;
 };
 

@@ -1,12 +1,11 @@
 #include "sqlserver/session.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 #include "platform/runtime_error.h"
 #include "sqlserver/errors.h"
-#include "sqlserver/utf16.h"
+#include "sqlserver/password_check.h"
 
 namespace sqlserver {
 namespace {
@@ -21,77 +20,32 @@ bool IsTimeout(const OdbcFailure& failure) {
                      [](const Diagnostic& each) { return each.state.starts_with("HYT"); });
 }
 
-/// Goes to the next result of a statement; false when there is none.
-bool NextResult(const OdbcStatement& statement) {
-  const SQLRETURN code = SQLMoreResults(statement.get());
-  if (code == SQL_NO_DATA) return false;
-  statement.Check(code);
-  return true;
-}
-
-SQLLEN RowsHit(const OdbcStatement& statement) {
-  SQLLEN rows = 0;
-  statement.Check(SQLRowCount(statement.get(), &rows));
-  return rows;
-}
-
 /// Goes to the next result that has rows; false when there is none.
 bool AtRows(const OdbcStatement& statement) {
   while (statement.Columns() == 0)
-    if (!NextResult(statement)) return false;
+    if (!statement.NextResult()) return false;
   return true;
 }
 
+/// The number in the last result that has one; all of them are read to their end, so that no failure behind
+/// them is missed.
 std::optional<long> NumberIn(const OdbcStatement& statement) {
-  if (!AtRows(statement)) return {};
-  const SQLRETURN code = SQLFetch(statement.get());
-  if (code == SQL_NO_DATA) return {};
-  statement.Check(code);
-  SQLINTEGER number = 0;
-  SQLLEN length = SQL_NULL_DATA;
-  statement.Check(SQLGetData(statement.get(), 1, SQL_C_SLONG, &number, sizeof number, &length));
-  if (length == SQL_NULL_DATA) return {};
-  return number;
+  std::optional<long> found;
+  while (AtRows(statement)) {
+    while (statement.Fetch()) {
+      SQLINTEGER number = 0;
+      SQLLEN length = SQL_NULL_DATA;
+      statement.Get(1, SQL_C_SLONG, &number, sizeof number, &length);
+      if (length != SQL_NULL_DATA) found = number;
+    }
+    if (!statement.NextResult()) break;
+  }
+  return found;
 }
 
 }  // namespace
 
-/// An open connection.
-class Session::Link : public Handle {
- public:
-  Link(const Handle& environment, const std::string& text, std::chrono::seconds limit)
-      : Handle(SQL_HANDLE_DBC, environment.get()) {
-    SQLSetConnectAttr(get(), SQL_ATTR_LOGIN_TIMEOUT, AsAttribute(static_cast<SQLULEN>(limit.count())), 0);
-    std::u16string wide = ToUtf16(text);
-    Check(SQLDriverConnectW(get(), nullptr, Wide(wide), static_cast<SQLSMALLINT>(wide.size()), nullptr, 0,
-                            nullptr, SQL_DRIVER_NOPROMPT));
-  }
-  ~Link() {
-    SQLEndTran(SQL_HANDLE_DBC, get(), SQL_ROLLBACK);  // a connection with a batch in hand does not close
-    SQLDisconnect(get());
-  }
-  Link(const Link&) = delete;
-  Link& operator=(const Link&) = delete;
-
-  std::string Product() const {
-    std::array<SQLWCHAR, 128> name{};
-    SQLSMALLINT bytes = 0;
-    Check(SQLGetInfoW(get(), SQL_DBMS_NAME, name.data(), static_cast<SQLSMALLINT>(sizeof name), &bytes));
-    return ToUtf8(reinterpret_cast<const char16_t*>(name.data()));
-  }
-  bool IsDead() const {
-    SQLUINTEGER dead = SQL_CD_FALSE;
-    const SQLRETURN code = SQLGetConnectAttr(get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-    return SQL_SUCCEEDED(code) && dead == SQL_CD_TRUE;
-  }
-  void CommitEach(bool each) const {
-    const SQLULEN mode = each ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-    Check(SQLSetConnectAttr(get(), SQL_ATTR_AUTOCOMMIT, AsAttribute(mode), 0));
-  }
-  void End(SQLSMALLINT how) const { Check(SQLEndTran(SQL_HANDLE_DBC, get(), how)); }
-};
-
-Session::Session(ConnectionText connection, std::string password, Limits limits)
+Session::Session(ConnectionText connection, Secret password, Limits limits)
     : text_(std::move(connection)),
       password_(std::move(password)),
       limits_(limits),
@@ -102,16 +56,24 @@ Session::Session(ConnectionText connection, std::string password, Limits limits)
   } catch (const OdbcFailure& failure) {
     RaiseNotConnected(failure, Place());
   }
-  Connect();
+  RequireReadablePassword(environment_, text_, password_.text());
+  Connect(limits_.login);
 }
 
 Session::~Session() = default;
 
-void Session::Connect() {
+void Session::Connect(std::chrono::seconds limit) {
+  Limits limits = limits_;
+  limits.login = limit;
   try {
-    auto link = std::make_unique<Link>(environment_, text_.WithPassword(password_), limits_.login);
+    const Secret text(text_.WithPassword(password_.text()));
+    ++traffic_.trips;
+    auto link = std::make_unique<Link>(environment_, text.text(), limits);
     dialect_ = &Dialect::Of(link->Product());
-    if (*dialect_->sessionSetup != '\0') OdbcStatement(*link).Execute(dialect_->sessionSetup);
+    if (*dialect_->sessionSetup != '\0') {
+      ++traffic_.trips;
+      link->NewStatement()->Execute(dialect_->sessionSetup);
+    }
     link_ = std::move(link);
     lastUse_ = steady_clock::now();
   } catch (const OdbcFailure& failure) {
@@ -131,17 +93,24 @@ bool Session::Ready(Work work) {
   }
   const bool idle = steady_clock::now() - lastUse_ > limits_.idle;
   if (link_ != nullptr && !link_->IsDead() && (work == Work::kRead || !idle || Answers())) return false;
+  const bool first = link_ == nullptr && dialect_ == nullptr;
   link_.reset();
-  Connect();
+  // Whoever waits for a statement waits no longer for the connection that it needs.
+  const bool hurried = !first && limits_.statement.count() > 0;
+  Connect(hurried ? std::min(limits_.login, limits_.statement) : limits_.login);
   return true;
 }
 
-bool Session::Answers() const {
+/// Error -2147467259 when the time limit passes: the server has gone silent.
+bool Session::Answers() {
   try {
-    OdbcStatement(*link_).Execute("SELECT 1");
+    ++traffic_.trips;
+    link_->NewStatement()->Execute("SELECT 1");
     return true;
-  } catch (const OdbcFailure&) {
-    return false;  // the connection is made anew, which says what is wrong
+  } catch (const OdbcFailure& failure) {
+    if (!IsTimeout(failure) && !link_->BrokeOff()) return false;  // made anew, which says what is wrong
+    link_.reset();
+    RaiseTooSlow(Translated(failure));
   }
 }
 
@@ -154,14 +123,36 @@ void Session::Do(Work work, const std::function<void(const Link&)>& action) {
       return;
     } catch (const OdbcFailure& raw) {
       const OdbcFailure failure = Translated(raw);
+      if (IsTimeout(failure) || link_->BrokeOff()) {
+        link_.reset();  // the answer may still be on its way
+        RaiseTooSlow(failure);
+      }
       const bool lost = IsConnectionLost(failure) || link_->IsDead();
-      // After a time limit the answer may still be on its way, so that the connection is of no use.
-      if (lost || (IsTimeout(failure) && !batch_)) link_.reset();
-      if (!lost) RaiseRefused(failure);
+      if (!lost) {
+        if (batch_ && work == Work::kWrite) RequireBatchStands();
+        RaiseRefused(failure);
+      }
+      link_.reset();
       if (batch_ || work != Work::kRead || fresh || again)
         RaiseLost(failure, Place(), work == Work::kCommit || (work == Work::kWrite && !batch_));
     }
   }
+}
+
+/// Some failures of one statement make the server undo everything before it. Nothing may be written after
+/// that as if it were still there: the connection goes, and the batch with it.
+void Session::RequireBatchStands() {
+  if (*dialect_->batchTest == '\0' || !batchWrote_) return;
+  std::optional<long> state;
+  try {
+    const auto statement = link_->NewStatement();
+    ++traffic_.trips;
+    statement->Execute(dialect_->batchTest);
+    state = NumberIn(*statement);
+  } catch (const OdbcFailure&) {
+    state.reset();
+  }
+  if (state != 1) link_.reset();
 }
 
 OdbcFailure Session::Translated(const OdbcFailure& failure) const {
@@ -171,50 +162,66 @@ OdbcFailure Session::Translated(const OdbcFailure& failure) const {
 }
 
 std::unique_ptr<OdbcStatement> Session::Run(const Link& link, const std::string& sql, Parameters& parameters,
-                                            bool* hit) const {
-  auto statement = std::make_unique<OdbcStatement>(link);
-  // A driver that knows no time limit says so; statements then run without one.
-  SQLSetStmtAttr(statement->get(), SQL_ATTR_QUERY_TIMEOUT,
-                 AsAttribute(static_cast<SQLULEN>(limits_.statement.count())), 0);
+                                            bool* hit) {
+  ++traffic_.statements;
+  ++traffic_.trips;
+  auto statement = link.NewStatement();
   parameters.Bind(*statement);
   const bool any = statement->Execute(sql);
   if (hit != nullptr) *hit = any;
   return statement;
 }
 
+void Session::Count(const std::string& sql, steady_clock::time_point begin) {
+  const auto time = std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - begin);
+  if (time <= traffic_.slowest) return;
+  traffic_.slowest = time;
+  traffic_.slowestStatement = sql;
+}
+
 void Session::Read(const std::string& sql, const std::function<void(ResultReader&)>& take) {
   Parameters none;
+  const auto begin = steady_clock::now();
   Do(Work::kRead, [&](const Link& link) {
     const auto statement = Run(link, sql, none);
     ResultReader reader(*statement);
     take(reader);
-    while (NextResult(*statement)) {  // so that a failure further on is not missed
+    traffic_.rows += reader.rows();
+    traffic_.bytes += reader.bytes();
+    while (statement->NextResult()) {  // so that a failure further on is not missed
     }
   });
+  Count(sql, begin);
 }
 
 long Session::Write(const std::string& sql, Parameters& parameters) {
   SQLLEN rows = 0;
+  const auto begin = steady_clock::now();
   Do(Work::kWrite, [&](const Link& link) {
     bool hit = false;
     const auto statement = Run(link, sql, parameters, &hit);
-    if (hit) rows = RowsHit(*statement);
+    if (hit) rows = statement->RowsHit();
     // A trigger counts its own rows before the statement's.
-    while (NextResult(*statement)) rows = std::max(rows, RowsHit(*statement));
+    while (statement->NextResult()) rows = std::max(rows, statement->RowsHit());
   });
+  batchWrote_ = true;
+  Count(sql, begin);
   return static_cast<long>(rows);
 }
 
 long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
   std::optional<long> number;
+  const auto begin = steady_clock::now();
   Do(Work::kWrite, [&](const Link& link) {
     auto statement = Run(link, dialect_->batches ? sql + "; " + dialect_->lastIdentity : sql, parameters);
     if (!dialect_->batches) {
-      statement = std::make_unique<OdbcStatement>(link);
+      statement = link.NewStatement();
       statement->Execute(dialect_->lastIdentity);
     }
     number = NumberIn(*statement);
   });
+  batchWrote_ = true;
+  Count(sql, begin);
   if (!number)
     throw platform::RuntimeError(platform::kEngineFailure, "ODBC",
                                  "O registo ficou gravado, mas o servidor não lhe deu número.");
@@ -222,22 +229,29 @@ long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
 }
 
 void Session::BeginBatch() {
-  Do(Work::kRead, [](const Link& link) { link.CommitEach(false); });
+  ++traffic_.trips;
+  Do(Work::kBegin, [](const Link& link) { link.CommitEach(false); });
   batch_ = true;
+  batchWrote_ = false;
 }
 
 void Session::CommitBatch() {
-  Do(Work::kCommit, [](const Link& link) {
-    link.End(SQL_COMMIT);
-    link.CommitEach(true);
-  });
+  ++traffic_.trips;
+  Do(Work::kCommit, [](const Link& link) { link.End(SQL_COMMIT); });
   batch_ = false;
+  try {
+    ++traffic_.trips;
+    link_->CommitEach(true);
+  } catch (const OdbcFailure&) {
+    link_.reset();  // all is stored, and the next operation connects anew
+  }
 }
 
 void Session::AbandonBatch() {
   batch_ = false;
   if (link_ == nullptr) return;
   try {
+    traffic_.trips += 2;
     link_->End(SQL_ROLLBACK);
     link_->CommitEach(true);
   } catch (const OdbcFailure&) {

@@ -8,25 +8,32 @@
 #include "sqlserver/connection_text.h"
 #include "sqlserver/dialect.h"
 #include "sqlserver/limits.h"
+#include "sqlserver/link.h"
 #include "sqlserver/odbc.h"
 #include "sqlserver/parameters.h"
 #include "sqlserver/result_reader.h"
+#include "sqlserver/secret.h"
+#include "sqlserver/traffic.h"
 
 namespace sqlserver {
 
 /// The connection to the server. Every call reads its result to the end, so that nothing is under way between
 /// two calls: the server holds no lock for us, and a connection that broke meanwhile is made anew by the next
-/// call. A read that loses the connection is sent once more; a write is not, for it may have been done.
+/// call. A read that loses the connection is sent once more; a write is not, for it may have been done, and
+/// neither is what the server left without an answer for longer than the limit.
 class Session {
  public:
-  /// Connects. Error -2147467259 with what to do when that fails.
-  Session(ConnectionText connection, std::string password, Limits limits);
+  /// Connects. Error -2147467259 with what to do when that fails, and for a password that the driver would
+  /// take for another one.
+  Session(ConnectionText connection, Secret password, Limits limits);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   std::string Place() const { return text_.Place(); }
   const Dialect& dialect() const { return *dialect_; }
+  /// What has gone between the program and the server since the session began.
+  const Traffic& traffic() const { return traffic_; }
 
   /// Runs a statement and hands its result to `take`, which may be called a second time when the connection
   /// was lost in between.
@@ -42,25 +49,28 @@ class Session {
   void AbandonBatch();
 
  private:
-  class Link;
-  enum class Work { kRead, kWrite, kCommit };
+  enum class Work { kRead, kWrite, kBegin, kCommit };
 
   bool Ready(Work work);
-  void Connect();
-  bool Answers() const;
+  void Connect(std::chrono::seconds limit);
+  bool Answers();
   void Do(Work work, const std::function<void(const Link&)>& action);
+  void RequireBatchStands();
   OdbcFailure Translated(const OdbcFailure& failure) const;
   std::unique_ptr<OdbcStatement> Run(const Link& link, const std::string& sql, Parameters& parameters,
-                                     bool* hit = nullptr) const;
+                                     bool* hit = nullptr);
+  void Count(const std::string& sql, std::chrono::steady_clock::time_point begin);
 
   ConnectionText text_;
-  std::string password_;
+  Secret password_;
   Limits limits_;
   Handle environment_;
   std::unique_ptr<Link> link_;
   const Dialect* dialect_ = nullptr;
   bool batch_ = false;
+  bool batchWrote_ = false;
   std::chrono::steady_clock::time_point lastUse_;
+  Traffic traffic_;
 };
 
 }  // namespace sqlserver

@@ -44,14 +44,40 @@ std::string WidthText(long width) {
   return width >= platform::kUnlimitedSize ? std::string("max") : std::to_string(width);
 }
 
+/// The columns that the server numbers, as its catalogue tells; drivers don't always know.
+class NumberedColumns {
+ public:
+  explicit NumberedColumns(Session& session) : asked_(*session.dialect().numberedColumns != '\0') {
+    if (!asked_) return;
+    session.Read(session.dialect().numberedColumns, [this](ResultReader& result) {
+      rows_ = platform::RowStore(2);
+      result.ReadAll(rows_);
+    });
+  }
+
+  bool Has(const std::string& table, const std::string& column, bool driverSays) const {
+    for (std::size_t row = 0; asked_ && row < rows_.rows(); ++row)
+      if (platform::EqualsIgnoringCase(rows_.At(row, 0).block(), table) &&
+          platform::EqualsIgnoringCase(rows_.At(row, 1).block(), column))
+        return true;
+    return !asked_ && driverSays;
+  }
+
+ private:
+  bool asked_;
+  platform::RowStore rows_{2};
+};
+
 /// The columns as a statement sees them; nothing when there is no such table.
-std::optional<std::vector<FoundColumn>> ColumnsOf(Session& session, const std::string& table) {
+std::optional<std::vector<FoundColumn>> ColumnsOf(Session& session, const NumberedColumns& numbered,
+                                                  const std::string& table) {
   std::vector<FoundColumn> found;
   try {
     session.Read("SELECT * FROM " + Bracketed(table) + " WHERE 1 = 0", [&](ResultReader& result) {
       found.clear();
       for (std::size_t i = 0; i < result.fields().size(); ++i)
-        found.push_back({result.fields()[i], result.IsNumbered(i)});
+        found.push_back(
+            {result.fields()[i], numbered.Has(table, result.fields()[i].name, result.IsNumbered(i))});
     });
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kInvalidObject) throw;
@@ -96,8 +122,9 @@ void CheckCollation(Session& session, std::vector<std::string>& differences) {
 std::vector<std::string> Differences(Session& session, const tsql::Catalog& catalog) {
   std::vector<std::string> differences;
   CheckCollation(session, differences);
+  const NumberedColumns numbered(session);
   for (const tsql::Table& table : catalog.tables()) {
-    const auto found = ColumnsOf(session, table.name);
+    const auto found = ColumnsOf(session, numbered, table.name);
     if (!found) {
       differences.push_back(table.name + ": falta a tabela");
       continue;

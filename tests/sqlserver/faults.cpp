@@ -1,15 +1,19 @@
 #include "faults.h"
 
+#include <arpa/inet.h>
 #include <dlfcn.h>
 #include <sql.h>
 #include <sqlext.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstring>
 #include <deque>
-#include <optional>
+#include <memory>
 #include <utility>
 
+#include "sqlserver/odbc.h"
 #include "sqlserver/utf16.h"
 
 namespace sqlserver_tests {
@@ -17,7 +21,9 @@ namespace {
 
 std::deque<Fault> statementFaults;
 std::deque<Fault> connectionFaults;
-std::optional<Fault> current;  // what the failing handle has to say
+std::deque<Fault> batchFaults;
+std::vector<Fault> current;  // what the failing handle has to say
+std::string silentOn;
 bool pretending = false;
 std::string settings;
 std::string bindings;
@@ -31,9 +37,10 @@ Function Real(const char* name) {
 
 /// Takes the first fault when it hits the text.
 bool Hits(std::deque<Fault>& faults, const std::string& text) {
-  current.reset();
+  current.clear();
   if (faults.empty() || text.find(faults.front().in) == std::string::npos) return false;
-  current = faults.front();
+  current.push_back(faults.front());
+  current.insert(current.end(), faults.front().more.begin(), faults.front().more.end());
   faults.pop_front();
   return true;
 }
@@ -47,8 +54,51 @@ void Give(const std::string& text, SQLWCHAR* place) {
   std::memcpy(place, wide.c_str(), (wide.size() + 1) * sizeof(char16_t));
 }
 
+/// A connection to a server that takes it and says nothing.
+class SilentServer {
+ public:
+  SilentServer() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* any = reinterpret_cast<sockaddr*>(&address);
+    bind(server_, any, length);
+    listen(server_, 1);
+    getsockname(server_, any, &length);
+    connect(client_, any, length);
+  }
+  ~SilentServer() {
+    close(client_);
+    close(server_);
+  }
+  SilentServer(const SilentServer&) = delete;
+  SilentServer& operator=(const SilentServer&) = delete;
+  /// Until somebody shuts the connection down.
+  void Wait() const {
+    char answer = 0;
+    recv(client_, &answer, 1, 0);
+  }
+
+ private:
+  int server_ = socket(AF_INET, SOCK_STREAM, 0);
+  int client_ = socket(AF_INET, SOCK_STREAM, 0);
+};
+
+std::unique_ptr<SilentServer> silent;
+
+/// The server's texts as SQLite reads them.
+std::u16string Plain(const std::string& text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] != 'N' || text[i + 1] != '\'') plain += text[i];
+  return sqlserver::ToUtf16(plain);
+}
+
 }  // namespace
 
+void FailAfterBatch(const Fault& fault) { batchFaults.push_back(fault); }
+void GoSilentOn(const std::string& text) { silentOn = text; }
 void FailNextStatement(const Fault& fault) { statementFaults.push_back(fault); }
 void FailNextConnection(const Fault& fault) { connectionFaults.push_back(fault); }
 void PretendServer() { pretending = true; }
@@ -58,6 +108,9 @@ void ClearFaults() {
   pretending = false;
   statementFaults.clear();
   connectionFaults.clear();
+  batchFaults.clear();
+  silentOn.clear();
+  silent.reset();
 }
 int StatementsSent() { return std::exchange(statements, 0); }
 int ConnectionsMade() { return std::exchange(connections, 0); }
@@ -73,7 +126,15 @@ SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
         handle, reinterpret_cast<SQLWCHAR*>(nothing.data()), static_cast<SQLINTEGER>(nothing.size()));
   }
   if (Hits(statementFaults, TextOf(text, length))) return SQL_ERROR;
-  return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(handle, text, length);
+  const auto real = Real<decltype(&SQLExecDirectW)>("SQLExecDirectW");
+  if (silent && TextOf(text, length).find(silentOn) != std::string::npos) {
+    silent->Wait();
+    current = {{"08S01", 20006, "Write to the server failed", ""}};
+    return SQL_ERROR;
+  }
+  if (!pretending) return real(handle, text, length);
+  std::u16string plain = Plain(TextOf(text, length));
+  return real(handle, sqlserver::Wide(plain), static_cast<SQLINTEGER>(plain.size()));
 }
 
 SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSMALLINT room,
@@ -84,6 +145,8 @@ SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSM
 }
 
 SQLRETURN SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER what, SQLPOINTER value, SQLINTEGER length) {
+  const bool each = what == SQL_ATTR_AUTOCOMMIT && reinterpret_cast<SQLULEN>(value) != 0;
+  if (each && Hits(batchFaults, "")) return SQL_ERROR;
   if (pretending && what == SQL_ATTR_LOGIN_TIMEOUT)
     settings += std::to_string(reinterpret_cast<std::uintptr_t>(value)) + " s; ";
   return Real<decltype(&SQLSetConnectAttr)>("SQLSetConnectAttr")(handle, what, value, length);
@@ -104,20 +167,22 @@ SQLRETURN SQLDriverConnectW(SQLHDBC handle, SQLHWND window, SQLWCHAR* in, SQLSMA
                             SQLSMALLINT outRoom, SQLSMALLINT* outLength, SQLUSMALLINT completion) {
   ++connections;
   if (Hits(connectionFaults, TextOf(in, inLength))) return SQL_ERROR;
+  if (!silentOn.empty()) silent = std::make_unique<SilentServer>();
   return Real<decltype(&SQLDriverConnectW)>("SQLDriverConnectW")(handle, window, in, inLength, out, outRoom,
                                                                  outLength, completion);
 }
 
 SQLRETURN SQLGetDiagRecW(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, SQLWCHAR* state,
                          SQLINTEGER* native, SQLWCHAR* words, SQLSMALLINT room, SQLSMALLINT* length) {
-  if (!current)
+  if (current.empty())
     return Real<decltype(&SQLGetDiagRecW)>("SQLGetDiagRecW")(kind, handle, record, state, native, words, room,
                                                              length);
-  if (record > 1) return SQL_NO_DATA;
-  Give(current->state, state);
-  Give(current->words, words);
-  *native = current->native;
-  *length = static_cast<SQLSMALLINT>(sqlserver::ToUtf16(current->words).size());
+  if (static_cast<std::size_t>(record) > current.size()) return SQL_NO_DATA;
+  const Fault& told = current[static_cast<std::size_t>(record - 1)];
+  Give(told.state, state);
+  Give(told.words, words);
+  *native = told.native;
+  *length = static_cast<SQLSMALLINT>(sqlserver::ToUtf16(told.words).size());
   return SQL_SUCCESS;
 }
 

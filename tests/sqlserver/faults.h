@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 /// A server whose answers the test sets: the driver manager's functions stand in this program before the real
 /// ones, which they call unless a fault is due.
@@ -12,12 +13,18 @@ struct Fault {
   std::string words;
   /// The statements that it hits contain this text; empty: any.
   std::string in;
+  /// What is said besides, after it.
+  std::vector<Fault> more = {};
 };
 
 /// The next matching statement fails so, before it reaches the driver.
 void FailNextStatement(const Fault& fault);
 /// The next attempt to connect fails so.
 void FailNextConnection(const Fault& fault);
+/// The next time that each write is to be kept by itself again, which is after a batch, fails so.
+void FailAfterBatch(const Fault& fault);
+/// Connections made from here on are to a server that never answers a statement with this text.
+void GoSilentOn(const std::string& text);
 /// No fault is due any more.
 void ClearFaults();
 

@@ -7,6 +7,15 @@ const Fault kLost{"08S01", 0, "[Maker][Driver]Communication link failure", ""};
 
 class SessionTest : public ServerTest {
  protected:
+  static constexpr std::chrono::seconds kLimit{1};
+
+  std::shared_ptr<sqlserver::Database> Reopened() const {
+    sqlserver::OpenOptions options;
+    options.connection = contract_tests::SqliteConnection(folder_.File("contrato.db"));
+    options.schema = kSchema;
+    options.limits.statement = kLimit;
+    return sqlserver::Database::Open(options);
+  }
   void Write() { Run("INSERT INTO PT_Tudo (Km) VALUES (1)"); }
 };
 
@@ -74,6 +83,44 @@ TEST_F(SessionTest, EveryKindOfValueGoesAsItsColumnTakesIt) {
             "-2/-4/8001/0/8001/ ");
 }
 
+TEST_F(SessionTest, WhatTheServerUndidIsNotCommitted) {
+  PretendServer();
+  store_ = Reopened();
+  const std::string error = ErrorOf([&] {
+    zorCrmParvel::Batch batch(*store_);
+    Write();
+    FailNextStatement({"22007", 242, "The conversion resulted in an out-of-range value.", ""});
+    EXPECT_EQ(NumberOf([&] { Write(); }), platform::kStatementRefused);
+    Write();
+    batch.Commit();
+  });
+  EXPECT_NE(error.find("nada dela ficou gravado"), std::string::npos) << error;
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+}
+
+TEST_F(SessionTest, AConnectionThatDiesAfterTheCommitLosesNothing) {
+  zorCrmParvel::Batch batch(*store_);
+  Write();
+  FailAfterBatch(kLost);
+  batch.Commit();
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+}
+
+TEST_F(SessionTest, ASilentServerIsLeftAtTheTimeLimitAndNotAskedAgain) {
+  GoSilentOn("PT_Tudo");
+  store_ = Reopened();
+  StatementsSent();
+  ConnectionsMade();
+  const auto begin = std::chrono::steady_clock::now();
+  const std::string error = ErrorOf([&] { Count("PT_Tudo"); });
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, kLimit + std::chrono::seconds(2));
+  EXPECT_NE(error.find("dentro do tempo limite"), std::string::npos) << error;
+  EXPECT_EQ(StatementsSent(), 1);
+  EXPECT_EQ(ConnectionsMade(), 0);
+  EXPECT_EQ(Count("PT_Codigos"), 0);
+  EXPECT_EQ(ConnectionsMade(), 1);
+}
+
 TEST_F(SessionTest, AnUnusedConnectionIsTriedBeforeAWrite) {
   sqlserver::Limits limits;
   limits.idle = std::chrono::seconds(0);
@@ -131,6 +178,14 @@ TEST_F(SessionTest, FailuresToConnectSayWhatToDoAndKeepThePassword) {
       {{"28000", 18488, "The password of the account must be changed.", ""}, "ou a senha expirou"},
       {{"42000", 4060, "Cannot open database \"x\".", ""}, "não existe no servidor, ou o utilizador"},
       {{"08001", 0, "Unable to connect to data source", ""}, "Confirme Server e Port"},
+      {{"08001",
+        20002,
+        "Adaptive Server connection failed",
+        "",
+        {{"01000", 5701, "Changed database context.", ""}, {"42000", 17892, "Logon failed: trigger.", ""}}},
+       "O servidor recusou a ligação, e diz porquê. Se não depende de si, peça ao seu administrador que "
+       "veja. "
+       "(Logon failed: trigger.)"},
       {{"HYT00", 0, "Login timeout expired", ""}, "Confirme Server e Port"},
       {{"01000", 0, "Can't open lib 'x'", ""}, "não está instalado nesta máquina"},
       {{"IM002", 0, "Data source name not found", ""}, "não está instalado nesta máquina"}};
@@ -142,6 +197,19 @@ TEST_F(SessionTest, FailuresToConnectSayWhatToDoAndKeepThePassword) {
     EXPECT_NE(error.find(advice), std::string::npos) << error;
     EXPECT_EQ(error.find("segredo"), std::string::npos);
   }
+}
+
+TEST_F(SessionTest, APasswordThatTheDriverWouldMisreadIsNotSent) {
+  const std::string connection = contract_tests::SqliteConnection(folder_.File("contrato.db"));
+  const auto open = [](const std::string& text, const char* password) {
+    return ErrorOf([&] { sqlserver::Session(sqlserver::ConnectionText(text), password, {}); });
+  };
+  for (const char* fine : {"a;b", "a}b", "a{b"}) EXPECT_EQ(open(connection + ";Server=FreeTDS", fine), "");
+  EXPECT_EQ(open(connection, "a;b}c"), "");
+  ConnectionsMade();
+  for (const char* misread : {"a;b}c", "{a}", " a}"})
+    EXPECT_NE(open("Driver=FreeTDS;Server=srv", misread).find("Nada foi enviado"), std::string::npos);
+  EXPECT_EQ(ConnectionsMade(), 0);
 }
 
 }  // namespace

@@ -129,5 +129,24 @@ TEST_F(TablesTest, DifferencesAreTold) {
                 "PT_Tudo.Km: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)"}));
 }
 
+TEST_F(TablesTest, NumberedColumnsAreThoseOfTheServersCatalogue) {
+  PretendServer();
+  sqlserver::Session posing(
+      sqlserver::ConnectionText(contract_tests::SqliteConnection(folder_.File("contrato.db"))), "", {});
+  sqlserver::Parameters none;
+  for (const char* statement :
+       {"ATTACH ':memory:' AS sys", "CREATE TABLE sys.tables (object_id int, name text)",
+        "CREATE TABLE sys.identity_columns (object_id int, name text)",
+        "INSERT INTO sys.tables VALUES (1, 'PT_Codigos'), (2, 'pt_tudo')",
+        "INSERT INTO sys.identity_columns VALUES (2, 'KM')"})
+    posing.Write(statement, none);
+  const auto differences = sqlserver::Differences(
+      posing, tsql::ParseSchema("CREATE TABLE PT_Tudo (Id int IDENTITY(1,1) NOT NULL, Km int IDENTITY(1,1) "
+                                "NOT NULL, CONSTRAINT K PRIMARY KEY (Id));"));
+  EXPECT_EQ(differences.back(),
+            "PT_Tudo.Id: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)");
+  EXPECT_NE(differences.front().find("precisa de uma collation com CI"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace sqlserver_tests
