@@ -114,6 +114,7 @@ constexpr std::array kOfStatements{Meaning{208, "", platform::kInvalidObject, kN
                                    Meaning{0, "42S22", platform::kInvalidColumn, kNoColumn},
                                    Meaning{0, "23", platform::kConstraint, ""},
                                    Meaning{0, "40", kFailure, kBusy},
+                                   Meaning{0, "HYT", kFailure, kTooSlow},
                                    Meaning{0, "42", kRefused, ""},
                                    Meaning{0, "22", kRefused, ""},
                                    Meaning{0, "", kFailure, ""}};

@@ -106,6 +106,7 @@ std::string Bindings() { return std::exchange(bindings, ""); }
 std::string Settings() { return std::exchange(settings, ""); }
 void ClearFaults() {
   pretending = false;
+  settings.clear();
   statementFaults.clear();
   connectionFaults.clear();
   batchFaults.clear();
