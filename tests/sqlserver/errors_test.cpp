@@ -22,9 +22,11 @@ class Meanings {
     const std::string name = state + "/" + std::to_string(native) + " ";
     const auto add = [&](const char* when, const std::function<void()>& raise) {
       const platform::RuntimeError error = testing_support::FailureOf(raise);
-      // What has no number of its own is told by its state.
+      // What has no number of its own is told by its state, or like any other number of a server.
       if (native != 0 && error.description() == told_[state + when]) return;
+      if (native > 1 && error.description() == told_[when]) return;
       if (native == 0) told_[state + when] = error.description();
+      if (native == 1) told_[when] = error.description();
       names_[when + (" " + std::to_string(error.number())) + ": " + error.description()] += name;
     };
     add("ligar", [&] { RaiseNotConnected(failure, "frota"); });
