@@ -11,8 +11,8 @@ namespace zorCrmParvel {
 
 class Viaturas;
 
-/// One thing that stands on a tab of events beside its grid, and what it shows of an event. All of it is read
-/// only but what belongs to the vehicle itself.
+/// One thing that stands on a tab of events beside its grid, and what it shows of the event chosen there. All
+/// of it is read only but what belongs to the vehicle itself.
 struct Detalhe {
   enum Onde {
     kCampo,         // a field, in `Campo`
@@ -33,7 +33,7 @@ struct Detalhe {
   std::function<void(Viaturas& ficha, const EventEntity& evento)> mostrar = nullptr;
 };
 
-/// The rows of details of a tab, from the top.
+/// The rows of details of a tab, from the top; the key goes through them in this order.
 using Detalhes = std::vector<std::vector<Detalhe>>;
 
 Detalhes DetalhesDaApolice();
