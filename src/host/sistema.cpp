@@ -174,6 +174,7 @@ void Sistema::ICrmSistema_AlertasAdd(RecordsetRef& alertas) {
       {&Sistema::VerificaAlertasAcessorios, "Acessórios"},
       {&Sistema::VerificaAlertasMotoristas, "Motoristas"},
   }};
+  const Snapshot snapshot(ICrmSistema_ZorDataAccess);
   bool alerta = false;  // carries over from one family to the next
   for (const auto& [check, family] : kFamilies) {
     (this->*check)(alerta);

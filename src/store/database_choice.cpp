@@ -3,14 +3,23 @@
 #include <stdexcept>
 
 #include "sqlserver/connection_text.h"
+#include "store/near_store.h"
 #include "store/password.h"
 #include "store/paths.h"
+
+namespace schema {
+extern const char* const kTables;
+}
 
 namespace store {
 
 std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice) {
-  if (choice.IsServer()) return OpenServer(choice);
+  if (choice.IsServer()) return Near(OpenServer(choice));
   return OpenFile(choice);
+}
+
+std::shared_ptr<zorCrmParvel::Store> Near(std::shared_ptr<sqlserver::Database> server) {
+  return std::make_shared<NearStore>(std::move(server), schema::kTables);
 }
 
 std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice) {

@@ -21,6 +21,8 @@ struct DatabaseChoice {
 
 /// Opens either. Errors as the engines'; the password is found as `PasswordFor` tells.
 std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice);
+/// The server's database for the module and its hosts: what a loop repeats is asked once (see `NearStore`).
+std::shared_ptr<zorCrmParvel::Store> Near(std::shared_ptr<sqlserver::Database> server);
 /// Opens the server. Throws std::runtime_error when the choice is a file.
 std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice);
 /// The file's name. Throws std::runtime_error when the choice is a server.

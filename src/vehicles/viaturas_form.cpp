@@ -71,6 +71,7 @@ void Viaturas::CarregaViatura(const std::string& matricula) {
 }
 
 void Viaturas::LerTudo() {
+  const Snapshot snapshot(mybd);
   LerFicha();
   for (const SeparadorDeEventos& separador : SeparadoresDeEventos()) {
     Limpar(separador);

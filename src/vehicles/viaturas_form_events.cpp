@@ -137,6 +137,7 @@ void Viaturas::Act_Grelha(const SeparadorDeEventos& separador) {
 }
 
 void Viaturas::Ler(const SeparadorDeEventos& separador) {
+  const Snapshot snapshot(mybd);
   platform::SGGrid& grelha = this->*separador.grelha;
   const RecordsetRef rs = separador.eventos(mybd, Campo[0].Text);
   const Row row(*rs);

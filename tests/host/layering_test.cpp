@@ -27,7 +27,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"store/store", {"host"}},
     {"embedded", {"platform", "tsql", "host", "store/store"}},
     {"sqlserver", {"platform", "tsql", "host", "store/store"}},
-    {"store", {"platform", "host", "store/store", "embedded", "sqlserver"}},
+    {"store", {"platform", "tsql", "host", "store/store", "embedded", "sqlserver"}},
     {"exchange",
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
     {"reports", {"platform", "host", "store/store"}},

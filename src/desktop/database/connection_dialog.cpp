@@ -17,6 +17,7 @@
 #include "desktop/shell/message_box.h"
 #include "sqlserver/connection_text.h"
 #include "sqlserver/database.h"
+#include "store/database_choice.h"
 #include "store/paths.h"
 
 namespace desktop {
@@ -45,7 +46,7 @@ std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection, const
   sqlserver::OpenOptions options;
   options.connection = FromQt(connection);
   options.password = FromQt(password);
-  return sqlserver::Database::Open(options);
+  return store::Near(sqlserver::Database::Open(options));
 }
 
 }  // namespace

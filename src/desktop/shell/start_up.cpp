@@ -10,6 +10,7 @@
 #include "desktop/shell/message_box.h"
 #include "sqlserver/connection_text.h"
 #include "sqlserver/database.h"
+#include "store/database_choice.h"
 #include "store/password.h"
 #include "store/paths.h"
 
@@ -60,7 +61,7 @@ std::unique_ptr<Workspace> OpenServer(const QString& connection, const Options& 
   sqlserver::OpenOptions server;
   server.connection = FromQt(connection);
   server.password = KnownPassword(options).value_or("");
-  return std::make_unique<Workspace>(sqlserver::Database::Open(server));
+  return std::make_unique<Workspace>(store::Near(sqlserver::Database::Open(server)));
 }
 
 /// True when the server's user has a password that only the user knows.

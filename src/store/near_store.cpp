@@ -1,0 +1,138 @@
+#include "store/near_store.h"
+
+#include <optional>
+
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "tsql/lexer.h"
+#include "tsql/parser.h"
+
+namespace store {
+namespace {
+
+using zorCrmParvel::RecordsetRef;
+
+/// Rows of a recordset that is kept for others who ask the same.
+class SameRows : public platform::Recordset {
+ public:
+  explicit SameRows(RecordsetRef rows) : rows_(std::move(rows)) { Opened(rows_->FieldList()); }
+
+ protected:
+  bool Reach(std::size_t row) override {
+    while (store().rows() <= row) {
+      const std::size_t next = store().rows();
+      if (next >= rows_->RowsAtHand() && !rows_->FetchMore(1)) return false;
+      store().AddRow();
+      for (std::size_t i = 0; i < fields_.size(); ++i) store().Put(next, i, rows_->CellAt(next, i));
+    }
+    return true;
+  }
+  std::size_t Count() override { return static_cast<std::size_t>(rows_->RecordCount()); }
+
+ private:
+  RecordsetRef rows_;
+};
+
+/// The statement with a mark in the place of each literal; nothing when it asks for the server's clock.
+std::optional<std::string> ShapeOf(const std::string& statement) {
+  std::string shape;
+  tsql::Lexer lexer(statement);
+  for (tsql::Token token = lexer.Next(); token.kind != tsql::TokenKind::kEnd; token = lexer.Next()) {
+    if (platform::EqualsIgnoringCase(token.text, "getdate")) return {};
+    const bool literal = token.kind != tsql::TokenKind::kName && token.kind != tsql::TokenKind::kSymbol;
+    shape.append(literal ? "?" : token.text).append(" ");
+  }
+  return shape;
+}
+
+/// The tables of a read whose rows both engines give alike; empty for any other read.
+std::vector<std::string> PlainTables(const tsql::Select& select) {
+  if (select.cores.size() != 1 || !select.orderBy.empty()) return {};
+  const tsql::SelectCore& core = select.cores.front();
+  if (!core.from || core.top || !core.where) return {};
+  std::vector<std::string> tables{core.from->name};
+  for (const tsql::Join& join : core.joins) tables.push_back(join.table.name);
+  return tables;
+}
+
+}  // namespace
+
+NearStore::NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema, std::size_t mostRows)
+    : server_(std::move(server)), schema_(std::move(schema)), mostRows_(mostRows) {}
+
+void NearStore::Forget() {
+  asked_.clear();
+  kept_ = 0;
+  shapes_.clear();
+  tables_.reset();
+}
+
+void NearStore::Written() {
+  over_ = snapshots_ > 0;
+  Forget();
+}
+
+void NearStore::BeginBatch() {
+  Written();
+  server_->BeginBatch();
+}
+
+bool NearStore::ObterLigacao(platform::Ref<platform::Connection>& connection) {
+  return server_->ObterLigacao(connection);
+}
+
+void NearStore::EndSnapshot() noexcept {
+  if (--snapshots_ > 0) return;
+  over_ = false;
+  Forget();
+}
+
+bool NearStore::Execute(const std::string& statement) {
+  Written();
+  return server_->ExecutarSql("", statement.c_str());
+}
+
+RecordsetRef NearStore::OpenForEditing(const std::string& statement) {
+  Written();
+  RecordsetRef rows;
+  server_->AbrirEdicao(statement.c_str(), rows);
+  return rows;
+}
+
+RecordsetRef NearStore::OpenForReading(const std::string& statement) {
+  return snapshots_ == 0 || over_ ? Far(statement) : Near(statement);
+}
+
+RecordsetRef NearStore::Far(const std::string& statement) const {
+  RecordsetRef rows;
+  server_->AbrirLeitura("", statement.c_str(), rows);
+  return rows;
+}
+
+RecordsetRef NearStore::Near(const std::string& statement) {
+  if (const auto asked = asked_.find(statement); asked != asked_.end())
+    return platform::MakeRef<SameRows>(asked->second);
+  const tsql::StatementNode node = tsql::ParseStatement(statement);
+  const auto* select = std::get_if<tsql::Select>(&node);
+  if (select == nullptr) {
+    Written();
+    return Far(statement);
+  }
+  const std::vector<std::string> tables = PlainTables(*select);
+  const auto shape = ShapeOf(statement);
+  if (!tables.empty() && shape && ++shapes_[*shape] > 1) {
+    if (!tables_) tables_ = std::make_unique<NearTables>(*server_, schema_, mostRows_);
+    if (tables_->Take(tables)) try {
+        return tables_->Open(statement);
+      } catch (const platform::RuntimeError&) {
+        // The server says what is wrong with it, in its own words.
+      }
+  }
+  RecordsetRef rows = Far(statement);
+  kept_ += static_cast<std::size_t>(rows->RecordCount()) + 1;
+  if (kept_ > mostRows_) return rows;
+  asked_.emplace(statement, rows);
+  return platform::MakeRef<SameRows>(std::move(rows));
+}
+
+}  // namespace store

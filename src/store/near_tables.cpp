@@ -1,0 +1,88 @@
+#include "store/near_tables.h"
+
+#include <algorithm>
+
+#include "platform/runtime_error.h"
+#include "tsql/parser.h"
+
+namespace store {
+namespace {
+
+using platform::RuntimeError;
+using zorCrmParvel::fixed;
+using zorCrmParvel::RecordsetRef;
+
+/// The schema with no column that numbers itself: rows keep the numbers that the server gave them.
+std::string Unnumbered(std::string schema) {
+  constexpr std::string_view kIdentity = " IDENTITY(1,1)";
+  for (auto at = schema.find(kIdentity); at != std::string::npos; at = schema.find(kIdentity, at))
+    schema.erase(at, kIdentity.size());
+  return schema;
+}
+
+std::shared_ptr<embedded::Database> InMemory(const std::string& schema) {
+  embedded::OpenOptions options;
+  options.schema = schema;
+  return embedded::Database::Open(":memory:", options);
+}
+
+bool Alike(const std::vector<platform::FieldInfo>& a, const std::vector<platform::FieldInfo>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& one, const auto& other) {
+    return one.name == other.name && one.type == other.type && one.definedSize == other.definedSize;
+  });
+}
+
+}  // namespace
+
+NearTables::NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows)
+    : server_(server),
+      mostRows_(mostRows),
+      catalog_(tsql::ParseSchema(schema)),
+      memory_(InMemory(Unnumbered(schema))) {}
+
+bool NearTables::Take(const std::vector<std::string>& tables) {
+  return std::all_of(tables.begin(), tables.end(), [this](const std::string& name) {
+    const tsql::Table* table = catalog_.Find(name);
+    if (table == nullptr) return false;
+    const auto known = here_.find(table->name);
+    if (known != here_.end()) return known->second;
+    return here_.emplace(table->name, Bring(table->name)).first->second;
+  });
+}
+
+bool NearTables::Bring(const std::string& table) {
+  RecordsetRef rows;
+  const std::string most = std::to_string(mostRows_ + 1);
+  server_.AbrirLeitura("", {"SELECT TOP ", fixed(most), " * FROM [", fixed(table), "]"}, rows);
+  const bool whole = static_cast<std::size_t>(rows->RecordCount()) <= mostRows_ && Fill(table, *rows);
+  rows->Close();
+  return whole;
+}
+
+bool NearTables::Fill(const std::string& table, platform::Recordset& rows) {
+  try {
+    zorCrmParvel::Batch batch(*memory_);
+    RecordsetRef copy;
+    memory_->AbrirEdicao({"SELECT * FROM [", fixed(table), "]"}, copy);
+    if (!Alike(copy->FieldList(), rows.FieldList())) return false;
+    for (std::size_t row = 0; row < rows.RowsAtHand() || rows.FetchMore(1); ++row) {
+      copy->AddNew();
+      for (std::size_t i = 0; i < rows.FieldList().size(); ++i)
+        if (const platform::Cell& cell = rows.CellAt(row, i); !cell.IsNull())
+          copy->Fields(i).SetValue(cell.ToVariant());
+      copy->Update();
+    }
+    batch.Commit();
+    return true;
+  } catch (const RuntimeError&) {
+    return false;  // a row that can't be kept here: the server answers as before
+  }
+}
+
+RecordsetRef NearTables::Open(const std::string& statement) {
+  RecordsetRef rows;
+  memory_->AbrirLeitura("", statement.c_str(), rows);
+  return rows;
+}
+
+}  // namespace store

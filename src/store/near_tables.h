@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "embedded/database.h"
+#include "store/store.h"
+#include "tsql/catalog.h"
+
+namespace store {
+
+/// Whole tables of a server, as they were when they were taken over, in a database in memory.
+class NearTables {
+ public:
+  /// `schema`: the tables that there may be, as in `schema/tables.sql`. A table with more rows than
+  /// `mostRows` stays where it is.
+  NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows);
+
+  /// Takes over those of the tables that are not here yet, each in one statement. False when one can't be:
+  /// it is too large, the program does not know it, or its columns are others than the program's.
+  bool Take(const std::vector<std::string>& tables);
+  /// Runs a SELECT on tables that are here.
+  zorCrmParvel::RecordsetRef Open(const std::string& statement);
+
+ private:
+  bool Bring(const std::string& table);
+  bool Fill(const std::string& table, platform::Recordset& rows);
+
+  zorCrmParvel::Store& server_;
+  std::size_t mostRows_;
+  tsql::Catalog catalog_;
+  std::shared_ptr<embedded::Database> memory_;
+  std::map<std::string, bool> here_;  // by the catalogue's spelling
+};
+
+}  // namespace store
