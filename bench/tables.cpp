@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kRows = 100000;
 constexpr int kRuns = 5;
-constexpr double kCsvRatio = 60;     // of reading its lines alone
+constexpr double kCsvRatio = 25;     // of reading its lines alone
 constexpr double kSheetSeconds = 5;  // a spreadsheet's rows, to the last
 constexpr double kMemoryTimes = 10;  // of the file's size when it is unpacked
 
