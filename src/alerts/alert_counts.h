@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "alerts/alert_rules.h"
@@ -19,8 +18,10 @@ struct ContagemDeAlertas {
   bool operator==(const ContagemDeAlertas&) const = default;
 };
 
-/// The band that a style of the alert lists stands for.
-Tools::Faixa FaixaDoEstilo(std::string_view estilo);
+/// The band that a condition of the alert lists puts a row in.
+inline Tools::Faixa FaixaDe(const platform::FormatCondition& condicao) {
+  return static_cast<Tools::Faixa>(condicao.band);
+}
 
 /// Counts the rows by the first condition that each meets, as a grid would colour them, and reads them all.
 /// Error 3265 on a condition whose column isn't there.

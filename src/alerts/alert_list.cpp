@@ -40,33 +40,19 @@ void AcrescentaEstilos(SGGrid& grid, const std::vector<EstiloDeAlerta>& estilos)
 
 void AlertList::PreencheGrid(const RecordsetRef& linhas) {
   SGGrid& grid = Grid();
-  grid.Redraw = false;
   AcrescentaEstilos(grid, lista_.estilos);
   ListFrame::PreencheGrid(linhas);
-  grid.Redraw = false;
-  for (const AcertoDeColuna& acerto : lista_.acertos) {
-    platform::GridColumn& column = grid.Column(acerto.coluna);
-    column.format = acerto.formato;
-    column.hidden = acerto.escondida;
-    column.mark = acerto.marca;
-  }
-  grid.Redraw = true;
   grid.ClearConditions();
   for (const FormatCondition& condicao : lista_.condicoes) grid.AddCondition(condicao);
 }
 
-void AlertList::ICrmVwList_Editar(GridRow* row) {
-  Executar("Editar", [&] {
-    const auto chave = Chave(row, lista_.chave);
-    if (!chave) return;
-    if (const auto ficha = FormCatalog::Shared().Make(lista_.ficha)) {
-      ficha->mybd = mybd;
-      ficha->Load();
-      ficha->Chamar(lista_.rotina, *chave);
-      ficha->ShowModal();
-    }
-    ICrmVwList_Iniciar();
-  });
+std::unique_ptr<Ficha> AlertList::FichaDe(const std::string& chave, const GridRow& /*row*/) {
+  auto ficha = FormCatalog::Shared().Make(lista_.ficha);
+  if (!ficha) return nullptr;
+  ficha->mybd = mybd;
+  ficha->Load();
+  ficha->Chamar(lista_.rotina, chave);
+  return ficha;
 }
 
 void AlertList::ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) {
@@ -86,7 +72,7 @@ ContagemDeAlertas AlertList::Contar() {
 
 bool AlertList::TemFaixa(Tools::Faixa faixa) const {
   return std::any_of(lista_.condicoes.begin(), lista_.condicoes.end(),
-                     [faixa](const FormatCondition& c) { return FaixaDoEstilo(c.style) == faixa; });
+                     [faixa](const FormatCondition& c) { return FaixaDe(c) == faixa; });
 }
 
 void AlertList::PreparaGrelha(const std::vector<ColunaSolta>& colunas) {

@@ -15,21 +15,12 @@ struct EstiloDeAlerta {
   std::uint32_t cor;  // 0xRRGGBB
 };
 
-/// What a list sets on one of its columns beyond the common.
-struct AcertoDeColuna {
-  const char* coluna;
-  const char* formato;  // mask
-  bool escondida;
-  const char* marca;
-};
-
 /// What tells one alert list from another.
 struct ListaDeAlertas {
   const char* titulo;  // also the head of the error source
   RecordsetRef (*linhas)(const DataAccessRef& bd);
   std::vector<EstiloDeAlerta> estilos;
   std::vector<ColunaDeLista> colunas;
-  std::vector<AcertoDeColuna> acertos;
   std::vector<platform::FormatCondition> condicoes;  // the first that a row meets colours it
   const char* chave;                                 // column that holds the key of a row's ficha
   const char* ficha;                                 // by its name in the catalogue
@@ -42,8 +33,7 @@ class AlertList : public ListFrame {
  public:
   explicit AlertList(const ListaDeAlertas& lista) : lista_(lista) {}
 
-  /// Opens the row's ficha, where it is known, and finds the rows anew.
-  void ICrmVwList_Editar(GridRow* row) override;
+  void ICrmVwList_Remover(GridRow* /*row*/) override {}
   void ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) override;
   /// Finds the rows and counts them by band, without a grid. Errors carry the list's title as their source.
   ContagemDeAlertas Contar();
@@ -55,6 +45,9 @@ class AlertList : public ListFrame {
   RecordsetRef AbrirLinhas() override { return lista_.linhas(mybd); }
   const std::vector<ColunaDeLista>& Colunas() const override { return lista_.colunas; }
   void PreencheGrid(const RecordsetRef& linhas) override;
+  const char* ColunaChave() const override { return lista_.chave; }
+  /// The ficha of what the row speaks of, where the catalogue knows it.
+  std::unique_ptr<Ficha> FichaDe(const std::string& chave, const GridRow& row) override;
 
   /// A column of the grid that is set up without rows.
   struct ColunaSolta {

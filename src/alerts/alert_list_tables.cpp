@@ -11,6 +11,7 @@ using platform::kGridInteger;
 using platform::kGridLess;
 using platform::kGridLong;
 using platform::kGridText;
+using Tools::Faixa;
 
 constexpr std::uint32_t kVermelho = 0xFF0000;
 constexpr std::uint32_t kLaranja = 0xFF8000;
@@ -18,7 +19,7 @@ constexpr std::uint32_t kAmarelo = 0xFFFF00;
 constexpr std::uint32_t kMagenta = 0xFF00FF;
 constexpr std::uint32_t kAzul = 0x0000FF;
 
-constexpr const char* kQuilometros = "#,###,###";
+constexpr const char* kDoSistema = "SISTEMA";
 
 template <const char* (*Sql)()>
 RecordsetRef Ler(const DataAccessRef& bd) {
@@ -38,20 +39,31 @@ ColunaDeLista Coluna(const char* nome, const char* legenda, float largura, int t
   return {nome, largura, legenda, tipo, 4, 5};
 }
 
-/// A column that colours the rows and isn't shown.
-ColunaDeLista Oculta(const char* nome, const char* legenda, float largura, int tipo) {
-  return {nome, largura, legenda, tipo, 4, 5, false};
+ColunaDeLista EmQuilometros(const char* nome, const char* legenda, float largura) {
+  return {nome, largura, legenda, kGridLong, 4, 5, true, false, "#,###,###"};
 }
 
-AcertoDeColuna EmQuilometros(const char* coluna) { return {coluna, kQuilometros, false, ""}; }
-AcertoDeColuna DoSistema(const char* coluna) { return {coluna, "", true, "SISTEMA"}; }
+/// A column that holds a key or colours the rows, and isn't shown.
+ColunaDeLista Oculta(const char* nome, const char* legenda, float largura, int tipo,
+                     const char* marca = kDoSistema) {
+  return {nome, largura, legenda, tipo, 4, 5, false, true, "", marca};
+}
 
 FormatCondition Abaixo(const char* estilo, double valor, const char* coluna) {
-  return {.style = estilo, .op = kGridLess, .value1 = valor, .column = coluna};
+  return {.style = estilo,
+          .band = static_cast<int>(Faixa::kPassada),
+          .op = kGridLess,
+          .value1 = valor,
+          .column = coluna};
 }
 
-FormatCondition Entre(const char* estilo, double de, double ate, const char* coluna) {
-  return {.style = estilo, .op = kGridBetween, .value1 = de, .value2 = ate, .column = coluna};
+FormatCondition Entre(const char* estilo, Faixa faixa, double de, double ate, const char* coluna) {
+  return {.style = estilo,
+          .band = static_cast<int>(faixa),
+          .op = kGridBetween,
+          .value1 = de,
+          .value2 = ate,
+          .column = coluna};
 }
 
 std::vector<EstiloDeAlerta> Estilos(std::uint32_t passada, std::uint32_t muitoBreve, std::uint32_t breve) {
@@ -59,20 +71,21 @@ std::vector<EstiloDeAlerta> Estilos(std::uint32_t passada, std::uint32_t muitoBr
 }
 
 std::vector<FormatCondition> FaixasDeDias() {
-  return {Abaixo("PintarG", 0, "Dias"), Entre("PintarMnG", 10, 30, "Dias"), Entre("PintarMG", 0, 10, "Dias")};
+  return {Abaixo("PintarG", 0, "Dias"), Entre("PintarMnG", Faixa::kBreve, 10, 30, "Dias"),
+          Entre("PintarMG", Faixa::kMuitoBreve, 0, 10, "Dias")};
 }
 
-const ListaDeAlertas kApolices{"Alertas - Apólices",
-                               &Ler<&Tools::SqlAlertasApolices>,
-                               Estilos(kVermelho, kLaranja, kLaranja),
-                               {Coluna("Matricula", "Matrícula", 1500), Coluna("Apolice", "Apólice", 2000),
-                                Coluna("TpApol", "Tipo Apólice", 2000), Coluna("Data", "Data Validade", 1500),
-                                Coluna("Notas", "Notas", 4550), Oculta("Dias", "Dias", 1550, kGridInteger)},
-                               {{"Dias", "", true, ""}},
-                               FaixasDeDias(),
-                               "Matricula",
-                               "Viaturas",
-                               "CarregaViatura"};
+const ListaDeAlertas kApolices{
+    "Alertas - Apólices",
+    &Ler<&Tools::SqlAlertasApolices>,
+    Estilos(kVermelho, kLaranja, kLaranja),
+    {Coluna("Matricula", "Matrícula", 1500), Coluna("Apolice", "Apólice", 2000),
+     Coluna("TpApol", "Tipo Apólice", 2000), Coluna("Data", "Data Validade", 1500),
+     Coluna("Notas", "Notas", 4550), Oculta("Dias", "Dias", 1550, kGridInteger, "")},
+    FaixasDeDias(),
+    "Matricula",
+    "Viaturas",
+    "CarregaViatura"};
 
 const ListaDeAlertas kRevisoes{
     "Alertas - Revisões",
@@ -84,12 +97,13 @@ const ListaDeAlertas kRevisoes{
      {"PintarMGKm", kLaranja},
      {"PintarMnGKm", kAmarelo}},
     {Coluna("Matricula", "Matrícula", 1200), Coluna("Nome", "Marca", 2000),
-     Coluna("KmActual", "Km Actuais", 1500, kGridLong), Coluna("KmPrxRev", "Km Prx.Rev.", 1500, kGridLong),
+     EmQuilometros("KmActual", "Km Actuais", 1500), EmQuilometros("KmPrxRev", "Km Prx.Rev.", 1500),
      Coluna("DataPrxRev", "Data Prx.Rev.", 1500), Coluna("Notas", "Notas", 4550),
      Oculta("Dias", "Dias", 1550, kGridInteger), Oculta("Km", "Km", 1550, kGridLong)},
-    {EmQuilometros("KmActual"), EmQuilometros("KmPrxRev"), DoSistema("Dias"), DoSistema("Km")},
-    {Abaixo("PintarG", 0, "Dias"), Entre("PintarMnG", 10, 30, "Dias"), Entre("PintarMG", 0, 10, "Dias"),
-     Abaixo("PintarGKm", 0, "Km"), Entre("PintarMnGKM", 500, 1000, "Km"), Entre("PintarMGKm", 0, 500, "Km")},
+    {Abaixo("PintarG", 0, "Dias"), Entre("PintarMnG", Faixa::kBreve, 10, 30, "Dias"),
+     Entre("PintarMG", Faixa::kMuitoBreve, 0, 10, "Dias"), Abaixo("PintarGKm", 0, "Km"),
+     Entre("PintarMnGKM", Faixa::kBreve, 500, 1000, "Km"),
+     Entre("PintarMGKm", Faixa::kMuitoBreve, 0, 500, "Km")},
     "Matricula",
     "Viaturas",
     "CarregaViatura"};
@@ -101,9 +115,8 @@ const ListaDeAlertas kViaturas{
     {Coluna("Matricula", "Matrícula", 1200), Coluna("Marca", "Marca", 2000), Coluna("Data", "Data", 1500),
      Coluna("Notas", "Notas", 4550), Oculta("DiasSelo", "Dias", 1550, kGridInteger),
      Oculta("DiasTac", "DiasTac", 1550, kGridLong)},
-    {DoSistema("DiasSelo"), DoSistema("DiasTac")},
-    {Abaixo("PintarG", 0, "DiasSelo"), Entre("PintarMnG", 0, 30, "DiasSelo"),
-     Abaixo("PintarGKm", 0, "DiasTac"), Entre("PintarMnGKM", 0, 10, "DiasTac")},
+    {Abaixo("PintarG", 0, "DiasSelo"), Entre("PintarMnG", Faixa::kBreve, 0, 30, "DiasSelo"),
+     Abaixo("PintarGKm", 0, "DiasTac"), Entre("PintarMnGKM", Faixa::kBreve, 0, 10, "DiasTac")},
     "Matricula",
     "Viaturas",
     "CarregaViatura"};
@@ -112,27 +125,26 @@ const ListaDeAlertas kInspeccoes{
     "Alertas - Inspecções",
     &Construir<&Tools::RsAlertasInsp, &Tools::EncheAlertasInsp>,
     Estilos(kVermelho, kLaranja, kLaranja),
-    {Coluna("Matricula", "Matrícula", 1500), Coluna("KmActuais", "Km Actuais", 1800, kGridLong),
+    {Coluna("Matricula", "Matrícula", 1500), EmQuilometros("KmActuais", "Km Actuais", 1800),
      Coluna("MesAno", "Mês/Ano", 1800), Coluna("DataPrx", "Data Prx.Insp.", 1700),
      Coluna("Notas", "Notas", 4200), Oculta("Dias", "Dias", 1000, kGridLong)},
-    {EmQuilometros("KmActuais"), DoSistema("Dias")},
     FaixasDeDias(),
     "Matricula",
     "Viaturas",
     "CarregaViatura"};
 
-const ListaDeAlertas kMotoristas{
-    "Alertas - Motoristas",
-    &Construir<&Tools::RsAlertasMot, &Tools::EncheAlertasMot>,
-    Estilos(kVermelho, kMagenta, kAzul),
-    {Coluna("Motorista", "Motorista", 3500), Coluna("Documento", "Documento", 1800),
-     Coluna("Data", "Data Validade", 1500), Coluna("Dias", "Dias", 1550, kGridInteger),
-     Oculta("Codigo", "Codigo", 1550, kGridLong)},
-    {{"Dias", "", false, "SISTEMA"}, DoSistema("Codigo")},
-    FaixasDeDias(),
-    "Codigo",
-    "Motoristas",
-    "CarregaFicha"};
+const ListaDeAlertas kMotoristas{"Alertas - Motoristas",
+                                 &Construir<&Tools::RsAlertasMot, &Tools::EncheAlertasMot>,
+                                 Estilos(kVermelho, kMagenta, kAzul),
+                                 {Coluna("Motorista", "Motorista", 3500),
+                                  Coluna("Documento", "Documento", 1800),
+                                  Coluna("Data", "Data Validade", 1500),
+                                  {"Dias", 1550, "Dias", kGridInteger, 4, 5, true, false, "", kDoSistema},
+                                  Oculta("Codigo", "Codigo", 1550, kGridLong)},
+                                 FaixasDeDias(),
+                                 "Codigo",
+                                 "Motoristas",
+                                 "CarregaFicha"};
 
 const ListaDeAlertas kAcessorios{
     "Alertas - Acessórios",
@@ -141,7 +153,6 @@ const ListaDeAlertas kAcessorios{
     {Coluna("Matricula", "Matrícula", 3500), Coluna("Acessorio", "Acessório", 1800),
      Coluna("Marca", "Marca", 1800), Coluna("Data", "Data Validade", 1500),
      Oculta("Dias", "Dias", 1550, kGridInteger), Coluna("Notas", "Notas", 1500)},
-    {DoSistema("Dias")},
     FaixasDeDias(),
     "Id",
     "Acessorios",

@@ -8,8 +8,8 @@
 
 namespace zorCrmParvel::Tools {
 
-/// How near the day of an alert is.
-enum class Faixa { kNenhuma, kBreve, kMuitoBreve, kPassada };
+/// How near the day of an alert is; also the bands of the lists' conditions.
+enum class Faixa : int { kNenhuma = 0, kBreve = 1, kMuitoBreve = 2, kPassada = 3 };
 
 /// The ladder of all date rules, on the days from today: nothing beyond `limite`, soon from 10 days on, very
 /// soon from 0 on, else past. The day of the limit itself is on no step, and so counts as past.

@@ -101,7 +101,6 @@ void frm_Attach::Toolbar1_ButtonClick(std::string_view key) {
 
 void frm_Attach::PreparaEcra() {
   Grelha.FixedRows = 1;
-  Grelha.FixedCols = 0;
   Grelha.SetRows(1);
   Grelha.SetFormatString("<Ficheiro");
   Grelha.ColWidth[0] = kLargura;

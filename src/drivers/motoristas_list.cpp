@@ -3,11 +3,6 @@
 #include "drivers/motoristas_form.h"
 
 namespace zorCrmParvel {
-namespace {
-
-constexpr const char* kChave = "Codigo";
-
-}  // namespace
 
 RecordsetRef VwLstMotoristas::AbrirLinhas() {
   RecordsetRef linhas;
@@ -24,38 +19,17 @@ const std::vector<ColunaDeLista>& VwLstMotoristas::Colunas() const {
   return colunas;
 }
 
-void VwLstMotoristas::ICrmVwList_Novo() {
-  Executar("Novo", [&] {
-    Motoristas ficha;
-    ficha.Load();
-    ficha.Edicao(false);
-    ficha.mybd = mybd;
-    ficha.ShowModal();
-    ICrmVwList_Iniciar();
-  });
+std::unique_ptr<Ficha> VwLstMotoristas::FichaNova() {
+  auto ficha = Pronta(std::make_unique<Motoristas>());
+  ficha->Edicao(false);
+  return ficha;
 }
 
-void VwLstMotoristas::ICrmVwList_Editar(GridRow* row) {
-  Executar("Editar", [&] {
-    const auto codigo = Chave(row, kChave);
-    if (!codigo) return;
-    Motoristas ficha;
-    ficha.Load();
-    ficha.mybd = mybd;
-    ficha.Edicao(true);
-    ficha.CarregaFicha(*codigo);
-    ficha.ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
-
-void VwLstMotoristas::ICrmVwList_Remover(GridRow* row) {
-  Executar("Remover", [&] {
-    const auto codigo = Chave(row, kChave);
-    if (!codigo) return;
-    AnularRegisto(*codigo);
-    ICrmVwList_Iniciar();
-  });
+std::unique_ptr<Ficha> VwLstMotoristas::FichaDe(const std::string& codigo, const GridRow& /*row*/) {
+  auto ficha = Pronta(std::make_unique<Motoristas>());
+  ficha->Edicao(true);
+  ficha->CarregaFicha(codigo);
+  return ficha;
 }
 
 void VwLstMotoristas::AnularRegisto(const std::string& codigo) {

@@ -9,9 +9,6 @@ namespace zorCrmParvel {
 /// The list of all drivers, inactive ones too.
 class VwLstMotoristas : public ListFrame {
  public:
-  void ICrmVwList_Editar(GridRow* row) override;
-  void ICrmVwList_Novo() override;
-  void ICrmVwList_Remover(GridRow* row) override;
   /// Removes a driver. A refusal of the database shows nothing.
   void AnularRegisto(const std::string& codigo);
 
@@ -19,6 +16,10 @@ class VwLstMotoristas : public ListFrame {
   std::string Titulo() const override { return "Motoristas"; }
   RecordsetRef AbrirLinhas() override;
   const std::vector<ColunaDeLista>& Colunas() const override;
+  const char* ColunaChave() const override { return "Codigo"; }
+  std::unique_ptr<Ficha> FichaNova() override;
+  std::unique_ptr<Ficha> FichaDe(const std::string& codigo, const GridRow& row) override;
+  void Anular(const std::string& codigo, const GridRow& /*row*/) override { AnularRegisto(codigo); }
 };
 
 }  // namespace zorCrmParvel

@@ -8,13 +8,20 @@
 namespace zorCrmParvel {
 namespace {
 
-constexpr const char* kChave = "Seg_Id";
 constexpr ColunaDeLista kMatricula{"Matricula", 1500, "Matrícula"};
 constexpr ColunaDeLista kMarca{"Marca", 2500, nullptr};
 constexpr ColunaDeLista kData{"Data", 1500, nullptr};
 /// The key column, which users have no need of. Where it has no alignment of its own, 0.
-constexpr ColunaDeLista kSegId{kChave, 2500, "SISTEMA", platform::kGridLong, 0};
-constexpr ColunaDeLista kSegIdAlinhado{kChave, 2500, "SISTEMA", platform::kGridLong};
+constexpr ColunaDeLista SegId(int alinhamento) {
+  return {.nome = "Seg_Id",
+          .largura = 2500,
+          .legenda = "SISTEMA",
+          .tipo = platform::kGridLong,
+          .alinhamento = alinhamento,
+          .escondida = true};
+}
+constexpr ColunaDeLista kSegId = SegId(0);
+constexpr ColunaDeLista kSegIdAlinhado = SegId(5);
 constexpr ColunaDeLista kMotorista{"Motorista", 4000, nullptr};
 
 const ListaDeEventos kGastos{
@@ -129,40 +136,23 @@ RecordsetRef EventList::AbrirLinhas() {
 }
 
 std::unique_ptr<EventForm> EventList::NovaFicha() const {
-  auto ficha = lista_.ficha();
-  ficha->Load();
-  ficha->mybd = mybd;
+  auto ficha = Pronta(lista_.ficha());
   ficha->TipoMostrar = 0;
   return ficha;
 }
 
-void EventList::ICrmVwList_Novo() {
-  Executar("Novo", [&] {
-    NovaFicha()->ShowModal();
-    ICrmVwList_Iniciar();
-  });
+std::unique_ptr<Ficha> EventList::FichaNova() { return NovaFicha(); }
+
+std::unique_ptr<Ficha> EventList::FichaDe(const std::string& id, const GridRow& row) {
+  auto ficha = NovaFicha();
+  if (lista_.editaComMatricula) ficha->Matricula = Celula(row, "Matricula");
+  ficha->Carrega(platform::Variant(id).ToLong());
+  return ficha;
 }
 
-void EventList::ICrmVwList_Editar(GridRow* row) {
-  Executar("Editar", [&] {
-    const auto id = Chave(row, kChave);
-    if (!id) return;
-    const auto ficha = NovaFicha();
-    if (lista_.editaComMatricula) ficha->Matricula = *Chave(row, "Matricula");
-    ficha->Carrega(platform::Variant(*id).ToLong());
-    ficha->ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
-
-void EventList::ICrmVwList_Remover(GridRow* row) {
-  Executar("Remover", [&] {
-    const auto id = Chave(row, kChave);
-    if (!id) return;
-    const std::string matricula = lista_.anulaComMatricula ? *Chave(row, "Matricula") : "";
-    NovaFicha()->Anular(platform::Variant(*id).ToLong(), matricula);
-    ICrmVwList_Iniciar();
-  });
+void EventList::Anular(const std::string& id, const GridRow& row) {
+  const std::string matricula = lista_.anulaComMatricula ? Celula(row, "Matricula") : "";
+  NovaFicha()->Anular(platform::Variant(id).ToLong(), matricula);
 }
 
 VwLstGastos::VwLstGastos() : EventList(kGastos) {}

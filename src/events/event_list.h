@@ -29,14 +29,14 @@ class EventList : public ListFrame {
  public:
   explicit EventList(const ListaDeEventos& lista) : lista_(lista) {}
 
-  void ICrmVwList_Editar(GridRow* row) override;
-  void ICrmVwList_Novo() override;
-  void ICrmVwList_Remover(GridRow* row) override;
-
  protected:
   std::string Titulo() const override { return lista_.titulo; }
   RecordsetRef AbrirLinhas() override;
   const std::vector<ColunaDeLista>& Colunas() const override { return lista_.colunas; }
+  const char* ColunaChave() const override { return "Seg_Id"; }
+  std::unique_ptr<Ficha> FichaNova() override;
+  std::unique_ptr<Ficha> FichaDe(const std::string& id, const GridRow& row) override;
+  void Anular(const std::string& id, const GridRow& row) override;
 
  private:
   std::unique_ptr<EventForm> NovaFicha() const;

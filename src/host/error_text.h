@@ -6,7 +6,8 @@
 
 namespace zorCrmParvel {
 
-/// What a host shows of an error, in the user's language.
+/// What a host shows of an error, in the user's language. Every host takes it from here, so that one error
+/// reads the same in each.
 struct ErrorText {
   std::string message;  // what happened and what to do; never empty
   std::string details;  // "Erro <number>: <words>" and where; empty when the message says all there is

@@ -8,7 +8,8 @@
 
 namespace zorCrmParvel {
 
-/// What every record screen shares: the data-access object that its opener sets, and members reached by name.
+/// What every record screen shares: the data-access object that its opener sets before the form does anything
+/// with a record, and members reached by name, so that screens of different rooms need not know one another.
 class Ficha : public platform::Form {
  public:
   DataAccessRef mybd;
@@ -42,7 +43,7 @@ void LerPelaSeta(Entity& entidade, int indice) {
 /// removes and leaves. A ficha gives them their handlers.
 struct BotoesDaFicha {
   explicit BotoesDaFicha(platform::Form& form);
-  /// Puts the buttons in their places.
+  /// Puts the buttons in their places of a form's layout.
   void Dispor(platform::Layout& layout);
 
   platform::PushButton btConf;

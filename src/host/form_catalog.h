@@ -9,14 +9,15 @@
 
 namespace zorCrmParvel {
 
-/// The fichas by name, so that screens can open one another without knowing one another. The entry class
-/// fills it.
+/// The fichas by name, so that screens can open one another without knowing one another. There is one in a
+/// process; the entry class fills it, and nobody takes a name out again.
 class FormCatalog {
  public:
   using Factory = std::function<std::unique_ptr<Ficha>()>;
 
   static FormCatalog& Shared();
 
+  /// The last factory of a name is the one that counts. Names are compared character for character.
   void Register(const std::string& name, Factory factory);
   bool Has(const std::string& name) const { return factories_.count(name) != 0; }
   /// A new ficha, not loaded yet; null when the name is unknown.

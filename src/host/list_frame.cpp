@@ -34,14 +34,43 @@ void ListFrame::PreencheGrid(const RecordsetRef& linhas) {
     column.dataType = coluna.tipo;
     column.headingAlignment = coluna.alinhamentoTitulo;
     column.option = coluna.opcao;
-    column.hidden = column.caption == "SISTEMA";
+    column.hidden = coluna.escondida;
+    column.format = coluna.formato;
+    column.mark = coluna.marca;
   }
   grid.Redraw = true;
 }
 
-std::optional<std::string> ListFrame::Chave(GridRow* row, const char* coluna) const {
-  if (row == nullptr || row->isGroup() || row->kind() != 0) return std::nullopt;
-  return row->Cell(Grid().ColumnIndex(coluna)).ToText();
+void ListFrame::ICrmVwList_Novo() {
+  Executar("Novo", [this] {
+    const auto ficha = FichaNova();
+    if (!ficha) return;
+    ficha->ShowModal();
+    ICrmVwList_Iniciar();
+  });
+}
+
+void ListFrame::ICrmVwList_Editar(GridRow* row) {
+  NoRegisto("Editar", row, [&](const std::string& chave) {
+    if (const auto ficha = FichaDe(chave, *row)) ficha->ShowModal();
+  });
+}
+
+void ListFrame::ICrmVwList_Remover(GridRow* row) {
+  NoRegisto("Remover", row, [&](const std::string& chave) { Anular(chave, *row); });
+}
+
+void ListFrame::NoRegisto(const char* verbo, GridRow* row,
+                          const std::function<void(const std::string& chave)>& accao) {
+  if (ColunaChave() == nullptr || row == nullptr || row->isGroup() || row->kind() != 0) return;
+  Executar(verbo, [&] {
+    accao(Celula(*row, ColunaChave()));
+    ICrmVwList_Iniciar();
+  });
+}
+
+std::string ListFrame::Celula(const GridRow& row, const char* coluna) const {
+  return row.Cell(Grid().ColumnIndex(coluna)).ToText();
 }
 
 void ListFrame::Executar(const char* verbo, const std::function<void()>& accao) const {

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,13 +19,17 @@ struct ColunaDeLista {
   int alinhamento = 5;
   int alinhamentoTitulo = 4;
   bool opcao = true;
+  bool escondida = false;
+  const char* formato = "";  // mask
+  const char* marca = "";    // see `GridColumn::mark`
 };
 
 /// The frame of every list: it keeps what the host sets, opens and reloads rows, and finds the record of a
-/// row. A list says its title, its rows, its columns and what its verbs do.
+/// row. A list says its title, its rows and its columns, and by the hooks what the verbs do to a record; a
+/// hook that it leaves alone is a verb that does nothing.
 class ListFrame : public clListView {
  public:
-  DataAccessRef mybd;
+  DataAccessRef mybd;  // the database of the list and of the fichas that it opens
 
   std::string ICrmVwList_Name() override { return Titulo(); }
   SGGrid* ICrmVwList_GridMaster() override { return master_; }
@@ -40,8 +43,12 @@ class ListFrame : public clListView {
   long ICrmVwList_NumeroItens() override { return Grid().RowCount(); }
   void ICrmVwList_Iniciar() override;
   void ICrmVwList_Processar() override;
+  void ICrmVwList_Editar(GridRow* row) override;
+  void ICrmVwList_Novo() override;
+  void ICrmVwList_Remover(GridRow* row) override;
 
  protected:
+  /// What the host shows above the list, and the head of an error's source.
   virtual std::string Titulo() const = 0;
   /// Runs the list's statement.
   virtual RecordsetRef AbrirLinhas() = 0;
@@ -49,14 +56,36 @@ class ListFrame : public clListView {
   /// Binds the rows to the master grid and sets its columns.
   virtual void PreencheGrid(const RecordsetRef& linhas);
 
+  /// The column that holds a record's key; null where rows are no records.
+  virtual const char* ColunaChave() const { return nullptr; }
+  /// A ficha for a new record, ready to be shown; null when the list makes none.
+  virtual std::unique_ptr<Ficha> FichaNova() { return nullptr; }
+  /// A ficha that shows the record of a row, ready to be shown itself; null when there is none.
+  virtual std::unique_ptr<Ficha> FichaDe(const std::string& /*chave*/, const GridRow& /*row*/) {
+    return nullptr;
+  }
+  /// Removes the record of a row.
+  virtual void Anular(const std::string& /*chave*/, const GridRow& /*row*/) {}
+
+  /// Loads a ficha and sets it on the list's database.
+  template <typename T>
+  std::unique_ptr<T> Pronta(std::unique_ptr<T> ficha) const {
+    ficha->Load();
+    ficha->mybd = mybd;
+    return ficha;
+  }
+  /// The text of a row's cell.
+  std::string Celula(const GridRow& row, const char* coluna) const;
   /// The master grid; error 91 when the host hasn't set one.
   SGGrid& Grid() const;
-  /// The text of a row's cell in a column; nothing for no row, group headers and rows of other kinds.
-  std::optional<std::string> Chave(GridRow* row, const char* coluna) const;
   /// Runs a verb; its errors go on with the list's title and the verb as their source.
   void Executar(const char* verbo, const std::function<void()>& accao) const;
 
  private:
+  /// Runs a verb on the record of a row, by its key, and reloads. Does nothing for no row, for one that is no
+  /// record, and in a list without a key.
+  void NoRegisto(const char* verbo, GridRow* row, const std::function<void(const std::string& chave)>& accao);
+
   SGGrid* master_ = nullptr;
   SGGrid* detail_ = nullptr;
   Viewer* viewer_ = nullptr;

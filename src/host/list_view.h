@@ -20,8 +20,8 @@ class Viewer {
 };
 
 /// A list that the host shows inside its own window: the host owns grid and menus, the list its rows and
-/// verbs. The order of the members is that of the interface that the host expects. Grids and forms stay the
-/// host's.
+/// verbs. The order of the members is that of the interface that the host expects. Grids, forms and viewer
+/// are handed in by pointer, stay the host's, and have to be there as long as the list is asked for anything.
 class ICrmVwList {
  public:
   virtual ~ICrmVwList() = default;
@@ -51,6 +51,8 @@ class ICrmVwList {
   /// Removes the record of a row without a question, then reloads.
   virtual void ICrmVwList_Remover(GridRow* row) = 0;
   virtual void ICrmVwList_Move(int a, int b, int c, int d) = 0;
+  // A list changes the host's menu before it is shown, and is told of the command chosen: `menu.Command`, on
+  // the master grid's current row. Once for the menu of rows, once for that of headings.
   virtual void ICrmVwList_BeforePopUpViewListEdit(PopUpMenu& menu) = 0;
   virtual void ICrmVwList_ExecutePopUpViewListEdit(PopUpMenu& menu) = 0;
   virtual void ICrmVwList_BeforePopUpViewListHeader(PopUpMenu& menu) = 0;

@@ -7,7 +7,8 @@
 
 namespace zorCrmParvel {
 
-/// The current row of a recordset, read and written by the columns' names as entities do.
+/// The current row of a recordset, read and written by the columns' names as entities do. It follows the
+/// recordset, which has to outlive it. Error 3265 for a column that isn't there.
 class Row {
  public:
   explicit Row(platform::Recordset& rows) : rows_(rows) {}

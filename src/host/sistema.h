@@ -17,7 +17,8 @@ class HostApi {
   virtual ~HostApi() = default;
 };
 
-/// What a host sets on a module before it calls it, and can read back unchanged.
+/// What a host sets on a module before it calls it, and can read back unchanged. What is a pointer stays the
+/// host's.
 class ICrmSistema {
  public:
   virtual ~ICrmSistema() = default;
@@ -26,7 +27,7 @@ class ICrmSistema {
   std::string ICrmSistema_AppNome;
   std::string ICrmSistema_AppPercUserIni;
   std::string ICrmSistema_AppFileUserIni;
-  DataAccessRef ICrmSistema_ZorDataAccess;
+  DataAccessRef ICrmSistema_ZorDataAccess;  // everything is read and written through this one
   DataAccessRef ICrmSistema_NxtDataAccess;
   HostApi* ICrmSistema_NxtApi = nullptr;
   /// Appends to the host's open alert recordset one row for each family that has something due.
@@ -35,7 +36,8 @@ class ICrmSistema {
 
 /// The entry class: a host creates one, sets the properties of `ICrmSistema`, and from then on asks for lists
 /// and fichas. It routes; it holds references and nothing else. The order of the members is the one hosts
-/// expect.
+/// expect. It and all that it gives are for the thread of the user's screens alone; without a data-access
+/// object whatever reads raises error 91.
 class Sistema : public ICrmSistema {
  public:
   Sistema();

@@ -33,7 +33,8 @@ Piece fixed(std::string_view text);
 Piece value(std::string_view text);
 Piece value(std::int64_t number);
 
-/// A T-SQL statement that keeps its fixed text and its values apart until it is sent.
+/// A T-SQL statement that keeps its fixed text and its values apart until it is sent. The quotes around a
+/// value are fixed text: {"WHERE (Codigo = N'", value(codigo), "')"}. The values are copied.
 class Statement {
  public:
   Statement(const char* text) : text_(text) {}  // NOLINT(google-explicit-constructor): a text without values

@@ -6,8 +6,6 @@
 namespace zorCrmParvel {
 namespace {
 
-constexpr const char* kChave = "Codigo";
-
 template <typename T>
 std::unique_ptr<CodeTable> Entidade() {
   return std::make_unique<T>();
@@ -52,36 +50,12 @@ const std::vector<ColunaDeLista>& CodeTableList::Colunas() const {
   return colunas;
 }
 
-void CodeTableList::ICrmVwList_Editar(GridRow* row) {
-  Executar("Editar", [&] {
-    const auto codigo = Chave(row, kChave);
-    if (!codigo) return;
-    const auto ficha = lista_.ficha();
-    ficha->Load();
-    ficha->mybd = mybd;
-    ficha->CarregaFicha(*codigo);
-    ficha->ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
+std::unique_ptr<Ficha> CodeTableList::FichaNova() { return Pronta(lista_.ficha()); }
 
-void CodeTableList::ICrmVwList_Novo() {
-  Executar("Novo", [&] {
-    const auto ficha = lista_.ficha();
-    ficha->Load();
-    ficha->mybd = mybd;
-    ficha->ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
-
-void CodeTableList::ICrmVwList_Remover(GridRow* row) {
-  Executar("Remover", [&] {
-    const auto codigo = Chave(row, kChave);
-    if (!codigo) return;
-    AnularRegisto(*codigo);
-    ICrmVwList_Iniciar();
-  });
+std::unique_ptr<Ficha> CodeTableList::FichaDe(const std::string& codigo, const GridRow& /*row*/) {
+  auto ficha = Pronta(lista_.ficha());
+  ficha->CarregaFicha(codigo);
+  return ficha;
 }
 
 void CodeTableList::AnularRegisto(const std::string& codigo) {

@@ -19,9 +19,6 @@ class CodeTableList : public ListFrame {
  public:
   explicit CodeTableList(const ListaDeCodigos& lista) : lista_(lista) {}
 
-  void ICrmVwList_Editar(GridRow* row) override;
-  void ICrmVwList_Novo() override;
-  void ICrmVwList_Remover(GridRow* row) override;
   /// Removes a record. A refusal of the database shows nothing.
   void AnularRegisto(const std::string& codigo);
 
@@ -29,6 +26,10 @@ class CodeTableList : public ListFrame {
   std::string Titulo() const override { return lista_.titulo; }
   RecordsetRef AbrirLinhas() override;
   const std::vector<ColunaDeLista>& Colunas() const override;
+  const char* ColunaChave() const override { return "Codigo"; }
+  std::unique_ptr<Ficha> FichaNova() override;
+  std::unique_ptr<Ficha> FichaDe(const std::string& codigo, const GridRow& row) override;
+  void Anular(const std::string& codigo, const GridRow& /*row*/) override { AnularRegisto(codigo); }
 
  private:
   const ListaDeCodigos& lista_;

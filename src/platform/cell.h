@@ -8,6 +8,8 @@
 
 namespace platform {
 
+/// What a column holds: a truth value, a 16-bit and a 32-bit integer, a double, money, a moment, text
+/// (UTF-8), bytes.
 enum class FieldType : std::uint16_t { kBool, kInteger, kLong, kDouble, kCurrency, kDate, kText, kBytes };
 
 /// One cell of a recordset, seen where it is stored: no copy, valid until the recordset closes.
@@ -33,13 +35,17 @@ class Cell {
   }
 
   bool IsNull() const { return null_ != 0; }
+  /// Of a null it says nothing. The three readers below are each for the types named alone: nothing checks.
   FieldType type() const { return type_; }
   /// The stored number: a count of ten-thousandths for money, of seconds for a date, 0 or 1 for a truth
   /// value.
   std::int64_t integer() const { return integer_; }
+  /// Of kDouble alone.
   double real() const { return real_; }
+  /// Of text and bytes: the store's own memory.
   std::string_view block() const { return {data_, length_}; }
 
+  /// A copy with a life of its own.
   Variant ToVariant() const;
   /// As `Variant::ToText`, except that null is an empty text.
   std::string ToText() const;

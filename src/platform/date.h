@@ -38,6 +38,7 @@ class Date {
   /// Seconds since the zero date.
   constexpr std::int64_t seconds() const { return seconds_; }
   bool IsZero() const { return seconds_ == 0; }
+  /// The midnight that the day began with.
   Date DayOnly() const;
 
   Date AddDays(std::int64_t days) const;

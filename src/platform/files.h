@@ -21,6 +21,8 @@ class FileInUse {
   std::string path_;
 };
 
+// Paths are UTF-8, as the system takes them.
+
 /// True when a regular file is at the path.
 bool FileExists(const std::string& path);
 /// The whole of a file. Error 53 when it can't be read, 75 when it is in use.

@@ -6,12 +6,24 @@
 namespace platform {
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr std::size_t kMostKept = 0;  // a cell that is used after its recordset has gone is found
-#else
 constexpr std::size_t kMostKept = (std::size_t{16} << 20) / kMemoryBlock;
+
+// A sanitized build keeps the blocks as any other does, and is told which of them nobody may touch: so a cell
+// that is used after its recordset has gone is found there.
+#ifdef __SANITIZE_ADDRESS__
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the compiler's own names
+extern "C" void __asan_poison_memory_region(const volatile void* begin, std::size_t size);
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" void __asan_unpoison_memory_region(const volatile void* begin, std::size_t size);
+void Forbid(const std::byte* block) { __asan_poison_memory_region(block, kMemoryBlock); }
+void Allow(const std::byte* block) { __asan_unpoison_memory_region(block, kMemoryBlock); }
+#else
+void Forbid(const std::byte*) {}
+void Allow(const std::byte*) {}
 #endif
 
+/// What recordsets have given back. Reading 10,000 vehicles spent two thirds of its time on pages that were
+/// new to the process, before blocks were kept.
 struct Pool {
   Pool() { blocks.reserve(kMostKept); }
 
@@ -34,6 +46,7 @@ MemoryBlock TakeMemoryBlock() {
     if (!pool.blocks.empty()) {
       MemoryBlock block(pool.blocks.back().release());
       pool.blocks.pop_back();
+      Allow(block.get());
       return block;
     }
   }
@@ -44,7 +57,9 @@ void MemoryBlockKeeper::operator()(std::byte* block) const noexcept {
   std::unique_ptr<std::byte[]> given(block);
   Pool& pool = ThePool();
   const std::lock_guard lock(pool.mutex);
-  if (pool.blocks.size() < kMostKept) pool.blocks.push_back(std::move(given));
+  if (pool.blocks.size() == kMostKept) return;
+  Forbid(given.get());
+  pool.blocks.push_back(std::move(given));
 }
 
 }  // namespace platform

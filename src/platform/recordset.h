@@ -15,8 +15,9 @@ namespace platform {
 /// Declared width of nvarchar(max) and varbinary(max).
 inline constexpr long kUnlimitedSize = 1073741823;
 
+/// A column of a recordset, as the statement or whoever built it declares it.
 struct FieldInfo {
-  std::string name;
+  std::string name;  // spelled as in the statement
   FieldType type = FieldType::kText;
   long definedSize = 0;  // characters for text, bytes otherwise
   bool nullable = true;
@@ -26,16 +27,20 @@ struct FieldInfo {
 /// Finds out which fields are `alone`.
 void MarkThoseAlone(std::vector<FieldInfo>& fields);
 
-/// Rows of named fields with one current row. After opening, the first row is current or `Eof` is true at
-/// once. Use after `Close` raises error 3704, use without a current row 3021, an unknown field 3265.
+/// Rows of named fields with one current row, which every read and write of the module goes through. After
+/// opening, the first row is current or `Eof` is true at once. Rows come in as they are asked for, so any
+/// member may raise the engine's errors; a cell that has come in stays where it is until the recordset goes.
+/// `Close` lets go of what the rows come from; after it error 3704, without a current row 3021, for an
+/// unknown field 3265. For one thread at a time.
 class Recordset {
  public:
-  /// One field of the current row.
+  /// One field of the current row: good for the statement it is asked for in.
   class Field {
    public:
     const std::string& Name() const { return info().name; }
     long DefinedSize() const { return info().definedSize; }
     const FieldInfo& info() const { return owner_->fields_[index_]; }
+    /// A copy. What was assigned since the row became current, else what the row holds.
     Variant Value() const { return owner_->ValueOf(index_); }
     /// Stored with the next `Update`. A text longer than the field, or a null that the field refuses, raises
     /// error -2147217887; a value of another kind is converted.
@@ -53,7 +58,9 @@ class Recordset {
   virtual ~Recordset() = default;
 
   bool IsOpen() const { return open_; }
+  /// True behind the last row.
   bool Eof();
+  // Moving drops what was assigned without an `Update`.
   void MoveNext();
   void MoveFirst();
   void MoveLast();
@@ -64,10 +71,12 @@ class Recordset {
   /// Sends the fields assigned since `AddNew` or since the row became current; the row is then the current
   /// one.
   void Update();
+  /// A second time it raises error 3704.
   void Close();
 
   /// Found without regard to case; of two fields with one name, the first.
   Field Fields(std::string_view name);
+  /// By its place, from 0. Error 3265 outside.
   Field Fields(std::size_t index);
   const std::vector<FieldInfo>& FieldList() const { return fields_; }
   /// Index of a field, or nothing.
@@ -125,7 +134,8 @@ class Recordset {
 /// A value of the type of a field. Null stays null; errors 13 and 6 when it can't be.
 Variant ConvertTo(FieldType type, Variant value);
 
-/// A recordset with no statement behind it.
+/// A recordset with no statement behind it: fields are appended, it is opened, rows are added. They live in
+/// memory alone.
 class MemoryRecordset : public Recordset {
  public:
   /// Before `Open`. `size` is the width of a text in characters.
@@ -144,11 +154,12 @@ class MemoryRecordset : public Recordset {
 
 using RecordsetRef = Ref<Recordset>;
 
-/// What the lookup and the report run their statement on.
+/// What the lookup and the report run their statement on, see `DataAccess::ObterLigacao`.
 class Connection {
  public:
   virtual ~Connection() = default;
-  /// Runs one statement for reading.
+  /// Runs one statement for reading. Raises the engine's errors; values inside the statement are the caller's
+  /// care.
   virtual RecordsetRef Execute(const std::string& statement) = 0;
 };
 

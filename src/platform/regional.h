@@ -5,7 +5,7 @@
 namespace platform {
 
 /// The regional settings that texts of numbers and dates depend on. One object of the process; Portuguese
-/// until another is installed.
+/// until another is installed, which a host does before it starts a second thread.
 struct Regional {
   char decimal = ',';
   char grouping = '.';
@@ -13,6 +13,7 @@ struct Regional {
   std::string currency = "€";
 
   static const Regional& Current();
+  /// Takes a copy. Texts that are on the screen stay as they are.
   static void Install(const Regional& settings);
 };
 

@@ -7,7 +7,9 @@ namespace platform {
 
 /// Lengths and cuts count UTF-16 units, as the server's nvarchar does; a cut never splits a character.
 std::size_t Length(std::string_view text);
+/// The first units, or all there are.
 std::string Left(std::string_view text, std::size_t units);
+/// The last units, or all there are.
 std::string Right(std::string_view text, std::size_t units);
 /// Removes blanks, and blanks alone, at both ends.
 std::string Trim(std::string_view text);

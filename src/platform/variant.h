@@ -14,7 +14,10 @@ namespace platform {
 using Bytes = std::vector<std::uint8_t>;
 
 /// One value of any kind that a column, a control or a late-bound call can hold. Text is UTF-8.
-/// Conversions raise error 94 on null, 13 on a text that does not fit and 6 on a number too large.
+/// Conversions raise error 94 on null, 13 on a text that does not fit or on bytes, and 6 on a number too
+/// large. Empty, the value of nothing yet, is "" and 0; true is -1 and "True"; a date as a number counts days
+/// since the zero date; fractions go to the nearest whole number, a tie to the even one. Texts of numbers and
+/// dates are read and made by the regional settings.
 class Variant {
  public:
   struct Null {
@@ -36,6 +39,7 @@ class Variant {
 
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(value_); }
   bool IsNull() const { return std::holds_alternative<Null>(value_); }
+  /// The value where it is of this very type, else null. No conversion.
   template <typename T>
   const T* As() const {
     return std::get_if<T>(&value_);

@@ -15,6 +15,7 @@ namespace sqlserver {
 
 class Session;
 
+/// Which server, as whom, and with how much patience.
 struct OpenOptions {
   /// An ODBC connection string or the name of a DSN, without the password.
   std::string connection;

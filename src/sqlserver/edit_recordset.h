@@ -10,9 +10,11 @@
 
 namespace sqlserver {
 
-/// Rows of one table that can be added to and changed, each by its primary key.
+/// Rows of one table that can be added to and changed, each by its primary key. All are read when it is
+/// opened; `Update` sends one INSERT or UPDATE with the columns assigned.
 class EditRecordset : public platform::Recordset {
  public:
+  /// Errors as of `EditableRows::Of`, and the server's.
   EditRecordset(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog,
                 const std::string& statement);
 

@@ -46,6 +46,7 @@ class Handle {
     if (!SQL_SUCCEEDED(code)) Fail(code);
   }
   [[noreturn]] void Fail(SQLRETURN code) const;
+  /// What the driver has to say of the last call on the handle; empty when nothing.
   std::vector<Diagnostic> Diagnostics() const;
 
  private:
@@ -73,6 +74,7 @@ class OdbcStatement : public Handle {
   bool NextResult() const;
   /// The number of rows hit, -1 when the server did not tell.
   SQLLEN RowsHit() const;
+  /// Of the result; 0 when the statement gave none.
   SQLSMALLINT Columns() const;
   /// A numeric property of a result column, 0 when the driver does not know it.
   SQLLEN Number(SQLUSMALLINT column, SQLUSMALLINT property) const;

@@ -7,7 +7,8 @@
 
 namespace sqlserver {
 
-/// The rows of a SELECT, all read when it is opened. A failure on any of them is raised then.
+/// The rows of a SELECT, all read when it is opened, so that no result is under way on the connection. A
+/// failure on any of them is raised then.
 class SelectRecordset : public platform::Recordset {
  public:
   SelectRecordset(Session& session, const std::string& statement);

@@ -20,7 +20,8 @@ namespace sqlserver {
 /// The connection to the server. Every call reads its result to the end, so that nothing is under way between
 /// two calls: the server holds no lock for us, and a connection that broke meanwhile is made anew by the next
 /// call. A read that loses the connection is sent once more; a write is not, for it may have been done, and
-/// neither is what the server left without an answer for longer than the limit.
+/// neither is what the server left without an answer for longer than the limit. ODBC's
+/// failures leave it as the module's errors, see errors.h.
 class Session {
  public:
   /// Connects. Error -2147467259 with what to do when that fails, and for a password that the driver would

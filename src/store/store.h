@@ -6,7 +6,8 @@
 
 namespace zorCrmParvel {
 
-/// A data-access object with what the programs around the module need as well.
+/// A data-access object with what the programs around the module need as well. Both engines are one; programs
+/// hold it by shared pointer, and recordsets that are still open keep the engine behind it alive.
 class Store : public DataAccess {
  public:
   /// Where the data is, for people.

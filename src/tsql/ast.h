@@ -25,6 +25,7 @@ struct Literal {
   std::size_t ordinal = 0;
 };
 
+/// A column that an expression names.
 struct ColumnRef {
   std::string table;  // qualifier: a table or its alias; empty when unqualified
   std::string name;
@@ -101,6 +102,7 @@ struct Expression {
   std::size_t offset = 0;
 };
 
+/// One column of a SELECT, or the star that stands for many.
 struct SelectItem {
   bool star = false;
   std::string starTable;  // `t.*`
@@ -139,6 +141,7 @@ struct SelectCore {
   ExpressionPtr where;
 };
 
+/// A whole SELECT. What it is ordered by counts for the union, not for its last part.
 struct Select {
   std::vector<SelectCore> cores;  // joined by UNION
   std::vector<bool> unionAll;     // one fewer than cores
@@ -150,6 +153,8 @@ struct Assignment {
   ExpressionPtr value;
   std::size_t offset = 0;
 };
+
+// The statements that write, each on one table. A missing WHERE is null and hits all rows.
 
 struct Insert {
   TableRef table;

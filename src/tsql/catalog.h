@@ -8,8 +8,9 @@
 
 namespace tsql {
 
+/// A column as it is declared.
 struct Column {
-  std::string name;
+  std::string name;  // spelled as declared, as all names here
   Type type;
   bool nullable = true;
   bool identity = false;  // numbered by the database
@@ -25,18 +26,20 @@ struct Index {
 struct Table {
   std::string name;
   std::vector<Column> columns;
-  std::vector<std::string> primaryKey;
+  std::vector<std::string> primaryKey;  // columns in the key's order; empty when there is none
   std::vector<Index> indexes;
 
   /// Found without regard to case; null when there is none.
   const Column* Find(std::string_view column) const;
 };
 
-/// The tables that statements may name.
+/// The tables that statements may name. References and pointers to them end with the next `Add`.
 class Catalog {
  public:
+  /// Error -2147217900 for a second one of the name, and for a key that its columns can't make.
   void Add(Table table);
-  void Add(Index index);  // error when its table is missing
+  /// To the table that it names. Error -2147217865 when that is missing.
+  void Add(Index index);
   const std::vector<Table>& tables() const { return tables_; }
   /// Found without regard to case; null when there is none.
   const Table* Find(std::string_view table) const;

@@ -13,6 +13,7 @@ class ExpressionParser {
  public:
   explicit ExpressionParser(TokenCursor& cursor) : cursor_(cursor) {}
 
+  // Each reads one expression from the cursor on, as far as it goes, or raises the server's error.
   ExpressionPtr ParseValue();
   ExpressionPtr ParseCondition();
 

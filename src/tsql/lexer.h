@@ -12,7 +12,9 @@ namespace tsql {
 /// runs into a name (`5abc`, `0x1F`) is refused: the dialect has no such literal.
 class Lexer {
  public:
+  /// Tokens point into the text, which has to stay.
   explicit Lexer(std::string_view text) : text_(text) {}
+  /// kEnd at the end of the text, and from then on.
   Token Next();
 
  private:

@@ -12,6 +12,7 @@ namespace tsql {
 /// words. `word` is a keyword (case does not count) or a symbol; delimited names are never words.
 class TokenCursor {
  public:
+  /// The text has to stay. Error -2147217900 already here when its first token can't be read.
   explicit TokenCursor(std::string_view text);
 
   const Token& current() const { return current_; }

@@ -4,6 +4,7 @@
 
 namespace tsql {
 
+/// The types that the module's tables and casts use.
 enum class BaseType { kBit, kSmallInt, kInt, kMoney, kFloat, kDateTime, kNVarChar, kVarBinary };
 
 /// A column's or cast's type. `width` is in characters (bytes for varbinary); `kMax` for (max), 0 when the

@@ -89,20 +89,20 @@ void VwLstActual::ICrmVwList_ExecutePopUpViewListEdit(PopUpMenu& menu) {
   ICrmVwList_Iniciar();
 }
 
-std::string VwLstActual::Celula(const GridRow& row, const char* coluna) const {
+std::string VwLstActual::Texto(const GridRow& row, const char* coluna) const {
   return Grid().CellText(row.number(), Grid().ColumnIndex(coluna));
 }
 
 /// One period after the date shown, however late it is.
 Date VwLstActual::ProximaDescarga(const GridRow& row) const {
-  return Date::Parse(Celula(row, "DtDescarga")).AddDays(kDiasEntreDescargas);
+  return Date::Parse(Texto(row, "DtDescarga")).AddDays(kDiasEntreDescargas);
 }
 
 void VwLstActual::ActualizarTacografo(const GridRow& row) {
   const Date proxima = ProximaDescarga(row);
   clViaturas viatura;
   viatura.bd = mybd;
-  viatura.Matricula = Celula(row, "Matricula");
+  viatura.Matricula = Texto(row, "Matricula");
   viatura.Ler();
   viatura.DtDescarga = proxima;
   viatura.Escrever();
@@ -112,7 +112,7 @@ void VwLstActual::ActualizarMotorista(const GridRow& row) {
   const Date proxima = ProximaDescarga(row);
   clMotoristas motorista;
   motorista.bd = mybd;
-  motorista.Codigo = Celula(row, "Codigo");
+  motorista.Codigo = Texto(row, "Codigo");
   motorista.Ler();
   motorista.DtDescarga = proxima;
   motorista.Escrever();
@@ -121,7 +121,7 @@ void VwLstActual::ActualizarMotorista(const GridRow& row) {
 void VwLstActual::ActualizarSelo(const GridRow& row) {
   clViaturas viatura;
   viatura.bd = mybd;
-  viatura.Matricula = Celula(row, "Matricula");
+  viatura.Matricula = Texto(row, "Matricula");
   viatura.Ler();
   const Date fim = FimDoPrazoDoSelo(viatura.DataMatricula.month(), platform::Today());
   if (viatura.DataSelo.IsZero()) {

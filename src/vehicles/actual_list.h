@@ -25,7 +25,7 @@ class VwLstActual : public ListFrame {
   const std::vector<ColunaDeLista>& Colunas() const override;
 
  private:
-  std::string Celula(const GridRow& row, const char* coluna) const;
+  std::string Texto(const GridRow& row, const char* coluna) const;
   platform::Date ProximaDescarga(const GridRow& row) const;
   void ActualizarTacografo(const GridRow& row);
   void ActualizarMotorista(const GridRow& row);

@@ -7,8 +7,6 @@
 namespace zorCrmParvel {
 namespace {
 
-constexpr const char* kChave = "Matricula";
-
 constexpr AvisosDeAnulacao kAvisos = {
     "Existem Acessórios associados à Viatura!", "Existem Apólices associados à Viatura!",
     "Existem Sinistros associados à Viatura!",  "Existem Multas associados à Viatura!",
@@ -35,7 +33,7 @@ RecordsetRef VwLstViaturas::AbrirLinhas() {
 }
 
 const std::vector<ColunaDeLista>& VwLstViaturas::Colunas() const {
-  static const std::vector<ColunaDeLista> colunas = {{kChave, 1500, "Matrícula"},
+  static const std::vector<ColunaDeLista> colunas = {{"Matricula", 1500, "Matrícula"},
                                                      {"Marca", 2500, nullptr},
                                                      {"Modelo", 2500, nullptr},
                                                      {"Responsavel", 2500, "Responsável"},
@@ -43,39 +41,13 @@ const std::vector<ColunaDeLista>& VwLstViaturas::Colunas() const {
   return colunas;
 }
 
-std::unique_ptr<Viaturas> VwLstViaturas::NovaFicha() const {
-  auto ficha = std::make_unique<Viaturas>();
-  ficha->Load();
-  ficha->mybd = mybd;
+std::unique_ptr<Ficha> VwLstViaturas::FichaNova() { return Pronta(std::make_unique<Viaturas>()); }
+
+std::unique_ptr<Ficha> VwLstViaturas::FichaDe(const std::string& matricula, const GridRow& /*row*/) {
+  auto ficha = Pronta(std::make_unique<Viaturas>());
+  ficha->Edicao = true;
+  ficha->CarregaViatura(matricula);
   return ficha;
-}
-
-void VwLstViaturas::ICrmVwList_Novo() {
-  Executar("Novo", [&] {
-    NovaFicha()->ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
-
-void VwLstViaturas::ICrmVwList_Editar(GridRow* row) {
-  Executar("Editar", [&] {
-    const auto matricula = Chave(row, kChave);
-    if (!matricula) return;
-    const auto ficha = NovaFicha();
-    ficha->Edicao = true;
-    ficha->CarregaViatura(*matricula);
-    ficha->ShowModal();
-    ICrmVwList_Iniciar();
-  });
-}
-
-void VwLstViaturas::ICrmVwList_Remover(GridRow* row) {
-  Executar("Remover", [&] {
-    const auto matricula = Chave(row, kChave);
-    if (!matricula) return;
-    AnularViatura(*matricula);
-    ICrmVwList_Iniciar();
-  });
 }
 
 void VwLstViaturas::AnularViatura(const std::string& matricula) {

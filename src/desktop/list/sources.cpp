@@ -1,6 +1,7 @@
 #include "desktop/list/sources.h"
 
-#include "alerts/alert_counts.h"
+#include <algorithm>
+
 #include "desktop/look/text.h"
 #include "platform/format.h"
 
@@ -9,26 +10,16 @@ namespace {
 
 using platform::FieldType;
 
-/// Captions and marks of columns that the program keeps for itself.
+/// The mark of columns that the program keeps for itself.
 constexpr char kOwnColumn[] = "SISTEMA";
+/// The band of a row whose day is past.
+constexpr int kSharpest = 3;
 /// Money on paper and in lookups.
 constexpr char kMoneyMask[] = "###,###,##0.00";
 
 bool IsNumber(FieldType type) {
   return type == FieldType::kInteger || type == FieldType::kLong || type == FieldType::kDouble ||
          type == FieldType::kCurrency;
-}
-
-bool IsOwn(const platform::GridColumn& column) {
-  return column.mark == kOwnColumn || column.caption == kOwnColumn;
-}
-
-/// The order of a band's mark: the nearer the day, the sharper.
-int OrderOf(const platform::GridStyle& style) {
-  using zorCrmParvel::Tools::Faixa;
-  const Faixa faixa = zorCrmParvel::FaixaDoEstilo(style.name);
-  if (faixa == Faixa::kPassada) return 0;
-  return faixa == Faixa::kMuitoBreve ? 1 : 2;
 }
 
 }  // namespace
@@ -44,7 +35,7 @@ void GridSource::Refresh() {
         {.key = column.key,
          .caption = ToQt(column.caption).trimmed(),
          .width = column.width,
-         .hidden = column.hidden || IsOwn(column),
+         .hidden = column.hidden || column.mark == kOwnColumn,
          .numeric = typed || !column.format.empty() || (i < fields.size() && IsNumber(fields[i].type))});
   }
   rows_ = grid_.RowCount();
@@ -62,7 +53,9 @@ platform::Variant GridSource::Value(long row, std::size_t column) const {
 std::optional<RowBand> GridSource::BandOf(long row) const {
   const platform::GridStyle* style = grid_.StyleOf(row);
   if (style == nullptr || !style->color) return {};
-  return RowBand{.color = QColor::fromRgb(*style->color), .order = OrderOf(*style), .bold = style->bold};
+  return RowBand{.color = QColor::fromRgb(*style->color),
+                 .order = kSharpest - std::clamp(grid_.ConditionOf(row)->band, 1, kSharpest),
+                 .bold = style->bold};
 }
 
 bool GridSource::FetchMore(std::size_t rows) {

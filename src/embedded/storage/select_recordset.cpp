@@ -12,6 +12,9 @@ using platform::Cell;
 using platform::FieldType;
 
 constexpr std::size_t kMostRowsAhead = 64;
+// To look at the log is to ask the system for a file's size: for every 64 rows that was a fifth of a long
+// read.
+constexpr std::size_t kRowsBetweenLooks = 1024;
 
 Cell WholeCell(sqlite3_value* value, int storage, FieldType type) {
   const std::int64_t number = sqlite3_value_int64(value);
@@ -59,13 +62,20 @@ SelectRecordset::~SelectRecordset() { Finish(); }
 // more. A log that has grown long meanwhile waits for the end of the read.
 bool SelectRecordset::Reach(std::size_t row) {
   if (row < store().rows()) return true;
-  if (const auto engine = engine_; engine != nullptr && store().rows() > 0) engine->KeepLogShort();
+  LookAtLog();
   const std::size_t wanted = row + std::clamp(store().rows(), std::size_t{1}, kMostRowsAhead);
   while (store().rows() <= wanted && ReadRow()) {
   }
   if (row < store().rows()) return true;
   if (failure_) throw *failure_;
   return false;
+}
+
+void SelectRecordset::LookAtLog() {
+  if (store().rows() < nextLook_ || engine_ == nullptr) return;
+  nextLook_ = store().rows() + kRowsBetweenLooks;
+  const std::shared_ptr<Engine> engine = engine_;  // the look may read these rows to their end
+  engine->KeepLogShort();
 }
 
 std::size_t SelectRecordset::Count() {

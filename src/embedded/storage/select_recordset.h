@@ -32,12 +32,14 @@ class SelectRecordset : public platform::Recordset {
 
  private:
   bool ReadRow();
+  void LookAtLog();
   void Finish();
 
   std::shared_ptr<Engine> engine_;  // both null when there is nothing left to read
   std::shared_ptr<Plan> plan_;
   std::optional<std::size_t> count_;  // asked for once: the rows stay those of the opening
   std::optional<platform::RuntimeError> failure_;
+  std::size_t nextLook_ = 1;  // the rows at which the log is looked at next
 };
 
 }  // namespace embedded

@@ -15,7 +15,8 @@ namespace platform {
 class Form;
 class Frame;
 
-/// Keys that reach a control's handler. A handler that sets the key to 0 swallows it.
+/// Keys that reach a control's handler. A handler that sets the key to 0 swallows it. Hosts map their
+/// toolkit's codes to these.
 enum Key : int {
   kKeyNone = 0,
   kKeyTab = 9,
@@ -29,8 +30,9 @@ enum Key : int {
   kKeyCharacter = 256
 };
 
-/// What all controls of a form share. A control registers itself with its form, and the order of
-/// registration is the tab order.
+/// What all controls of a form share: a model that a host draws, and changes through the form's `User…`
+/// members alone. A control is a member of its form; it registers itself there, and the order of registration
+/// is the tab order. Its handlers run inside those members.
 class Control {
  public:
   Control(Form& form, std::string name, int index = -1);
@@ -45,7 +47,7 @@ class Control {
   std::string ToolTipText;
   bool Enabled = true;
   bool Visible = true;
-  bool TabStop = true;
+  bool TabStop = true;           // false: Tab and Enter pass by, a click doesn't
   bool CausesValidation = true;  // false: going here doesn't validate the control that is left
   Frame* Container = nullptr;    // hidden with it
 
@@ -127,6 +129,7 @@ class PushButton : public Control {
 };
 using zorBotao = PushButton;
 
+/// A box to tick. `Click` runs after the user has changed it.
 class CheckBox : public Control {
  public:
   using Control::Control;
@@ -135,11 +138,12 @@ class CheckBox : public Control {
   std::function<void()> Click;
 };
 
+/// A choice among fixed texts.
 class ComboBox : public Control {
  public:
   using Control::Control;
   std::vector<std::string> List;
-  int ListIndex = -1;
+  int ListIndex = -1;  // -1 while nothing is chosen
   int ListCount() const { return static_cast<int>(List.size()); }
   std::function<void()> Click;  // the user chose an entry
   std::function<void()> Change;
@@ -149,12 +153,13 @@ class ComboBox : public Control {
 class DTPicker : public Control {
  public:
   using Control::Control;
-  Variant Value = Date();
-  std::string CustomFormat = "dd-mm-yyyy";
-  bool Optional = false;  // has the small box that unchecks it
+  Variant Value = Date();                   // a `Date` or null
+  std::string CustomFormat = "dd-mm-yyyy";  // mask, see FormatDate
+  bool Optional = false;                    // has the small box that unchecks it
   std::function<void()> Change;
 };
 
+/// A month of days to choose one from.
 class MonthView : public Control {
  public:
   using Control::Control;
@@ -167,7 +172,7 @@ class TabControl : public Control {
  public:
   using Control::Control;
   std::vector<std::string> Captions;
-  int Tab = 0;
+  int Tab = 0;  // the page in front, from 0
   std::function<void(int previous)> Click;
 };
 
@@ -178,6 +183,7 @@ class ShowImg : public Control {
   bool TakesFocus() const override { return false; }
   std::string FileName;                    // the file to show with the next Load
   std::optional<std::uint32_t> BackColor;  // 0xRRGGBB, behind the picture; without one the host's own
+  /// Puts `FileName` on display. A host reads the file, and shows nothing where it can't.
   void Load() {
     shown_ = FileName;
     ++revision_;
@@ -188,6 +194,7 @@ class ShowImg : public Control {
   }
   /// The file on display, empty when cleared.
   const std::string& Shown() const { return shown_; }
+  /// Counts the changes, for whoever draws it.
   int Revision() const { return revision_; }
 
  private:

@@ -13,17 +13,20 @@ struct DialogColumn {
   bool Option = false;  // set on the key column of the event lists, which is then not shown
 };
 
-/// What a lookup and a report share: a statement, a title, and columns counted from 1.
+/// What a lookup and a report share: a statement, a title, and columns counted from 1. The caller sets the
+/// first three members, may load it to set its columns, and shows it.
 class ListDialog {
  public:
   Ref<Connection> Ligacao;
   std::string Titulo;
   std::string Sql;
 
-  /// Runs the statement. The columns take the recordset's fields.
+  /// Runs the statement. The columns take the recordset's fields, and lose what was set before. Error 91
+  /// without a connection.
   void Carrega();
   /// Error 9 for a column that the loaded statement doesn't have.
   DialogColumn& Coluna(int index);
+  /// Unset until loaded.
   const RecordsetRef& Linhas() const { return rows_; }
 
  private:

@@ -24,21 +24,24 @@ class Form {
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
-  std::string Name;
-  std::string Caption;
-  Layout layout;
+  std::string Name;     // the class, as the catalogue of fichas has it
+  std::string Caption;  // the window's title
+  Layout layout;        // where a host puts the controls
 
   /// Runs `Form_Load` once. The focus goes to the first control that takes it.
   void Load();
   /// Loads, then hands the form to the host, which returns when the form has closed. Only fichas opened by
   /// the entry class have an owner.
   void ShowModal(Form* owner = nullptr);
+  /// Ends the form; keys still to be delivered are dropped.
   void Unload();
   bool IsLoaded() const { return loaded_; }
   /// True once unloaded: the host ends its modal loop.
   bool IsClosed() const { return closed_; }
 
+  /// In the tab order. The controls are the derived class's members.
   const std::vector<Control*>& Controls() const { return controls_; }
+  /// The one with the focus; null when no control takes it.
   Control* ActiveControl() const { return active_; }
   /// Tells the user something that needs no answer. It stands until the next act.
   void Notify(std::string text) { notice_ = std::move(text); }

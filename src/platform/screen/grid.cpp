@@ -5,6 +5,13 @@
 
 namespace platform {
 
+bool FormatCondition::Accepts(const Variant& value) const {
+  if (value.IsNull() || value.IsEmpty()) return false;
+  const double number = value.ToDouble();
+  if (op == kGridLess) return number < value1;
+  return op == kGridBetween && number >= value1 && number <= value2;
+}
+
 Variant GridRow::Cell(std::size_t column) const { return grid_->CellValue(row_, column); }
 
 void SGGrid::SetDataSource(RecordsetRef source) {
@@ -82,22 +89,17 @@ GridStyle& SGGrid::AddStyle(const std::string& name) {
   return styles_.back();
 }
 
-const GridStyle* SGGrid::StyleOf(long row) const {
-  for (const FormatCondition& condition : conditions_) {
-    if (!Meets(condition, row)) continue;
-    for (const GridStyle& style : styles_)
-      if (EqualsIgnoringCase(style.name, condition.style)) return &style;
-  }
-  return nullptr;
+const FormatCondition* SGGrid::ConditionOf(long row) const {
+  return FirstMet(conditions_,
+                  [&](std::size_t i) { return CellValue(row, ColumnIndex(conditions_[i].column)); });
 }
 
-bool SGGrid::Meets(const FormatCondition& condition, long row) const {
-  const Variant value = CellValue(row, ColumnIndex(condition.column));
-  if (value.IsNull() || value.IsEmpty()) return false;
-  const double number = value.ToDouble();
-  if (condition.op == kGridLess) return number < condition.value1;
-  if (condition.op == kGridBetween) return number >= condition.value1 && number <= condition.value2;
-  return false;
+const GridStyle* SGGrid::StyleOf(long row) const {
+  const FormatCondition* condition = ConditionOf(row);
+  if (condition == nullptr) return nullptr;
+  for (const GridStyle& style : styles_)
+    if (EqualsIgnoringCase(style.name, condition->style)) return &style;
+  return nullptr;
 }
 
 void SGGrid::SetRow(long row) {

@@ -30,6 +30,7 @@ struct LayoutBlock {
   std::vector<PushButton*> buttons;
 };
 
+/// A form from top to bottom: head, pages under tabs, one row of buttons. The controls stay the form's.
 struct Layout {
   LayoutBlock head;
   TabControl* tabs = nullptr;

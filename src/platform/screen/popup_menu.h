@@ -5,8 +5,9 @@
 
 namespace platform {
 
+/// A command of a menu. Without `visible` it isn't there, without `enabled` it stands grey.
 struct MenuItem {
-  long id = 0;
+  long id = 0;  // what a choice is told by
   std::string caption;
   std::string toolTip;
   bool visible = true;

@@ -12,17 +12,17 @@ class zor_input : public Control {
   enum FormatoCampo { kTexto = 0, kInteiro = 1, kNumero = 2 };
 
   std::string Text;
-  int SelStart = 0;
-  int SelLength = 0;
+  int SelStart = 0;   // of the selection, in UTF-16 units like all that counts characters here
+  int SelLength = 0;  // 0 is the caret alone
   int maxlength = 0;  // characters; 0 is no limit
   FormatoCampo formato_campo = kTexto;
   int tipo_campo = 0;   // 1: several lines
   std::string formato;  // mask of a number, see FormatNumber
 
   std::function<void()> Change;       // the text changed under the user's hands
-  std::function<void()> PedidoLista;  // F3
-  std::function<void()> PedidoFicha;  // F4
-  std::function<void()> PedidoMapa;   // F7
+  std::function<void()> PedidoLista;  // F3: the list of what can stand here
+  std::function<void()> PedidoFicha;  // F4: the ficha of the code
+  std::function<void()> PedidoMapa;   // F7: the table on paper
 
   bool Numeric() const { return formato_campo != kTexto; }
   /// The text by the field's mask when it is a number, else as it stands. For a field without the focus.
