@@ -9,14 +9,16 @@
 namespace zorCrmParvel {
 namespace {
 
-using platform::Variant;
-
 enum Comando : long { kVisualizar = 700, kRenomear = 701, kApagar = 702 };
 
 }  // namespace
 
 frmArquivo::frmArquivo()
-    : btLista(*this, "btLista"), btConf(*this, "btConf"), btSair(*this, "btSair"), Grelha(*this, "Grelha") {
+    : AttachmentsForm("Numero", Numero),
+      btLista(*this, "btLista"),
+      btConf(*this, "btConf"),
+      btSair(*this, "btSair"),
+      Grelha(*this, "Grelha") {
   Name = "frmArquivo";
   Caption = "Arquivo Digital";
   NovoCampo(0, "Ficheiro", 0);
@@ -50,20 +52,6 @@ void frmArquivo::NovoCampo(int indice, const char* titulo, int maxlength) {
     if (indice == 0) Unload();
   };
   layout.head.rows.push_back({{.caption = &Titulo[indice], .field = &campo}});
-}
-
-void frmArquivo::Definir(std::string_view membro, const Variant& valor) {
-  if (membro == "Numero")
-    Numero = valor.ToText();
-  else if (membro == "Tipo")
-    Tipo = valor.ToInteger();
-  else
-    Ficha::Definir(membro, valor);
-}
-
-void frmArquivo::Chamar(std::string_view rotina, const Variant& argumento) {
-  if (rotina != "mostra") return Ficha::Chamar(rotina, argumento);
-  mostra();
 }
 
 void frmArquivo::mostra() {

@@ -3,25 +3,21 @@
 #include <string>
 
 #include "documents/arquivo_digital.h"
-#include "host/ficha.h"
+#include "documents/attachments_form.h"
 #include "platform/screen/popup_menu.h"
 
 namespace zorCrmParvel {
 
 /// The digital archive of one record: its documents, which can be added, opened, renamed and removed. Whoever
 /// opens it sets `mybd`, `Numero` and `Tipo`, loads it and calls `mostra`.
-class frmArquivo : public Ficha {
+class frmArquivo : public AttachmentsForm {
  public:
   frmArquivo();
 
-  std::string Numero;     // code of the record
-  std::int16_t Tipo = 0;  // kind of the record
+  std::string Numero;  // code of the record
 
   /// Sets the context menu up and lists the documents.
-  void mostra();
-  /// Members by name: `Numero`, `Tipo`, `mostra`.
-  void Definir(std::string_view membro, const platform::Variant& valor) override;
-  void Chamar(std::string_view rotina, const platform::Variant& argumento) override;
+  void mostra() override;
 
   platform::ControlArray<platform::Label> Titulo;
   platform::ControlArray<platform::zor_input> Campo;

@@ -1,6 +1,6 @@
 #include "documents/attach.h"
 
-#include "host/row.h"
+#include "host/one_row.h"
 
 namespace zorCrmParvel {
 
@@ -9,41 +9,23 @@ Statement clAttach::Seleccao() const {
 }
 
 bool clAttach::Anular() {
-  try {
-    mybd->ExecutarSql("", {"Delete  From zor_PV_Attach ", " WHERE (Id ='", value(Id), "' )"});
-    return true;
-  } catch (const platform::RuntimeError&) {
-    return false;  // the record stays, and the caller says nothing
-  }
+  return Remover(mybd, {"Delete  From zor_PV_Attach ", " WHERE (Id ='", value(Id), "' )"});
 }
 
 bool clAttach::Ler() {
-  RecordsetRef rs;
-  mybd->AbrirLeitura("", Seleccao(), rs);
-  const bool found = !rs->Eof();
-  if (found) {
-    const Row row(*rs);
+  return LerLinha(mybd, Seleccao(), [this](const Row& row) {
     Codigo = row.text("Codigo");
     Fx = row.text("Fx");
     Tipo = row.integer("Tipo");
     Id = row.number("Id");
-  }
-  rs->Close();
-  return found;
+  });
 }
 
 bool clAttach::Escrever() {
-  RecordsetRef rs;
-  mybd->AbrirEdicao(Seleccao(), rs);
-  Row row(*rs);
-  if (rs->Eof()) {
-    rs->AddNew();
-    row.cut("Codigo", Codigo);
-  }
-  row.cut("Fx", Fx);
-  row.put("Tipo", Tipo);
-  rs->Update();
-  rs->Close();
+  EscreverLinha(mybd, Seleccao(), "Codigo", Codigo, [this](Row& row) {
+    row.cut("Fx", Fx);
+    row.put("Tipo", Tipo);
+  });
   return true;
 }
 

@@ -12,7 +12,6 @@ namespace zorCrmParvel {
 namespace {
 
 using platform::RuntimeError;
-using platform::Variant;
 
 constexpr float kLargura = 9000;  // twips, all that the form leaves to the grid
 
@@ -39,7 +38,8 @@ std::optional<std::string> EscolheFicheiro() {
 }  // namespace
 
 frm_Attach::frm_Attach()
-    : Grelha(*this, "Grelha"),
+    : AttachmentsForm("Codigo", Codigo),
+      Grelha(*this, "Grelha"),
       Imagem(*this, "Imagem"),
       btView(*this, "View"),
       btAdd(*this, "Add"),
@@ -65,20 +65,6 @@ frm_Attach::frm_Attach()
   layout.tools = {&btView, &btAdd};
   layout.destructive = {&btRemove};
   layout.actions = {&btExit};
-}
-
-void frm_Attach::Definir(std::string_view membro, const Variant& valor) {
-  if (membro == "Codigo")
-    Codigo = valor.ToText();
-  else if (membro == "Tipo")
-    Tipo = valor.ToInteger();
-  else
-    Ficha::Definir(membro, valor);
-}
-
-void frm_Attach::Chamar(std::string_view rotina, const Variant& argumento) {
-  if (rotina != "mostra") return Ficha::Chamar(rotina, argumento);
-  mostra();
 }
 
 void frm_Attach::mostra() {

@@ -4,24 +4,20 @@
 #include <vector>
 
 #include "documents/attach.h"
-#include "host/ficha.h"
+#include "documents/attachments_form.h"
 
 namespace zorCrmParvel {
 
 /// The files attached to one record, with a preview of pictures. Whoever opens it sets `mybd`, `Codigo` and
 /// `Tipo` and calls `mostra`.
-class frm_Attach : public Ficha {
+class frm_Attach : public AttachmentsForm {
  public:
   frm_Attach();
 
-  std::string Codigo;     // code of the record
-  std::int16_t Tipo = 0;  // kind of the record
+  std::string Codigo;  // code of the record
 
   /// Lists the files and shows the form until the user leaves it.
-  void mostra();
-  /// Members by name: `Codigo`, `Tipo`, `mostra`.
-  void Definir(std::string_view membro, const platform::Variant& valor) override;
-  void Chamar(std::string_view rotina, const platform::Variant& argumento) override;
+  void mostra() override;
 
   platform::MSFlexGrid Grelha;  // row 0 is the heading
   platform::ShowImg Imagem;

@@ -7,6 +7,7 @@ namespace zorCrmParvel {
 namespace {
 
 constexpr TabelaDeCodigos kMotoristas{"zor_Funcionarios", "Motoristas", "Listagem de Motoristas", true};
+constexpr Fotos::Tipo kFoto{20, false, "Foto_Add do cl_Motoristas", "Foto_Del da cl_Motoristas"};
 
 }  // namespace
 
@@ -161,11 +162,11 @@ RecordsetRef clMotoristas::LerMotoristas() {
 }
 
 bool clMotoristas::Foto_Add(const std::string& ficheiro) {
-  return Fotos::Foto_Add(Fotos::kMotoristas, bd, Codigo, ficheiro);
+  return Fotos::Foto_Add(kFoto, bd, Codigo, ficheiro);
 }
 
-bool clMotoristas::Foto_Del() { return Fotos::Foto_Del(Fotos::kMotoristas, bd, Codigo); }
+bool clMotoristas::Foto_Del() { return Fotos::Foto_Del(kFoto, bd, Codigo); }
 
-std::string clMotoristas::Foto_Get() { return Fotos::Foto_Get(Fotos::kMotoristas, bd, Codigo); }
+std::string clMotoristas::Foto_Get() { return Fotos::Foto_Get(kFoto, bd, Codigo); }
 
 }  // namespace zorCrmParvel

@@ -9,16 +9,14 @@
 /// is written at once, may come before its record and stays when that is removed.
 namespace zorCrmParvel::Fotos {
 
-/// What tells the photos of one kind of record from another's.
+/// What tells the photos of one kind of record from another's; each room whose records have one holds its
+/// own.
 struct Tipo {
   std::int16_t tipo;  // zor_Fotos_TipoEntidade
   bool numerada;      // a new row gets the number 1
   const char* emAdd;  // where an error of Foto_Add is said to have been
   const char* emDel;  // likewise, of Foto_Del
 };
-
-inline constexpr Tipo kViaturas{30, true, "Foto_Add do cl_Viaturas", "Foto_Del do Viaturas"};
-inline constexpr Tipo kMotoristas{20, false, "Foto_Add do cl_Motoristas", "Foto_Del da cl_Motoristas"};
 
 /// Stores an image file, over the photo that there is. Always false, whatever came of it; a missing file does
 /// nothing, any other failure is shown in a box.

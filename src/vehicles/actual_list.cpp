@@ -49,6 +49,15 @@ const ListaPeriodica* Lista(std::int16_t tipo) {
   return tipo >= kTacografos && tipo <= kSelo ? &listas[static_cast<std::size_t>(tipo - 1)] : nullptr;
 }
 
+/// Reads a record by its key, changes it and writes it back.
+template <typename T, typename F>
+void Mudar(const DataAccessRef& bd, T& registo, F&& mudar) {
+  registo.bd = bd;
+  registo.Ler();
+  mudar();
+  registo.Escrever();
+}
+
 }  // namespace
 
 std::string VwLstActual::Titulo() const {
@@ -101,38 +110,31 @@ Date VwLstActual::ProximaDescarga(const GridRow& row) const {
 void VwLstActual::ActualizarTacografo(const GridRow& row) {
   const Date proxima = ProximaDescarga(row);
   clViaturas viatura;
-  viatura.bd = mybd;
   viatura.Matricula = Texto(row, "Matricula");
-  viatura.Ler();
-  viatura.DtDescarga = proxima;
-  viatura.Escrever();
+  Mudar(mybd, viatura, [&] { viatura.DtDescarga = proxima; });
 }
 
 void VwLstActual::ActualizarMotorista(const GridRow& row) {
   const Date proxima = ProximaDescarga(row);
   clMotoristas motorista;
-  motorista.bd = mybd;
   motorista.Codigo = Texto(row, "Codigo");
-  motorista.Ler();
-  motorista.DtDescarga = proxima;
-  motorista.Escrever();
+  Mudar(mybd, motorista, [&] { motorista.DtDescarga = proxima; });
 }
 
 void VwLstActual::ActualizarSelo(const GridRow& row) {
   clViaturas viatura;
-  viatura.bd = mybd;
   viatura.Matricula = Texto(row, "Matricula");
-  viatura.Ler();
-  const Date fim = FimDoPrazoDoSelo(viatura.DataMatricula.month(), platform::Today());
-  if (viatura.DataSelo.IsZero()) {
-    // Without a date for the tax, it is the registration that moves to the end of its month.
-    viatura.DataMatricula = fim;
-    viatura.SeloPago = false;
-  } else if (viatura.DataSelo.DayOnly() != fim) {
-    viatura.DataSelo = fim;
-    viatura.SeloPago = false;
-  }
-  viatura.Escrever();
+  Mudar(mybd, viatura, [&] {
+    const Date fim = FimDoPrazoDoSelo(viatura.DataMatricula.month(), platform::Today());
+    if (viatura.DataSelo.IsZero()) {
+      // Without a date for the tax, it is the registration that moves to the end of its month.
+      viatura.DataMatricula = fim;
+      viatura.SeloPago = false;
+    } else if (viatura.DataSelo.DayOnly() != fim) {
+      viatura.DataSelo = fim;
+      viatura.SeloPago = false;
+    }
+  });
 }
 
 }  // namespace zorCrmParvel

@@ -5,6 +5,11 @@
 #include "platform/screen/dialogs.h"
 
 namespace zorCrmParvel {
+namespace {
+
+constexpr Fotos::Tipo kFoto{30, true, "Foto_Add do cl_Viaturas", "Foto_Del do Viaturas"};
+
+}  // namespace
 
 Statement clViaturas::Seleccao() const {
   return {"SELECT *", " From zor_PV_Viaturas", " WHERE     (Matricula = N'", value(Matricula), "')"};
@@ -165,11 +170,11 @@ std::string clViaturas::MostraLista() {
 }
 
 bool clViaturas::Foto_Add(const std::string& ficheiro) {
-  return Fotos::Foto_Add(Fotos::kViaturas, bd, Matricula, ficheiro);
+  return Fotos::Foto_Add(kFoto, bd, Matricula, ficheiro);
 }
 
-bool clViaturas::Foto_Del() { return Fotos::Foto_Del(Fotos::kViaturas, bd, Matricula); }
+bool clViaturas::Foto_Del() { return Fotos::Foto_Del(kFoto, bd, Matricula); }
 
-std::string clViaturas::Foto_Get() { return Fotos::Foto_Get(Fotos::kViaturas, bd, Matricula); }
+std::string clViaturas::Foto_Get() { return Fotos::Foto_Get(kFoto, bd, Matricula); }
 
 }  // namespace zorCrmParvel

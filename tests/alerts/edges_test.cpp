@@ -60,8 +60,8 @@ class AlertEdgesTest : public AlertsFixture {
     if (!error.empty()) return error;
     ContagemDeAlertas shown{window.grid.RowCount(), 0, 0, 0};
     for (long row = 0; row < shown.linhas; ++row) {
-      const platform::GridStyle* style = window.grid.StyleOf(row);
-      const Tools::Faixa faixa = FaixaDoEstilo(style == nullptr ? "" : style->name);
+      const platform::FormatCondition* condition = window.grid.ConditionOf(row);
+      const Tools::Faixa faixa = condition == nullptr ? Tools::Faixa::kNenhuma : FaixaDe(*condition);
       shown.passadas += faixa == Tools::Faixa::kPassada ? 1 : 0;
       shown.muitoBreves += faixa == Tools::Faixa::kMuitoBreve ? 1 : 0;
       shown.breves += faixa == Tools::Faixa::kBreve ? 1 : 0;

@@ -27,24 +27,22 @@ void GridModel::Refresh() {
   endResetModel();
 }
 
-void GridModel::Sort(std::optional<SortBy> sort) {
+void GridModel::Reorder(const std::function<void(RowOrder&)>& change) {
   beginResetModel();
   try {
-    order_.Sort(sort);
+    change(order_);
   } catch (const std::exception& error) {
     Reported(error);
   }
   endResetModel();
 }
 
+void GridModel::Sort(std::optional<SortBy> sort) {
+  Reorder([&](RowOrder& order) { order.Sort(sort); });
+}
+
 void GridModel::Search(const QString& text) {
-  beginResetModel();
-  try {
-    order_.Search(text);
-  } catch (const std::exception& error) {
-    Reported(error);
-  }
-  endResetModel();
+  Reorder([&](RowOrder& order) { order.Search(text); });
 }
 
 bool GridModel::ReadAhead() {

@@ -45,6 +45,8 @@ class GridModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  /// Orders the rows anew; what can't be read on the way goes to `on_error`.
+  void Reorder(const std::function<void(RowOrder&)>& change);
   QVariant BandData(long row, int role) const;
   void Reported(const std::exception& error) const;
 
