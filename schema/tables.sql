@@ -1,4 +1,4 @@
--- versão 2
+-- versão 3
 --
 -- The tables of the fleet module, for both engines: run by the embedded engine on a new file, by `parvel
 -- esquema` on a server.
@@ -310,4 +310,38 @@ CREATE TABLE Func1 (
   Passpo nvarchar(13) NULL,
   NUMERO_CARTAO_CIDADAO nvarchar(13) NULL,
   CONSTRAINT PK_Func1 PRIMARY KEY (Nfunc)
+);
+
+-- How files of others become rows: profiles by their name, as JSON.
+CREATE TABLE parvel_perfis (
+  Nome nvarchar(60) NOT NULL,
+  Tipo nvarchar(20) NULL,
+  Perfil nvarchar(max) NULL,
+  CONSTRAINT PK_parvel_perfis PRIMARY KEY (Nome)
+);
+
+-- The imports, and the rows that each stored. Soma: of the file's bytes; Anulada: when it was taken back.
+CREATE TABLE parvel_importacoes (
+  Numero int IDENTITY(1,1) NOT NULL,
+  Momento datetime NULL,
+  Quem nvarchar(60) NULL,
+  Tipo nvarchar(20) NULL,
+  Ficheiro nvarchar(255) NULL,
+  Perfil nvarchar(60) NULL,
+  Soma nvarchar(32) NULL,
+  Linhas int NULL,
+  Anulada datetime NULL,
+  CONSTRAINT PK_parvel_importacoes PRIMARY KEY (Numero)
+);
+
+-- Chave: the row's key; Marca: of its values when it was stored; Transaccao: the sender's number.
+CREATE TABLE parvel_importacoes_linhas (
+  Importacao int NOT NULL,
+  Ordem int NOT NULL,
+  Linha int NULL,
+  Tabela nvarchar(30) NULL,
+  Chave nvarchar(30) NULL,
+  Marca nvarchar(16) NULL,
+  Transaccao nvarchar(60) NULL,
+  CONSTRAINT PK_parvel_importacoes_linhas PRIMARY KEY (Importacao, Ordem)
 );

@@ -15,6 +15,11 @@ using platform::Date;
 
 constexpr int kFirstYear = 1753;  // the databases hold no earlier day
 
+ImportRow::ImportRow(const std::vector<ImportColumn>& columns) {
+  for (const ImportColumn& column : columns)
+    fields_.push_back({.name = column.name, .given = false, .text = {}, .number = {}, .date = {}});
+}
+
 const ImportRow::Field& ImportRow::field(std::string_view column) const {
   const auto found =
       std::find_if(fields_.begin(), fields_.end(), [&](const Field& f) { return f.name == column; });
@@ -33,7 +38,7 @@ std::int16_t ImportRow::integer(std::string_view column) const {
 class ImportReader {
  public:
   ImportReader(std::istream& file, const std::vector<ImportColumn>& columns, std::optional<char> decimal)
-      : columns_(columns), shape_(DetectCsv(file)), reader_(file, shape_) {
+      : columns_(columns), shape_(DetectCsv(file)), reader_(file, shape_), row_(columns) {
     std::vector<std::string> header;
     reader_.Next(header);
     for (const ImportColumn& column : columns_) {
@@ -41,8 +46,7 @@ class ImportReader {
       if (column.required && places_.back() < 0)
         throw std::runtime_error("Falta a coluna «" + std::string(column.name) +
                                  "» na primeira linha do ficheiro.");
-      row_.fields_.push_back(
-          {.name = column.name, .given = places_.back() >= 0, .text = {}, .number = {}, .date = {}});
+      row_.at(places_.size() - 1).given = places_.back() >= 0;
     }
     RefuseUnknownColumns(header);
     width_ = header.size();
@@ -63,7 +67,7 @@ class ImportReader {
   /// The row read last. Throws Refusal when a field isn't of its column's kind.
   const ImportRow& Checked() {
     if (values_.size() > width_) throw Refusal{"", "A linha tem mais campos do que a primeira."};
-    for (std::size_t i = 0; i < columns_.size(); ++i) Read(columns_[i], ValueOf(i), row_.fields_[i]);
+    for (std::size_t i = 0; i < columns_.size(); ++i) Read(columns_[i], ValueOf(i), row_.at(i));
     return row_;
   }
 

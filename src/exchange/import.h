@@ -34,6 +34,18 @@ struct Refusal {
 /// lacks, and an empty field, give an empty text, no number and no date.
 class ImportRow {
  public:
+  struct Field {
+    std::string_view name;
+    bool given = false;
+    std::string text;
+    std::optional<platform::Currency> number;
+    std::optional<platform::Date> date;
+  };
+  explicit ImportRow(const std::vector<ImportColumn>& columns);
+  ImportRow() = default;
+
+  /// The field of a column by its place, for whoever fills the row.
+  Field& at(std::size_t column) { return fields_[column]; }
   const std::string& text(std::string_view column) const { return field(column).text; }
   std::optional<platform::Currency> number(std::string_view column) const { return field(column).number; }
   std::optional<platform::Date> date(std::string_view column) const { return field(column).date; }
@@ -42,15 +54,10 @@ class ImportRow {
   /// True when the file has the column.
   bool given(std::string_view column) const { return field(column).given; }
 
+  /// The sender numbers the rows, and this number is new: equal rows aren't repetitions.
+  bool numbered = false;
+
  private:
-  friend class ImportReader;
-  struct Field {
-    std::string_view name;
-    bool given = false;
-    std::string text;
-    std::optional<platform::Currency> number;
-    std::optional<platform::Date> date;
-  };
   const Field& field(std::string_view column) const;
 
   std::vector<Field> fields_;
@@ -72,6 +79,8 @@ class ImportTarget {
 /// The target of a name that users give ("viaturas", "motoristas", "gastos"); null for another one.
 std::unique_ptr<ImportTarget> MakeImportTarget(const std::string& what,
                                                const zorCrmParvel::DataAccessRef& bd);
+/// The columns of a kind that `MakeImportTarget` knows.
+const std::vector<ImportColumn>& ColumnsOfKind(const std::string& what);
 /// The names that `MakeImportTarget` knows, for messages.
 std::string ImportTargetNames();
 

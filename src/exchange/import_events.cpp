@@ -61,7 +61,7 @@ class EventTarget : public ImportTarget {
     if (import_.notes != nullptr) event.Obs = row.text(import_.notes);
     for (const auto& field : import_.fields) field.take(event, row, field.column.name);
     for (const auto& rule : import_.codes) CheckCode(rule, row, event);
-    if (IsKnown(event, row)) return Outcome::kKnown;
+    if (!row.numbered && IsKnown(event, row)) return Outcome::kKnown;
     event.Escrever();
     touched_.insert(event.Codigo);
     return Outcome::kAdded;

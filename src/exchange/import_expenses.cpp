@@ -52,7 +52,7 @@ class ExpenseTarget : public ImportTarget {
     if (!row.text("Viagem").empty())
       trips_.Require("Viagem", row.text("Viagem"), RegrasDeGastos::kViagemInexistente);
     Take(row, type);
-    if (IsKnown()) return Outcome::kKnown;
+    if (!row.numbered && IsKnown()) return Outcome::kKnown;
     Check(type.fuel);
     gasto_.Escrever();
     touched_.insert(gasto_.Codigo);

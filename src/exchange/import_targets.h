@@ -15,5 +15,8 @@ std::unique_ptr<ImportTarget> MakeInspectionImport(const zorCrmParvel::DataAcces
 std::unique_ptr<ImportTarget> MakeFineImport(const zorCrmParvel::DataAccessRef& bd);
 std::unique_ptr<ImportTarget> MakeAccidentImport(const zorCrmParvel::DataAccessRef& bd);
 std::unique_ptr<ImportTarget> MakeAccessoryImport(const zorCrmParvel::DataAccessRef& bd);
+std::unique_ptr<ImportTarget> MakeLicenceImport(const zorCrmParvel::DataAccessRef& bd);
+/// One of the ten code tables by its name; null for another name.
+std::unique_ptr<ImportTarget> MakeCodeImport(const std::string& what, const zorCrmParvel::DataAccessRef& bd);
 
 }  // namespace exchange

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/recordset.h"
+
+namespace exchange {
+
+/// A sum of bytes, 64 bits of FNV-1a: it tells a change, not a forgery.
+class Checksum {
+ public:
+  void Add(std::string_view bytes) {
+    for (const char c : bytes) sum_ = (sum_ ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  }
+  /// 16 hexadecimal digits.
+  std::string ToText() const;
+
+ private:
+  std::uint64_t sum_ = 14695981039346656037U;
+};
+
+/// The sum of a file's bytes. Throws std::runtime_error when it can't be read.
+std::string ChecksumOfFile(const std::string& file);
+/// The mark of the current row's values, by which a later change shows. What is computed from other rows (a
+/// vehicle's figures) and the key that the database gave aren't among them.
+std::string MarkOf(platform::Recordset& rows, std::string_view numberedKey);
+
+}  // namespace exchange

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "exchange/plan/plan_data.h"
+
+namespace exchange {
+
+/// Rows and their sum.
+struct Tally {
+  long rows = 0;
+  platform::Currency amount;
+};
+
+/// All rows of a file by what becomes of them. `stored` + `known` + `aside` + `refused` = `file`.
+struct Reconciliation {
+  Tally file;
+  Tally stored;  // also those with warnings
+  Tally warned;  // of the stored
+  Tally known;
+  Tally aside;
+  Tally credits;  // of those aside
+  Tally refused;
+};
+
+/// What an import stored.
+struct StoredImport {
+  long number = 0;  // of the table of imports
+  Reconciliation rows;
+  std::vector<std::string> vehicles;  // whose events they are
+};
+
+/// What nobody but the operator knows.
+struct Question {
+  enum class About { kDateOrder, kDecimal } about;
+  std::string example;
+};
+
+/// A file on its way into the database: its rows, what a profile makes of them, what would become of each.
+/// Looking changes nothing in the database; `Store` stores all rows that pass, at once.
+class ImportPlan {
+ public:
+  /// Throws std::runtime_error on a profile of an unknown kind.
+  ImportPlan(platform::Ref<zorCrmParvel::Store> bd, Profile profile);
+  ~ImportPlan();
+
+  /// Reads the file. Errors of the reader, and when the file doesn't fit the profile, as std::runtime_error.
+  void Load(TableReader& reader, const Progress& progress = {});
+  /// What must be answered before `Check`; the answers go into the profile.
+  const std::vector<Question>& questions() const { return questions_; }
+  void Answer(DateOrder order);
+  void Answer(char decimal);
+
+  const Profile& profile() const { return data_->profile; }
+  const std::vector<ImportColumn>& columns() const { return data_->mapper->columns(); }
+  std::size_t size() const { return data_->table.rows.size(); }
+  const PlanRow& row(std::size_t row) const { return data_->table.rows[row]; }
+  /// A row's values as they would be stored, in the order of the columns; what can't be read as it stands.
+  std::vector<std::string> Values(std::size_t row) const;
+  /// A row's cells as the file has them.
+  std::vector<std::string> Cells(std::size_t row) const;
+
+  /// Sets the state of every row. Throws std::runtime_error while there are questions, Cancelled when
+  /// `progress` gave up.
+  void Check(const Progress& progress = {});
+  /// Puts a text in the place of a value, and checks the rows of its vehicle (or code) again.
+  void Correct(std::size_t row, const std::string& column, const std::string& text);
+  /// Sets a row aside by hand, or takes it back in.
+  void SetAside(std::size_t row, bool aside);
+  /// From now on `text` means `code` in a column, in this file and the profile's next.
+  void Learn(const std::string& column, const std::string& text, const std::string& code);
+  /// The unknown codes of all rows, with what would be created for them.
+  std::vector<NewCode> UnknownCodes();
+  /// Settles them all in one act: texts that nearly equal a code that is there mean it, the others will be
+  /// created as proposed. The rows are to be checked again.
+  void SettleUnknownCodes();
+  /// They will be created with the import. The rows are to be checked again.
+  void Create(std::vector<NewCode> codes);
+  /// False: rows whose kilometres would be proposed are refused. True without saying.
+  void AcceptProposals(bool accept) { data_->acceptProposals = accept; }
+
+  Reconciliation Sums() const;
+  /// Stores all rows that pass, with the profile when it has a name and an entry in the table of imports.
+  StoredImport Store(const std::string& file, const std::string& checksum, const std::string& who,
+                     const Progress& progress = {});
+  /// The refused rows in the shape in which they came, below the file's header, as CSV.
+  void WriteRefused(std::ostream& out) const;
+
+ private:
+  void Prepare();
+  void Order();
+  void SetCreditsAside();
+  void JoinDocuments();
+  void SplitLicences();
+  void CheckOwner(std::uint32_t owner);
+  void RequireAnswers() const;
+
+  std::unique_ptr<PlanData> data_;
+  std::vector<Question> questions_;
+  std::vector<std::size_t> order_;  // in which rows are stored
+};
+
+}  // namespace exchange
