@@ -9,6 +9,7 @@
 #include <string>
 
 #include "console/calls.h"
+#include "console/import_commands.h"
 #include "console/program.h"
 #include "exchange/import.h"
 
@@ -19,7 +20,8 @@ struct ImportOptions {
   std::string what;
   std::string file;
   bool simulate = false;
-  std::string decimal;  // empty: found out
+  std::string decimal;    // empty: found out
+  ProfileImport profile;  // without a name: the file has our own columns
 };
 
 /// Others may read meanwhile, but wait to write: who starts a long import knows it before.
@@ -33,6 +35,14 @@ void TellOfLongImport(const std::string& name, std::ostream& err) {
 }
 
 int Import(const Calls& calls, const ImportOptions& options) {
+  if (!options.profile.profile.empty()) {
+    ProfileImport import = options.profile;
+    import.kind = options.what;
+    import.file = options.file;
+    import.simulate = options.simulate;
+    TellOfLongImport(options.file, calls.err);
+    return ImportWithProfile(calls, import);
+  }
   std::ifstream file(options.file, std::ios::binary);
   if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + options.file);
   const auto database = calls.Open();
@@ -69,6 +79,31 @@ void AddExchangeCalls(Calls& calls) {
                   "Sinal dos decimais no ficheiro, vírgula ou ponto, em vez do que os números mostram.")
       ->type_name("SINAL")
       ->check(CLI::Validator(CLI::IsMember({",", "."})).description(""));
+  ProfileImport& profile = options->profile;
+  auto* named = importar.add_option(
+      "--perfil", profile.profile, "Perfil com que se lê um ficheiro de outros: CSV, XLSX, ODS, XLS, texto.");
+  named->type_name("NOME");
+  importar.add_option("--recusadas", profile.refused, "Escreve as linhas recusadas como vieram.")
+      ->type_name("FICHEIRO")
+      ->needs(named);
+  importar
+      .add_flag("--criar-codigos", profile.createCodes, "Cria os códigos que o ficheiro nomeia e que faltam.")
+      ->needs(named);
+  importar
+      .add_flag("--aceitar-km", profile.acceptProposals,
+                "Aceita os quilómetros propostos, depois de os ver com --simular.")
+      ->needs(named);
+
+  const auto words = std::make_shared<std::vector<std::string>>();
+  auto& perfis = calls.Add("perfis", "Perfis de importação: listar, exportar, importar, remover, propor.",
+                           [&calls, words] { return RunProfiles(calls, *words); });
+  perfis
+      .add_option("acção", *words,
+                  "listar; exportar NOME; importar FICHEIRO; remover NOME; propor TIPO FICHEIRO.")
+      ->type_name("");
+  auto& importacoes = calls.Add("importacoes", "Mostra as importações feitas; com anular NÚMERO, tira uma.",
+                                [&calls, words] { return RunImports(calls, *words); });
+  importacoes.add_option("acção", *words, "anular NÚMERO.")->type_name("");
 }
 
 }  // namespace console

@@ -1,0 +1,179 @@
+#include "console/import_commands.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "console/program.h"
+#include "exchange/imports/import_log.h"
+#include "exchange/imports/row_mark.h"
+#include "exchange/imports/take_back.h"
+#include "exchange/plan/import_plan.h"
+#include "exchange/profile/profile_store.h"
+#include "exchange/shape/profile_guess.h"
+
+namespace console {
+namespace {
+
+using exchange::ImportPlan;
+using exchange::RowState;
+
+std::string UserName() {
+  const char* user = std::getenv("USER");
+  return user != nullptr ? user : "";
+}
+
+exchange::TableOptions OptionsOf(const exchange::Profile& profile) {
+  exchange::TableOptions options;
+  if (!profile.separator.empty()) options.separator = profile.separator[0];
+  for (const auto encoding : {exchange::TextEncoding::kUtf8, exchange::TextEncoding::kUtf16LittleEndian,
+                              exchange::TextEncoding::kUtf16BigEndian, exchange::TextEncoding::kWindows1252})
+    if (profile.encoding == exchange::NameOf(encoding)) options.encoding = encoding;
+  return options;
+}
+
+/// The rows of which there is something to tell.
+void TellRows(const ImportPlan& plan, std::ostream& out) {
+  for (std::size_t i = 0; i < plan.size(); ++i) {
+    const exchange::PlanRow& row = plan.row(i);
+    if (row.reason.empty() || row.state == RowState::kKnown) continue;
+    out << "linha " << row.line << ", " << exchange::NameOf(row.state);
+    if (!row.column.empty()) out << ", " << row.column;
+    out << ": " << row.reason << '\n';
+  }
+}
+
+void TellSums(const exchange::Reconciliation& sums, bool simulate, std::ostream& out) {
+  const auto tell = [&](const char* what, const exchange::Tally& tally) {
+    out << what << ": " << tally.rows << " (" << tally.amount.ToText() << ")\n";
+  };
+  tell(simulate ? "Entrariam" : "Novas", sums.stored);
+  tell("Já existiam", sums.known);
+  tell("Postas de parte", sums.aside);
+  tell("Recusadas", sums.refused);
+  tell("No ficheiro", sums.file);
+}
+
+void WriteRefused(const ImportPlan& plan, const std::string& file) {
+  std::ofstream out(file, std::ios::binary);
+  plan.WriteRefused(out);
+  if (!out.flush()) throw std::runtime_error("Não foi possível escrever as linhas recusadas em " + file);
+}
+
+std::string ReadText(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) throw std::runtime_error("Não é possível ler o ficheiro " + file);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// A profile for a file that nobody has mapped yet.
+exchange::Profile Guessed(const std::string& kindName, const std::string& file) {
+  const exchange::ImportKind* kind = exchange::KindOf(kindName);
+  if (kind == nullptr) throw std::runtime_error("Não se importa «" + kindName + "».");
+  constexpr std::size_t kSample = 100;
+  const auto reader = exchange::OpenTable(file);
+  std::vector<exchange::TableRow> rows;
+  for (exchange::TableRow row; rows.size() < kSample && reader->Next(row);) rows.push_back(row);
+  exchange::Profile profile = exchange::GuessProfile(*kind, rows);
+  profile.name = std::filesystem::path(file).stem().string();
+  return profile;
+}
+
+exchange::Profile Required(const Calls& calls, const std::string& name) {
+  if (auto profile = exchange::FindProfile(calls.Open(), name)) return *profile;
+  throw std::runtime_error("Não há o perfil «" + name + "». Veja «parvel perfis».");
+}
+
+}  // namespace
+
+int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
+  const auto database = calls.Open();
+  exchange::Profile profile = Required(calls, import.profile);
+  if (profile.kind != import.kind)
+    throw std::runtime_error("O perfil «" + profile.name + "» é de " + profile.kind + ", não de " +
+                             import.kind + ".");
+  const std::string checksum = exchange::ChecksumOfFile(import.file);
+  if (const auto before = exchange::ImportedBefore(database, checksum))
+    calls.err << "Este ficheiro já foi importado em " << before->when.ToText() << " (importação "
+              << before->number << ").\n";
+  const auto reader = exchange::OpenTable(import.file, OptionsOf(profile));
+  ImportPlan plan(database, std::move(profile));
+  plan.Load(*reader);
+  plan.AcceptProposals(import.simulate || import.acceptProposals);
+  if (import.createCodes) plan.SettleUnknownCodes();
+  exchange::StoredImport stored;
+  if (import.simulate) {
+    plan.Check();
+    stored.rows = plan.Sums();
+  } else {
+    stored = plan.Store(std::filesystem::path(import.file).filename().string(), checksum, UserName());
+  }
+  TellRows(plan, calls.out);
+  TellSums(stored.rows, import.simulate, calls.out);
+  if (!import.simulate)
+    calls.out << "Importação " << stored.number << "; anula-se com «parvel importacoes anular "
+              << stored.number << "».\n";
+  if (!import.refused.empty()) WriteRefused(plan, import.refused);
+  return stored.rows.refused.rows == 0 ? kDone : kRefused;
+}
+
+int RunProfiles(const Calls& calls, const std::vector<std::string>& words) {
+  const std::string action = words.empty() ? "listar" : words[0];
+  const auto is = [&](const char* name, std::size_t count) {
+    return action == name && words.size() == count;
+  };
+  if (action == "listar" && words.size() <= 1) {
+    for (const exchange::Profile& profile : exchange::ListProfiles(calls.Open()))
+      calls.out << profile.name << " (" << profile.kind << ")\n";
+  } else if (is("exportar", 2)) {
+    calls.out << exchange::ToJson(Required(calls, words[1])) << '\n';
+  } else if (is("importar", 2)) {
+    const exchange::Profile profile = exchange::ProfileFromJson(ReadText(words[1]));
+    exchange::SaveProfile(calls.Open(), profile);
+    calls.out << "Perfil guardado: " << profile.name << '\n';
+  } else if (is("remover", 2)) {
+    if (exchange::RemoveProfile(calls.Open(), words[1])) return kDone;
+    calls.err << "Não há o perfil «" << words[1] << "».\n";
+    return kRefused;
+  } else if (is("propor", 3)) {
+    calls.out << exchange::ToJson(Guessed(words[1], words[2])) << '\n';
+  } else {
+    calls.err
+        << "Use: parvel perfis [listar | exportar NOME | importar FICHEIRO | remover NOME | propor TIPO "
+           "FICHEIRO].\n";
+    return kUsage;
+  }
+  return kDone;
+}
+
+int RunImports(const Calls& calls, const std::vector<std::string>& words) {
+  if (words.empty()) {
+    for (const exchange::ImportEntry& entry : exchange::ListImports(calls.Open())) {
+      calls.out << entry.number << "  " << entry.when.ToText() << "  " << entry.kind << "  " << entry.rows
+                << " linhas  " << entry.file << "  " << entry.profile << "  " << entry.who;
+      if (entry.takenBack) calls.out << "  anulada em " << entry.takenBack->ToText();
+      calls.out << '\n';
+    }
+    return kDone;
+  }
+  const bool number = words.size() == 2 && !words[1].empty() && words[1].size() < 10 &&
+                      words[1].find_first_not_of("0123456789") == std::string::npos;
+  if (words[0] != "anular" || !number) {
+    calls.err << "Use: parvel importacoes [anular NÚMERO].\n";
+    return kUsage;
+  }
+  const exchange::TakenBack back = exchange::TakeBackImport(calls.Open(), std::stol(words[1]));
+  for (const exchange::KeptRow& kept : back.kept) {
+    calls.out << "fica: " << kept.table << " " << kept.key;
+    if (kept.line > 0) calls.out << " (linha " << kept.line << ")";
+    calls.out << " " << kept.why << '\n';
+  }
+  calls.out << back.removed << " linhas tiradas, " << back.kept.size() << " ficam, " << back.gone
+            << " já não existiam\n";
+  return back.kept.empty() ? kDone : kRefused;
+}
+
+}  // namespace console
