@@ -344,4 +344,63 @@ CREATE TABLE parvel_importacoes_linhas (
   Marca nvarchar(16) NULL,
   Transaccao nvarchar(60) NULL,
   CONSTRAINT PK_parvel_importacoes_linhas PRIMARY KEY (Importacao, Ordem)
+-- The hosts' own tables, which the module never reads. A database without them works.
+
+-- Figures over time: the unit of an expense type's quantities ("L", "kWh").
+CREATE TABLE parvel_TiposGastos (
+  TipoGasto nvarchar(10) NOT NULL,
+  Unidade nvarchar(10) NULL,
+  CONSTRAINT PK_parvel_TiposGastos PRIMARY KEY (TipoGasto)
+);
+
+-- What a vehicle's row lacks: what its tank holds, the day on which it went out of service, and its leasing: the
+-- kilometres of the whole contract, from when they count, and what each beyond them costs.
+CREATE TABLE parvel_Viaturas (
+  Matricula nvarchar(15) NOT NULL,
+  Deposito money NULL,
+  ForaDeServico datetime NULL,
+  LimiteKm money NULL,
+  InicioLeasing datetime NULL,
+  EurosKm money NULL,
+  CONSTRAINT PK_parvel_Viaturas PRIMARY KEY (Matricula)
+);
+
+-- The expense types that a vehicle of a fuel (0 to 3, as in zor_PV_Viaturas) takes. A fuel without a row takes any.
+CREATE TABLE parvel_TiposAceites (
+  Combustivel smallint NOT NULL,
+  TipoGasto nvarchar(10) NOT NULL,
+  CONSTRAINT PK_parvel_TiposAceites PRIMARY KEY (Combustivel, TipoGasto)
+);
+
+-- The licence class (as in zor_CartasCond) that vehicles of a category need.
+CREATE TABLE parvel_ClassesCategorias (
+  Categoria nvarchar(10) NOT NULL,
+  Classe smallint NULL,
+  CONSTRAINT PK_parvel_ClassesCategorias PRIMARY KEY (Categoria)
+);
+
+-- kg of CO2 a unit of an expense type, from a day on.
+CREATE TABLE parvel_FactoresCO2 (
+  TipoGasto nvarchar(10) NOT NULL,
+  Desde datetime NOT NULL,
+  Kg money NULL,
+  CONSTRAINT PK_parvel_FactoresCO2 PRIMARY KEY (TipoGasto, Desde)
+);
+
+-- How the rules on what is odd are set; one without a row is as it comes. Activa: 1 or 0.
+CREATE TABLE parvel_Regras (
+  Regra nvarchar(20) NOT NULL,
+  Activa smallint NULL,
+  Limiar money NULL,
+  CONSTRAINT PK_parvel_Regras PRIMARY KEY (Regra)
+);
+
+-- What was found odd and has been looked at: the rule, the table of the event and its id.
+CREATE TABLE parvel_Vistos (
+  Regra nvarchar(20) NOT NULL,
+  Tabela nvarchar(30) NOT NULL,
+  Registo int NOT NULL,
+  Nota nvarchar(200) NULL,
+  Data datetime NULL,
+  CONSTRAINT PK_parvel_Vistos PRIMARY KEY (Regra, Tabela, Registo)
 );

@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kFooter[] =
     "Códigos de saída: 0 feito, 1 recusado, 2 argumentos errados, 3 falha da base de dados ou do disco,\n"
-    "10 há alertas.\n"
+    "10 há alertas, ou excepções por ver.\n"
     "Sem --db nem --ligacao, a base de dados é parvel/frota.db na pasta de dados do utilizador.\n"
     "Em CSV, um texto que começa como uma fórmula (= + - @) leva um apóstrofo antes; a importação tira-o.\n"
     "A senha de um servidor vem da variável PARVEL_SENHA, de --senha-ficheiro, ou é pedida.";

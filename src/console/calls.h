@@ -51,5 +51,6 @@ class Calls {
 void AddListCalls(Calls& calls);
 void AddExchangeCalls(Calls& calls);
 void AddDatabaseCalls(Calls& calls);
+void AddReportCalls(Calls& calls);
 
 }  // namespace console

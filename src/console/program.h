@@ -13,7 +13,7 @@ enum ExitCode : int {
       1,  // understood, but not to be done: a list that isn't there, demonstration data on a full database
   kUsage = 2,   // the call's words are off
   kFailed = 3,  // the database or the disk failed
-  kDue = 10,    // alerts: something is due
+  kDue = 10,    // alerts: something is due; exceptions: some are open
 };
 
 /// Runs the program on its arguments (without its name). Results go to `out`, messages to `err`. `kFailed`,
