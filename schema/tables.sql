@@ -344,6 +344,8 @@ CREATE TABLE parvel_importacoes_linhas (
   Marca nvarchar(16) NULL,
   Transaccao nvarchar(60) NULL,
   CONSTRAINT PK_parvel_importacoes_linhas PRIMARY KEY (Importacao, Ordem)
+);
+
 -- The hosts' own tables, which the module never reads. A database without them works.
 
 -- Figures over time: the unit of an expense type's quantities ("L", "kWh").
