@@ -406,3 +406,41 @@ CREATE TABLE parvel_Vistos (
   Data datetime NULL,
   CONSTRAINT PK_parvel_Vistos PRIMARY KEY (Regra, Tabela, Registo)
 );
+
+-- What was written, and by whom: one row for each row of a table that a write touched, or for several of one
+-- kind (Chave '*'). The first row of an act of the user tells of the act as well; the others name it in
+-- Operacao. Antes, Depois: the values as JSON; Anula: the act that this one undid.
+CREATE TABLE parvel_historico (
+  Id int IDENTITY(1,1) NOT NULL,
+  Operacao int NULL,
+  Momento datetime NULL,
+  Operador nvarchar(60) NULL,
+  Posto nvarchar(60) NULL,
+  Texto nvarchar(200) NULL,
+  Registo nvarchar(60) NULL,
+  Anula int NULL,
+  Tabela nvarchar(60) NULL,
+  Chave nvarchar(100) NULL,
+  Linhas int NULL,
+  Antes nvarchar(max) NULL,
+  Depois nvarchar(max) NULL,
+  CONSTRAINT PK_parvel_historico PRIMARY KEY (Id)
+);
+CREATE INDEX IX_parvel_historico_Operacao ON parvel_historico (Operacao);
+CREATE INDEX IX_parvel_historico_Chave ON parvel_historico (Chave, Tabela);
+CREATE INDEX IX_parvel_historico_Registo ON parvel_historico (Registo);
+CREATE INDEX IX_parvel_historico_Anula ON parvel_historico (Anula);
+
+-- The bytes of documents and photos that a write took away, once for each content.
+CREATE TABLE parvel_conteudos (
+  Resumo nvarchar(64) NOT NULL,
+  Conteudo varbinary(max) NULL,
+  CONSTRAINT PK_parvel_conteudos PRIMARY KEY (Resumo)
+);
+
+-- Empty: on a server, whoever writes locks it until all that belongs together is written.
+CREATE TABLE parvel_vez (
+  Nome nvarchar(10) NOT NULL,
+  Vez int NULL,
+  CONSTRAINT PK_parvel_vez PRIMARY KEY (Nome)
+);

@@ -97,6 +97,7 @@ void Database::KeepLogShort() { engine_->KeepLogShort(); }
 void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }
 void Database::AbandonBatch() { engine_->AbandonBatch(); }
+void Database::BringNumbers(const std::string& table, bool on) { engine_->BringNumbers(on ? table : ""); }
 
 void Database::BeginSnapshot() { engine_->BeginSnapshot(); }
 void Database::EndSnapshot() noexcept { engine_->EndSnapshot(); }

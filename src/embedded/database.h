@@ -61,6 +61,7 @@ class Database : public zorCrmParvel::Store {
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
+  void BringNumbers(const std::string& table, bool on) override;
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
   void BeginSnapshot() override;
   void EndSnapshot() noexcept override;

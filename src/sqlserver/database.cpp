@@ -51,6 +51,7 @@ std::string Database::Place() const { return session_->Place(); }
 void Database::BeginBatch() { session_->BeginBatch(); }
 void Database::CommitBatch() { session_->CommitBatch(); }
 void Database::AbandonBatch() { session_->AbandonBatch(); }
+void Database::BringNumbers(const std::string& table, bool on) { session_->BringNumbers(table, on); }
 
 bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
   connection = platform::MakeRef<SessionConnection>(session_);

@@ -42,6 +42,7 @@ class Database : public zorCrmParvel::Store {
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
+  void BringNumbers(const std::string& table, bool on) override;
 
  protected:
   bool Execute(const std::string& statement) override;

@@ -39,6 +39,9 @@ constexpr Dialect kSqlServer{.sessionSetup = "SET DATEFORMAT ymd",
                              .collationTest =
                                  "SELECT CASE WHEN N'a' = N'A' THEN 1 ELSE 0 END AS c, "
                                  "CASE WHEN N'a' = N'á' THEN 1 ELSE 0 END AS a",
+                             .takeTurn =
+                                 "IF OBJECT_ID(N'parvel_vez') IS NOT NULL "
+                                 "UPDATE parvel_vez WITH (TABLOCKX) SET Vez = 0",
                              .translate = &TranslateNothing};
 
 constexpr Dialect kSqlite{.sessionSetup = "",
@@ -48,6 +51,7 @@ constexpr Dialect kSqlite{.sessionSetup = "",
                           .batchTest = "",
                           .numberedColumns = "",
                           .collationTest = "",
+                          .takeTurn = "",
                           .translate = &TranslateSqlite};
 
 }  // namespace

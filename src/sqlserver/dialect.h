@@ -24,6 +24,9 @@ struct Dialect {
   const char* numberedColumns;
   /// Gives two truth values: whether the database's texts ignore case, and accents. Empty: no such choice.
   const char* collationTest;
+  /// The first statement of a batch: it waits until no other batch is under way, so that sums which a batch
+  /// reads stay as they are until it ends. Empty: nothing.
+  const char* takeTurn;
   /// Brings a diagnostic into the server's numbers.
   void (*translate)(Diagnostic& diagnostic);
 

@@ -47,13 +47,13 @@ void EditRecordset::Read(ResultReader& result) {
   }
 }
 
-std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
+std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values, bool numbers) const {
   platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;
     const tsql::Column* column = rows_.table->Find(columns_[i]);
-    if (columns_[i].empty() || (column != nullptr && column->identity))
+    if (columns_[i].empty() || (column != nullptr && column->identity && !numbers))
       throw RuntimeError(platform::kMultipleStep, fields_[i].name);
     assigned.push_back(i);
   }
@@ -66,7 +66,8 @@ void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& 
 }
 
 void EditRecordset::Insert(const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values);
+  const bool brings = session_->TakesNumbers(rows_.table->name);
+  const std::vector<std::size_t> fields = AssignedFields(values, brings);
   Parameters parameters;
   std::string names;
   std::string places;
@@ -81,20 +82,20 @@ void EditRecordset::Insert(const Assignments& values) {
   const auto numbered =
       std::find_if(columns.begin(), columns.end(), [](const tsql::Column& each) { return each.identity; });
   long number = 0;
-  if (numbered == columns.end())
+  if (numbered == columns.end() || brings)
     session_->Write(sql, parameters);
   else
     number = session_->InsertNumbered(sql, parameters);
 
   const std::size_t row = store().AddRow();
   KeepValues(row, fields, values);
-  for (std::size_t i = 0; numbered != columns.end() && i < columns_.size(); ++i)
+  for (std::size_t i = 0; numbered != columns.end() && !brings && i < columns_.size(); ++i)
     if (EqualsIgnoringCase(columns_[i], numbered->name))
       store().Put(row, i, platform::Cell::Number(platform::FieldType::kLong, number));
 }
 
 void EditRecordset::Change(std::size_t row, const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values);
+  const std::vector<std::size_t> fields = AssignedFields(values, false);
   Parameters parameters;
   std::string sql = "UPDATE " + Bracketed(rows_.table->name) + " SET ";
   for (std::size_t i = 0; i < fields.size(); ++i) {

@@ -32,7 +32,7 @@ class EditRecordset : public platform::Recordset {
   };
 
   void Read(ResultReader& result);
-  std::vector<std::size_t> AssignedFields(const Assignments& values) const;
+  std::vector<std::size_t> AssignedFields(const Assignments& values, bool numbers) const;
   void KeepValues(std::size_t row, const std::vector<std::size_t>& fields, const Assignments& values);
 
   std::shared_ptr<Session> session_;

@@ -228,11 +228,27 @@ long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
   return *number;
 }
 
+void Session::BringNumbers(const std::string& table, bool on) {
+  numbersOf_ = on ? table : "";
+  if (!dialect_->announcesIdentity) return;
+  Parameters none;
+  Write("SET IDENTITY_INSERT " + Bracketed(table) + (on ? " ON" : " OFF"), none);
+}
+
 void Session::BeginBatch() {
   ++traffic_.trips;
   Do(Work::kBegin, [](const Link& link) { link.CommitEach(false); });
   batch_ = true;
   batchWrote_ = false;
+  if (*dialect_->takeTurn == '\0') return;
+  try {
+    Parameters none;
+    Write(dialect_->takeTurn, none);
+    batchWrote_ = false;  // nothing is lost yet
+  } catch (...) {
+    AbandonBatch();
+    throw;
+  }
 }
 
 void Session::CommitBatch() {

@@ -49,6 +49,10 @@ class Session {
   void CommitBatch();
   void AbandonBatch();
 
+  /// Rows added to a table bring the number of its identity column, or do so no longer.
+  void BringNumbers(const std::string& table, bool on);
+  bool TakesNumbers(const std::string& table) const { return numbersOf_ == table; }
+
  private:
   enum class Work { kRead, kWrite, kBegin, kCommit };
 
@@ -70,6 +74,7 @@ class Session {
   const Dialect* dialect_ = nullptr;
   bool batch_ = false;
   bool batchWrote_ = false;
+  std::string numbersOf_;
   std::chrono::steady_clock::time_point lastUse_;
   Traffic traffic_;
 };

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "host/data_access.h"
+#include "platform/runtime_error.h"
 
 namespace zorCrmParvel {
 
@@ -17,6 +19,9 @@ class Store : public DataAccess {
   virtual void BeginBatch() = 0;
   virtual void CommitBatch() = 0;
   virtual void AbandonBatch() = 0;
+
+  // Used through `OwnNumbers`.
+  virtual void BringNumbers(const std::string& table, bool on) = 0;
 };
 
 /// Everything written while it lives is kept by `Commit` at once, or not at all. One at a time; others may
@@ -38,6 +43,28 @@ class Batch {
  private:
   Store& store_;
   bool open_ = true;
+};
+
+/// While it lives, rows added to a table through `AbrirEdicao` bring the value of its identity column along.
+/// One table at a time.
+class OwnNumbers {
+ public:
+  OwnNumbers(Store& store, std::string table) : store_(store), table_(std::move(table)) {
+    store_.BringNumbers(table_, true);
+  }
+  ~OwnNumbers() {
+    try {
+      store_.BringNumbers(table_, false);
+    } catch (const platform::RuntimeError&) {
+      // the connection is lost, and what it allowed with it
+    }
+  }
+  OwnNumbers(const OwnNumbers&) = delete;
+  OwnNumbers& operator=(const OwnNumbers&) = delete;
+
+ private:
+  Store& store_;
+  std::string table_;
 };
 
 }  // namespace zorCrmParvel

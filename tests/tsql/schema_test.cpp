@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "reading.h"
 
 namespace tsql {
@@ -7,7 +9,9 @@ TEST(Schema, TheTablesOfTheModuleAreWhole) {
   const std::string text = Contents(std::filesystem::path(PARVEL_SOURCE_DIR) / "schema" / "tables.sql");
   EXPECT_EQ(text.rfind("-- versão ", 0), 0U);
   const Catalog catalog = ParseSchema(text);
-  EXPECT_EQ(catalog.tables().size(), 27U);
+  EXPECT_EQ(std::count_if(catalog.tables().begin(), catalog.tables().end(),
+                          [](const Table& table) { return !table.name.starts_with("parvel_"); }),
+            24);
   for (const Table& table : catalog.tables()) {
     SCOPED_TRACE(table.name);
     ASSERT_FALSE(table.primaryKey.empty());

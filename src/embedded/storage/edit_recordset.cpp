@@ -65,12 +65,12 @@ void EditRecordset::RowRead(sqlite3_stmt* statement) {
   rowIds_.push_back(sqlite3_column_int64(statement, static_cast<int>(columns_.size())));
 }
 
-std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
+std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values, bool numbers) const {
   platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;
-    if (columns_[i] == nullptr || columns_[i]->identity)
+    if (columns_[i] == nullptr || (columns_[i]->identity && !numbers))
       throw platform::RuntimeError(platform::kMultipleStep, fields_[i].name);
     assigned.push_back(i);
   }
@@ -89,7 +89,7 @@ void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& 
 }
 
 void EditRecordset::Insert(const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values);
+  const std::vector<std::size_t> fields = AssignedFields(values, engine_->TakesNumbers(table_));
   std::string names;
   std::string places;
   for (const std::size_t field : fields) {
@@ -109,7 +109,7 @@ void EditRecordset::Insert(const Assignments& values) {
 }
 
 void EditRecordset::Change(std::size_t row, const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values);
+  const std::vector<std::size_t> fields = AssignedFields(values, false);
   std::string sql = "UPDATE " + QuotedName(table_.name) + " SET ";
   for (std::size_t i = 0; i < fields.size(); ++i)
     sql += (i == 0 ? "" : ", ") + QuotedName(columns_[fields[i]]->name) + " = ?";

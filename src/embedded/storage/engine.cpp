@@ -109,6 +109,7 @@ void Engine::BeginBatch() {
 }
 
 void Engine::CommitBatch() {
+  RequireBatch();
   Settle();
   batch_->Commit();
   batch_.reset();
@@ -135,11 +136,20 @@ void Engine::Settle() {
 }
 
 void Engine::SettleToWrite() {
+  RequireBatch();
   Settle();
   LeaveSnapshot();
 }
 
 void Engine::Ended(SelectRecordset* rows) { std::erase(reading_, rows); }
+
+// A disk that is full or fails ends the transaction, and whatever came after it would stand alone.
+void Engine::RequireBatch() const {
+  if (batch_ && sqlite3_get_autocommit(connection_.get()) != 0)
+    throw platform::RuntimeError(platform::kEngineFailure, path_,
+                                 "A gravação foi interrompida a meio por uma falha do disco: nada do que lhe "
+                                 "pertence ficou gravado. Verifique o espaço no disco e repita.");
+}
 
 // A file that was removed can still be written to, but nobody would ever find what is written.
 void Engine::RequireInPlace() const {

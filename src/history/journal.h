@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "history/image.h"
+#include "history/who.h"
+#include "platform/date.h"
+#include "store/store.h"
+
+namespace history {
+
+/// One row of a table as a write found it and as it left it; an empty side: there was none.
+struct Alteration {
+  const tsql::Table* table;
+  std::string key;
+  std::string before;  // JSON
+  std::string after;   // JSON; of a row that was changed the columns that are different now
+};
+
+/// What an act of the user is remembered by.
+struct ActRecord {
+  std::string words;  // "Gastos: Confirmar"
+  long undoes = 0;    // the operation that it undoes; 0: none
+  long head = 0;      // its number, once the first of its rows is stored
+  std::string about;  // the record that it is about, by its first row
+};
+
+/// Writes the table of the history: rows are collected while a unit is under way and stored with it.
+class Journal {
+ public:
+  Journal(std::shared_ptr<zorCrmParvel::Store> store, Who who, std::function<platform::Date()> clock);
+
+  /// False when the database has no table for it: then nothing is recorded.
+  bool Keeps() const { return keeps_; }
+  /// Looks for the table anew. Error as the database's when it is there and may not be read.
+  void Look();
+
+  void Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after);
+  /// Stores what was collected as part of an act.
+  void Flush(ActRecord& act);
+  void Forget();
+
+ private:
+  void Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows,
+             const std::string& before, const std::string& after);
+  void KeepContents(const tsql::Table& table, const Image& image);
+  void Open();
+
+  std::shared_ptr<zorCrmParvel::Store> store_;
+  Who who_;
+  std::function<platform::Date()> clock_;
+  bool keeps_ = false;
+  std::vector<Alteration> pending_;
+  std::size_t pendingBytes_ = 0;
+  zorCrmParvel::RecordsetRef rows_;
+  int stored_ = 0;  // through `rows_`
+};
+
+}  // namespace history

@@ -1,0 +1,246 @@
+#include "history/keeping_store.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "history/kept_rows.h"
+#include "platform/runtime_error.h"
+#include "tsql/parser.h"
+
+namespace schema {
+extern const char* const kTables;
+}
+
+namespace history {
+namespace {
+
+using platform::RuntimeError;
+using zorCrmParvel::RecordsetRef;
+
+std::vector<KeepingStore*>& Stores() {
+  static std::vector<KeepingStore*> stores;
+  return stores;
+}
+
+}  // namespace
+
+const std::vector<KeepingStore*>& OpenStores() { return Stores(); }
+
+KeepingStore::KeepingStore(std::shared_ptr<Store> inner, Options options)
+    : inner_(std::move(inner)),
+      who_(std::move(options.who)),
+      catalog_(tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str())),
+      journal_(inner_, who_, std::move(options.clock)) {
+  Stores().push_back(this);
+}
+
+KeepingStore::~KeepingStore() {
+  std::erase(Stores(), this);
+  if (open_) inner_->AbandonBatch();
+}
+
+bool KeepingStore::ObterLigacao(platform::Ref<platform::Connection>& connection) {
+  return inner_->ObterLigacao(connection);
+}
+
+void KeepingStore::BeginAct(const std::string& words, long undoes) {
+  if (act_.depth++ > 0 || batch_) return;
+  act_.record = {.words = words, .undoes = undoes, .head = 0, .about = {}};
+  act_.wrote = false;
+  last_ = 0;
+}
+
+void KeepingStore::EndAct() {
+  if (act_.depth == 0 || --act_.depth > 0 || batch_) return;
+  Pause();
+  last_ = act_.record.head;
+}
+
+void KeepingStore::AbandonAct() {
+  act_.depth = 0;
+  if (open_ && !batch_) Abandon();
+}
+
+void KeepingStore::Pause() {
+  if (open_ && !batch_) Keep();
+}
+
+/// A unit begins with the first write, or, where the act has written before, with whatever it does next: it
+/// goes on from what it reads.
+void KeepingStore::Need() {
+  if (open_) return;
+  inner_->BeginBatch();
+  open_ = true;
+  ++units_;
+}
+
+void KeepingStore::Keep() {
+  const long head = act_.record.head;
+  try {
+    journal_.Flush(act_.record);
+    inner_->CommitBatch();
+  } catch (...) {
+    act_.record.head = head;
+    Abandon();
+    throw;
+  }
+  open_ = batch_ = false;
+  act_.wrote = true;
+}
+
+void KeepingStore::Abandon() {
+  open_ = batch_ = false;
+  journal_.Forget();
+  inner_->AbandonBatch();
+}
+
+void KeepingStore::BeginBatch() {
+  Pause();
+  if (act_.depth == 0) {
+    act_ = {};
+    act_.record.words = "Gravação em conjunto";
+  }
+  Need();
+  batch_ = true;
+}
+
+void KeepingStore::CommitBatch() {
+  Keep();
+  if (act_.depth == 0) last_ = act_.record.head;
+}
+
+void KeepingStore::AbandonBatch() {
+  if (open_) Abandon();
+}
+
+void KeepingStore::Within(const std::function<void()>& write) {
+  if (act_.depth > 0 || batch_) {
+    Need();
+    return write();
+  }
+  BeginAct("Gravação");
+  try {
+    Need();
+    write();
+  } catch (...) {
+    AbandonAct();
+    throw;
+  }
+  EndAct();
+}
+
+void KeepingStore::Changed(const tsql::Table& table, const Image* before, const Image* after) {
+  journal_.Add(act_.record, table, before, after);
+}
+
+bool KeepingStore::Execute(const std::string& statement) {
+  const auto target = WriteTarget::Of(statement, catalog_);
+  if (!target) {
+    inner_->ExecutarSql("", statement.c_str());
+    return true;
+  }
+  if (target->table == nullptr || !Keeps()) {
+    if (act_.depth > 0 || batch_) Need();
+    inner_->ExecutarSql("", statement.c_str());
+    return true;
+  }
+  Within([&] { Run(*target, statement); });
+  return true;
+}
+
+void KeepingStore::Run(const WriteTarget& target, const std::string& statement) {
+  if (target.kind == WriteTarget::Kind::kInsert) {
+    inner_->ExecutarSql("", statement.c_str());
+    return RecordInserted(target);
+  }
+  const std::vector<Image> before = Read(target);
+  inner_->ExecutarSql("", statement.c_str());
+  for (const Image& row : before) {
+    if (target.kind == WriteTarget::Kind::kDelete) {
+      Changed(*target.table, &row, nullptr);
+    } else if (const auto after = ReadAgain(*target.table, row)) {
+      Changed(*target.table, &row, &*after);
+    }
+  }
+}
+
+/// The rows that a statement is about to write. Bytes that it leaves alone are not read.
+std::vector<Image> KeepingStore::Read(const WriteTarget& target) {
+  std::vector<const tsql::Column*> columns;
+  for (const tsql::Column& column : target.table->columns) {
+    const bool assigned = std::any_of(target.assigned.begin(), target.assigned.end(),
+                                      [&](const auto& name) { return target.table->Find(name) == &column; });
+    if (target.kind == WriteTarget::Kind::kDelete || assigned || !HoldsBytes(column))
+      columns.push_back(&column);
+  }
+  RecordsetRef rows;
+  inner_->AbrirLeitura(
+      "", ("SELECT " + NamesOf(columns) + " FROM " + Bracketed(target.name) + target.condition).c_str(),
+      rows);
+  std::vector<Image> images;
+  for (; !rows->Eof(); rows->MoveNext()) images.push_back(ImageOf(*target.table, *rows));
+  rows->Close();
+  return images;
+}
+
+/// The columns of a row as they are now; nothing when it is gone.
+std::optional<Image> KeepingStore::ReadAgain(const tsql::Table& table, const Image& row) {
+  std::vector<const tsql::Column*> columns;
+  for (std::size_t i = 0; i < row.size(); ++i)
+    if (row[i]) columns.push_back(&table.columns[i]);
+  RecordsetRef rows;
+  inner_->AbrirLeitura(
+      "",
+      ("SELECT " + NamesOf(columns) + " FROM " + Bracketed(table.name) + " WHERE " + KeyCondition(table, row))
+          .c_str(),
+      rows);
+  std::optional<Image> image;
+  if (!rows->Eof()) image = ImageOf(table, *rows);
+  rows->Close();
+  return image;
+}
+
+/// A row that a statement put in is found by the number that it got; without numbers by its key, which the
+/// statement can't leave out.
+void KeepingStore::RecordInserted(const WriteTarget& target) {
+  const tsql::Table& table = *target.table;
+  RecordsetRef rows;
+  for (const tsql::Column& column : table.columns) {
+    if (!column.identity) continue;
+    inner_->AbrirLeitura(
+        "",
+        ("SELECT TOP 1 * FROM " + Bracketed(table.name) + " ORDER BY " + Bracketed(column.name) + " DESC")
+            .c_str(),
+        rows);
+    const Image after = ImageOf(table, *rows);
+    rows->Close();
+    return Changed(table, nullptr, &after);
+  }
+  throw RuntimeError(platform::kStatementRefused, table.name,
+                     "Em " + table.name + " os registos novos entram por uma selecção aberta para edição.");
+}
+
+RecordsetRef KeepingStore::OpenForEditing(const std::string& statement) {
+  const tsql::Table* table = Keeps() ? EditedTable(statement, catalog_) : nullptr;
+  if (act_.depth > 0 || batch_) Need();
+  RecordsetRef rows;
+  inner_->AbrirEdicao(statement.c_str(), rows);
+  if (table == nullptr) return rows;
+  return platform::MakeRef<KeptRows>(*this, *table, rows);
+}
+
+RecordsetRef KeepingStore::OpenForReading(const std::string& statement) {
+  if (act_.depth > 0 && act_.wrote) Need();
+  RecordsetRef rows;
+  inner_->AbrirLeitura("", statement.c_str(), rows);
+  return rows;
+}
+
+KeepingStore::Aside::Aside(KeepingStore& store) : store_(store) {
+  store_.Pause();
+  act_ = std::exchange(store_.act_, {});
+}
+
+KeepingStore::Aside::~Aside() { store_.act_ = act_; }
+
+}  // namespace history

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "history/journal.h"
+#include "history/who.h"
+#include "history/write_target.h"
+#include "platform/date.h"
+#include "store/store.h"
+#include "tsql/catalog.h"
+
+namespace history {
+
+struct Options {
+  Who who = Who::OfThisProcess();
+  std::function<platform::Date()> clock = &platform::SystemTime;
+  /// The tables that are recorded; empty: the program's own.
+  std::string schema;
+};
+
+/// A database that remembers: every statement goes on as it stands, and of each row that a write touches the
+/// values before and after are stored in the same transaction. What one act of the user writes is one unit
+/// (see `Act`): all of it is kept or nothing, and nobody else writes in between. Without an act each write is
+/// a unit of its own. Where the database has no table for the history, nothing is recorded.
+class KeepingStore : public zorCrmParvel::Store {
+ public:
+  explicit KeepingStore(std::shared_ptr<Store> inner, Options options = {});
+  ~KeepingStore() override;
+
+  const std::shared_ptr<Store>& inner() const { return inner_; }
+  const tsql::Catalog& catalog() const { return catalog_; }
+  bool Keeps() const { return journal_.Keeps(); }
+  const Who& who() const { return who_; }
+
+  std::string Place() const override { return inner_->Place(); }
+  void BeginBatch() override;
+  void CommitBatch() override;
+  void AbandonBatch() override;
+  void BringNumbers(const std::string& table, bool on) override { inner_->BringNumbers(table, on); }
+  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
+  void BeginSnapshot() override { inner_->BeginSnapshot(); }
+  void EndSnapshot() noexcept override { inner_->EndSnapshot(); }
+
+  // Used through `Act`.
+  /// Begins an act, or joins the one that is under way.
+  void BeginAct(const std::string& words, long undoes = 0);
+  /// Ends it, and with the outermost keeps what was written. Error -2147467259 when that fails: then nothing
+  /// of it was.
+  void EndAct();
+  /// Ends it and keeps nothing of its unit.
+  void AbandonAct();
+  /// Keeps what was written so far; what the act writes from now on is a unit of its own.
+  void Pause();
+  /// The number of the operation that the last act became; 0 when it changed nothing.
+  long LastOperation() const { return last_; }
+
+  /// Puts the act that is under way aside, for those of a window above it.
+  class Aside;
+
+  // Used by the rows opened for editing.
+  /// Runs a write and the recording of it within the unit.
+  void Within(const std::function<void()>& write);
+  void Changed(const tsql::Table& table, const Image* before, const Image* after);
+  /// Counts the units: rows that were read in an earlier one may have changed since.
+  long unit() const { return units_; }
+  bool InUnit() const { return open_; }
+
+ protected:
+  bool Execute(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForEditing(const std::string& statement) override;
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
+
+ private:
+  struct Running {
+    ActRecord record;
+    int depth = 0;
+    bool wrote = false;  // in an earlier unit
+  };
+
+  void Need();
+  void Keep();
+  void Abandon();
+  void Run(const WriteTarget& target, const std::string& statement);
+  std::vector<Image> Read(const WriteTarget& target);
+  std::optional<Image> ReadAgain(const tsql::Table& table, const Image& row);
+  void RecordInserted(const WriteTarget& target);
+
+  std::shared_ptr<Store> inner_;
+  Who who_;
+  tsql::Catalog catalog_;
+  Journal journal_;
+  Running act_;
+  bool open_ = false;   // a unit is under way
+  bool batch_ = false;  // and was begun as a batch
+  long units_ = 0;
+  long last_ = 0;
+};
+
+class KeepingStore::Aside {
+ public:
+  /// Keeps what the act wrote so far.
+  explicit Aside(KeepingStore& store);
+  ~Aside();
+  Aside(const Aside&) = delete;
+  Aside& operator=(const Aside&) = delete;
+
+ private:
+  KeepingStore& store_;
+  Running act_;
+};
+
+/// Every store that remembers and is open in this process.
+const std::vector<KeepingStore*>& OpenStores();
+
+}  // namespace history

@@ -1,0 +1,110 @@
+#include "history/kept_rows.h"
+
+#include "platform/runtime_error.h"
+
+namespace history {
+
+using platform::RuntimeError;
+using zorCrmParvel::RecordsetRef;
+
+KeptRows::KeptRows(KeepingStore& store, const tsql::Table& table, RecordsetRef inner)
+    : store_(store), table_(table), inner_(std::move(inner)), readIn_(store.InUnit() ? store.unit() : 0) {
+  for (const tsql::Column& column : table_.columns) fieldOf_.push_back(inner_->FindField(column.name));
+  Opened(inner_->FieldList());
+}
+
+bool KeptRows::Reach(std::size_t row) {
+  while (store().rows() <= row) {
+    const std::size_t next = store().rows();
+    if (next >= inner_->RowsAtHand() && !inner_->FetchMore(1)) return false;
+    store().AddRow();
+    TakeRow(next);
+  }
+  return true;
+}
+
+void KeptRows::TakeRow(std::size_t row) {
+  for (std::size_t i = 0; i < fields_.size(); ++i) store().Put(row, i, inner_->CellAt(row, i));
+}
+
+std::size_t KeptRows::Count() { return static_cast<std::size_t>(inner_->RecordCount()); }
+
+void KeptRows::Released() { inner_->Close(); }
+
+void KeptRows::Send(const Assignments& values) {
+  for (std::size_t i = 0; i < values.size(); ++i)
+    if (values[i]) inner_->Fields(i).SetValue(*values[i]);
+  inner_->Update();
+}
+
+void KeptRows::GoTo(std::size_t row) {
+  if (row < innerRow_) {
+    inner_->MoveFirst();
+    innerRow_ = 0;
+  }
+  for (; innerRow_ < row; ++innerRow_) inner_->MoveNext();
+}
+
+Image KeptRows::RowAt(std::size_t row) const {
+  Image image(table_.columns.size());
+  for (std::size_t i = 0; i < image.size(); ++i)
+    if (fieldOf_[i])
+      image[i] =
+          platform::ConvertTo(FieldTypeOf(table_.columns[i]), inner_->CellAt(row, *fieldOf_[i]).ToVariant());
+  return image;
+}
+
+void KeptRows::Insert(const Assignments& values) {
+  store_.Within([&] {
+    inner_->AddNew();
+    Send(values);
+    const std::size_t row = inner_->RowsAtHand() - 1;
+    innerRow_ = row;
+    Image after = RowAt(row);
+    for (auto& value : after)
+      if (!value) value = platform::Variant::Null{};  // the columns that were not opened
+    store_.Changed(table_, nullptr, &after);
+    Reach(row);
+  });
+}
+
+/// True when all that the history needs was read with the rows.
+bool KeptRows::KnowsWhole(const Assignments& values) const {
+  for (std::size_t i = 0; i < fieldOf_.size(); ++i)
+    if (!fieldOf_[i] && !HoldsBytes(table_.columns[i])) return false;
+  return readIn_ == store_.unit() && values.size() == fields_.size();
+}
+
+Image KeptRows::Before(std::size_t row, const Assignments& values) {
+  const Image read = RowAt(row);
+  if (KnowsWhole(values)) return read;
+  std::vector<const tsql::Column*> columns;
+  for (std::size_t i = 0; i < fieldOf_.size(); ++i)
+    if (!HoldsBytes(table_.columns[i]) || (fieldOf_[i] && values[*fieldOf_[i]]))
+      columns.push_back(&table_.columns[i]);
+  RecordsetRef rows;
+  store_.inner()->AbrirLeitura("",
+                               ("SELECT " + NamesOf(columns) + " FROM " + Bracketed(table_.name) + " WHERE " +
+                                KeyCondition(table_, read))
+                                   .c_str(),
+                               rows);
+  const Image now = rows->Eof() ? read : ImageOf(table_, *rows);  // the write will miss a row that is gone
+  rows->Close();
+  return now;
+}
+
+void KeptRows::Change(std::size_t row, const Assignments& values) {
+  store_.Within([&] {
+    const Image before = Before(row, values);
+    GoTo(row);
+    Send(values);
+    Image after = before;
+    for (std::size_t i = 0; i < after.size(); ++i)
+      if (fieldOf_[i] && values[*fieldOf_[i]])
+        after[i] = platform::ConvertTo(FieldTypeOf(table_.columns[i]), *values[*fieldOf_[i]]);
+    store_.Changed(table_, &before, &after);
+    TakeRow(row);
+  });
+}
+
+}  // namespace history

@@ -1,0 +1,268 @@
+#include "history/undo.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "events/expense_figures.h"
+#include "history/act.h"
+#include "history/reader.h"
+#include "history/rows_by_key.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+
+namespace history {
+namespace {
+
+using platform::EqualsIgnoringCase;
+using platform::RuntimeError;
+using platform::Variant;
+using zorCrmParvel::RecordsetRef;
+
+/// What all writes of an operation made of one row.
+struct Net {
+  std::optional<Image> before;  // nothing: the operation put the row in
+  std::optional<Image> after;   // nothing: it took the row away
+};
+
+using Nets = std::map<std::string, Net>;                                // by the folded key
+using NetsOfTables = std::vector<std::pair<const tsql::Table*, Nets>>;  // in the order of the writes
+
+Nets& Of(NetsOfTables& all, const tsql::Table* table) {
+  for (auto& [each, nets] : all)
+    if (each == table) return nets;
+  return all.emplace_back(table, Nets()).second;
+}
+
+/// The row before with what a change made of it.
+Image Merged(Image row, const Image& changes) {
+  for (std::size_t i = 0; i < row.size(); ++i)
+    if (changes[i]) row[i] = changes[i];
+  return row;
+}
+
+void Add(Nets& nets, const tsql::Table& table, const Image* before, const Image* after) {
+  const Image& known = before != nullptr ? *before : *after;
+  const auto [place, fresh] = nets.try_emplace(FoldedKey(table, known));
+  Net& net = place->second;
+  if (fresh && before != nullptr) net.before = *before;
+  if (before != nullptr && after != nullptr) {
+    // Bytes are recorded by the change that takes them away.
+    if (net.before)
+      for (std::size_t i = 0; i < before->size(); ++i)
+        if (!(*net.before)[i]) (*net.before)[i] = (*before)[i];
+    net.after = Merged(net.after ? *net.after : *before, *after);
+  } else {
+    net.after = after != nullptr ? std::optional(*after) : std::nullopt;
+  }
+}
+
+NetsOfTables NetOf(KeepingStore& store, long operation) {
+  NetsOfTables all;
+  for (const Step& step : ReadSteps(store, operation)) {
+    if (step.table == nullptr) continue;
+    Nets& nets = Of(all, step.table);
+    const std::size_t rows = std::max(step.before.size(), step.after.size());
+    for (std::size_t i = 0; i < rows; ++i)
+      Add(nets, *step.table, step.before.empty() ? nullptr : &step.before[i],
+          step.after.empty() ? nullptr : &step.after[i]);
+  }
+  return all;
+}
+
+bool IsFigure(const tsql::Table& table, const tsql::Column& column) {
+  constexpr std::array kFigures{"KmActual", "CustoMedioKmC", "Media", "CustoTotal", "CustoMedioKmT"};
+  return EqualsIgnoringCase(table.name, "zor_PV_Viaturas") &&
+         std::any_of(kFigures.begin(), kFigures.end(),
+                     [&](const char* name) { return EqualsIgnoringCase(column.name, name); });
+}
+
+/// One operation on its way back.
+class Undoing {
+ public:
+  Undoing(KeepingStore& store, long operation) : store_(store), nets_(NetOf(store, operation)) {
+    for (const auto& [table, nets] : nets_) {
+      std::vector<const Image*> keys;
+      for (const auto& [key, net] : nets) keys.push_back(net.before ? &*net.before : &*net.after);
+      now_.push_back(RowsByKey(store, *table, keys));
+    }
+  }
+
+  std::vector<Conflict> Conflicts() {
+    std::vector<Conflict> conflicts;
+    Each([&](const tsql::Table& table, const Net& net, const Image* now) {
+      Compare(table, net, now, conflicts);
+    });
+    return conflicts;
+  }
+
+  void Run(const zorCrmParvel::DataAccessRef& bd) {
+    // What was put in goes first, the last of all tables first; then what was there comes back.
+    for (std::size_t i = nets_.size(); i-- > 0;) Remove(i);
+    for (std::size_t i = nets_.size(); i-- > 0;) {
+      ChangeBack(i);
+      PutBack(i);
+    }
+    for (const std::string& plate : recompute_) zorCrmParvel::RecalcularViatura(bd, plate);
+  }
+
+ private:
+  template <typename Visit>
+  void Each(const Visit& visit) {
+    for (std::size_t i = 0; i < nets_.size(); ++i)
+      for (const auto& [key, net] : nets_[i].second) visit(*nets_[i].first, net, Now(i, key));
+  }
+  const Image* Now(std::size_t table, const std::string& key) const {
+    const auto found = now_[table].find(key);
+    return found == now_[table].end() ? nullptr : &found->second;
+  }
+
+  static void Compare(const tsql::Table& table, const Net& net, const Image* now,
+                      std::vector<Conflict>& conflicts) {
+    const std::string key = KeyText(table, net.before ? *net.before : *net.after);
+    const auto shown = [](const tsql::Column& column, const std::optional<Image>& image, std::size_t i) {
+      return image && (*image)[i] ? Shown(column, *(*image)[i]) : std::string();
+    };
+    if (now == nullptr) {
+      if (net.before && net.after) conflicts.push_back({table.name, key, "", "(removido)", "", ""});
+      return;
+    }
+    for (std::size_t i = 0; i < now->size(); ++i) {
+      const tsql::Column& column = table.columns[i];
+      const bool touched = !net.before || !net.after || Differs(column, *net.before, *net.after, i);
+      // A row that was taken away and stands again is in the way with whatever it holds.
+      const Image* written = net.after ? &*net.after : &*net.before;
+      if (!touched || !(*now)[i] || !(*written)[i]) continue;
+      if (SameValue(column, *(*now)[i], *(*written)[i]) ||
+          (net.before && net.after && IsFigure(table, column)))
+        continue;
+      conflicts.push_back({table.name, key, column.name, Shown(column, *(*now)[i]),
+                           shown(column, net.after, i), shown(column, net.before, i)});
+    }
+    if (!net.after && (conflicts.empty() || conflicts.back().key != key))
+      conflicts.push_back({table.name, key, "", "(já existe)", "", ""});
+  }
+
+  static bool Differs(const tsql::Column& column, const Image& a, const Image& b, std::size_t i) {
+    return b[i] && (!a[i] || !SameValue(column, *a[i], *b[i]));
+  }
+
+  void Remove(std::size_t place) {
+    const auto& [table, nets] = nets_[place];
+    std::vector<const Image*> rows;
+    for (const auto& [key, net] : nets)
+      if (!net.before && Now(place, key) != nullptr) rows.push_back(&*net.after);
+    DeleteRows(store_, *table, rows);
+  }
+
+  void ChangeBack(std::size_t place) {
+    const tsql::Table& table = *nets_[place].first;
+    for (const auto& [key, net] : nets_[place].second) {
+      const Image* now = Now(place, key);
+      if (!net.before || now == nullptr) continue;
+      Image back(now->size());
+      for (std::size_t i = 0; i < back.size(); ++i) {
+        const bool touched = !net.after || Differs(table.columns[i], *net.before, *net.after, i);
+        if (!touched || !(*net.before)[i] || SameValue(table.columns[i], *(*now)[i], *(*net.before)[i]))
+          continue;
+        const bool foreign = net.after && !SameValue(table.columns[i], *(*now)[i], *(*net.after)[i]);
+        if (foreign && IsFigure(table, table.columns[i]))
+          recompute_.insert(KeyText(table, *net.before));
+        else
+          back[i] = (*net.before)[i];
+      }
+      WriteRow(table, *net.before, back);
+    }
+  }
+
+  /// Rows that are gone come back whole, under their own numbers.
+  void PutBack(std::size_t place) {
+    const tsql::Table& table = *nets_[place].first;
+    std::vector<const Image*> rows;
+    for (const auto& [key, net] : nets_[place].second)
+      if (net.before && Now(place, key) == nullptr) rows.push_back(&*net.before);
+    if (rows.empty()) return;
+    const zorCrmParvel::OwnNumbers numbers(store_, table.name);
+    RecordsetRef to;
+    store_.AbrirEdicao(("SELECT * FROM " + Bracketed(table.name) + " WHERE 1 = 0").c_str(), to);
+    for (const Image* row : rows) {
+      to->AddNew();
+      Assign(table, *to, *row);
+      to->Update();
+    }
+    to->Close();
+  }
+
+  void WriteRow(const tsql::Table& table, const Image& key, const Image& values) {
+    if (std::none_of(values.begin(), values.end(), [](const auto& value) { return value.has_value(); }))
+      return;
+    RecordsetRef rows;
+    store_.AbrirEdicao(
+        ("SELECT * FROM " + Bracketed(table.name) + " WHERE " + KeyCondition(table, key)).c_str(), rows);
+    Assign(table, *rows, values);
+    rows->Update();
+    rows->Close();
+  }
+
+  void Assign(const tsql::Table& table, platform::Recordset& rows, const Image& values) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (!values[i]) continue;
+      const bool digest = HoldsBytes(table.columns[i]) && !values[i]->IsNull();
+      rows.Fields(table.columns[i].name).SetValue(digest ? Content(values[i]->ToText()) : *values[i]);
+    }
+  }
+
+  Variant Content(const std::string& digest) {
+    RecordsetRef rows;
+    store_.inner()->AbrirLeitura(
+        "", ("SELECT Conteudo FROM parvel_conteudos WHERE Resumo = '" + digest + "'").c_str(), rows);
+    if (rows->Eof())
+      throw RuntimeError(
+          platform::kEngineFailure, "Histórico",
+          "O conteúdo de um documento ou fotografia já não está guardado no histórico: a operação "
+          "não se pode anular.");
+    const Variant content = rows->Fields("Conteudo").Value();
+    rows->Close();
+    return content;
+  }
+
+  KeepingStore& store_;
+  NetsOfTables nets_;
+  std::vector<std::map<std::string, Image>> now_;  // the rows as they are, beside `nets_`
+  std::set<std::string> recompute_;
+};
+
+Operation ToUndo(KeepingStore& store, long number) {
+  const auto operation = ReadOperation(store, number);
+  if (!operation)
+    throw RuntimeError(platform::kInvalidCall, "Histórico",
+                       "Não há no histórico uma operação com o número " + std::to_string(number) + ".");
+  if (operation->undoneBy != 0)
+    throw RuntimeError(platform::kInvalidCall, "Histórico",
+                       "A operação " + std::to_string(number) + " já foi anulada, pela operação " +
+                           std::to_string(operation->undoneBy) + ".");
+  return *operation;
+}
+
+}  // namespace
+
+std::vector<Conflict> Conflicts(KeepingStore& store, long operation) {
+  ToUndo(store, operation);
+  return Undoing(store, operation).Conflicts();
+}
+
+long Undo(const std::shared_ptr<KeepingStore>& store, long operation) {
+  const Operation undone = ToUndo(*store, operation);
+  store->BeginAct("Anular: " + undone.words, operation);
+  try {
+    store->Within([&] { Undoing(*store, operation).Run(zorCrmParvel::DataAccessRef(store)); });
+  } catch (...) {
+    store->AbandonAct();
+    throw;
+  }
+  store->EndAct();
+  return store->LastOperation();
+}
+
+}  // namespace history
