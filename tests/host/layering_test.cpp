@@ -24,7 +24,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"events", {"platform", "host", "masterdata", "vehicles", "drivers", "documents"}},
     {"documents", {"platform", "host"}},
     {"alerts", {"platform", "host", "masterdata", "vehicles", "drivers", "events"}},
-    {"store/store", {"host"}},
+    {"store/store", {"platform", "host"}},
     {"embedded", {"platform", "tsql", "host", "store/store"}},
     {"sqlserver", {"platform", "tsql", "host", "store/store"}},
     {"store", {"platform", "tsql", "host", "store/store", "embedded", "sqlserver"}},
