@@ -43,6 +43,8 @@ MainActions::MainActions(QMainWindow* window)
       restore(Make(window, "&Repor cópia…", {}, "Pôr uma cópia no lugar da base de dados")),
       check(Make(window, "&Verificar base de dados", {},
                  "Ler a base de dados toda e dizer o que não está bem")),
+      import_file(Make(window, "I&mportar…", {QKeySequence("Ctrl+I")},
+                       "Trazer registos de uma folha de cálculo ou do ficheiro de uma empresa")),
       export_list(Signed(
           Make(window, "&Exportar…", {QKeySequence("Ctrl+E")}, "Exportar a lista para folha de cálculo"),
           Sign::kExport, "Exportar")),
@@ -74,7 +76,7 @@ void MainActions::BuildMenus() {
   recent_menu = file->addMenu(QStringLiteral("Bases de dados re&centes"));
   file->addActions({connect_to, copy, restore, check});
   file->addSeparator();
-  file->addActions({export_list, print});
+  file->addActions({import_file, export_list, print});
   file->addSeparator();
   file->addAction(quit);
   record_menu = bar->addMenu(QStringLiteral("&Registo"));

@@ -21,6 +21,7 @@ class MainActions : public QObject {
   QAction* copy;
   QAction* restore;
   QAction* check;
+  QAction* import_file;
   QAction* export_list;
   QAction* print;
   QAction* quit;

@@ -104,6 +104,7 @@ void MainWindow::ConnectAlerts() {
   connect(start_, &StartPage::ListWanted, this, [this](const ListEntry* entry) { Show(*entry, true); });
   connect(start_, &StartPage::FichaWanted, this, &MainWindow::ShowFicha);
   connect(start_, &StartPage::CodesWanted, this, &MainWindow::WriteBaseCodes);
+  connect(start_, &StartPage::ImportWanted, this, [this] { Import({}); });
   connect(start_, &StartPage::DemoWanted, this, &MainWindow::OpenDemo);
 }
 

@@ -46,6 +46,8 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -81,6 +83,7 @@ class MainWindow : public QMainWindow {
   void CheckDatabase();
   void WriteBaseCodes();
   void OpenDemo();
+  void Import(const QString& file);
   void FillRecent();
   void ConnectDatabase();
   std::string OpenFileName() const;

@@ -1,6 +1,8 @@
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QTimer>
 #include <utility>
@@ -9,6 +11,7 @@
 #include "desktop/database/copies_dialog.h"
 #include "desktop/database/copy_keeper.h"
 #include "desktop/database/database_dialogs.h"
+#include "desktop/exchange/import_dialog.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
@@ -32,6 +35,8 @@ void MainWindow::ConnectDatabase() {
   connect(actions_->connect_to, &QAction::triggered, this, &MainWindow::AskAndConnect);
   connect(actions_->copy, &QAction::triggered, this, &MainWindow::AskAndCopy);
   connect(actions_->restore, &QAction::triggered, this, &MainWindow::AskAndRestore);
+  connect(actions_->import_file, &QAction::triggered, this, [this] { Import({}); });
+  setAcceptDrops(true);
   connect(actions_->check, &QAction::triggered, this, &MainWindow::CheckDatabase);
   connect(actions_->recent_menu, &QMenu::aboutToShow, this, &MainWindow::FillRecent);
   connect(copies_, &CopyKeeper::Changed, this, [this] { copy_->setText(copies_->StateText()); });
@@ -151,6 +156,28 @@ void MainWindow::OpenDemo() {
     workspace->FillDemo();
     Open(std::move(workspace));
   });
+}
+
+/// Without a file the assistant asks for one.
+void MainWindow::Import(const QString& file) {
+  if (workspace_ == nullptr) return;
+  alerts_->Finish();
+  ImportDialog dialog(workspace_->store(), this);
+  if (!file.isEmpty()) dialog.OpenFile(file);
+  dialog.exec();
+  if (dialog.HasWritten()) Reload();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> files = event->mimeData()->urls();
+  if (files.size() == 1 && files[0].isLocalFile()) event->acceptProposedAction();
+}
+
+/// Later: whoever dragged the file waits for the drop to end.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString file = event->mimeData()->urls().value(0).toLocalFile();
+  event->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, file] { Import(file); });
 }
 
 void MainWindow::FillRecent() {

@@ -110,7 +110,7 @@ void MainWindow::Update() {
     action->setEnabled(open && page_->CanPrint());
   actions_->find->setEnabled(searches);
   actions_->reset_columns->setEnabled(list_ != nullptr);
-  actions_->reload->setEnabled(workspace_ != nullptr);
+  for (QAction* action : {actions_->reload, actions_->import_file}) action->setEnabled(workspace_ != nullptr);
   for (QAction* action : {actions_->copy, actions_->restore, actions_->check})
     action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
   actions_->search->setEnabled(searches);

@@ -15,6 +15,7 @@ using setup::Step;
 FirstStepsPage::FirstStepsPage(QWidget* parent)
     : QWidget(parent),
       grid_(new QGridLayout),
+      import_(new QPushButton(QStringLiteral("&Trazer viaturas e gastos de uma folha de cálculo…"), this)),
       demo_(new QPushButton(QStringLiteral("Experimentar com &dados de demonstração"), this)),
       alerts_(new QPushButton(QStringLiteral("Ver os &alertas"), this)) {
   auto* column = new QVBoxLayout(this);
@@ -69,7 +70,7 @@ void FirstStepsPage::AddLine(Step step, const char* title, const char* text, con
 
 void FirstStepsPage::AddFoot(QVBoxLayout& column) {
   auto* foot = new QHBoxLayout;
-  for (QPushButton* button : {demo_, alerts_}) {
+  for (QPushButton* button : {import_, demo_, alerts_}) {
     button->setAutoDefault(true);
     foot->addWidget(button);
   }
@@ -77,6 +78,7 @@ void FirstStepsPage::AddFoot(QVBoxLayout& column) {
   foot->addStretch(1);
   column.addLayout(foot);
   column.addStretch(1);
+  connect(import_, &QPushButton::clicked, this, &FirstStepsPage::ImportWanted);
   connect(demo_, &QPushButton::clicked, this, &FirstStepsPage::DemoWanted);
   connect(alerts_, &QPushButton::clicked, this, &FirstStepsPage::AlertsWanted);
 }

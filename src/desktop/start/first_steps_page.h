@@ -30,6 +30,7 @@ class FirstStepsPage : public QWidget {
   void CodesWanted();
   /// A new record in a ficha, by its name.
   void FichaWanted(const char* ficha);
+  void ImportWanted();
   void DemoWanted();
   void AlertsWanted();
 
@@ -48,6 +49,7 @@ class FirstStepsPage : public QWidget {
   QGridLayout* grid_;
   std::vector<Line> lines_;
   std::set<setup::Step> done_;
+  QPushButton* import_;
   QPushButton* demo_;
   QPushButton* alerts_;
 };

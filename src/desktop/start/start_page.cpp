@@ -83,6 +83,7 @@ void StartPage::Build() {
   stack_->addWidget(steps_);
   connect(steps_, &FirstStepsPage::FichaWanted, this, &StartPage::FichaWanted);
   connect(steps_, &FirstStepsPage::CodesWanted, this, &StartPage::CodesWanted);
+  connect(steps_, &FirstStepsPage::ImportWanted, this, &StartPage::ImportWanted);
   connect(steps_, &FirstStepsPage::DemoWanted, this, &StartPage::DemoWanted);
   connect(steps_, &FirstStepsPage::AlertsWanted, this, [this] {
     steps_left_ = true;

@@ -35,6 +35,7 @@ class StartPage : public QWidget {
   // What the first steps offer.
   void FichaWanted(const char* ficha);
   void CodesWanted();
+  void ImportWanted();
   void DemoWanted();
 
  protected:
