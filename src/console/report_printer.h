@@ -3,7 +3,7 @@
 #include <iosfwd>
 
 #include "console/list_printer.h"
-#include "reports/tabela.h"
+#include "reports/tables/tabela.h"
 
 namespace console {
 

@@ -5,10 +5,10 @@
 #include <stdexcept>
 
 #include "console/program.h"
-#include "sqlserver/schema_script.h"
+#include "sqlserver/schema/schema_script.h"
+#include "sqlserver/schema/table_check.h"
+#include "sqlserver/schema/transfer.h"
 #include "sqlserver/session.h"
-#include "sqlserver/table_check.h"
-#include "sqlserver/transfer.h"
 #include "store/paths.h"
 #include "tsql/catalog.h"
 

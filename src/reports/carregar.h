@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "host/data_access.h"
-#include "reports/excepcoes.h"
 #include "reports/frota.h"
+#include "reports/rules/excepcoes.h"
 
 namespace reports {
 

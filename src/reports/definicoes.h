@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "host/data_access.h"
-#include "reports/excepcoes.h"
-#include "reports/tabela.h"
+#include "reports/rules/excepcoes.h"
+#include "reports/tables/tabela.h"
 
 namespace reports {
 

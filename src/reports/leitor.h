@@ -24,7 +24,8 @@ class Leitor {
   bool Avanca() {
     if (!rows_) return false;
     ++row_;
-    return row_ < rows_->RowsAtHand() || (rows_->FetchMore(kBloco) && row_ < rows_->RowsAtHand());
+    if (row_ >= rows_->RowsAtHand()) rows_->FetchMore(kBloco);
+    return row_ < rows_->RowsAtHand();
   }
 
   std::string_view Texto(std::size_t coluna) const {

@@ -8,7 +8,7 @@
 #include "host/data_access.h"
 #include "reports/carregar.h"
 #include "reports/pedido.h"
-#include "reports/tabela.h"
+#include "reports/tables/tabela.h"
 
 namespace reports {
 

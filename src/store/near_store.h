@@ -28,6 +28,7 @@ class NearStore : public zorCrmParvel::Store {
   void BeginBatch() override;
   void CommitBatch() override { server_->CommitBatch(); }
   void AbandonBatch() override { server_->AbandonBatch(); }
+  void BringNumbers(const std::string& table, bool on) override { server_->BringNumbers(table, on); }
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
   void BeginSnapshot() override { ++snapshots_; }
   void EndSnapshot() noexcept override;

@@ -5,7 +5,7 @@
 
 #include "embedded/database.h"
 #include "sqlserver/database.h"
-#include "sqlserver/schema_script.h"
+#include "sqlserver/schema/schema_script.h"
 #include "sqlserver/session.h"
 
 namespace contract_tests {

@@ -1,4 +1,4 @@
-#include "reports/excepcoes.h"
+#include "reports/rules/excepcoes.h"
 
 #include <gtest/gtest.h>
 

@@ -120,8 +120,9 @@ extern "C" {
 
 SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
   ++statements;
-  if (const std::string sent = TextOf(text, length); pretending && sent.starts_with("SET ")) {
-    settings += sent + "; ";
+  if (const std::string sent = TextOf(text, length);
+      pretending && (sent.starts_with("SET ") || sent.starts_with("IF "))) {
+    if (sent.starts_with("SET ")) settings += sent + "; ";
     std::u16string nothing = u"PRAGMA user_version = 0";
     return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(
         handle, reinterpret_cast<SQLWCHAR*>(nothing.data()), static_cast<SQLINTEGER>(nothing.size()));

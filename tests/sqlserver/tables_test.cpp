@@ -4,9 +4,9 @@
 
 #include "embedded/database.h"
 #include "server_fixture.h"
-#include "sqlserver/schema_script.h"
-#include "sqlserver/table_check.h"
-#include "sqlserver/transfer.h"
+#include "sqlserver/schema/schema_script.h"
+#include "sqlserver/schema/table_check.h"
+#include "sqlserver/schema/transfer.h"
 #include "tsql/parser.h"
 
 namespace sqlserver_tests {

@@ -27,6 +27,7 @@ class CountedServer : public zorCrmParvel::Store {
   void BeginBatch() override { database_->BeginBatch(); }
   void CommitBatch() override { database_->CommitBatch(); }
   void AbandonBatch() override { database_->AbandonBatch(); }
+  void BringNumbers(const std::string& table, bool on) override { database_->BringNumbers(table, on); }
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
     return database_->ObterLigacao(connection);
   }

@@ -16,7 +16,7 @@ TEST(Schema, TheTablesOfTheModuleAreWhole) {
     SCOPED_TRACE(table.name);
     ASSERT_FALSE(table.primaryKey.empty());
     for (const Column& column : table.columns) {
-      const bool isKey = table.primaryKey[0] == column.name || table.primaryKey.back() == column.name;
+      const bool isKey = std::count(table.primaryKey.begin(), table.primaryKey.end(), column.name) > 0;
       EXPECT_EQ(column.nullable, !isKey) << column.name;
     }
     const Column& key = *table.Find(table.primaryKey[0]);

@@ -49,7 +49,6 @@ class ImportDialog : public QDialog {
   void Store();
   void ShowEnd();
   void TakeBack();
-  QString Checksum() const;
 
   std::shared_ptr<zorCrmParvel::Store> store_;
   std::unique_ptr<exchange::ImportSession> session_;

@@ -1,5 +1,3 @@
-#include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
@@ -15,6 +13,7 @@
 #include "desktop/shell/file_dialog.h"
 #include "desktop/shell/message_box.h"
 #include "exchange/imports/import_log.h"
+#include "exchange/imports/row_mark.h"
 #include "exchange/imports/take_back.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -118,15 +117,8 @@ void ImportDialog::WriteRefused() {
   });
 }
 
-QString ImportDialog::Checksum() const {
-  QFile file(ToQt(session_->file()));
-  QCryptographicHash hash(QCryptographicHash::Sha256);
-  return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? QString::fromLatin1(hash.result().toHex())
-                                                               : QString();
-}
-
 void ImportDialog::Store() {
-  const std::string checksum = FromQt(Checksum());
+  const std::string checksum = exchange::ChecksumOfFile(session_->file());
   const auto before = exchange::ImportedBefore(store_, checksum);
   const QString question =
       QStringLiteral("Este ficheiro já foi importado em %1.\n\nGuardar mesmo assim as linhas que são novas?");

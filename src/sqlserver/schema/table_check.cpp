@@ -1,4 +1,4 @@
-#include "sqlserver/table_check.h"
+#include "sqlserver/schema/table_check.h"
 
 #include <algorithm>
 #include <map>

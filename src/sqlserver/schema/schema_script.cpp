@@ -1,4 +1,4 @@
-#include "sqlserver/schema_script.h"
+#include "sqlserver/schema/schema_script.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "reports/excepcoes.h"
+#include "reports/rules/excepcoes.h"
 
 namespace reports {
 

@@ -1,4 +1,4 @@
-#include "sqlserver/transfer.h"
+#include "sqlserver/schema/transfer.h"
 
 #include <algorithm>
 #include <utility>
@@ -6,7 +6,7 @@
 
 #include "platform/runtime_error.h"
 #include "sqlserver/dialect.h"
-#include "sqlserver/schema_script.h"
+#include "sqlserver/schema/schema_script.h"
 #include "sqlserver/session.h"
 #include "tsql/catalog.h"
 

@@ -1,8 +1,8 @@
-#include "reports/excepcoes.h"
+#include "reports/rules/excepcoes.h"
 
 #include <algorithm>
 
-#include "reports/regras.h"
+#include "reports/rules/regras.h"
 
 namespace reports {
 

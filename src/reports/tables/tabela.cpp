@@ -1,4 +1,4 @@
-#include "reports/tabela.h"
+#include "reports/tables/tabela.h"
 
 #include "platform/format.h"
 

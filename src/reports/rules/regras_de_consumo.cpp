@@ -2,7 +2,7 @@
 
 #include "platform/format.h"
 #include "reports/contador.h"
-#include "reports/regras.h"
+#include "reports/rules/regras.h"
 
 namespace reports {
 namespace {
