@@ -51,6 +51,7 @@ class Calls {
 void AddListCalls(Calls& calls);
 void AddExchangeCalls(Calls& calls);
 void AddDatabaseCalls(Calls& calls);
+void AddHistoryCalls(Calls& calls);
 void AddReportCalls(Calls& calls);
 
 }  // namespace console

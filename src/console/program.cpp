@@ -11,7 +11,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   ConsoleHost host(err);
   const platform::HostInstallation installation(host);
   Calls calls(out, err);
-  for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls}) add(calls);
+  for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls, AddHistoryCalls})
+    add(calls);
   const int code = calls.Obey(arguments);
   if (out.flush()) return code;
   err << "Não foi possível escrever tudo o que o comando mostra. Veja se o disco está cheio ou se a saída "

@@ -12,6 +12,7 @@
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/picture.h"
 #include "desktop/shell/start_up.h"
+#include "history/act.h"
 #include "store/password.h"
 
 namespace {
@@ -34,7 +35,8 @@ int RunWindow(QApplication& application, const Options& options) {
   QSettings settings;
   KeepPrivate(settings);
   DesktopHost host(settings);
-  const platform::HostInstallation installation(host);
+  history::PausingHost pausing(host);
+  const platform::HostInstallation installation(pausing);
   std::unique_ptr<Workspace> workspace = OpenAtStart(options, settings, nullptr);
   if (workspace == nullptr) return 0;
   if (options.demo) workspace->FillDemo();
@@ -54,7 +56,8 @@ int RunPicture(const Options& options) {
   QTemporaryDir forgotten;
   QSettings settings(forgotten.filePath(QStringLiteral("retrato.ini")), QSettings::IniFormat);
   DesktopHost host(settings);
-  const platform::HostInstallation installation(host);
+  history::PausingHost pausing(host);
+  const platform::HostInstallation installation(pausing);
   auto workspace = OpenUnasked(options, settings);
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);

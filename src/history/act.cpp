@@ -3,7 +3,8 @@
 namespace history {
 namespace {
 
-/// Puts the acts of all stores aside.
+/// Puts the acts of all stores aside: what they wrote is kept, and what a timer reads meanwhile begins
+/// nothing.
 class AllAside {
  public:
   AllAside() {
@@ -16,23 +17,19 @@ class AllAside {
 
 }  // namespace
 
-void PauseAll() {
-  for (KeepingStore* store : OpenStores()) store->Pause();
-}
-
 int PausingHost::MsgBox(const std::string& text, int style, const std::string& title) {
-  PauseAll();
+  const AllAside aside;
   return host_.MsgBox(text, style, title);
 }
 
 std::string PausingHost::InputBox(const std::string& prompt, const std::string& title,
                                   const std::string& initial) {
-  PauseAll();
+  const AllAside aside;
   return host_.InputBox(prompt, title, initial);
 }
 
 std::optional<std::string> PausingHost::OpenFile(const platform::FileDialog& dialog) {
-  PauseAll();
+  const AllAside aside;
   return host_.OpenFile(dialog);
 }
 
@@ -52,7 +49,7 @@ void PausingHost::ShowReport(platform::MapaListagem& report) {
 }
 
 void PausingHost::OpenDocument(const std::string& path) {
-  PauseAll();
+  const AllAside aside;
   host_.OpenDocument(path);
 }
 

@@ -26,8 +26,11 @@ void Act(KeepingStore* store, const std::string& words, const Work& work) {
   store->EndAct();
 }
 
-/// Keeps what every act that is under way has written, since the user is about to be waited for.
-void PauseAll();
+/// The same in the database that is open, if there is one that remembers: a window has one at a time.
+template <typename Work>
+void ActHere(const std::string& words, const Work& work) {
+  Act(OpenStores().empty() ? nullptr : OpenStores().back(), words, work);
+}
 
 /// A host that holds nobody up while the user is asked: before a message or dialog comes to the screen, what
 /// was written is kept. What a window does that opens above an act is acts of its own.

@@ -64,10 +64,4 @@ std::vector<std::string> Describe(const tsql::Table& table, const Image* before,
 /// A value as people read it.
 std::string Shown(const tsql::Column& column, const platform::Variant& value);
 
-/// Bytes that the history takes up, about, and the number of its operations.
-struct Size {
-  long operations = 0;
-  long bytes = 0;
-};
-
 }  // namespace history

@@ -22,7 +22,7 @@ class CopiesTest : public testing::Test {
   }
   void Open() { window.Open(std::make_unique<desktop::Workspace>(file.toStdString())); }
   void Save(const char* plate) {
-    window.workspace()->sistema().ICrmSistema_ZorDataAccess->ExecutarSql(
+    window.workspace()->store()->ExecutarSql(
         "", ("INSERT INTO zor_PV_Viaturas (Matricula) VALUES (N'" + std::string(plate) + "')").c_str());
   }
 

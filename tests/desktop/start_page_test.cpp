@@ -23,7 +23,7 @@ using desktop::Workspace;
 
 class StartPageTest : public OpenWindow {
  protected:
-  void Sql(const std::string& statement) { bd()->ExecutarSql("", statement.c_str()); }
+  void Sql(const std::string& statement) { window.workspace()->store()->ExecutarSql("", statement.c_str()); }
   static std::string Day(int days) {
     return "'" + platform::FormatDate(platform::Today().AddDays(days), "yyyy.mm.dd") + "'";
   }

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "desktop/shell/desktop_host.h"
+#include "history/act.h"
 
 namespace desktop_test {
 
@@ -38,7 +39,8 @@ struct Desk {
   QTemporaryDir folder;
   QSettings settings{folder.filePath("definicoes.ini"), QSettings::IniFormat};
   desktop::DesktopHost host{settings};
-  platform::HostInstallation installation{host};
+  history::PausingHost pausing{host};
+  platform::HostInstallation installation{pausing};
   Script script;
 };
 

@@ -38,10 +38,11 @@ const std::map<std::string, std::set<std::string>> kBelow = {
       "documents"}},
     {"console",
      {"platform", "tsql", "host", "host/sistema", "masterdata", "vehicles", "drivers", "events", "alerts",
-      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "setup", "demo"}},
+      "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "setup", "demo",
+      "history"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "setup", "demo"}},
+      "sqlserver", "exchange", "reports", "setup", "demo", "history"}},
 };
 
 std::string RoomOf(const std::string& path) {

@@ -6,10 +6,10 @@ namespace desktop {
 
 Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Open(path)) {}
 
-Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store) : store_(std::move(store)) {
+Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store) : store_(std::move(store)), kept_(std::make_shared<history::KeepingStore>(store_)) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";
-  sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(store_);
+  sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(kept_);
 }
 
 void Workspace::FillDemo() {

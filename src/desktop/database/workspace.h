@@ -4,6 +4,7 @@
 #include <string>
 
 #include "embedded/database.h"
+#include "history/keeping_store.h"
 #include "host/sistema.h"
 #include "platform/screen/form.h"
 #include "store/store.h"
@@ -20,8 +21,10 @@ class Workspace {
   explicit Workspace(std::shared_ptr<zorCrmParvel::Store> store);
 
   zorCrmParvel::Sistema& sistema() { return sistema_; }
-  /// The open database, for what the window asks of it itself.
+  /// The open database itself, past the history.
   const std::shared_ptr<zorCrmParvel::Store>& store() const { return store_; }
+  /// The same database as the module writes to it: what is written is remembered.
+  const std::shared_ptr<history::KeepingStore>& kept() const { return kept_; }
   /// The file, or the database and its server.
   std::string Place() const { return store_->Place(); }
   /// The file's engine; null on a server.
@@ -31,6 +34,7 @@ class Workspace {
 
  private:
   std::shared_ptr<zorCrmParvel::Store> store_;
+  std::shared_ptr<history::KeepingStore> kept_;
   platform::Form window_;  // the main window, as the module sees it
   zorCrmParvel::Sistema sistema_;
 };

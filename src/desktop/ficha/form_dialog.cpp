@@ -13,6 +13,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
+#include "history/act.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -111,6 +112,14 @@ bool FormDialog::MayClose() {
                      windowTitle()) == platform::kYes;
 }
 
+/// What the history calls the act: "Gastos: Confirmar".
+std::string FormDialog::ActWords() const {
+  if (pressed_ == nullptr) return form_.Caption;
+  std::string button = pressed_->Caption;
+  std::erase(button, '&');
+  return form_.Caption + ": " + button;
+}
+
 void FormDialog::Press(platform::PushButton& button) {
   pressed_ = &button;
   Act([&] { form_.UserPresses(button); });
@@ -121,7 +130,7 @@ void FormDialog::Act(const std::function<void()>& act) {
   if (IsSyncing() || form_.IsClosed()) return;
   acting_ = true;
   contents_.Before();
-  Guarded(this, act);
+  Guarded(this, [&] { history::ActHere(ActWords(), act); });
   acting_ = false;
   if (form_.IsClosed()) return accept();
   contents_.After(pressed_);

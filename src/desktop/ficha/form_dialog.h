@@ -50,6 +50,7 @@ class FormDialog : public QDialog, private UserActs {
   void Notice(const QString& text) override;
 
   void ShowNotice();
+  std::string ActWords() const;
   bool MayClose();
   void WatchWidgets();
   void Watch(QObject& object);

@@ -16,6 +16,16 @@ bool ListCommands::Has(StandardCommand command) const {
   return false;
 }
 
+std::string ListCommands::NameOf(long command) const {
+  for (const platform::MenuItem& item : menu_.Items()) {
+    if (item.id != command) continue;
+    std::string name = item.caption;
+    std::erase(name, '&');
+    return name;
+  }
+  return {};
+}
+
 void ListCommands::Run(zorCrmParvel::ICrmVwList& list, long command) {
   menu_.Command = command;
   list.ICrmVwList_ExecutePopUpViewListEdit(menu_);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include <string>
 
 #include "host/list_view.h"
 
@@ -22,6 +22,8 @@ class ListCommands {
 
   bool Has(StandardCommand command) const;
   const platform::PopUpMenu& menu() const { return menu_; }
+  /// What a command is called, without the mark of its mnemonic.
+  std::string NameOf(long command) const;
   /// Has the list run a command of its own.
   void Run(zorCrmParvel::ICrmVwList& list, long command);
 

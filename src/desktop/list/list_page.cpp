@@ -15,6 +15,7 @@
 #include "desktop/look/text.h"
 #include "desktop/print/report_dialog.h"
 #include "desktop/shell/message_page.h"
+#include "history/act.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -133,8 +134,9 @@ void ListPage::Search(const QString& text) {
 }
 
 /// The list reloads itself in its verbs, whatever happened in them.
-void ListPage::Verb(const std::function<void()>& verb) {
-  ShowAfter([&] { Guarded(window(), verb); });
+void ListPage::Verb(const QString& name, const std::function<void()>& verb) {
+  const std::string words = FromQt(Title() + QStringLiteral(": ") + name);
+  ShowAfter([&] { Guarded(window(), [&] { history::ActHere(words, verb); }); });
   Q_EMIT Worked();
 }
 
@@ -153,13 +155,13 @@ void ListPage::ShowAfter(const std::function<void()>& change) {
 }
 
 void ListPage::New() {
-  if (Can(kNewCommand)) Verb([this] { list_->ICrmVwList_Novo(); });
+  if (Can(kNewCommand)) Verb(QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); });
 }
 
 void ListPage::Edit() {
   if (!Can(kEditCommand)) return;
   platform::GridRow row = form_->master.RowAt(table_->CurrentRow());
-  Verb([&] { list_->ICrmVwList_Editar(&row); });
+  Verb(QStringLiteral("Editar"), [&] { list_->ICrmVwList_Editar(&row); });
 }
 
 void ListPage::Remove() {
@@ -170,13 +172,13 @@ void ListPage::Remove() {
   const int style = platform::kYesNo | platform::kQuestion | platform::kDefaultButton2;
   if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
   platform::GridRow row = form_->master.RowAt(current);
-  Verb([&] { list_->ICrmVwList_Remover(&row); });
+  Verb(QStringLiteral("Remover"), [&] { list_->ICrmVwList_Remover(&row); });
   if (!failure_ && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == key)
     Q_EMIT Told(QStringLiteral("O registo não foi removido."));
 }
 
 void ListPage::Run(long command) {
-  Verb([&] { commands_.Run(*list_, command); });
+  Verb(ToQt(commands_.NameOf(command)), [&] { commands_.Run(*list_, command); });
 }
 
 void ListPage::Print() {

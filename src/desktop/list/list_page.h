@@ -63,7 +63,7 @@ class ListPage : public Page {
 
   void Build();
   void Connect();
-  void Verb(const std::function<void()>& verb);
+  void Verb(const QString& name, const std::function<void()>& verb);
   void ShowAfter(const std::function<void()>& change);
   void ShowState();
   void ChooseKey(const std::string& key, long place);

@@ -55,6 +55,8 @@ MainActions::MainActions(QMainWindow* window)
                  Sign::kNew, "Novo")),
       edit(Signed(Make(window, "&Editar\tEnter", {}, "Editar o registo (Enter)"), Sign::kEdit, "Editar")),
       remove(Signed(Make(window, "&Remover\tDel", {}, "Remover o registo (Del)"), Sign::kRemove, "Remover")),
+      undo(Make(window, "A&nular a última operação", {QKeySequence("Ctrl+Z")},
+                "Pôr tudo como estava antes do que se fez por último")),
       reload(Signed(Make(window, "&Recarregar", {QKeySequence("F5")}, "Ler a lista de novo"), Sign::kReload,
                     "Recarregar")),
       find(Make(window, "&Procurar", {QKeySequence("Ctrl+F")}, "Procurar na lista")),
@@ -65,6 +67,7 @@ MainActions::MainActions(QMainWindow* window)
       about(Make(window, "&Acerca", {}, "O que é o programa")),
       search(new QLineEdit(window)),
       window_(window) {
+  window->addAction(undo);  // the menu that shows it is made anew each time
   BuildMenus();
   BuildBar();
 }

@@ -28,6 +28,7 @@ class MainActions : public QObject {
   QAction* add;
   QAction* edit;
   QAction* remove;
+  QAction* undo;
   QAction* reload;
   QAction* find;
   QAction* switch_side;

@@ -85,6 +85,7 @@ void MainWindow::Connect() {
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
+  connect(actions_->undo, &QAction::triggered, this, &MainWindow::Undo);
   connect(actions_->switch_side, &QAction::triggered, this, &MainWindow::SwitchSide);
   connect(actions_->record_menu, &QMenu::aboutToShow, this, &MainWindow::UpdateRecordMenu);
   connect(actions_->find, &QAction::triggered, this, [this] {
@@ -159,6 +160,9 @@ void MainWindow::UpdateRecordMenu() {
   QMenu& menu = *actions_->record_menu;
   menu.clear();
   menu.addActions({actions_->add, actions_->edit, actions_->remove});
+  menu.addSeparator();
+  UpdateUndo();
+  menu.addAction(actions_->undo);
   if (list_ == nullptr) return;
   menu.addSeparator();
   for (const platform::MenuItem& item : list_->commands().menu().Items()) {

@@ -10,6 +10,11 @@
 
 class QLabel;
 class QSplitter;
+class QTimer;
+
+namespace history {
+struct Operation;
+}  // namespace history
 
 namespace desktop {
 
@@ -69,6 +74,9 @@ class MainWindow : public QMainWindow {
   void Update();
   void ShowAlertCount();
   void UpdateRecordMenu();
+  void UpdateUndo();
+  void Undo();
+  bool MayUndo(const history::Operation& operation);
   void FillFichas();
   void SwitchSide();
   bool ListKey(int key);
@@ -98,6 +106,7 @@ class MainWindow : public QMainWindow {
   QWidget* place_;
   AlertBoard* alerts_;
   CopyKeeper* copies_;
+  QTimer* rest_;
   StartPage* start_;
   Page* page_ = nullptr;
   ListPage* list_ = nullptr;          // the same, when it is a list

@@ -43,9 +43,9 @@ void MainWindow::ConnectDatabase() {
   connect(copies_, &CopyKeeper::Failed, this, [this](const QString& reason) {
     Tell(QStringLiteral("A cópia de hoje não foi feita. ") + reason);
   });
-  auto* rest = new QTimer(this);
-  connect(rest, &QTimer::timeout, this, &MainWindow::KeepLogShort);
-  rest->start(kRest);
+  rest_ = new QTimer(this);
+  connect(rest_, &QTimer::timeout, this, &MainWindow::KeepLogShort);
+  rest_->start(kRest);
 }
 
 void MainWindow::Tell(const QString& text) { statusBar()->showMessage(text, kMessageTime); }
@@ -161,10 +161,13 @@ void MainWindow::OpenDemo() {
 /// Without a file the assistant asks for one.
 void MainWindow::Import(const QString& file) {
   if (workspace_ == nullptr) return;
+  // Nothing else uses the database while the assistant works.
   alerts_->Finish();
+  rest_->stop();
   ImportDialog dialog(workspace_->store(), this);
   if (!file.isEmpty()) dialog.OpenFile(file);
   dialog.exec();
+  rest_->start(kRest);
   if (dialog.HasWritten()) Reload();
 }
 
