@@ -6,7 +6,8 @@ namespace desktop {
 
 Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Open(path)) {}
 
-Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store) : store_(std::move(store)), kept_(std::make_shared<history::KeepingStore>(store_)) {
+Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
+    : store_(std::move(store)), kept_(std::make_shared<history::KeepingStore>(store_)) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";
   sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(kept_);
