@@ -122,13 +122,12 @@ void MainWindow::ConnectList() {
 }
 
 void MainWindow::ConnectPage() {
-  const auto run = [this](QAction* action, void (Page::*verb)()) {
-    connect(action, &QAction::triggered, this, [this, verb] {
-      if (page_ != nullptr) (page_->*verb)();
-    });
-  };
-  run(actions_->print, &Page::Print);
-  run(actions_->export_list, &Page::Export);
+  connect(actions_->print, &QAction::triggered, this, [this] {
+    if (page_ != nullptr) page_->Print();
+  });
+  connect(actions_->export_list, &QAction::triggered, this, [this] {
+    if (page_ != nullptr) page_->Export();
+  });
   connect(actions_->reload, &QAction::triggered, this, &MainWindow::Reload);
   connect(actions_->search, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (page_ != nullptr && page_->SearchText() != text) page_->Search(text);
