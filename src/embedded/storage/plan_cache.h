@@ -24,7 +24,8 @@ class PlanCache {
  private:
   static constexpr std::size_t kMostShapes = 256;
   static constexpr std::size_t kMostPlansOfAShape = 8;
-  static constexpr std::size_t kLargestKey = 32 * 1024;  // bytes; a longer statement is compiled each time
+  /// Bytes; a longer statement is compiled each time.
+  static constexpr std::size_t kLargestKey = std::size_t{32} << 10;
 
   struct Entry {
     std::vector<std::shared_ptr<Plan>> plans;  // of one shape, apart in their fixed literals
