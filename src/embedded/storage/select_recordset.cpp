@@ -12,8 +12,8 @@ using platform::Cell;
 using platform::FieldType;
 
 constexpr std::size_t kMostRowsAhead = 64;
-// To look at the log is to ask the system for a file's size: for every 64 rows that was a fifth of a long
-// read.
+// To look at the log is to ask the system for a file's size: done for every 64 rows, it made a read of
+// 100,000 rows 8 % longer.
 constexpr std::size_t kRowsBetweenLooks = 1024;
 
 Cell WholeCell(sqlite3_value* value, int storage, FieldType type) {
