@@ -279,7 +279,8 @@ TEST_F(MainWindowTest, ADatabaseThatIsGoneIsToldAndTheWindowGoesOn) {
 
 TEST(ListPageTest, AListThatCannotBeReadSaysWhyInItsPlace) {
   Desk desk;
-  zorCrmParvel::Sistema without_database;
+  Workspace without_database(":memory:");
+  without_database.sistema().ICrmSistema_ZorDataAccess = {};
   ListPage page(without_database, *desktop::FindList("Marcas"), desk.settings, nullptr);
   const auto& message = *page.findChild<MessagePage*>();
   EXPECT_EQ(message.Headline(), "Não foi possível ler a lista.");

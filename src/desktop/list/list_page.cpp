@@ -4,39 +4,27 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 
-#include "desktop/list/context_menu.h"
+#include "desktop/list/list_form.h"
 #include "desktop/list/sources.h"
-#include "desktop/list/table_export.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
-#include "desktop/print/report_dialog.h"
 #include "desktop/shell/message_page.h"
-#include "history/act.h"
-#include "platform/host.h"
 
 namespace desktop {
 
-/// Where the list's grids live; never shown as a form.
-class ListPage::ListForm : public platform::Form {
- public:
-  platform::SGGrid master{*this, "GridMaster"};
-  platform::SGGrid detail{*this, "GridDetail"};
-};
-
 class ListPage::PageViewer : public zorCrmParvel::Viewer {};
 
-ListPage::ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSettings& settings,
-                   QWidget* parent)
+ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& settings, QWidget* parent)
     : Page(parent),
+      workspace_(workspace),
       entry_(entry),
       memory_(settings, QString::fromUtf8(entry.key)),
       form_(std::make_unique<ListForm>()),
       viewer_(std::make_unique<PageViewer>()),
-      list_(sistema.MostraListas(entry.key)),
+      list_(workspace.sistema().MostraListas(entry.key)),
       commands_(list_.get()),
       title_(new QLabel(this)),
       count_(new QLabel(this)),
@@ -49,6 +37,7 @@ ListPage::ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSett
   list_->ICrmVwList_ParentForm(form_.get());
   Build();
   Connect();
+  AddEntries();
   Load();
   memory_.Restore(*table_);
   ShowState();
@@ -133,13 +122,6 @@ void ListPage::Search(const QString& text) {
   ShowState();
 }
 
-/// The list reloads itself in its verbs, whatever happened in them.
-void ListPage::Verb(const QString& name, const std::function<void()>& verb) {
-  const std::string words = FromQt(Title() + QStringLiteral(": ") + name);
-  ShowAfter([&] { Guarded(window(), [&] { history::ActHere(words, verb); }); });
-  Q_EMIT Worked();
-}
-
 /// Shows the rows that there are after a change, with the record that was chosen before it.
 void ListPage::ShowAfter(const std::function<void()>& change) {
   try {
@@ -152,48 +134,6 @@ void ListPage::ShowAfter(const std::function<void()>& change) {
     failure_ = Describe(error);
   }
   ShowState();
-}
-
-void ListPage::New() {
-  if (Can(kNewCommand)) Verb(QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); });
-}
-
-void ListPage::Edit() {
-  if (!Can(kEditCommand)) return;
-  platform::GridRow row = form_->master.RowAt(table_->CurrentRow());
-  Verb(QStringLiteral("Editar"), [&] { list_->ICrmVwList_Editar(&row); });
-}
-
-void ListPage::Remove() {
-  if (!Can(kRemoveCommand)) return;
-  const long current = table_->CurrentRow();
-  const std::string key = KeyOf(current);
-  const QString question = QStringLiteral("Remover este registo de %1?\n\n%2").arg(Title(), NameOf(current));
-  const int style = platform::kYesNo | platform::kQuestion | platform::kDefaultButton2;
-  if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
-  platform::GridRow row = form_->master.RowAt(current);
-  Verb(QStringLiteral("Remover"), [&] { list_->ICrmVwList_Remover(&row); });
-  if (!failure_ && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == key)
-    Q_EMIT Told(QStringLiteral("O registo não foi removido."));
-}
-
-void ListPage::Run(long command) {
-  Verb(ToQt(commands_.NameOf(command)), [&] { commands_.Run(*list_, command); });
-}
-
-void ListPage::Print() {
-  if (!Can(kPrintCommand)) return;
-  Guarded(window(), [this] {
-    ReportDialog(table_->grid().source(), Title(), window(), &table_->grid().order()).exec();
-  });
-}
-
-void ListPage::Export() {
-  const QString file = AskForTableFile(window(), Title());
-  if (file.isEmpty()) return;
-  const bool done =
-      Guarded(window(), [&] { ExportRows(file, table_->grid().source(), table_->grid().order(), Title()); });
-  if (done) Q_EMIT Told(QStringLiteral("Escrito em %1").arg(file));
 }
 
 void ListPage::ResetColumns() {
@@ -227,6 +167,7 @@ void ListPage::ShowState() {
   } else if (order.Count() == 0) {
     message_->Show(QStringLiteral("A lista está vazia."), QStringLiteral("Não há nada a tratar."), {}, {});
   }
+  for (QAction* action : own_) action->setEnabled(!failure_ && table_->CurrentRow() >= 0);
   const bool rows = !failure_ && order.Count() > 0;
   const bool had_focus = stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
   stack_->setCurrentWidget(rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_));
@@ -251,44 +192,11 @@ std::string ListPage::KeyOf(long row) const {
   return FromQt(table_->grid().source().Text(row, *column));
 }
 
-QString ListPage::NameOf(long row) const {
-  QStringList parts;
-  for (std::size_t column : table_->grid().source().VisibleColumns()) {
-    const QString text = table_->grid().source().Text(row, column);
-    if (!text.isEmpty() && parts.size() < 3) parts << text;
-  }
-  return parts.join(QStringLiteral(" – "));
-}
-
-void ListPage::RowMenu(const QPoint& place) {
-  if (!table_->indexAt(place).isValid()) return;
-  Guarded(window(), [this] { commands_ = ListCommands(list_.get()); });
-  QMenu menu(this);
-  std::optional<long> chosen;
-  FillMenu(menu, commands_.menu(), [&](long command) { chosen = command; });
-  menu.exec(table_->viewport()->mapToGlobal(place));
-  if (chosen) RunCommand(*chosen);
-}
-
-void ListPage::RunCommand(long command) {
-  switch (command) {
-    case kNewCommand:
-      return New();
-    case kEditCommand:
-      return Edit();
-    case kRemoveCommand:
-      return Remove();
-    case kPrintCommand:
-      return Print();
-    default:
-      return Run(command);
-  }
-}
-
 void ListPage::RowChosen(long row) {
   Guarded(window(), [&] {
     if (row < form_->master.RowCount()) form_->master.SetRow(row);
   });
+  for (QAction* action : own_) action->setEnabled(row >= 0);
   Q_EMIT Changed();
 }
 

@@ -4,13 +4,14 @@
 #include <optional>
 #include <string>
 
+#include "desktop/database/workspace.h"
 #include "desktop/list/list_catalog.h"
 #include "desktop/list/list_commands.h"
 #include "desktop/list/list_memory.h"
+#include "desktop/list/row_entry.h"
 #include "desktop/list/table_view.h"
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/page.h"
-#include "host/sistema.h"
 
 class QLabel;
 class QSettings;
@@ -27,13 +28,17 @@ class ListPage : public Page {
   Q_OBJECT
 
  public:
-  ListPage(zorCrmParvel::Sistema& sistema, const ListEntry& entry, QSettings& settings, QWidget* parent);
+  /// Workspace and settings outlive it.
+  ListPage(Workspace& workspace, const ListEntry& entry, QSettings& settings, QWidget* parent);
   ~ListPage() override;
 
   const ListEntry& entry() const { return entry_; }
   QString Title() const override;
   TableView& table() { return *table_; }
   const ListCommands& commands() const { return commands_; }
+  Workspace& workspace() { return workspace_; }
+  /// The window's own commands on rows.
+  const QList<QAction*>& own_commands() const { return own_; }
   /// True when a command of the list can run now: it is offered, and has a row when it needs one.
   bool Can(StandardCommand command) const;
   /// "40 registos · 1 seleccionado", or "12 de 40" while a search narrows the rows.
@@ -72,7 +77,10 @@ class ListPage : public Page {
   void RowMenu(const QPoint& place);
   void RunCommand(long command);
   void RowChosen(long row);
+  void AddEntries();
+  MarkedRows Marked() const;
 
+  Workspace& workspace_;
   const ListEntry& entry_;
   ListMemory memory_;
   std::unique_ptr<ListForm> form_;
@@ -80,6 +88,7 @@ class ListPage : public Page {
   std::unique_ptr<zorCrmParvel::ICrmVwList> list_;
   ListCommands commands_;
   std::optional<ErrorText> failure_;
+  QList<QAction*> own_;
 
   QLabel* title_;
   QLabel* count_;

@@ -79,11 +79,19 @@ void TableView::SetCurrentRow(long row) {
   setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
 }
 
-void TableView::Copy() {
-  std::vector<long> rows;
+std::vector<long> TableView::MarkedRows() const {
+  std::vector<int> places;
   for (const QItemSelectionRange& range : selectionModel()->selection())
-    for (int place = range.top(); place <= range.bottom(); ++place)
-      rows.push_back(model_->order().RowAt(place));
+    for (int place = range.top(); place <= range.bottom(); ++place) places.push_back(place);
+  std::sort(places.begin(), places.end());
+  places.erase(std::unique(places.begin(), places.end()), places.end());
+  std::vector<long> rows;
+  for (int place : places) rows.push_back(model_->order().RowAt(place));
+  return rows;
+}
+
+void TableView::Copy() {
+  const std::vector<long> rows = MarkedRows();
   if (!rows.empty()) Guarded(window(), [&] { CopyRows(TableOf(model_->source(), rows, accessibleName())); });
 }
 

@@ -32,6 +32,8 @@ class TableView : public QTableView {
   /// Chooses a row of the source; one that isn't shown leaves nothing chosen.
   void SetCurrentRow(long row);
 
+  /// The source's rows that are marked, from the top.
+  std::vector<long> MarkedRows() const;
   /// Puts the rows that are marked on the clipboard. Several are marked with Shift, all with Ctrl+A; the one
   /// that commands work on stays the current one.
   void Copy();

@@ -164,6 +164,7 @@ void MainWindow::UpdateRecordMenu() {
   menu.addAction(actions_->undo);
   if (list_ == nullptr) return;
   menu.addSeparator();
+  menu.addActions(list_->own_commands());
   for (const platform::MenuItem& item : list_->commands().menu().Items()) {
     if (IsStandard(item.id) || !item.visible) continue;
     QAction* action = menu.addAction(ToQt(item.caption));

@@ -34,7 +34,7 @@ bool HasPage(const ListEntry& entry) {
 
 Page* MakePage(const ListEntry& entry, Workspace& workspace, QSettings& settings, QWidget* parent) {
   if (const OwnPage* own = FindOwnPage(entry.key)) return own->make(workspace, settings, parent);
-  return new ListPage(workspace.sistema(), entry, settings, parent);
+  return new ListPage(workspace, entry, settings, parent);
 }
 
 }  // namespace desktop

@@ -1,0 +1,10 @@
+#include "desktop/list/row_entry.h"
+
+namespace desktop {
+
+const std::vector<RowEntry>& RowEntries() {
+  static const std::vector<RowEntry> entries = {};
+  return entries;
+}
+
+}  // namespace desktop
