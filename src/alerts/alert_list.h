@@ -6,6 +6,7 @@
 
 #include "alerts/alert_counts.h"
 #include "host/list_frame.h"
+#include "host/member_of.h"
 
 namespace zorCrmParvel {
 
@@ -67,38 +68,31 @@ class AlertList : public ListFrame {
   const ListaDeAlertas& lista_;
 };
 
-class VwLstAlertas : public AlertList {
- public:
-  VwLstAlertas();
-};
+extern const ListaDeAlertas kAlertasDeApolices;
+extern const ListaDeAlertas kAlertasDeRevisoes;
+extern const ListaDeAlertas kAlertasDeViaturas;
+extern const ListaDeAlertas kAlertasDeInspeccoes;
+extern const ListaDeAlertas kAlertasDeMotoristas;
+extern const ListaDeAlertas kAlertasDeAcessorios;
 
-class VwLstAlertasRev : public AlertList {
- public:
-  VwLstAlertasRev();
-};
+using VwLstAlertas = MemberOf<AlertList, kAlertasDeApolices>;
+using VwLstAlertasRev = MemberOf<AlertList, kAlertasDeRevisoes>;
+using VwLstAlertasViat = MemberOf<AlertList, kAlertasDeViaturas>;
 
-class VwLstAlertasViat : public AlertList {
+class VwLstAlertasInsp : public MemberOf<AlertList, kAlertasDeInspeccoes> {
  public:
-  VwLstAlertasViat();
-};
-
-class VwLstAlertasInsp : public AlertList {
- public:
-  VwLstAlertasInsp();
   /// Another set-up of the grid, for hosts that fill it themselves.
   void Act_GrelhaInsp();
 };
 
-class VwLstAlertasMot : public AlertList {
+class VwLstAlertasMot : public MemberOf<AlertList, kAlertasDeMotoristas> {
  public:
-  VwLstAlertasMot();
   /// Another set-up of the grid, for hosts that fill it themselves.
   void Act_GrelhaMot() { PreparaGrelhaDeMotoristas(); }
 };
 
-class VwLstAlertasAcess : public AlertList {
+class VwLstAlertasAcess : public MemberOf<AlertList, kAlertasDeAcessorios> {
  public:
-  VwLstAlertasAcess();
   /// The set-up of the drivers' grid, whose columns aren't those of this list's rows.
   void Act_GrelhaMot() { PreparaGrelhaDeMotoristas(); }
 };

@@ -75,7 +75,9 @@ std::vector<FormatCondition> FaixasDeDias() {
           Entre("PintarMG", Faixa::kMuitoBreve, 0, 10, "Dias")};
 }
 
-const ListaDeAlertas kApolices{
+}  // namespace
+
+const ListaDeAlertas kAlertasDeApolices{
     "Alertas - Apólices",
     &Ler<&Tools::SqlAlertasApolices>,
     Estilos(kVermelho, kLaranja, kLaranja),
@@ -87,7 +89,7 @@ const ListaDeAlertas kApolices{
     "Viaturas",
     "CarregaViatura"};
 
-const ListaDeAlertas kRevisoes{
+const ListaDeAlertas kAlertasDeRevisoes{
     "Alertas - Revisões",
     &Ler<&Tools::SqlAlertasRevisoes>,
     {{"PintarG", kVermelho},
@@ -108,7 +110,7 @@ const ListaDeAlertas kRevisoes{
     "Viaturas",
     "CarregaViatura"};
 
-const ListaDeAlertas kViaturas{
+const ListaDeAlertas kAlertasDeViaturas{
     "Alertas - Viaturas",
     &Ler<&Tools::SqlAlertasViaturas>,
     {{"PintarG", kVermelho}, {"PintarMnG", kMagenta}, {"PintarGKm", kVermelho}, {"PintarMnGKm", kMagenta}},
@@ -121,7 +123,7 @@ const ListaDeAlertas kViaturas{
     "Viaturas",
     "CarregaViatura"};
 
-const ListaDeAlertas kInspeccoes{
+const ListaDeAlertas kAlertasDeInspeccoes{
     "Alertas - Inspecções",
     &Construir<&Tools::RsAlertasInsp, &Tools::EncheAlertasInsp>,
     Estilos(kVermelho, kLaranja, kLaranja),
@@ -133,20 +135,21 @@ const ListaDeAlertas kInspeccoes{
     "Viaturas",
     "CarregaViatura"};
 
-const ListaDeAlertas kMotoristas{"Alertas - Motoristas",
-                                 &Construir<&Tools::RsAlertasMot, &Tools::EncheAlertasMot>,
-                                 Estilos(kVermelho, kMagenta, kAzul),
-                                 {Coluna("Motorista", "Motorista", 3500),
-                                  Coluna("Documento", "Documento", 1800),
-                                  Coluna("Data", "Data Validade", 1500),
-                                  {"Dias", 1550, "Dias", kGridInteger, 4, 5, true, false, "", kDoSistema},
-                                  Oculta("Codigo", "Codigo", 1550, kGridLong)},
-                                 FaixasDeDias(),
-                                 "Codigo",
-                                 "Motoristas",
-                                 "CarregaFicha"};
+const ListaDeAlertas kAlertasDeMotoristas{
+    "Alertas - Motoristas",
+    &Construir<&Tools::RsAlertasMot, &Tools::EncheAlertasMot>,
+    Estilos(kVermelho, kMagenta, kAzul),
+    {Coluna("Motorista", "Motorista", 3500),
+     Coluna("Documento", "Documento", 1800),
+     Coluna("Data", "Data Validade", 1500),
+     {"Dias", 1550, "Dias", kGridInteger, 4, 5, true, false, "", kDoSistema},
+     Oculta("Codigo", "Codigo", 1550, kGridLong)},
+    FaixasDeDias(),
+    "Codigo",
+    "Motoristas",
+    "CarregaFicha"};
 
-const ListaDeAlertas kAcessorios{
+const ListaDeAlertas kAlertasDeAcessorios{
     "Alertas - Acessórios",
     &Construir<&Tools::RsAlertasAcess, &Tools::EncheAlertasAcess>,
     Estilos(kVermelho, kLaranja, kAmarelo),
@@ -157,14 +160,5 @@ const ListaDeAlertas kAcessorios{
     "Id",
     "Acessorios",
     "CarregaAcessorio"};
-
-}  // namespace
-
-VwLstAlertas::VwLstAlertas() : AlertList(kApolices) {}
-VwLstAlertasRev::VwLstAlertasRev() : AlertList(kRevisoes) {}
-VwLstAlertasViat::VwLstAlertasViat() : AlertList(kViaturas) {}
-VwLstAlertasInsp::VwLstAlertasInsp() : AlertList(kInspeccoes) {}
-VwLstAlertasMot::VwLstAlertasMot() : AlertList(kMotoristas) {}
-VwLstAlertasAcess::VwLstAlertasAcess() : AlertList(kAcessorios) {}
 
 }  // namespace zorCrmParvel

@@ -49,15 +49,20 @@ void Motoristas::Limparform() {
 
 void Motoristas::CarregaFicha(const std::string& codigo) {
   Campo[0].Text = codigo;
-  motorista_.Codigo = codigo;
-  motorista_.bd = mybd;
-  if (motorista_.Ler()) {
-    LerFicha();
-    LerCartas();
-    CarregaFoto();
-  }
+  LerTudo();
   if (Edicao_) FixarCodigo();
   Campo[1].SetFocus();
+}
+
+/// Shows the driver of the code on the screen; false, and nothing changed, when there is none.
+bool Motoristas::LerTudo() {
+  motorista_.Codigo = Campo[0].Text;
+  motorista_.bd = mybd;
+  if (!motorista_.Ler()) return false;
+  LerFicha();
+  LerCartas();
+  CarregaFoto();
+  return true;
 }
 
 void Motoristas::LerFicha() {
@@ -110,12 +115,7 @@ void Motoristas::Recomecar() {
 }
 
 void Motoristas::Navega(int indice, std::string& codigo) {
-  if (indice >= 0 && indice <= 3) {
-    motorista_.Codigo = codigo;
-    motorista_.bd = mybd;
-    LerPelaSeta(motorista_, indice);
-  }
-  codigo = motorista_.Codigo;
+  Mover(motorista_, motorista_.Codigo, indice, codigo);
 }
 
 void Motoristas::btNavega_Click(int indice) {
@@ -147,18 +147,11 @@ void Motoristas::Campo_Validate(int indice, bool& cancel) {
   if (indice != 0) return;
   cancel = platform::Trim(Campo[0].Text).empty();
   if (cancel) return;
-  motorista_.Codigo = Campo[0].Text;
-  motorista_.bd = mybd;
   if (UsaPessoal) {
     motorista_.bdSal = bdSal;
     motorista_.LerSal = true;
   }
-  if (motorista_.Ler()) {
-    LerFicha();
-    LerCartas();
-    CarregaFoto();
-    return;
-  }
+  if (LerTudo()) return;
   if (UsaPessoal) {
     platform::MsgBox("Deve preencher o funcionário na aplicação de Pessoal");
     cancel = true;

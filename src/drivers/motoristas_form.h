@@ -51,6 +51,7 @@ class Motoristas : public PhotoForm {
   void LigarEventos();
 
   // The record.
+  bool LerTudo();
   void LerFicha();
   void Gravar();
   void Limparform();

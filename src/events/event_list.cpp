@@ -24,7 +24,9 @@ constexpr ColunaDeLista kSegId = SegId(0);
 constexpr ColunaDeLista kSegIdAlinhado = SegId(5);
 constexpr ColunaDeLista kMotorista{"Motorista", 4000, nullptr};
 
-const ListaDeEventos kGastos{
+}  // namespace
+
+const ListaDeEventos kListaDeGastos{
     "Gastos",
     " SELECT  zor_PV_Gastos.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Gastos.Data AS Data, "
     "zor_PV_TiposGastos.Nome as TpGasto, zor_PV_Gastos.Gst_Id as Seg_Id "
@@ -37,7 +39,7 @@ const ListaDeEventos kGastos{
     &NovaFichaDeEvento<Gastos>,
     true};
 
-const ListaDeEventos kInspecoes{
+const ListaDeEventos kListaDeInspecoes{
     "Inspecções",
     " SELECT  zor_PV_Inspecoes.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Inspecoes.Data AS Data, "
     "zor_PV_Inspecoes.Insp_Id as Seg_Id "
@@ -49,7 +51,7 @@ const ListaDeEventos kInspecoes{
     &NovaFichaDeEvento<Inspecoes>,
     true};
 
-const ListaDeEventos kRevisoes{
+const ListaDeEventos kListaDeRevisoes{
     "Revisões",
     " SELECT  zor_PV_Revisoes.Matricula, zor_PV_Marcas.Nome AS Marca, zor_PV_Revisoes.Data AS Data, "
     "zor_PV_TiposManut.Nome as TpRev, zor_PV_Revisoes.Manu_Id as Seg_Id "
@@ -62,7 +64,7 @@ const ListaDeEventos kRevisoes{
     &NovaFichaDeEvento<Revisoes>,
     true};
 
-const ListaDeEventos kMultas{
+const ListaDeEventos kListaDeMultas{
     "Multas",
     " SELECT  zor_PV_Multas.Matricula, zor_PV_Marcas.Nome AS Marca, "
     "zor_Funcionarios.Nome AS Motorista, zor_PV_Multas.Data AS Data, zor_PV_Multas.Id as Seg_Id "
@@ -75,7 +77,7 @@ const ListaDeEventos kMultas{
     &NovaFichaDeEvento<Multas>,
     false};
 
-const ListaDeEventos kSinistros{
+const ListaDeEventos kListaDeSinistros{
     "Sinistros",
     " SELECT  zor_PV_Sinistros.Matricula, zor_PV_Marcas.Nome AS Marca, "
     "zor_Funcionarios.Nome AS Motorista, zor_PV_Sinistros.Data AS Data, zor_PV_Sinistros.Id as Seg_Id "
@@ -88,7 +90,7 @@ const ListaDeEventos kSinistros{
     &NovaFichaDeEvento<Sinistros>,
     false};
 
-const ListaDeEventos kSeguros{
+const ListaDeEventos kListaDeSeguros{
     "Apólices",
     " SELECT  zor_PV_Seguros.Matricula, zor_PV_Companhias.Nome AS Companhia, zor_PV_Seguros.Apolice, "
     "zor_PV_Seguros.Validade AS Data, "
@@ -106,7 +108,7 @@ const ListaDeEventos kSeguros{
     &NovaFichaDeEvento<Seguros>,
     false};
 
-const ListaDeEventos kAcessorios{
+const ListaDeEventos kListaDeAcessorios{
     "Acessórios",
     " SELECT  zor_PV_Acessorios.Matricula, zor_PV_Marcas.Nome AS Marca, "
     "zor_PV_Acessorios.Data AS Data, zor_PV_TiposAcessorios.Nome as TpAcess, "
@@ -126,8 +128,6 @@ const ListaDeEventos kAcessorios{
     &NovaFichaDeEvento<Acessorios>,
     true,
     true};
-
-}  // namespace
 
 RecordsetRef EventList::AbrirLinhas() {
   RecordsetRef linhas;
@@ -154,13 +154,5 @@ void EventList::Anular(const std::string& id, const GridRow& row) {
   const std::string matricula = lista_.anulaComMatricula ? Celula(row, "Matricula") : "";
   NovaFicha()->Anular(platform::Variant(id).ToLong(), matricula);
 }
-
-VwLstGastos::VwLstGastos() : EventList(kGastos) {}
-VwLstInspecoes::VwLstInspecoes() : EventList(kInspecoes) {}
-VwLstRevisoes::VwLstRevisoes() : EventList(kRevisoes) {}
-VwLstMultas::VwLstMultas() : EventList(kMultas) {}
-VwLstSinistros::VwLstSinistros() : EventList(kSinistros) {}
-VwLstSeguros::VwLstSeguros() : EventList(kSeguros) {}
-VwLstAcessorios::VwLstAcessorios() : EventList(kAcessorios) {}
 
 }  // namespace zorCrmParvel

@@ -6,6 +6,7 @@
 
 #include "events/event_form.h"
 #include "host/list_frame.h"
+#include "host/member_of.h"
 
 namespace zorCrmParvel {
 
@@ -44,39 +45,20 @@ class EventList : public ListFrame {
   const ListaDeEventos& lista_;
 };
 
-class VwLstGastos : public EventList {
- public:
-  VwLstGastos();
-};
+extern const ListaDeEventos kListaDeGastos;
+extern const ListaDeEventos kListaDeInspecoes;
+extern const ListaDeEventos kListaDeRevisoes;
+extern const ListaDeEventos kListaDeMultas;
+extern const ListaDeEventos kListaDeSinistros;
+extern const ListaDeEventos kListaDeSeguros;
+extern const ListaDeEventos kListaDeAcessorios;
 
-class VwLstInspecoes : public EventList {
- public:
-  VwLstInspecoes();
-};
-
-class VwLstRevisoes : public EventList {
- public:
-  VwLstRevisoes();
-};
-
-class VwLstMultas : public EventList {
- public:
-  VwLstMultas();
-};
-
-class VwLstSinistros : public EventList {
- public:
-  VwLstSinistros();
-};
-
-class VwLstSeguros : public EventList {
- public:
-  VwLstSeguros();
-};
-
-class VwLstAcessorios : public EventList {
- public:
-  VwLstAcessorios();
-};
+using VwLstGastos = MemberOf<EventList, kListaDeGastos>;
+using VwLstInspecoes = MemberOf<EventList, kListaDeInspecoes>;
+using VwLstRevisoes = MemberOf<EventList, kListaDeRevisoes>;
+using VwLstMultas = MemberOf<EventList, kListaDeMultas>;
+using VwLstSinistros = MemberOf<EventList, kListaDeSinistros>;
+using VwLstSeguros = MemberOf<EventList, kListaDeSeguros>;
+using VwLstAcessorios = MemberOf<EventList, kListaDeAcessorios>;
 
 }  // namespace zorCrmParvel

@@ -88,7 +88,7 @@ Currency MoneyOf(std::string_view text) {
 
 Variant ValueOf(const tsql::Column& column, const nlohmann::json& json) {
   if (json.is_null()) return Variant::Null{};
-  switch (FieldTypeOf(column)) {
+  switch (tsql::FieldTypeOf(column.type.base)) {
     case FieldType::kBool:
       return json.get<bool>();
     case FieldType::kInteger:
@@ -127,28 +127,6 @@ const Variant& KeyValue(const tsql::Table& table, const std::string& key, const 
 
 }  // namespace
 
-FieldType FieldTypeOf(const tsql::Column& column) {
-  switch (column.type.base) {
-    case tsql::BaseType::kBit:
-      return FieldType::kBool;
-    case tsql::BaseType::kSmallInt:
-      return FieldType::kInteger;
-    case tsql::BaseType::kInt:
-      return FieldType::kLong;
-    case tsql::BaseType::kMoney:
-      return FieldType::kCurrency;
-    case tsql::BaseType::kFloat:
-      return FieldType::kDouble;
-    case tsql::BaseType::kDateTime:
-      return FieldType::kDate;
-    case tsql::BaseType::kNVarChar:
-      return FieldType::kText;
-    case tsql::BaseType::kVarBinary:
-      return FieldType::kBytes;
-  }
-  return FieldType::kText;
-}
-
 bool HoldsBytes(const tsql::Column& column) { return column.type.base == tsql::BaseType::kVarBinary; }
 
 void AppendJson(const tsql::Column& column, const Variant& value, std::string& json) {
@@ -156,7 +134,7 @@ void AppendJson(const tsql::Column& column, const Variant& value, std::string& j
     json += "null";
     return;
   }
-  switch (FieldTypeOf(column)) {
+  switch (tsql::FieldTypeOf(column.type.base)) {
     case FieldType::kBool:
       json += value.ToBool() ? "true" : "false";
       return;
@@ -229,7 +207,7 @@ std::string KeyCondition(const tsql::Table& table, const Image& image) {
 }
 
 std::string SqlLiteral(const tsql::Column& column, const Variant& value) {
-  switch (FieldTypeOf(column)) {
+  switch (tsql::FieldTypeOf(column.type.base)) {
     case FieldType::kBool:
       return value.ToBool() ? "1" : "0";
     case FieldType::kInteger:
@@ -266,7 +244,8 @@ Image ImageOf(const tsql::Table& table, platform::Recordset& rows) {
   Image image(table.columns.size());
   for (std::size_t i = 0; i < image.size(); ++i)
     if (const auto field = rows.FindField(table.columns[i].name))
-      image[i] = platform::ConvertTo(FieldTypeOf(table.columns[i]), rows.Fields(*field).Value());
+      image[i] =
+          platform::ConvertTo(tsql::FieldTypeOf(table.columns[i].type.base), rows.Fields(*field).Value());
   return image;
 }
 

@@ -16,8 +16,6 @@ namespace history {
 /// Bytes that were read back from the history are the text of their digest.
 using Image = std::vector<std::optional<platform::Variant>>;
 
-/// The kind of value that a column holds.
-platform::FieldType FieldTypeOf(const tsql::Column& column);
 bool HoldsBytes(const tsql::Column& column);
 
 /// A value as JSON: money with a point, dates as "2026-11-24 10:12:00", bytes as the digest of their content.

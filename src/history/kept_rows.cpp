@@ -49,8 +49,8 @@ Image KeptRows::RowAt(std::size_t row) const {
   Image image(table_.columns.size());
   for (std::size_t i = 0; i < image.size(); ++i)
     if (fieldOf_[i])
-      image[i] =
-          platform::ConvertTo(FieldTypeOf(table_.columns[i]), inner_->CellAt(row, *fieldOf_[i]).ToVariant());
+      image[i] = platform::ConvertTo(tsql::FieldTypeOf(table_.columns[i].type.base),
+                                     inner_->CellAt(row, *fieldOf_[i]).ToVariant());
   return image;
 }
 
@@ -101,7 +101,7 @@ void KeptRows::Change(std::size_t row, const Assignments& values) {
     Image after = before;
     for (std::size_t i = 0; i < after.size(); ++i)
       if (fieldOf_[i] && values[*fieldOf_[i]])
-        after[i] = platform::ConvertTo(FieldTypeOf(table_.columns[i]), *values[*fieldOf_[i]]);
+        after[i] = platform::ConvertTo(tsql::FieldTypeOf(table_.columns[i].type.base), *values[*fieldOf_[i]]);
     store_.Changed(table_, &before, &after);
     TakeRow(row);
   });

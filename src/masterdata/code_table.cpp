@@ -86,33 +86,21 @@ bool CodeTable::MostraMapa() {
   return false;
 }
 
-namespace {
-
-constexpr TabelaDeCodigos kCategorias{"zor_PV_Categorias", "Categorias", "Listagem de Categorias", true};
-constexpr TabelaDeCodigos kCompanhias{"zor_PV_Companhias", "Companhias", "Listagem de Companhias", true};
+constexpr TabelaDeCodigos kTabelaDeCategorias{"zor_PV_Categorias", "Categorias", "Listagem de Categorias",
+                                              true};
+constexpr TabelaDeCodigos kTabelaDeCompanhias{"zor_PV_Companhias", "Companhias", "Listagem de Companhias",
+                                              true};
 // The departments are printed under the title of the insurance types; offices know the report by it.
-constexpr TabelaDeCodigos kDepartamentos{"zor_PV_Departamentos", "Departamentos",
-                                         "Listagem de Tipos de Seguro", true};
-constexpr TabelaDeCodigos kMarcas{"zor_PV_Marcas", "Marcas", "Listagem de Marcas", true};
-constexpr TabelaDeCodigos kModelos{"zor_PV_Modelos", "Modelos", "Listagem de Modelos", true};
-constexpr TabelaDeCodigos kTiposAcessorios{"zor_PV_TiposAcessorios", "Tipos de Acessórios",
-                                           "Listagem de Tipos de Acessórios"};
-constexpr TabelaDeCodigos kTiposManut{"zor_PV_TiposManut", "Tipos de Revisões",
-                                      "Listagem de Tipos de Manutenção"};
-constexpr TabelaDeCodigos kTiposSeguro{"zor_PV_TiposSeguro", "Tipos de Seguro",
-                                       "Listagem de Tipos de Seguro"};
-constexpr TabelaDeCodigos kViagens{"zor_PV_Viagens", "Viagens", "Listagem de Viagens", false, 3500};
-
-}  // namespace
-
-clCategorias::clCategorias() : CodeTableWithList(kCategorias) {}
-clCompanhias::clCompanhias() : CodeTableWithList(kCompanhias) {}
-clDepartamentos::clDepartamentos() : CodeTableWithList(kDepartamentos) {}
-clMarcas::clMarcas() : CodeTableWithList(kMarcas) {}
-clModelos::clModelos() : CodeTableWithList(kModelos) {}
-clTiposAcessorios::clTiposAcessorios() : CodeTableWithList(kTiposAcessorios) {}
-clTiposManut::clTiposManut() : CodeTableWithList(kTiposManut) {}
-clTiposSeguros::clTiposSeguros() : CodeTableWithList(kTiposSeguro) {}
-clViagens::clViagens() : CodeTable(kViagens) {}
+constexpr TabelaDeCodigos kTabelaDeDepartamentos{"zor_PV_Departamentos", "Departamentos",
+                                                 "Listagem de Tipos de Seguro", true};
+constexpr TabelaDeCodigos kTabelaDeMarcas{"zor_PV_Marcas", "Marcas", "Listagem de Marcas", true};
+constexpr TabelaDeCodigos kTabelaDeModelos{"zor_PV_Modelos", "Modelos", "Listagem de Modelos", true};
+constexpr TabelaDeCodigos kTabelaDeTiposAcessorios{"zor_PV_TiposAcessorios", "Tipos de Acessórios",
+                                                   "Listagem de Tipos de Acessórios"};
+constexpr TabelaDeCodigos kTabelaDeTiposManut{"zor_PV_TiposManut", "Tipos de Revisões",
+                                              "Listagem de Tipos de Manutenção"};
+constexpr TabelaDeCodigos kTabelaDeTiposSeguro{"zor_PV_TiposSeguro", "Tipos de Seguro",
+                                               "Listagem de Tipos de Seguro"};
+constexpr TabelaDeCodigos kTabelaDeViagens{"zor_PV_Viagens", "Viagens", "Listagem de Viagens", false, 3500};
 
 }  // namespace zorCrmParvel

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/data_access.h"
+#include "host/member_of.h"
 #include "host/row.h"
 
 namespace zorCrmParvel {
@@ -66,49 +67,24 @@ class CodeTableWithList : public CodeTable {
   RecordsetRef ListaDeCarros() { return {}; }
 };
 
-class clCategorias : public CodeTableWithList {
- public:
-  clCategorias();
-};
+extern const TabelaDeCodigos kTabelaDeCategorias;
+extern const TabelaDeCodigos kTabelaDeCompanhias;
+extern const TabelaDeCodigos kTabelaDeDepartamentos;
+extern const TabelaDeCodigos kTabelaDeMarcas;
+extern const TabelaDeCodigos kTabelaDeModelos;
+extern const TabelaDeCodigos kTabelaDeTiposAcessorios;
+extern const TabelaDeCodigos kTabelaDeTiposManut;
+extern const TabelaDeCodigos kTabelaDeTiposSeguro;
+extern const TabelaDeCodigos kTabelaDeViagens;
 
-class clCompanhias : public CodeTableWithList {
- public:
-  clCompanhias();
-};
-
-class clDepartamentos : public CodeTableWithList {
- public:
-  clDepartamentos();
-};
-
-class clMarcas : public CodeTableWithList {
- public:
-  clMarcas();
-};
-
-class clModelos : public CodeTableWithList {
- public:
-  clModelos();
-};
-
-class clTiposAcessorios : public CodeTableWithList {
- public:
-  clTiposAcessorios();
-};
-
-class clTiposManut : public CodeTableWithList {
- public:
-  clTiposManut();
-};
-
-class clTiposSeguros : public CodeTableWithList {
- public:
-  clTiposSeguros();
-};
-
-class clViagens : public CodeTable {
- public:
-  clViagens();
-};
+using clCategorias = MemberOf<CodeTableWithList, kTabelaDeCategorias>;
+using clCompanhias = MemberOf<CodeTableWithList, kTabelaDeCompanhias>;
+using clDepartamentos = MemberOf<CodeTableWithList, kTabelaDeDepartamentos>;
+using clMarcas = MemberOf<CodeTableWithList, kTabelaDeMarcas>;
+using clModelos = MemberOf<CodeTableWithList, kTabelaDeModelos>;
+using clTiposAcessorios = MemberOf<CodeTableWithList, kTabelaDeTiposAcessorios>;
+using clTiposManut = MemberOf<CodeTableWithList, kTabelaDeTiposManut>;
+using clTiposSeguros = MemberOf<CodeTableWithList, kTabelaDeTiposSeguro>;
+using clViagens = MemberOf<CodeTable, kTabelaDeViagens>;
 
 }  // namespace zorCrmParvel

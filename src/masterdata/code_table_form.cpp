@@ -82,10 +82,7 @@ void CodeTableForm::Gravar() {
 }
 
 void CodeTableForm::Navega(int index, std::string& codigo) {
-  entidade_->Codigo = codigo;
-  entidade_->bd = mybd;
-  LerPelaSeta(*entidade_, index);
-  codigo = entidade_->Codigo;
+  Mover(*entidade_, entidade_->Codigo, index, codigo);
 }
 
 void CodeTableForm::Anular() {

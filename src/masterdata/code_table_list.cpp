@@ -21,18 +21,19 @@ constexpr ListaDeCodigos Lista(const char* titulo) {
   return {titulo, &Entidade<Entity>, &NovaFicha<Form>};
 }
 
-constexpr auto kCategorias = Lista<clCategorias, Categorias>("Categorias");
-constexpr auto kCompanhias = Lista<clCompanhias, Companhias>("Companhias");
-constexpr auto kDepartamentos = Lista<clDepartamentos, Departamentos>("Departamentos");
-constexpr auto kMarcas = Lista<clMarcas, Marcas>("Marcas");
-constexpr auto kModelos = Lista<clModelos, Modelos>("Modelos");
-constexpr auto kTiposAcessorios = Lista<clTiposAcessorios, TiposAcessorios>("Tipos de Acessórios");
-constexpr auto kTiposGastos = Lista<clTiposGastos, TiposGastos>("Tipos de Gastos");
-constexpr auto kTiposManut = Lista<clTiposManut, TiposManut>("Tipos de Revisão");
-constexpr auto kTiposSeguro = Lista<clTiposSeguros, TiposSeguro>("Tipos de Apólice");
-constexpr auto kViagens = Lista<clViagens, Viagens>("Viagens");
-
 }  // namespace
+
+constexpr ListaDeCodigos kListaDeCategorias = Lista<clCategorias, Categorias>("Categorias");
+constexpr ListaDeCodigos kListaDeCompanhias = Lista<clCompanhias, Companhias>("Companhias");
+constexpr ListaDeCodigos kListaDeDepartamentos = Lista<clDepartamentos, Departamentos>("Departamentos");
+constexpr ListaDeCodigos kListaDeMarcas = Lista<clMarcas, Marcas>("Marcas");
+constexpr ListaDeCodigos kListaDeModelos = Lista<clModelos, Modelos>("Modelos");
+constexpr ListaDeCodigos kListaDeTiposAcessorios =
+    Lista<clTiposAcessorios, TiposAcessorios>("Tipos de Acessórios");
+constexpr ListaDeCodigos kListaDeTiposGastos = Lista<clTiposGastos, TiposGastos>("Tipos de Gastos");
+constexpr ListaDeCodigos kListaDeTiposManut = Lista<clTiposManut, TiposManut>("Tipos de Revisão");
+constexpr ListaDeCodigos kListaDeTiposSeguro = Lista<clTiposSeguros, TiposSeguro>("Tipos de Apólice");
+constexpr ListaDeCodigos kListaDeViagens = Lista<clViagens, Viagens>("Viagens");
 
 RecordsetRef CodeTableList::AbrirLinhas() {
   const Piece tabela = fixed(lista_.entidade()->tabela());
@@ -64,16 +65,5 @@ void CodeTableList::AnularRegisto(const std::string& codigo) {
   entidade->Codigo = codigo;
   entidade->Anular();
 }
-
-VwLstCategorias::VwLstCategorias() : CodeTableList(kCategorias) {}
-VwLstCompanhias::VwLstCompanhias() : CodeTableList(kCompanhias) {}
-VwLstDepartamentos::VwLstDepartamentos() : CodeTableList(kDepartamentos) {}
-VwLstMarcas::VwLstMarcas() : CodeTableList(kMarcas) {}
-VwLstModelos::VwLstModelos() : CodeTableList(kModelos) {}
-VwLstTiposAcessorios::VwLstTiposAcessorios() : CodeTableList(kTiposAcessorios) {}
-VwLstTiposGastos::VwLstTiposGastos() : CodeTableList(kTiposGastos) {}
-VwLstTiposManut::VwLstTiposManut() : CodeTableList(kTiposManut) {}
-VwLstTiposSeguro::VwLstTiposSeguro() : CodeTableList(kTiposSeguro) {}
-VwLstViagens::VwLstViagens() : CodeTableList(kViagens) {}
 
 }  // namespace zorCrmParvel

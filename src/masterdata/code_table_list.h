@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/list_frame.h"
+#include "host/member_of.h"
 #include "masterdata/code_table.h"
 
 namespace zorCrmParvel {
@@ -35,54 +36,26 @@ class CodeTableList : public ListFrame {
   const ListaDeCodigos& lista_;
 };
 
-class VwLstCategorias : public CodeTableList {
- public:
-  VwLstCategorias();
-};
+extern const ListaDeCodigos kListaDeCategorias;
+extern const ListaDeCodigos kListaDeCompanhias;
+extern const ListaDeCodigos kListaDeDepartamentos;
+extern const ListaDeCodigos kListaDeMarcas;
+extern const ListaDeCodigos kListaDeModelos;
+extern const ListaDeCodigos kListaDeTiposAcessorios;
+extern const ListaDeCodigos kListaDeTiposGastos;
+extern const ListaDeCodigos kListaDeTiposManut;
+extern const ListaDeCodigos kListaDeTiposSeguro;
+extern const ListaDeCodigos kListaDeViagens;
 
-class VwLstCompanhias : public CodeTableList {
- public:
-  VwLstCompanhias();
-};
-
-class VwLstDepartamentos : public CodeTableList {
- public:
-  VwLstDepartamentos();
-};
-
-class VwLstMarcas : public CodeTableList {
- public:
-  VwLstMarcas();
-};
-
-class VwLstModelos : public CodeTableList {
- public:
-  VwLstModelos();
-};
-
-class VwLstTiposAcessorios : public CodeTableList {
- public:
-  VwLstTiposAcessorios();
-};
-
-class VwLstTiposGastos : public CodeTableList {
- public:
-  VwLstTiposGastos();
-};
-
-class VwLstTiposManut : public CodeTableList {
- public:
-  VwLstTiposManut();
-};
-
-class VwLstTiposSeguro : public CodeTableList {
- public:
-  VwLstTiposSeguro();
-};
-
-class VwLstViagens : public CodeTableList {
- public:
-  VwLstViagens();
-};
+using VwLstCategorias = MemberOf<CodeTableList, kListaDeCategorias>;
+using VwLstCompanhias = MemberOf<CodeTableList, kListaDeCompanhias>;
+using VwLstDepartamentos = MemberOf<CodeTableList, kListaDeDepartamentos>;
+using VwLstMarcas = MemberOf<CodeTableList, kListaDeMarcas>;
+using VwLstModelos = MemberOf<CodeTableList, kListaDeModelos>;
+using VwLstTiposAcessorios = MemberOf<CodeTableList, kListaDeTiposAcessorios>;
+using VwLstTiposGastos = MemberOf<CodeTableList, kListaDeTiposGastos>;
+using VwLstTiposManut = MemberOf<CodeTableList, kListaDeTiposManut>;
+using VwLstTiposSeguro = MemberOf<CodeTableList, kListaDeTiposSeguro>;
+using VwLstViagens = MemberOf<CodeTableList, kListaDeViagens>;
 
 }  // namespace zorCrmParvel

@@ -56,6 +56,18 @@ class RecordForm : public Ficha {
   /// Puts a code that was picked into a field, as if it had been typed there, and leaves the field, so that
   /// its rules run. Without a code the field just gets the focus.
   void Tomar(int campo, const std::string& codigo);
+  /// Moves a code as an arrow says: to that of the first (0), previous (1), next (2) or last (3) record; it
+  /// stays where there is none. Another index looks for nothing, and the code becomes that of the record in
+  /// hand. `chave` is the entity's key.
+  template <typename Entity>
+  void Mover(Entity& entidade, std::string& chave, int indice, std::string& codigo) const {
+    if (indice >= 0 && indice <= 3) {
+      chave = codigo;
+      entidade.bd = mybd;
+      LerPelaSeta(entidade, indice);
+    }
+    codigo = chave;
+  }
   /// True when the user goes on after a message of two sentences.
   static bool Continuar(const char* primeira, const char* segunda);
   /// What a picker holds; the zero date for one that is unticked.

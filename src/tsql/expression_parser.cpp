@@ -271,9 +271,7 @@ ExpressionPtr ExpressionParser::ParseCase() {
 // The rest of a list whose opening bracket was taken, up to and with the closing one.
 std::vector<ExpressionPtr> ExpressionParser::ParseList() {
   std::vector<ExpressionPtr> items;
-  do {
-    items.push_back(ParseValue());
-  } while (cursor_.Accept(","));
+  cursor_.TakeList([&] { items.push_back(ParseValue()); });
   cursor_.Expect(")");
   return items;
 }

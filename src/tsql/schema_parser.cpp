@@ -31,7 +31,7 @@ class SchemaParser {
     Table table;
     table.name = cursor_.TakeName();
     cursor_.Expect("(");
-    do {
+    cursor_.TakeList([&] {
       if (cursor_.Accept("CONSTRAINT")) {
         cursor_.TakeName();
         cursor_.Expect("PRIMARY");
@@ -40,7 +40,7 @@ class SchemaParser {
       } else {
         table.columns.push_back(ParseColumn());
       }
-    } while (cursor_.Accept(","));
+    });
     cursor_.Expect(")");
     return table;
   }
@@ -76,9 +76,7 @@ class SchemaParser {
   std::vector<std::string> ParseColumnNames() {
     std::vector<std::string> names;
     cursor_.Expect("(");
-    do {
-      names.push_back(cursor_.TakeName());
-    } while (cursor_.Accept(","));
+    cursor_.TakeList([&] { names.push_back(cursor_.TakeName()); });
     cursor_.Expect(")");
     return names;
   }

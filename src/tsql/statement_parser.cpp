@@ -37,9 +37,7 @@ class StatementParser {
     }
     if (cursor_.Accept("ORDER")) {
       cursor_.Expect("BY");
-      do {
-        select.orderBy.push_back(ParseOrderItem());
-      } while (cursor_.Accept(","));
+      cursor_.TakeList([&] { select.orderBy.push_back(ParseOrderItem()); });
     }
     return select;
   }
@@ -50,9 +48,7 @@ class StatementParser {
     core.distinct = cursor_.Accept("DISTINCT");
     if (!core.distinct) cursor_.Accept("ALL");
     if (cursor_.Accept("TOP")) core.top = ParseTop();
-    do {
-      core.items.push_back(ParseItem());
-    } while (cursor_.Accept(","));
+    cursor_.TakeList([&] { core.items.push_back(ParseItem()); });
     if (cursor_.Accept("FROM")) ParseFrom(core);
     core.where = ParseWhere();
     return core;
@@ -133,9 +129,7 @@ class StatementParser {
     cursor_.Accept("INTO");
     insert.table = ParseTable();
     cursor_.Expect("(");
-    do {
-      insert.values.push_back(ParseColumn());
-    } while (cursor_.Accept(","));
+    cursor_.TakeList([&] { insert.values.push_back(ParseColumn()); });
     cursor_.Expect(")");
     cursor_.Expect("VALUES");
     cursor_.Expect("(");
@@ -163,12 +157,12 @@ class StatementParser {
     Update update;
     update.table = ParseTable();
     cursor_.Expect("SET");
-    do {
+    cursor_.TakeList([&] {
       Assignment assignment = ParseColumn();
       cursor_.Expect("=");
       assignment.value = expressions_.ParseValue();
       update.assignments.push_back(std::move(assignment));
-    } while (cursor_.Accept(","));
+    });
     update.where = ParseWhere();
     return update;
   }

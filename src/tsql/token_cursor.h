@@ -37,6 +37,12 @@ class TokenCursor {
   /// A name, or a string standing for one.
   std::string TakeAlias();
   long TakeInteger(long lowest, long highest);
+  /// Calls `take` for each item of a list with commas between them.
+  template <typename F>
+  void TakeList(F&& take) {
+    do take();
+    while (Accept(","));
+  }
 
   /// Raises "Incorrect syntax near '…'." on the current token, or on the last one at the end of the text.
   [[noreturn]] void Refuse() const;

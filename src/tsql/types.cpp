@@ -27,6 +27,29 @@ const char* NameOf(BaseType base) {
 
 }  // namespace
 
+platform::FieldType FieldTypeOf(BaseType type) {
+  using platform::FieldType;
+  switch (type) {
+    case BaseType::kBit:
+      return FieldType::kBool;
+    case BaseType::kSmallInt:
+      return FieldType::kInteger;
+    case BaseType::kInt:
+      return FieldType::kLong;
+    case BaseType::kMoney:
+      return FieldType::kCurrency;
+    case BaseType::kFloat:
+      return FieldType::kDouble;
+    case BaseType::kDateTime:
+      return FieldType::kDate;
+    case BaseType::kNVarChar:
+      return FieldType::kText;
+    case BaseType::kVarBinary:
+      return FieldType::kBytes;
+  }
+  return FieldType::kText;
+}
+
 std::string Type::ToText() const {
   std::string name = NameOf(base);
   if (width == 0) return name;

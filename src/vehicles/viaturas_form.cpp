@@ -131,12 +131,7 @@ RegistoComFoto& Viaturas::RegistoDoEcra() {
 }
 
 void Viaturas::Navega(int indice, std::string& matricula) {
-  if (indice >= 0 && indice <= 3) {
-    viatura_.Matricula = matricula;
-    viatura_.bd = mybd;
-    LerPelaSeta(viatura_, indice);
-  }
-  matricula = viatura_.Matricula;
+  Mover(viatura_, viatura_.Matricula, indice, matricula);
 }
 
 void Viaturas::Anular() {

@@ -18,28 +18,6 @@ struct FoundColumn {
   bool numbered;
 };
 
-FieldType FieldTypeOf(tsql::BaseType type) {
-  switch (type) {
-    case tsql::BaseType::kBit:
-      return FieldType::kBool;
-    case tsql::BaseType::kSmallInt:
-      return FieldType::kInteger;
-    case tsql::BaseType::kInt:
-      return FieldType::kLong;
-    case tsql::BaseType::kMoney:
-      return FieldType::kCurrency;
-    case tsql::BaseType::kFloat:
-      return FieldType::kDouble;
-    case tsql::BaseType::kDateTime:
-      return FieldType::kDate;
-    case tsql::BaseType::kNVarChar:
-      return FieldType::kText;
-    case tsql::BaseType::kVarBinary:
-      return FieldType::kBytes;
-  }
-  return FieldType::kText;
-}
-
 std::string WidthText(long width) {
   return width >= platform::kUnlimitedSize ? std::string("max") : std::to_string(width);
 }
@@ -92,7 +70,7 @@ std::string Fault(const tsql::Column& wanted, const std::vector<FoundColumn>& fo
     return platform::EqualsIgnoringCase(each.field.name, wanted.name);
   });
   if (column == found.end()) return "falta a coluna, que é " + wanted.type.ToText();
-  if (column->field.type != FieldTypeOf(wanted.type.base))
+  if (column->field.type != tsql::FieldTypeOf(wanted.type.base))
     return "a coluna é de outro tipo, e devia ser " + wanted.type.ToText();
   if (wanted.type.width != 0 && column->field.definedSize != wanted.type.width)
     return "a coluna tem a largura " + WidthText(column->field.definedSize) + ", e devia ter " +
