@@ -82,8 +82,8 @@ class Recordset {
   /// Index of a field, or nothing.
   std::optional<std::size_t> FindField(std::string_view name) const;
 
-  /// For grids: any cell of any row, without moving the current row. Error 3021 for a row and 9 for a column
-  /// that there isn't.
+  /// Any cell of any row, without moving the current row; the others of the row stand behind it. Error 3021
+  /// for a row and 9 for a column that there isn't.
   const Cell& CellAt(std::size_t row, std::size_t column);
   /// The number of rows read so far: reading one of these costs nothing.
   std::size_t RowsAtHand() const { return store_ ? store_->rows() : 0; }

@@ -58,12 +58,16 @@ class Carregador {
     if (necessidade_.motoristas) Motoristas();
     Proprias();
     for (std::size_t i = 0; i < kEspecies; ++i)
-      if (necessidade_.especies[i].le) Eventos(static_cast<Especie>(i));
+      if (necessidade_.especies[i].le) Eventos(static_cast<Especie>(i), necessidade_.especies[i], {});
+    if (necessidade_.basesAntesDe) BasesMaisAntigas(*necessidade_.basesAntesDe);
     frota_.Ordenar();
     return std::move(frota_);
   }
 
  private:
+  static constexpr std::size_t kMaisNomeadas = 200;  // plates in one statement
+  static constexpr std::size_t kLinhasEntrePerguntas = 8192;
+
   /// Codes in one spelling each, that of their table where it has them.
   struct Codigos {
     Indice indice;
@@ -186,8 +190,32 @@ class Carregador {
     }
   }
 
-  void Eventos(Especie especie) {
-    const Leitura& leitura = necessidade_.especies[static_cast<std::size_t>(especie)];
+  /// Reads what is older of those vehicles whose fills in the period have no base among what was read.
+  void BasesMaisAntigas(Dia de) {
+    const auto tipos = frota_.tipos.size();
+    std::vector<char> tem(frota_.viaturas.size() * tipos), pede(tem.size());
+    for (const Evento& evento : frota_.eventos) {
+      if (!frota_.EAbastecimento(evento) || SemData(evento.data)) continue;
+      const auto lugar =
+          static_cast<std::size_t>(evento.viatura) * tipos + static_cast<std::size_t>(evento.tipo);
+      if (evento.data.days() >= de) pede[lugar] = 1;
+      if (evento.data.days() < de && evento.km > 0) tem[lugar] = 1;
+    }
+    std::vector<std::string> viaturas;
+    for (std::size_t i = 0; i < tem.size(); ++i)
+      if (pede[i] > tem[i] && (viaturas.empty() || viaturas.back() != frota_.viaturas[i / tipos].matricula))
+        viaturas.push_back(frota_.viaturas[i / tipos].matricula);
+    if (viaturas.empty()) return;
+    if (viaturas.size() > kMaisNomeadas) viaturas.clear();
+    Leitura antigas = necessidade_.especies[static_cast<std::size_t>(Especie::kGasto)];
+    antigas.ate = antigas.de - 1;
+    antigas.de = Leitura::kPrimeiroDia;
+    antigas.semDatas = false;
+    Eventos(Especie::kGasto, antigas, viaturas);
+  }
+
+  /// The events of all vehicles, or of those named.
+  void Eventos(Especie especie, const Leitura& leitura, const std::vector<std::string>& viaturas) {
     const Colunas& c = ColunasDa(especie);
     Statement s{"SELECT Matricula, ", fixed(c.id), ", ", fixed(c.data)};
     std::size_t colunas = 3;
@@ -197,17 +225,19 @@ class Carregador {
       return colunas++;
     };
     const std::size_t custo = pede(c.custo, necessidade_.custos);
-    const std::size_t km = pede(c.km, true);
-    const std::size_t qtd = pede(c.qtd, !leitura.soComKm);
+    const std::size_t km = pede(c.km, necessidade_.km);
+    const std::size_t qtd = pede(c.qtd, necessidade_.quantidades);
     const std::size_t preco = pede(c.preco, necessidade_.precos);
     const std::size_t motorista = pede(c.motorista, necessidade_.motoristas);
-    const std::size_t tipo = pede(c.tipo, true);
+    const std::size_t tipo = pede(c.tipo, necessidade_.tipos);
     const std::size_t validade = pede(c.validade, true);
     const std::size_t nota = pede(c.nota, necessidade_.notas);
     s << " FROM " << fixed(TextosDe(especie).tabela);
-    Onde(s, c, leitura);
+    Onde(s, c, leitura, viaturas);
     Leitor rs(bd_, s);
     while (rs.Avanca()) {
+      if (++lidas_ % kLinhasEntrePerguntas == 0 && necessidade_.cancelar && necessidade_.cancelar())
+        throw Cancelado();
       Evento& e = frota_.eventos.emplace_back();
       e.especie = especie;
       e.viatura = NumeroDaViatura(rs.Texto(0));
@@ -222,28 +252,41 @@ class Carregador {
       if (validade != 0) e.validade = rs.Data(validade);
       if (nota == 0 || rs.Texto(nota).empty()) continue;
       e.nota = static_cast<std::int32_t>(frota_.notas.size());
-      frota_.notas.push_back(rs.Texto(nota));
+      frota_.notas.push_back(rs.Copia(nota));
     }
-    if (nota != 0) frota_.memoria.push_back(rs.rows());
   }
 
   /// Narrows what is read to days; without a date all is read.
-  static void Onde(Statement& s, const Colunas& c, const Leitura& leitura) {
+  static void Onde(Statement& s, const Colunas& c, const Leitura& leitura,
+                   const std::vector<std::string>& viaturas) {
     const char* ligacao = " WHERE ";
     if (leitura.soComKm) {
       s << ligacao << fixed(c.km) << ">0";
       ligacao = " AND ";
     }
+    if (!viaturas.empty()) {
+      const char* separa = "Matricula IN (N'";
+      s << ligacao;
+      for (const std::string& matricula : viaturas) {
+        s << fixed(separa) << value(matricula) << "'";
+        separa = ", N'";
+      }
+      s << ")";
+      ligacao = " AND ";
+    }
     if (leitura.de <= Leitura::kPrimeiroDia && leitura.ate >= Leitura::kUltimoDia) return;
-    s << ligacao << "(" << fixed(c.data) << " IS NULL OR (" << fixed(c.data) << ">='1899.12.30' AND "
-      << fixed(c.data) << "<'1899.12.31') OR (" << fixed(c.data) << ">='"
-      << value(DataDoTexto(std::max(leitura.de, Leitura::kPrimeiroDia))) << "' AND " << fixed(c.data) << "<='"
-      << value(DataDoTexto(leitura.ate) + " 23:59:59") << "'))";
+    s << ligacao << "(";
+    if (leitura.semDatas)
+      s << fixed(c.data) << " IS NULL OR (" << fixed(c.data) << ">='1899.12.30' AND " << fixed(c.data)
+        << "<'1899.12.31') OR ";
+    s << "(" << fixed(c.data) << ">='" << value(DataDoTexto(std::max(leitura.de, Leitura::kPrimeiroDia)))
+      << "' AND " << fixed(c.data) << "<='" << value(DataDoTexto(leitura.ate) + " 23:59:59") << "'))";
   }
 
   const DataAccessRef& bd_;
   const Necessidade& necessidade_;
   Frota frota_;
+  std::size_t lidas_ = 0;
   Indice viaturas_, motoristas_, tipos_;
   Codigos departamentos_, categorias_, marcas_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -15,9 +16,10 @@ namespace reports {
 /// Which rows of a kind of event are read.
 struct Leitura {
   bool le = false;
-  Dia de = kPrimeiroDia;  // events without a date are always read
+  Dia de = kPrimeiroDia;
   Dia ate = kUltimoDia;
   bool soComKm = false;
+  bool semDatas = true;  // with those that have no date
 
   static constexpr Dia kPrimeiroDia = -53688;  // 01-01-1753
   static constexpr Dia kUltimoDia = 2958465;   // 31-12-9999
@@ -29,7 +31,14 @@ struct Necessidade {
   bool motoristas = false;
   bool precos = false;
   bool custos = true;
+  bool km = true;
+  bool quantidades = true;
+  bool tipos = true;
   bool notas = false;
+  /// Of each vehicle's fills before this day the ones that matter go back to the last of their type with
+  /// kilometres. The expenses are then read from `especies` on, and further back where that is not there.
+  std::optional<Dia> basesAntesDe;
+  std::function<bool()> cancelar;  // as `Pedido::cancelar`
 
   Leitura& De(Especie especie) { return especies[static_cast<std::size_t>(especie)]; }
 };

@@ -1,7 +1,15 @@
 #include "reports/emissoes.h"
 
+#include <algorithm>
+
 namespace reports {
 namespace {
+
+/// The number of an event's row, so that its key is made once.
+std::size_t NumeroDe(const Evento& evento, Por por) {
+  if (por == Por::kTipo) return static_cast<std::size_t>(evento.tipo);
+  return static_cast<std::size_t>(por == Por::kMotorista ? evento.motorista + 1 : evento.viatura);
+}
 
 std::string ChaveDe(const Frota& frota, const Evento& evento, Por por) {
   if (por == Por::kTipo) return frota.TipoDe(evento).codigo;
@@ -21,6 +29,9 @@ Emissoes EmissoesDaFrota(const Frota& frota, const Pedido& pedido) {
   const Seleccao seleccao(frota, pedido);
   Pivot pivot(pedido);
   Emissoes emissoes;
+  constexpr std::size_t kDesconhecida = static_cast<std::size_t>(-1);
+  std::vector<std::size_t> linhas(
+      std::max({frota.viaturas.size(), frota.motoristas.size() + 1, frota.tipos.size()}), kDesconhecida);
   for (std::size_t i = 0; i < frota.viaturas.size(); ++i) {
     if (!seleccao.Passa(i)) continue;
     if (i % 64 == 0) VerSeCancela(pedido);
@@ -33,7 +44,9 @@ Emissoes EmissoesDaFrota(const Frota& frota, const Pedido& pedido) {
         if (pedido.periodo.Tem(evento->data)) emissoes.semFactor += evento->qtd;
         continue;
       }
-      pivot.Junta(pivot.Linha(ChaveDe(frota, *evento, pedido.por)), evento->data, evento->qtd * *factor);
+      std::size_t& linha = linhas[NumeroDe(*evento, pedido.por)];
+      if (linha == kDesconhecida) linha = pivot.Linha(ChaveDe(frota, *evento, pedido.por));
+      pivot.Junta(linha, evento->data, evento->qtd * *factor);
     }
   }
   emissoes.colunas = pivot.colunas();

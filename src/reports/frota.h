@@ -2,19 +2,14 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "platform/ref.h"
 #include "reports/periodo.h"
 #include "reports/soma.h"
-
-namespace platform {
-class Recordset;
-}
 
 /// What reports compute from: the fleet and its events as plain records, whoever read them.
 namespace reports {
@@ -91,11 +86,10 @@ struct Frota {
   std::vector<Motorista> motoristas;
   std::vector<Tipo> tipos;
   std::vector<Evento> eventos;
-  std::vector<std::string_view> notas;
+  std::deque<std::string> notas;
   Nomes departamentos, categorias, marcas;
   std::map<std::string, int> classeDaCategoria;
   std::map<int, std::vector<std::int32_t>> tiposDoCombustivel;  // which types a vehicle of a fuel takes
-  std::vector<platform::Ref<platform::Recordset>> memoria;      // of `notas`
 
   /// Puts the events in order: vehicle, then `Data`, then id. Before any report.
   void Ordenar();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -20,7 +22,8 @@ class Indice {
   /// The record of a code; `novo` makes one for a code that there isn't yet.
   template <typename Novo>
   std::int32_t Acha(std::string_view codigo, const Novo& novo) {
-    if (ultimo_ != nullptr && ultimo_->first == codigo) return ultimo_->second;
+    const Achado*& recente = recentes_[Lugar(codigo)];
+    if (recente != nullptr && recente->first == codigo) return recente->second;
     procurado_.assign(codigo);
     auto achado = exactos_.find(procurado_);
     if (achado == exactos_.end()) {
@@ -29,13 +32,24 @@ class Indice {
       Junta(procurado_, numero);
       achado = exactos_.find(procurado_);
     }
-    ultimo_ = &*achado;
+    recente = &*achado;
     return achado->second;
   }
 
  private:
+  using Achado = std::pair<const std::string, std::int32_t>;
+  static constexpr std::size_t kRecentes = 4096;
+
+  /// Where a code was seen last, by its last eight bytes: those in which codes differ.
+  static std::size_t Lugar(std::string_view codigo) {
+    std::uint64_t fim = 0;
+    const std::size_t bytes = codigo.size() < sizeof fim ? codigo.size() : sizeof fim;
+    if (bytes != 0) std::memcpy(&fim, codigo.data() + codigo.size() - bytes, bytes);
+    return static_cast<std::size_t>((fim * 0x9E3779B97F4A7C15ULL) >> 52);
+  }
+
   std::unordered_map<std::string, std::int32_t> exactos_, dobrados_;
-  const std::pair<const std::string, std::int32_t>* ultimo_ = nullptr;  // stays where it is
+  std::array<const Achado*, kRecentes> recentes_{};  // of `exactos_`, whose pairs stay where they are
   std::string procurado_;
 };
 

@@ -10,7 +10,7 @@
 
 namespace reports {
 
-/// Reads rows where they are stored, one after the other, without a copy. A column is named by its place in
+/// Reads rows where they are stored, one after the other. A column is named by its place in
 /// the statement.
 class Leitor {
  public:
@@ -25,7 +25,9 @@ class Leitor {
     if (!rows_) return false;
     ++row_;
     if (row_ >= rows_->RowsAtHand()) rows_->FetchMore(kBloco);
-    return row_ < rows_->RowsAtHand();
+    if (row_ >= rows_->RowsAtHand()) return false;
+    linha_ = &rows_->CellAt(row_, 0);
+    return true;
   }
 
   std::string_view Texto(std::size_t coluna) const {
@@ -41,17 +43,16 @@ class Leitor {
   /// The zero date for null.
   platform::Date Data(std::size_t coluna) const { return platform::Date::FromSeconds(Inteiro(coluna)); }
   bool Nulo(std::size_t coluna) const { return Celula(coluna).IsNull(); }
-  /// Its texts live as long as it does.
-  const zorCrmParvel::RecordsetRef& rows() const { return rows_; }
 
  private:
-  static constexpr std::size_t kBloco = 4096;
+  static constexpr std::size_t kBloco = 256;  // what a processor keeps at hand
 
   Leitor() = default;
-  const platform::Cell& Celula(std::size_t coluna) const { return rows_->CellAt(row_, coluna); }
+  const platform::Cell& Celula(std::size_t coluna) const { return linha_[coluna]; }
 
   zorCrmParvel::RecordsetRef rows_;
   std::size_t row_ = static_cast<std::size_t>(-1);
+  const platform::Cell* linha_ = nullptr;  // the cells of the row
 };
 
 }  // namespace reports

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <tuple>
 
+#include "reports/custos.h"
+
 namespace reports {
 namespace {
 
@@ -17,6 +19,20 @@ std::vector<std::size_t> PorOrdem(const std::vector<Registo>& registos, std::str
   });
   return ordem;
 }
+
+/// Lets the events of the kinds through that are asked for.
+class DosTipos {
+ public:
+  DosTipos(const Frota& frota, const Pedido& pedido) : frota_(frota), tipos_(pedido.tipos) {}
+  bool Passa(const Evento& evento) const {
+    return tipos_.empty() ||
+           std::find(tipos_.begin(), tipos_.end(), ChaveDoTipo(frota_, evento)) != tipos_.end();
+  }
+
+ private:
+  const Frota& frota_;
+  const std::vector<std::string>& tipos_;
+};
 
 void Acumula(const Frota& frota, const std::vector<const Evento*>& grupo, Movimentos& movimentos) {
   Soma litros, custo;
@@ -33,6 +49,7 @@ void Acumula(const Frota& frota, const std::vector<const Evento*>& grupo, Movime
 
 Movimentos MovimentosDaFrota(const Frota& frota, const Pedido& pedido) {
   const Seleccao seleccao(frota, pedido);
+  const DosTipos tipos(frota, pedido);
   const bool porMotorista = pedido.por == Por::kMotorista;
   Movimentos movimentos;
   std::vector<std::vector<const Evento*>> motoristas(porMotorista ? frota.motoristas.size() + 1 : 0);
@@ -43,7 +60,7 @@ Movimentos MovimentosDaFrota(const Frota& frota, const Pedido& pedido) {
     grupo.clear();
     const auto [inicio, fim] = frota.De(viatura);
     for (const Evento* evento = inicio; evento != fim; ++evento) {
-      if (!seleccao.Passa(*evento)) continue;
+      if (!seleccao.Passa(*evento) || !tipos.Passa(*evento)) continue;
       if (SemData(evento->data)) ++movimentos.semData;
       if (!pedido.periodo.Tem(evento->data)) continue;
       (porMotorista ? motoristas[static_cast<std::size_t>(evento->motorista + 1)] : grupo).push_back(evento);

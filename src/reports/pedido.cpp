@@ -56,10 +56,9 @@ Seleccao::Seleccao(const Frota& frota, const Pedido& pedido) {
   }
   if (pedido.motoristas.empty()) return;
   const auto motoristas = Dobrados(pedido.motoristas);
-  motoristas_.push_back(0);  // never empty, even without any driver
-  motoristas_.resize(std::max<std::size_t>(1, frota.motoristas.size()));
-  for (std::size_t i = 0; i < frota.motoristas.size(); ++i)
-    motoristas_[i] = TemAlgum(motoristas, frota.motoristas[i].codigo) ? 1 : 0;
+  motoristas_.push_back(motoristas.count("") != 0);
+  for (const Motorista& motorista : frota.motoristas)
+    motoristas_.push_back(motoristas.count(Dobrado(motorista.codigo)) != 0);
 }
 
 const std::string& GrupoDaViatura(const Viatura& viatura, Por por) {

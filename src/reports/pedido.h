@@ -18,10 +18,11 @@ struct Pedido {
   Periodo periodo;
   Por por = Por::kViatura;
   Coluna coluna = Coluna::kMes;
-  std::vector<std::string> viaturas, departamentos, categorias, marcas, motoristas;
+  std::vector<std::string> viaturas, departamentos, categorias, marcas, motoristas;  // "": those without
   std::vector<int> combustiveis;
   bool soActivas = false;
   bool soInactivas = false;
+  std::vector<std::string> tipos;  // kinds of cost, of movements alone
   // Of the costs.
   bool premiosRepartidos = true;
   bool comRendas = true;
@@ -44,14 +45,13 @@ class Seleccao {
   /// True when the vehicle passes, and the driver where drivers are asked for.
   bool Passa(const Evento& evento) const {
     return Passa(static_cast<std::size_t>(evento.viatura)) &&
-           (motoristas_.empty() ||
-            (evento.motorista >= 0 && motoristas_[static_cast<std::size_t>(evento.motorista)] != 0));
+           (motoristas_.empty() || motoristas_[static_cast<std::size_t>(evento.motorista + 1)] != 0);
   }
   bool PorMotorista() const { return !motoristas_.empty(); }
 
  private:
   std::vector<char> viaturas_;
-  std::vector<char> motoristas_;  // empty: all
+  std::vector<char> motoristas_;  // the first for none; empty: all
 };
 
 /// The key of a vehicle's group by vehicle, department, category or make.

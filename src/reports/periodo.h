@@ -15,7 +15,9 @@ using platform::Date;
 /// Days are counted from the zero date.
 using Dia = std::int64_t;
 
-inline bool SemData(Date data) { return data.days() == 0; }
+inline constexpr std::int64_t kSegundosDoDia = 86400;
+
+inline bool SemData(Date data) { return data.seconds() >= 0 && data.seconds() < kSegundosDoDia; }
 /// "2026-01-31".
 std::string TextoDoDia(Dia dia);
 
@@ -30,7 +32,10 @@ struct Periodo {
   /// The twelve whole months before that of `hoje`.
   static Periodo Ultimos12Meses(Date hoje);
 
-  bool Tem(Date data) const { return !SemData(data) && data.days() >= de && data.days() <= ate; }
+  bool Tem(Date data) const {
+    return !SemData(data) && data.seconds() >= de * kSegundosDoDia &&
+           data.seconds() < (ate + 1) * kSegundosDoDia;
+  }
   /// The number of months when it begins and ends with one.
   std::optional<int> MesesInteiros() const;
   /// As many whole months before, else as many days.

@@ -7,6 +7,12 @@
 namespace reports {
 namespace {
 
+// Most vehicles were filled within this many days before a period; those that were not cost one more
+// statement.
+constexpr Dia kDiasDaBase = 92;
+// Days of a period so long that all before it may be read as well.
+constexpr Dia kPeriodoLongo = 1000;
+
 std::string Junta(const std::vector<std::string>& textos) {
   std::string junto;
   for (const std::string& texto : textos) junto += (junto.empty() ? "" : ", ") + texto;
@@ -118,6 +124,7 @@ std::string Objeccao(TipoDeRelatorio tipo, const Pedido& pedido) {
 
 Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido) {
   Necessidade n;
+  n.cancelar = pedido.cancelar;
   const Dia antes = pedido.periodo.Anterior().de;
   const Dia ate = pedido.periodo.ate;
   const auto todas = [&n](Dia de, Dia fim) {
@@ -128,9 +135,14 @@ Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido) {
   switch (tipo) {
     case TipoDeRelatorio::kConsumos:
       n.De(Especie::kGasto) = {true, Leitura::kPrimeiroDia, ate};
+      if (ate - pedido.periodo.de > kPeriodoLongo) break;
+      n.De(Especie::kGasto).de = pedido.periodo.de - kDiasDaBase;
+      n.basesAntesDe = pedido.periodo.de;
       break;
     case TipoDeRelatorio::kCustos:
       n.motoristas = pedido.por == Por::kMotorista || !pedido.motoristas.empty();
+      n.km = n.quantidades = false;
+      n.tipos = pedido.por == Por::kTipo;
       todas(antes, ate);
       break;
     case TipoDeRelatorio::kTotal:
@@ -140,7 +152,7 @@ Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido) {
     case TipoDeRelatorio::kQuilometros:
       n.De(Especie::kGasto) = n.De(Especie::kRevisao) = {true};
       n.De(Especie::kGasto).soComKm = n.De(Especie::kRevisao).soComKm = true;
-      n.custos = false;
+      n.custos = n.quantidades = false;
       break;
     case TipoDeRelatorio::kExcepcoes:
       todas(pedido.periodo.de, ate);
@@ -154,6 +166,7 @@ Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido) {
       break;
     case TipoDeRelatorio::kEmissoes:
       n.De(Especie::kGasto) = {true, antes, ate};
+      n.custos = n.km = false;
       n.motoristas = pedido.por == Por::kMotorista || !pedido.motoristas.empty();
       break;
   }
@@ -162,9 +175,15 @@ Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido) {
 
 Relatorio Fazer(const zorCrmParvel::DataAccessRef& bd, TipoDeRelatorio tipo, const Pedido& pedido,
                 bool vistos) {
+  std::shared_ptr<const Frota> frota;
+  return Fazer(bd, tipo, pedido, NecessidadeDe(tipo, pedido), vistos, frota);
+}
+
+Relatorio Fazer(const zorCrmParvel::DataAccessRef& bd, TipoDeRelatorio tipo, const Pedido& pedido,
+                const Necessidade& necessidade, bool vistos, std::shared_ptr<const Frota>& daFrota) {
   if (const std::string objeccao = Objeccao(tipo, pedido); !objeccao.empty())
     throw platform::RuntimeError(platform::kInvalidCall, TextosDe(tipo).chave, objeccao);
-  const auto daFrota = std::make_shared<const Frota>(Carregar(bd, NecessidadeDe(tipo, pedido)));
+  daFrota = std::make_shared<const Frota>(Carregar(bd, necessidade));
   const Frota& frota = *daFrota;
   const auto faz = [&] {
     switch (tipo) {

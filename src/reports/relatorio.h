@@ -43,6 +43,9 @@ Necessidade NecessidadeDe(TipoDeRelatorio tipo, const Pedido& pedido);
 /// Reads and computes a report. With `vistos`, findings that were looked at are shown as well.
 Relatorio Fazer(const zorCrmParvel::DataAccessRef& bd, TipoDeRelatorio tipo, const Pedido& pedido,
                 bool vistos = false);
+/// The same with what has been read of the fleet, which may be more than the report needs.
+Relatorio Fazer(const zorCrmParvel::DataAccessRef& bd, TipoDeRelatorio tipo, const Pedido& pedido,
+                const Necessidade& necessidade, bool vistos, std::shared_ptr<const Frota>& frota);
 
 // Each report as tables, from a fleet that has been read for it.
 Relatorio TabelasDeConsumos(const Frota& frota, const Pedido& pedido);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,9 +20,9 @@ class Relator {
 
   bool Activa(Regra regra) const { return ajustes_[static_cast<std::size_t>(regra)].activa; }
   /// True when the rule is on and the event is one that is asked for: only then a text is worth making.
-  bool Quer(Regra regra, const Evento& evento) const {
-    return Activa(regra) && periodo_.Tem(evento.data) && seleccao_.Passa(evento);
-  }
+  bool Quer(Regra regra, const Evento& evento) const { return Activa(regra) && Interessa(evento); }
+  /// True when the event is one that is asked for.
+  bool Interessa(const Evento& evento) const { return periodo_.Tem(evento.data) && seleccao_.Passa(evento); }
   Currency Limiar(Regra regra) const { return ajustes_[static_cast<std::size_t>(regra)].limiar; }
   void Junta(Regra regra, const Evento& evento, std::string texto) {
     achados_.push_back({regra, &evento, std::move(texto)});
@@ -47,7 +47,13 @@ class PrecosDoMes {
   Currency DobroDaMediana(const Evento& fill) const;
 
  private:
-  std::map<std::pair<int, int>, Currency> medianas_;  // by month and type
+  /// Place of the fill's month and type; none outside of the period's months.
+  std::optional<std::size_t> Lugar(const Evento& fill) const;
+
+  std::size_t tipos_;
+  Dia de_ = 0;
+  std::vector<std::size_t> mesDoDia_;  // from `de_` on
+  std::vector<Currency> medianas_;     // by month and type
 };
 
 /// The rules on what a vehicle uses: consumption and tank.

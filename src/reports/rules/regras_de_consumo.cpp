@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <map>
 
 #include "platform/format.h"
 #include "reports/contador.h"

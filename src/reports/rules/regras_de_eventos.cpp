@@ -7,8 +7,6 @@
 namespace reports {
 namespace {
 
-int MesDe(Date data) { return data.year() * 12 + data.month() - 1; }
-
 std::string Quando(Date data) { return data.DayOnly().ToText(); }
 
 std::string Km(Currency km) { return km.ToText() + " km"; }
@@ -25,21 +23,23 @@ void VerDia(Relator& relator, const std::vector<const Evento*>& fills, std::size
 }
 
 void VerPreco(Relator& relator, const Evento& fill, const PrecosDoMes& precos) {
+  if (fill.valorUn <= 0) return;
   const Soma dobro(precos.DobroDaMediana(fill));
-  if (fill.valorUn <= 0 || !ForaDe(fill.valorUn, dobro, relator.Limiar(Regra::kPreco))) return;
+  if (!ForaDe(fill.valorUn, dobro, relator.Limiar(Regra::kPreco))) return;
   relator.Junta(Regra::kPreco, fill,
                 "Preço de " + fill.valorUn.ToText() + " €, quando no mês o habitual é " +
                     Parte(dobro.valor().value_or(0), 1, 2).ToText() + " €.");
 }
 
 void VerHora(Relator& relator, const Evento& fill) {
+  if (!relator.Activa(Regra::kFimDeSemana) && !relator.Activa(Regra::kNoite)) return;
   const Dia dia = fill.data.days();
   const bool fimDeSemana = (dia + 6) % 7 == 6 || (dia + 6) % 7 == 0;  // the zero date was a Saturday
-  if (fimDeSemana && relator.Quer(Regra::kFimDeSemana, fill))
+  if (fimDeSemana && relator.Activa(Regra::kFimDeSemana))
     relator.Junta(Regra::kFimDeSemana, fill, "Abastecimento ao fim-de-semana, em " + Quando(fill.data) + ".");
   const bool semHora = fill.data == fill.data.DayOnly();
   const int hora = fill.data.hour();
-  if (!semHora && (hora >= 22 || hora < 6) && relator.Quer(Regra::kNoite, fill))
+  if (!semHora && (hora >= 22 || hora < 6) && relator.Activa(Regra::kNoite))
     relator.Junta(Regra::kNoite, fill, "Abastecimento de noite, em " + fill.data.ToText() + ".");
 }
 
@@ -54,9 +54,10 @@ void VerCombustivel(Relator& relator, const Evento& fill) {
 }
 
 void VerRepetido(Relator& relator, const Evento* inicio, const Evento* evento) {
+  const std::int64_t inicioDoDia = evento->data.days() * kSegundosDoDia;
   for (const Evento* outro = evento; outro != inicio;) {
     --outro;
-    if (outro->data.days() != evento->data.days()) return;
+    if (outro->data.seconds() < inicioDoDia) return;
     if (outro->especie != Especie::kGasto || outro->tipo != evento->tipo || outro->custo != evento->custo)
       continue;
     relator.Junta(Regra::kRepetido, *evento,
@@ -88,36 +89,48 @@ void VerCarta(Relator& relator, const Evento& evento) {
 
 }  // namespace
 
-PrecosDoMes::PrecosDoMes(const Frota& frota, const Periodo& periodo) {
-  const Dia de =
-      Date::FromParts(Date().AddDays(periodo.de).year(), Date().AddDays(periodo.de).month(), 1).days();
-  const Dia ate = periodo.ate + 31;
-  std::map<std::pair<int, int>, std::vector<Currency>> precos;
-  Dia dia = 0;
-  int mes = 0;
+PrecosDoMes::PrecosDoMes(const Frota& frota, const Periodo& periodo) : tipos_(frota.tipos.size()) {
+  const auto primeiroDoMes = [](Date data) { return Date::FromParts(data.year(), data.month(), 1); };
+  Dia primeiro = periodo.ate;
+  Dia ultimo = periodo.de;
+  for (const Evento& evento : frota.eventos) {
+    if (evento.valorUn <= 0 || !periodo.Tem(evento.data)) continue;
+    primeiro = std::min(primeiro, evento.data.days());
+    ultimo = std::max(ultimo, evento.data.days());
+  }
+  if (primeiro > ultimo) return;
+  de_ = primeiroDoMes(Date().AddDays(primeiro)).days();
+  const Dia fim = primeiroDoMes(Date().AddDays(ultimo)).AddMonths(1).days();
+  std::size_t meses = 0;
+  for (Date mes = Date().AddDays(de_); mes.days() < fim; mes = mes.AddMonths(1))
+    mesDoDia_.resize(static_cast<std::size_t>(mes.AddMonths(1).days() - de_), meses++);
+  std::vector<std::vector<Currency>> precos(meses * tipos_);
   for (const Evento& evento : frota.eventos) {
     if (evento.valorUn <= 0 || SemData(evento.data) || !frota.EAbastecimento(evento)) continue;
-    const Dia este = evento.data.days();
-    if (este < de || este > ate) continue;
-    if (este != dia) {
-      dia = este;
-      mes = MesDe(evento.data);
-    }
-    precos[{mes, evento.tipo}].push_back(evento.valorUn);
+    if (const auto lugar = Lugar(evento)) precos[*lugar].push_back(evento.valorUn);
   }
-  for (auto& [chave, valores] : precos) {
+  medianas_.resize(precos.size());
+  for (std::size_t i = 0; i < precos.size(); ++i) {
+    auto& valores = precos[i];
+    if (valores.empty()) continue;
     const auto meio = valores.begin() + static_cast<std::ptrdiff_t>(valores.size() / 2);
     std::nth_element(valores.begin(), meio, valores.end());
     const Currency outro = valores.size() % 2 != 0 ? *meio : *std::max_element(valores.begin(), meio);
     Soma dobro(*meio);
     dobro += outro;
-    medianas_[chave] = dobro.valor().value_or(0);
+    medianas_[i] = dobro.valor().value_or(0);
   }
 }
 
+std::optional<std::size_t> PrecosDoMes::Lugar(const Evento& fill) const {
+  const Dia dia = fill.data.days() - de_;
+  if (dia < 0 || dia >= static_cast<Dia>(mesDoDia_.size())) return {};
+  return mesDoDia_[static_cast<std::size_t>(dia)] * tipos_ + static_cast<std::size_t>(fill.tipo);
+}
+
 Currency PrecosDoMes::DobroDaMediana(const Evento& fill) const {
-  const auto achada = medianas_.find({MesDe(fill.data), fill.tipo});
-  return achada == medianas_.end() ? Currency() : achada->second;
+  const auto lugar = Lugar(fill);
+  return lugar ? medianas_[*lugar] : Currency();
 }
 
 void VerQuilometros(Relator& relator, const std::vector<const Evento*>& fills) {
@@ -147,30 +160,32 @@ void VerQuilometros(Relator& relator, const std::vector<const Evento*>& fills) {
 void VerAbastecimentos(Relator& relator, const std::vector<const Evento*>& fills, const PrecosDoMes& precos) {
   for (std::size_t i = 0; i < fills.size(); ++i) {
     const Evento& fill = *fills[i];
+    if (!relator.Interessa(fill)) continue;
     const Viatura& viatura = relator.frota().ViaturaDe(fill);
-    if (relator.Quer(Regra::kMesmoDia, fill)) VerDia(relator, fills, i);
-    if (relator.Quer(Regra::kPreco, fill)) VerPreco(relator, fill, precos);
+    if (relator.Activa(Regra::kMesmoDia)) VerDia(relator, fills, i);
+    if (relator.Activa(Regra::kPreco)) VerPreco(relator, fill, precos);
     if (!SemData(viatura.foraDeServico) && fill.data.days() > viatura.foraDeServico.days() &&
-        relator.Quer(Regra::kInactiva, fill))
+        relator.Activa(Regra::kInactiva))
       relator.Junta(Regra::kInactiva, fill,
                     "A viatura saiu de serviço em " + Quando(viatura.foraDeServico) + ".");
     VerHora(relator, fill);
-    if (relator.Quer(Regra::kCombustivel, fill)) VerCombustivel(relator, fill);
+    if (relator.Activa(Regra::kCombustivel)) VerCombustivel(relator, fill);
   }
 }
 
 void VerEventos(Relator& relator, const Evento* inicio, const Evento* fim) {
   for (const Evento* evento = inicio; evento != fim; ++evento) {
-    if (evento->especie == Especie::kGasto && relator.Quer(Regra::kRepetido, *evento))
+    if (!relator.Interessa(*evento)) continue;
+    if (evento->especie == Especie::kGasto && relator.Activa(Regra::kRepetido))
       VerRepetido(relator, inicio, evento);
     const Viatura& viatura = relator.frota().ViaturaDe(*evento);
-    if (!viatura.existe && !viatura.matricula.empty() && relator.Quer(Regra::kSemViatura, *evento))
+    if (!viatura.existe && !viatura.matricula.empty() && relator.Activa(Regra::kSemViatura))
       relator.Junta(Regra::kSemViatura, *evento, "A viatura " + viatura.matricula + " não existe.");
     if (evento->motorista < 0) continue;
     const Motorista& motorista = relator.frota().motoristas[static_cast<std::size_t>(evento->motorista)];
-    if (!motorista.existe && relator.Quer(Regra::kSemMotorista, *evento))
+    if (!motorista.existe && relator.Activa(Regra::kSemMotorista))
       relator.Junta(Regra::kSemMotorista, *evento, "O motorista " + motorista.codigo + " não existe.");
-    if (motorista.existe && relator.Quer(Regra::kCarta, *evento)) VerCarta(relator, *evento);
+    if (motorista.existe && relator.Activa(Regra::kCarta)) VerCarta(relator, *evento);
   }
 }
 
