@@ -31,7 +31,7 @@ install_headers(sqlserver database limits)
 
 set(PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/zorCrmParvel)
 install(TARGETS zorCrmParvel EXPORT zorCrmParvel
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT component NAMELINK_COMPONENT component)
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT component-run NAMELINK_COMPONENT component)
 install(EXPORT zorCrmParvel NAMESPACE zorCrmParvel:: FILE zorCrmParvelConfig.cmake DESTINATION ${PACKAGE_DIR}
         COMPONENT component)
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/zorCrmParvelConfigVersion.cmake

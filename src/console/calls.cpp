@@ -7,6 +7,7 @@
 
 #include "console/call_texts.h"
 #include "console/error_output.h"
+#include "console/manual_pages.h"
 #include "console/program.h"
 #include "platform/runtime_error.h"
 
@@ -45,6 +46,17 @@ Calls::Calls(std::ostream& result, std::ostream& messages)
 }
 
 Calls::~Calls() = default;
+
+void Calls::AddManual() {
+  auto folder = std::make_shared<std::string>();
+  CLI::App& command =
+      Add("manual", "Escreve as páginas de manual e o que completa palavras na consola.", [this, folder] {
+        WriteManual(*app_, *folder);
+        return static_cast<int>(kDone);
+      });
+  command.group("");
+  command.add_option("pasta", *folder, "Pasta onde ficam.")->required();
+}
 
 void Calls::AddCommonOptions() {
   app_->option_defaults()->group("Opções");

@@ -29,6 +29,10 @@ class Calls {
   /// Announces a command below another one.
   CLI::App& AddBelow(CLI::App& command, const char* name, const char* text, std::function<int()> run);
 
+  /// Announces, without showing it in the help, the command that writes down all the others for the system's
+  /// manual and shells.
+  void AddManual();
+
   /// Reads a call, runs its command and gives the exit code.
   int Obey(const std::vector<std::string>& arguments);
 

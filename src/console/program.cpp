@@ -13,6 +13,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   Calls calls(out, err);
   for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls, AddHistoryCalls})
     add(calls);
+  calls.AddManual();
   const int code = calls.Obey(arguments);
   if (out.flush()) return code;
   err << "Não foi possível escrever tudo o que o comando mostra. Veja se o disco está cheio ou se a saída "

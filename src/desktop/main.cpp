@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -87,6 +88,8 @@ int main(int argc, char** argv) {
   QApplication application(arguments, argv);
   QApplication::setOrganizationName(QStringLiteral("parvel"));
   QApplication::setApplicationName(QStringLiteral("parvel-desktop"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("pt.parvel.Parvel"));
+  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("parvel")));
   QApplication::setStyle(new HouseStyle);
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
   SpeakPortuguese();

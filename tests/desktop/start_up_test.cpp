@@ -123,6 +123,9 @@ TEST(OptionsTest, WordsAreReadAndWrongOnesAnswered) {
   EXPECT_EQ(options.database, "a.db");
   EXPECT_TRUE(options.demo);
   EXPECT_EQ(options.list, "Marcas");
+  // A double click names the file alone.
+  EXPECT_FALSE(desktop::ReadOptions({"outra.db"}, options));
+  EXPECT_EQ(options.database, "outra.db");
 
   const std::tuple<QStringList, int, const char*> cases[] = {
       {{"--help"}, 0, "--retrato"},

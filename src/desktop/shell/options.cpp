@@ -7,7 +7,7 @@ constexpr int kUsageError = 2;
 
 constexpr char kHelp[] = R"(Gestão de frota, em janela.
 
-Uso: parvel-desktop [opções]
+Uso: parvel-desktop [opções] [FICHEIRO]
 
   --db FICHEIRO       Base de dados, em vez da habitual; é criada se não existir.
   --ligacao LIGAÇÃO   Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.
@@ -67,6 +67,10 @@ std::optional<Reply> ReadOptions(const QStringList& words, Options& options) {
       if (i + 1 == words.size() || words[i + 1].isEmpty())
         return WrongCall(QStringLiteral("Falta o valor de %1.").arg(word));
       *text.value = words[++i];
+      known = true;
+    }
+    if (!known && !word.isEmpty() && !word.startsWith(QLatin1Char('-'))) {
+      options.database = word;
       known = true;
     }
     if (!known) return WrongCall(QStringLiteral("Não se conhece a opção %1.").arg(word));
