@@ -67,28 +67,35 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(CPACK_DEBIAN_PARVEL_PACKAGE_SECTION database)
 set(CPACK_DEBIAN_PARVEL_PACKAGE_SUGGESTS "parvel-desktop, tdsodbc")
 set(CPACK_COMPONENT_PARVEL_DESCRIPTION "Fleet management in a terminal
- Vehicles, drivers and the events of a vehicle's life, listed, imported, reported
- on and kept in one file or on an office's server. The program speaks Portuguese.")
+Vehicles, drivers and the events of a vehicle's life: listed, imported,
+reported on, and kept in one file or on an office's server.
+The program speaks Portuguese.")
 set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_SECTION database)
 set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_DEPENDS "fonts-dejavu-core, hicolor-icon-theme, qt6-translations-l10n")
 set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_RECOMMENDS "parvel, qt6-wayland")
 set(CPACK_COMPONENT_PARVEL-DESKTOP_DESCRIPTION "Fleet management in a window
- Vehicles, drivers and the events of a vehicle's life, with what is about to expire,
- reports over time, imports and a history. The program speaks Portuguese.")
+Vehicles, drivers and the events of a vehicle's life, with what is about to
+expire, reports over time, imports and a history.
+The program speaks Portuguese.")
 set(CPACK_DEBIAN_COMPONENT-RUN_PACKAGE_SECTION libs)
+file(WRITE ${MADE}/library/shlibs
+     "libzorCrmParvel ${PROJECT_VERSION_MAJOR} ${NAME_component-run} (>= ${PROJECT_VERSION})\n")
+file(WRITE ${MADE}/library/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_COMPONENT-RUN_PACKAGE_CONTROL_EXTRA ${MADE}/library/shlibs ${MADE}/library/triggers)
 set(CPACK_COMPONENT_COMPONENT-RUN_DESCRIPTION "Fleet management as a component: the library
- The lists, record screens and alerts of a fleet as models that a host draws.")
+The lists, record screens and alerts of a fleet, as models that a host
+draws.")
 set(CPACK_DEBIAN_COMPONENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_COMPONENT_PACKAGE_DEPENDS
     "${NAME_component-run} (= ${CPACK_DEBIAN_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_COMPONENT_COMPONENT_DESCRIPTION "Fleet management as a component: headers
- What a host needs to be built with the lists, record screens and alerts of a fleet.")
+What a host needs to be built with the lists, record screens and alerts of
+a fleet.")
 
 set(PARVEL_RELEASE_STAMP "Wed, 25 Nov 2026 12:00:00 +0000")
 foreach(part ${PARTS})
@@ -101,9 +108,8 @@ foreach(part ${PARTS})
   file(COPY_FILE ${CMAKE_SOURCE_DIR}/CHANGELOG.md ${docs}/changelog ONLY_IF_DIFFERENT)
   execute_process(COMMAND gzip -9nf changelog changelog.Debian WORKING_DIRECTORY ${docs} COMMAND_ERROR_IS_FATAL ANY)
   install(DIRECTORY ${docs}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${PACKAGE} COMPONENT ${part} EXCLUDE_FROM_ALL)
-  if(EXISTS ${PACKAGING}/debian/${PACKAGE}.lintian-overrides)
-    install(FILES ${PACKAGING}/debian/${PACKAGE}.lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
-            RENAME ${PACKAGE} COMPONENT ${part} EXCLUDE_FROM_ALL)
-  endif()
+  configure_file(${PACKAGING}/debian/lintian-overrides.in ${MADE}/overrides/${PACKAGE} @ONLY)
+  install(FILES ${MADE}/overrides/${PACKAGE} DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT ${part}
+          EXCLUDE_FROM_ALL)
 endforeach()
 include(CPack)
