@@ -1,4 +1,4 @@
--- versão 3
+-- versão 4
 --
 -- The tables of the fleet module, for both engines: run by the embedded engine on a new file, by `parvel
 -- esquema` on a server.
@@ -443,4 +443,33 @@ CREATE TABLE parvel_vez (
   Nome nvarchar(10) NOT NULL,
   Vez int NULL,
   CONSTRAINT PK_parvel_vez PRIMARY KEY (Nome)
+);
+
+-- Who is told by mail what is due. Ambito: 'todos', 'departamento' or 'responsavel', whose code is in Codigo.
+CREATE TABLE parvel_destinatarios (
+  Email nvarchar(100) NOT NULL,
+  Nome nvarchar(60) NULL,
+  Ambito nvarchar(15) NULL,
+  Codigo nvarchar(15) NULL,
+  Relatorio smallint NULL,
+  CONSTRAINT PK_parvel_destinatarios PRIMARY KEY (Email)
+);
+
+-- What each was told of: 1 that it comes near, 2 that it is past.
+CREATE TABLE parvel_avisados (
+  Email nvarchar(100) NOT NULL,
+  Chave nvarchar(150) NOT NULL,
+  Fase smallint NULL,
+  Momento datetime NULL,
+  CONSTRAINT PK_parvel_avisados PRIMARY KEY (Email, Chave)
+);
+
+-- The mail server, in one row named 'correio'.
+CREATE TABLE parvel_correio (
+  Nome nvarchar(10) NOT NULL,
+  Servidor nvarchar(200) NULL,
+  Remetente nvarchar(100) NULL,
+  Utilizador nvarchar(100) NULL,
+  Autoridade nvarchar(255) NULL,
+  CONSTRAINT PK_parvel_correio PRIMARY KEY (Nome)
 );

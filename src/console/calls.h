@@ -57,5 +57,6 @@ void AddExchangeCalls(Calls& calls);
 void AddDatabaseCalls(Calls& calls);
 void AddHistoryCalls(Calls& calls);
 void AddReportCalls(Calls& calls);
+void AddNoticeCalls(Calls& calls);
 
 }  // namespace console

@@ -11,7 +11,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   ConsoleHost host(err);
   const platform::HostInstallation installation(host);
   Calls calls(out, err);
-  for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls, AddHistoryCalls})
+  for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls, AddHistoryCalls,
+                         AddNoticeCalls})
     add(calls);
   calls.AddManual();
   const int code = calls.Obey(arguments);

@@ -11,6 +11,7 @@ namespace {
 using platform::Date;
 
 constexpr std::size_t kLineOctets = 75;
+constexpr const char* kAlarm = "-P6DT15H";  // at nine, a week before
 
 /// Adds one content line, folded: lines that follow begin with a blank. A character isn't split.
 void AddLine(std::string& file, std::string_view line) {
@@ -68,6 +69,11 @@ std::string WriteCalendar(const std::vector<CalendarEntry>& entries, Date stamp)
     AddLine(file, "SUMMARY:" + Escaped(entry.summary));
     if (!entry.description.empty()) AddLine(file, "DESCRIPTION:" + Escaped(entry.description));
     AddLine(file, "TRANSP:TRANSPARENT");
+    AddLine(file, "BEGIN:VALARM");
+    AddLine(file, "ACTION:DISPLAY");
+    AddLine(file, "DESCRIPTION:" + Escaped(entry.summary));
+    AddLine(file, "TRIGGER:" + std::string(kAlarm));
+    AddLine(file, "END:VALARM");
     AddLine(file, "END:VEVENT");
   }
   AddLine(file, "END:VCALENDAR");

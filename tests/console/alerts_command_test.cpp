@@ -38,8 +38,11 @@ std::vector<std::string> ContentLines(const std::string& file) {
 /// Each entry: its name, date, summary and description.
 std::vector<std::string> Entries(const std::string& file) {
   std::vector<std::string> entries;
+  bool inAlarm = false;
   for (const std::string& line : ContentLines(file)) {
     if (line == "BEGIN:VEVENT") entries.emplace_back();
+    inAlarm = line == "BEGIN:VALARM" || (inAlarm && line != "END:VALARM");
+    if (inAlarm) continue;
     for (const std::string property : {"UID:", "DTSTART;VALUE=DATE:", "SUMMARY:", "DESCRIPTION:"})
       if (line.starts_with(property)) entries.back() += line.substr(property.size()) + "|";
   }
@@ -157,15 +160,18 @@ TEST(CalendarFile, HoldsAllDayEntriesStampedInUniversalTime) {
                                          platform::Date::FromParts(2024, 3, 15, 0, 20, 30));
   unsetenv("TZ");
   tzset();
-  const std::string entry = "TRANSP:TRANSPARENT\r\nEND:VEVENT\r\n";
+  const auto end = [](const char* text) {
+    return std::string("TRANSP:TRANSPARENT\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\nDESCRIPTION:") + text +
+           "\r\nTRIGGER:-P6DT15H\r\nEND:VALARM\r\nEND:VEVENT\r\n";
+  };
   EXPECT_EQ(file,
             "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Parvel//Alertas da frota//PT\r\n"
             "BEGIN:VEVENT\r\nUID:u\r\nDTSTAMP:20240314T232030Z\r\nDTSTART;VALUE=DATE:20241209\r\n"
             "SUMMARY:s\r\nDESCRIPTION:d\r\n" +
-                entry +
+                end("s") +
                 "BEGIN:VEVENT\r\nUID:\r\nDTSTAMP:20240314T232030Z\r\nDTSTART;VALUE=DATE:18991230\r\n"
                 "SUMMARY:\r\n" +
-                entry + "END:VCALENDAR\r\n");
+                end("") + "END:VCALENDAR\r\n");
 }
 
 TEST_F(AlertsCommandTest, TheProgramTakesItsCommands) {

@@ -1,0 +1,196 @@
+#include "notice/mail_server.h"
+#include "notice/round.h"
+#include "platform/format.h"
+#include "support/database_test.h"
+#include "support/temporary_folder.h"
+#include "vehicles/viaturas.h"
+
+namespace notice_test {
+namespace {
+
+using namespace testing_support;
+using notice::Delivery;
+using notice::NewsItem;
+using notice::Stage;
+using platform::Date;
+
+TEST(DigestTest, EachThingIsToldWhenItComesNearWhenItIsPastAndThenWeekly) {
+  const NewsItem soon{"a", "Selo", "", Stage::kSoon, false};
+  const NewsItem overdue{"a", "Selo", "", Stage::kOverdue, false};
+  const NewsItem odd{"a", "Estranho", "", Stage::kSoon, true};
+  const Date now = Date::FromParts(2024, 3, 15, 10, 30, 0);
+  struct Case {
+    const char* what;
+    NewsItem item;
+    notice::Told told;
+    bool news;
+  };
+  const Case cases[] = {
+      {"near, told never", soon, {Stage::kUntold, {}}, true},
+      {"near, told so", soon, {Stage::kSoon, now.AddDays(-20)}, false},
+      {"past, told near", overdue, {Stage::kSoon, now.AddDays(-1)}, true},
+      {"past, told six days ago", overdue, {Stage::kOverdue, now.AddDays(-6)}, false},
+      {"past, told a week ago", overdue, {Stage::kOverdue, now.AddDays(-7)}, true},
+      {"odd, told a month ago", odd, {Stage::kSoon, now.AddDays(-30)}, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    std::map<std::string, notice::Told> told;
+    if (c.told.stage != Stage::kUntold) told["a"] = c.told;
+    EXPECT_EQ(NotYetTold({c.item}, told, now).size(), c.news ? 1U : 0U);
+  }
+}
+
+TEST(DigestTest, WordsOfOthersStayWordsInHtml) {
+  const auto digest = notice::WriteDigest({{"a", "<b>Selo & cia", "uma\nduas", Stage::kOverdue, false}},
+                                          {"ana@x.pt", "Ana", notice::Scope::kAll, "", true}, "frota.db");
+  EXPECT_EQ(digest.subject, "Frota: 1 aviso, 1 vencido");
+  EXPECT_NE(digest.html.find("&lt;b&gt;Selo &amp; cia<br><small>uma<br>duas"), std::string::npos)
+      << digest.html;
+  EXPECT_NE(digest.text.find("Vencido (1)\n- <b>Selo & cia\n  uma\n  duas\n"), std::string::npos)
+      << digest.text;
+}
+
+class RoundTest : public DatabaseTest {
+ protected:
+  RoundTest() {
+    host.temporaryFolder = folder.File("");
+    AddFleet(bd, 1000);
+    Vehicle("12-AB-34", "VENDAS", -3);
+    Vehicle("56-CD-78", "OBRAS", 10);
+  }
+
+  void Vehicle(const std::string& plate, const char* department, int days) {
+    AddVehicle(bd, plate);
+    Sql("UPDATE zor_PV_Viaturas SET Departamento='" + std::string(department) + "', Responsavel='" +
+        (days < 0 ? "1" : "2") + "', DataSelo='" +
+        platform::FormatDate(host.clock.AddDays(days), "yyyy-mm-dd") + "', SeloPago=0 WHERE Matricula='" +
+        plate + "'");
+  }
+  void Tell(const char* address, notice::Scope scope = notice::Scope::kAll, const char* code = "",
+            bool report = false) {
+    notice::NoticeBook(bd).Put({address, "", scope, code, report});
+  }
+  std::vector<notice::Outcome> Run(Delivery delivery = Delivery::kTaken) {
+    notice::Round round(store(), "frota@x.pt");
+    return round.Run([&](const notice::Mail& mail) {
+      mails.push_back(mail);
+      return notice::DeliveryResult{delivery, ""};
+    });
+  }
+  std::shared_ptr<zorCrmParvel::Store> store() {
+    return std::shared_ptr<zorCrmParvel::Store>(bd.get(), [](auto*) {});
+  }
+
+  TemporaryFolder folder;
+  std::vector<notice::Mail> mails;
+};
+
+TEST_F(RoundTest, EveryoneHearsOfHisOwnAndNothingTwice) {
+  Tell("todos@x.pt");
+  Tell("obras@x.pt", notice::Scope::kDepartment, "OBRAS");
+  Tell("ana@x.pt", notice::Scope::kResponsible, "1");
+  Tell("ninguem@x.pt", notice::Scope::kDepartment, "NENHUM");
+  Run();
+  ASSERT_EQ(mails.size(), 3U);  // by address: ana, obras, todos
+  EXPECT_EQ(mails[0].to, "ana@x.pt");
+  EXPECT_NE(mails[0].text.find("12-AB-34"), std::string::npos);
+  EXPECT_EQ(mails[0].text.find("56-CD-78"), std::string::npos);
+  EXPECT_EQ(mails[1].text.find("12-AB-34"), std::string::npos);
+  EXPECT_NE(mails[1].text.find("56-CD-78"), std::string::npos);
+  EXPECT_NE(mails[2].text.find("Vencido"), std::string::npos) << mails[2].text;
+  EXPECT_NE(mails[2].text.find("A vencer"), std::string::npos) << mails[2].text;
+
+  Run();
+  EXPECT_EQ(mails.size(), 3U);
+  host.clock = host.clock.AddDays(7);
+  Run();
+  ASSERT_EQ(mails.size(), 5U);  // the one that is past, to whom it concerns
+  EXPECT_EQ(mails[4].text.find("56-CD-78"), std::string::npos) << mails[4].text;
+}
+
+TEST_F(RoundTest, WhatWasRenewedIsNewsAgain) {
+  Tell("todos@x.pt");
+  Run();
+  Sql("UPDATE zor_PV_Viaturas SET DataSelo='2025-03-20'");
+  Run();
+  EXPECT_EQ(mails.size(), 1U);
+  host.clock = Date::FromParts(2025, 3, 15);
+  Run();
+  ASSERT_EQ(mails.size(), 2U);
+  EXPECT_NE(mails[1].text.find("Selo: 12-AB-34 Renault, 20-03-2025 (faltam 5 dias)"), std::string::npos)
+      << mails[1].text;
+}
+
+TEST_F(RoundTest, WhatDidNotLeaveIsToldTheNextTimeAndWhatMayHaveIsNot) {
+  Tell("todos@x.pt");
+  Run(Delivery::kNotSent);
+  Run(Delivery::kUncertain);
+  Run();
+  EXPECT_EQ(mails.size(), 2U);
+}
+
+TEST_F(RoundTest, TheCostsOfTheMonthBeforeGoAlong) {
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 10), "PORTAGEM", "1", "7,5", 0);
+  Tell("todos@x.pt", notice::Scope::kAll, "", true);
+  Run();
+  ASSERT_EQ(mails.size(), 1U);
+  ASSERT_EQ(mails[0].attachments.size(), 1U);
+  EXPECT_EQ(mails[0].attachments[0].name, "custos-2024-02.xlsx");
+  EXPECT_EQ(mails[0].attachments[0].bytes.substr(0, 2), "PK");
+}
+
+notice::Mail Sample() {
+  return {"1@parvel",         "frota@x.pt", "ana@x.pt",   "Ana",
+          "Frota: inspecção", "ola",        "<p>ola</p>", {{"a.txt", "text/plain", "abc"}}};
+}
+
+TEST(MailTest, AMessageReachesTheServerInOneReadablePiece) {
+  for (const bool encrypted : {false, true}) {
+    SCOPED_TRACE(encrypted);
+    MailServer server(Behaviour::kTakes, encrypted);
+    const auto result = Deliver(Sample(), {server.Url(), "", "", server.Authority()});
+    EXPECT_EQ(result.delivery, Delivery::kTaken) << result.reason;
+    const auto messages = server.Messages();
+    ASSERT_EQ(messages.size(), 1U);
+    for (const char* part :
+         {"Subject: =?utf-8?B?RnJvdGE6IGluc3BlY8Onw6Nv?=", "Message-ID: <1@parvel>", "To: Ana <ana@x.pt>",
+          "multipart/alternative", "text/html; charset=utf-8", "filename=\"a.txt\""})
+      EXPECT_NE(messages[0].find(part), std::string::npos) << part << "\n" << messages[0];
+  }
+}
+
+TEST(MailTest, WhatWentWrongIsToldApart) {
+  {
+    MailServer server(Behaviour::kRefusesRecipient);
+    EXPECT_EQ(Deliver(Sample(), {server.Url(), "", "", ""}).delivery, Delivery::kNotSent);
+    EXPECT_TRUE(server.Messages().empty());
+  }
+  {
+    MailServer server(Behaviour::kHangsUpAfterMessage);
+    EXPECT_EQ(Deliver(Sample(), {server.Url(), "", "", ""}).delivery, Delivery::kUncertain);
+  }
+  {
+    // Nobody vouches for the server.
+    MailServer server(Behaviour::kTakes, true);
+    const auto result = Deliver(Sample(), {server.Url(), "", "", ""});
+    EXPECT_EQ(result.delivery, Delivery::kNotSent);
+    EXPECT_NE(result.reason.find("certificado"), std::string::npos) << result.reason;
+  }
+  std::string closed;
+  { closed = MailServer(Behaviour::kTakes).Url(); }
+  EXPECT_NE(Deliver(Sample(), {closed, "", "", ""}).reason.find("não responde"), std::string::npos);
+}
+
+TEST(MailTest, LongHeadersAreBrokenBetweenLetters) {
+  const std::string text = notice::HeaderText(std::string(30, 'a') + "çãoéíóúâêôàçãoéíóúâêôàçãoéíóúâêôà");
+  EXPECT_NE(text.find("?=\r\n =?utf-8?B?"), std::string::npos);
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find("\r\n", begin), text.size());
+    EXPECT_LE(end - begin, 76U);
+    begin = end + 2;
+  }
+}
+
+}  // namespace
+}  // namespace notice_test
