@@ -31,13 +31,11 @@ LastExpense Read(const zorCrmParvel::DataAccessRef& bd, const std::string& plate
   return {true, text(0), text(1), text(2)};
 }
 
-/// Types a text where something else stands, and leaves the field. False when the ficha refuses it.
-bool Fill(Gastos& ficha, int field, const std::string& text) {
+/// Types a text where something else stands, and goes on to another field. False when the ficha refuses it.
+bool Fill(Gastos& ficha, int field, const std::string& text, int next) {
   platform::zor_input& input = ficha.Campo[field];
   if (text.empty() || input.Text == text) return true;
-  if (!ficha.UserGoesTo(input) || !ficha.UserTypes(input, text)) return false;
-  ficha.UserKey(platform::kKeyTab);
-  return ficha.ActiveControl() != &input;
+  return ficha.UserGoesTo(input) && ficha.UserTypes(input, text) && ficha.UserGoesTo(ficha.Campo[next]);
 }
 
 }  // namespace
@@ -55,8 +53,8 @@ std::string LikeLast(platform::Form& form) {
   if (plate.empty()) return "Escreva primeiro a matrícula.";
   const LastExpense last = Read(ficha->mybd, plate, platform::Trim(ficha->Campo[kType].Text));
   if (!last.found) return "A viatura ainda não tem um gasto destes.";
-  if (!Fill(*ficha, kType, last.type) || !Fill(*ficha, kDriver, last.driver) ||
-      !Fill(*ficha, kPrice, last.price))
+  if (!Fill(*ficha, kType, last.type, kDriver) || !Fill(*ficha, kDriver, last.driver, kPrice) ||
+      !Fill(*ficha, kPrice, last.price, kQuantity))
     return ficha->Notice();
   ficha->UserGoesTo(ficha->Campo[kQuantity]);
   std::string said = "Como o último: " + last.type;

@@ -82,8 +82,8 @@ TEST_F(ListPageTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey) 
   EXPECT_EQ(Shown("Custo"), "80,50 4,00 50,00");
   EXPECT_EQ(page().filter_bar().Summary(), "");
 
-  desk.script.Next([](QWidget& window) {
-    auto& choice = dynamic_cast<desktop::ChoiceDialog&>(window);
+  desk.script.Next([](QWidget& shown) {
+    auto& choice = dynamic_cast<desktop::ChoiceDialog&>(shown);
     ASSERT_EQ(choice.list()->count(), 2);
     EXPECT_EQ(choice.list()->item(1)->text(), "Portagens  (1)");
     choice.list()->item(1)->setCheckState(Qt::Checked);
@@ -140,8 +140,8 @@ TEST_F(ListPageTest, AFieldOfManyVehiclesIsSetAsOneAct) {
   testing_support::AddCode<zorCrmParvel::clDepartamentos>(bd(), "COM", "Comercial");
   window.ShowList("Viaturas");
   table().selectAll();
-  desk.script.Next([](QWidget& window) {
-    auto& dialog = dynamic_cast<desktop::VehicleFieldDialog&>(window);
+  desk.script.Next([](QWidget& shown) {
+    auto& dialog = dynamic_cast<desktop::VehicleFieldDialog&>(shown);
     ASSERT_EQ(dialog.Vehicles().size(), 2U);
     dialog.value()->setCurrentIndex(1);
     EXPECT_EQ(dialog.Value(), "COM");

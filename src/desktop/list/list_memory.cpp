@@ -27,15 +27,19 @@ void ListMemory::Store(const char* name, const QVariant& value) const {
     settings_.setValue(key, value);
 }
 
-void ListMemory::Restore(TableView& table) const {
+void ListMemory::Restore(TableView& table, bool newest_first) const {
   std::map<std::string, float> widths;
   const QVariantMap kept = settings_.value(Key(kWidths)).toMap();
   for (auto it = kept.begin(); it != kept.end(); ++it) widths[FromQt(it.key())] = it.value().toFloat();
   if (!widths.empty()) table.SetUserWidths(widths);
 
-  const QVariant look = settings_.value(Key(kLook));
-  if (look.isValid()) ApplyLook(table, lists::LookOf(FromQt(look.toString())));
-  if (!look.isValid() && newest_first) ApplyLook(table, {.sort = "Data", .descending = true});
+  const QVariant remembered = settings_.value(Key(kLook));
+  lists::ListLook look = lists::LookOf(FromQt(remembered.toString()));
+  if (!remembered.isValid() && newest_first) {
+    look.sort = "Data";
+    look.descending = true;
+  }
+  ApplyLook(table, look);
   table.filters().ShowFields(settings_.value(Key(kFields)).toBool());
   ShowFilters(table);
 }

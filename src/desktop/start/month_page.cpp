@@ -1,5 +1,6 @@
 #include "desktop/start/month_page.h"
 
+#include <QDate>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
