@@ -473,3 +473,23 @@ CREATE TABLE parvel_correio (
   Autoridade nvarchar(255) NULL,
   CONSTRAINT PK_parvel_correio PRIMARY KEY (Nome)
 );
+
+-- How lists are shown, under a name. Dono: whose view it is, empty for the office's; Vista: JSON.
+CREATE TABLE parvel_vistas (
+  Lista nvarchar(40) NOT NULL,
+  Dono nvarchar(60) NOT NULL,
+  Nome nvarchar(60) NOT NULL,
+  Vista nvarchar(max) NULL,
+  CONSTRAINT PK_parvel_vistas PRIMARY KEY (Lista, Dono, Nome)
+);
+
+-- What is due and has been dealt with, or put off until a day (Ate). Registo: what the alert is of, with its date.
+CREATE TABLE parvel_tratados (
+  Lista nvarchar(40) NOT NULL,
+  Registo nvarchar(120) NOT NULL,
+  Ate datetime NULL,
+  Nota nvarchar(200) NULL,
+  Quem nvarchar(60) NULL,
+  Quando datetime NULL,
+  CONSTRAINT PK_parvel_tratados PRIMARY KEY (Lista, Registo)
+);

@@ -232,7 +232,7 @@ TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
   window.actions().print->trigger();
 
   const QString csv = desk.folder.filePath("marcas.csv");
-  desktop::WriteCsv(csv, page().table().grid().source(), page().table().grid().order());
+  desktop::WriteCsv(csv, page().table().grid().source(), page().table().grid().order().Rows());
   EXPECT_EQ(testing_support::Contents(csv.toStdString()),
             "\xEF\xBB\xBF"
             "Código;Designação\r\nMB;Mercedes-Benz\r\n");
@@ -245,7 +245,7 @@ TEST_F(MainWindowTest, PrintingAndExportingGiveTheRowsShown) {
   EXPECT_EQ(copied->text().count('\n'), 1 + page().table().grid().order().Count());
   EXPECT_TRUE(copied->html().contains("<td class=\"t\">Mercedes-Benz</td>"));
   const QString sheet = desk.folder.filePath("marcas.ods");
-  desktop::ExportRows(sheet, page().table().grid().source(), page().table().grid().order(), "Marcas");
+  desktop::ExportRows(sheet, page().table().grid().source(), page().table().grid().order().Rows(), "Marcas");
   EXPECT_EQ(exchange::OpenTable(sheet.toStdString())->Sheets()[0].name, "Marcas");
 }
 

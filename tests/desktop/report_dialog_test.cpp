@@ -10,6 +10,7 @@
 #include "desktop/list/csv.h"
 #include "desktop/list/sources.h"
 #include "desktop/look/text.h"
+#include "lists/row_order.h"
 #include "masterdata/tipos_gastos.h"
 #include "pdf.h"
 #include "platform/runtime_error.h"
@@ -131,14 +132,14 @@ TEST(ReportDialogTest, WhatCannotBeWrittenIsToldAndLeavesTheFileAsItWas) {
   Desk desk;
   const Sheet source = Expenses();
   desktop::ReportDialog dialog(source, "Gastos", nullptr);
-  const desktop::RowOrder order(source);
+  const std::vector<long> rows = lists::RowOrder(source).Rows();
   EXPECT_FALSE(dialog.WritePdf("/nenhures/mapa.pdf"));
   const std::string file = desk.folder.filePath("mapa").toStdString();
   std::ofstream(file) << "antes";
   {
     const FullDisk full(1000);
     EXPECT_FALSE(dialog.WritePdf(desktop::ToQt(file)));
-    EXPECT_THROW(desktop::WriteCsv(desktop::ToQt(file), source, order), platform::RuntimeError);
+    EXPECT_THROW(desktop::WriteCsv(desktop::ToQt(file), source, rows), platform::RuntimeError);
   }
   EXPECT_EQ(testing_support::Contents(file), "antes");
 }
@@ -156,7 +157,7 @@ TEST(ReportDialogTest, AnExportedTextIsNoFormulaAndANumberStaysOne) {
   report.Carrega();
   desktop::DialogSource source(report);
   const QString file = desk.folder.filePath("mapa.csv");
-  desktop::WriteCsv(file, source, desktop::RowOrder(source));
+  desktop::WriteCsv(file, source, lists::RowOrder(source).Rows());
   EXPECT_EQ(testing_support::Contents(file.toStdString()),
             "\xEF\xBB\xBFNome;Custo\r\n\"'=1;\"\"+1\"\"\";-1.234,50\r\n''@x;-1.234,50\r\nZé;-1.234,50\r\n");
 }

@@ -33,6 +33,9 @@ const std::map<std::string, std::set<std::string>> kBelow = {
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
     {"reports", {"platform", "host", "store/store"}},
     {"notice", {"platform", "host", "host/sistema", "store/store", "alerts", "exchange", "reports"}},
+    {"lists", {"platform", "host"}},
+    {"due", {"platform", "host"}},
+    {"entry", {"platform", "host", "masterdata", "vehicles", "drivers", "events", "reports", "lists"}},
     {"setup", {"platform", "host", "masterdata"}},
     {"demo",
      {"platform", "host", "setup", "store/store", "masterdata", "vehicles", "drivers", "events",
@@ -42,7 +45,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "setup", "demo", "history"}},
+      "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history"}},
 };
 
 std::string RoomOf(const std::string& path) {

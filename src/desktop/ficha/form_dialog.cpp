@@ -62,17 +62,24 @@ bool IsCellEditor(const QWidget* widget) {
 }  // namespace
 
 FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* parent)
-    : QDialog(parent), form_(form), settings_(settings), notice_(new QLabel(this)), contents_(form) {
+    : QDialog(parent),
+      form_(form),
+      settings_(settings),
+      notice_(new QLabel(this)),
+      contents_(form),
+      aids_(new FichaAids(form, this, [this](const std::function<void()>& act) { Act(act); })) {
   setObjectName(ToQt(form.Name));
   notice_->setTextFormat(Qt::PlainText);
   SetMuted(notice_);
   FormLayout layout(*this, this);
-  layout.Build(notice_);
+  layout.Build(notice_, aids_->line());
   views_ = layout.TakeViews();
+  AddNewButtons();
   WatchWidgets();
   Sync();
   ShowNotice();
   contents_.Settle();
+  aids_->Show();
   RestorePlace();
 }
 
@@ -122,8 +129,17 @@ std::string FormDialog::ActWords() const {
 
 void FormDialog::Press(platform::PushButton& button) {
   pressed_ = &button;
-  Act([&] { form_.UserPresses(button); });
+  const bool confirms = &button == form_.layout.accent;
+  if (confirms) Guarded(this, [this] { aids_->BeforeButton(); });
+  Act([&] {
+    aids_->Spell();
+    record_ = TitleOf(form_);
+    form_.UserPresses(button);
+  });
   pressed_ = nullptr;
+  if (!confirms || form_.IsClosed()) return;
+  Guarded(this, [this] { aids_->AfterButton(record_); });
+  aids_->Show();
 }
 
 void FormDialog::Act(const std::function<void()>& act) {
@@ -136,6 +152,7 @@ void FormDialog::Act(const std::function<void()>& act) {
   contents_.After(pressed_);
   ShowNotice();
   Guarded(this, [this] { Sync(); });
+  aids_->Show();
 }
 
 void FormDialog::Notice(const QString& text) { notice_->setText(text); }
@@ -191,7 +208,10 @@ bool FormDialog::Pressed(ControlView& view) {
   if (dynamic_cast<platform::PushButton*>(&control) != nullptr) return false;
   if (dynamic_cast<platform::TabControl*>(&control) != nullptr) return false;
   bool came = false;
-  Act([&] { came = form_.UserGoesTo(control); });
+  Act([&] {
+    aids_->Spell();
+    came = form_.UserGoesTo(control);
+  });
   return !came;
 }
 
@@ -200,6 +220,7 @@ bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
   const int key = ModelKey(event.key(), form_.ActiveControl());
   const bool turns = event.key() == Qt::Key_PageDown || event.key() == Qt::Key_PageUp;
   if (turns && event.modifiers() == Qt::ControlModifier) return TurnPage(event.key() == Qt::Key_PageDown);
+  if (AidKey(event)) return true;
   if (key == platform::kKeyNone || event.modifiers().testFlag(Qt::AltModifier)) return false;
   if (key == platform::kKeyEnter && event.modifiers().testFlag(Qt::ControlModifier)) {
     auto* notes = view != nullptr ? qobject_cast<QPlainTextEdit*>(view->widget()) : nullptr;
@@ -207,7 +228,14 @@ bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
     return true;
   }
   const bool shift = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
-  Act([&] { form_.UserKey(key, shift); });
+  const bool leaves = key == platform::kKeyTab || key == platform::kKeyEnter;
+  const bool opens = key == platform::kKeyF4;
+  Act([&] {
+    if (leaves) aids_->Spell();
+    if (opens) aids_->BeforeCodeForm();
+    form_.UserKey(key, shift);
+    if (opens) aids_->AfterCodeForm();
+  });
   return true;
 }
 

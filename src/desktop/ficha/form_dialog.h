@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desktop/ficha/control_view.h"
+#include "desktop/ficha/ficha_aids.h"
 #include "desktop/ficha/ficha_contents.h"
 
 class QKeyEvent;
@@ -32,6 +33,7 @@ class FormDialog : public QDialog, private UserActs {
   /// The text that the window shows without asking for an answer; while there is none, what the field with
   /// the keyboard wants.
   QString NoticeText() const;
+  FichaAids& aids() const { return *aids_; }
 
   /// Escape never gets here; the window's close button does. Asks when there is something unconfirmed.
   void reject() override;
@@ -50,6 +52,9 @@ class FormDialog : public QDialog, private UserActs {
   void Notice(const QString& text) override;
 
   void ShowNotice();
+  void AddNewButtons();
+  void OpenNew();
+  bool AidKey(const QKeyEvent& event);
   std::string ActWords() const;
   bool MayClose();
   void WatchWidgets();
@@ -67,7 +72,9 @@ class FormDialog : public QDialog, private UserActs {
   QLabel* notice_;
   std::vector<std::unique_ptr<ControlView>> views_;
   FichaContents contents_;
+  FichaAids* aids_;
   const platform::PushButton* pressed_ = nullptr;  // by the act under way
+  std::string record_;                             // what a button that is pressed is about
   bool syncing_ = false;
   bool acting_ = false;
 };

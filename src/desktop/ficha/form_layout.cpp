@@ -76,7 +76,7 @@ QWidget* FormLayout::Plain(Control* control, QWidget* parent) {
   return view != nullptr ? view->widget() : nullptr;
 }
 
-void FormLayout::Build(QLabel* notice) {
+void FormLayout::Build(QLabel* notice, QWidget* line) {
   const Layout& given = acts_.form().layout;
   const Layout layout = IsEmpty(given) ? PlainColumn(acts_.form().Controls()) : given;
   auto* column = new QVBoxLayout(window_);
@@ -86,6 +86,7 @@ void FormLayout::Build(QLabel* notice) {
 
   column->addWidget(Content(layout), 1);
   AlignCaptions();
+  column->addWidget(line);
   column->addWidget(notice);
   column->addLayout(ButtonRow(layout));
 }

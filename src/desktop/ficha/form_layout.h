@@ -20,7 +20,7 @@ class FormLayout {
   FormLayout(UserActs& acts, QWidget* window);
 
   /// Builds everything into the window's layout; `notice` gets its line above the buttons.
-  void Build(QLabel* notice);
+  void Build(QLabel* notice, QWidget* line);
   std::vector<std::unique_ptr<ControlView>> TakeViews() { return std::move(views_); }
 
  private:

@@ -29,7 +29,7 @@ void WriteLine(QSaveFile& file, const std::vector<std::size_t>& columns, const F
 
 }  // namespace
 
-void WriteCsv(const QString& name, const TableSource& source, const RowOrder& order) {
+void WriteCsv(const QString& name, const TableSource& source, const std::vector<long>& rows) {
   QSaveFile file(name);
   const std::vector<std::size_t> columns = source.VisibleColumns();
   if (file.open(QIODevice::WriteOnly)) {
@@ -37,8 +37,8 @@ void WriteCsv(const QString& name, const TableSource& source, const RowOrder& or
     WriteLine(file, columns, [&](std::size_t column) {
       return exchange::CsvField(FromQt(source.Columns()[column].caption));
     });
-    for (long place = 0; place < order.Count(); ++place)
-      WriteLine(file, columns, [&](std::size_t column) { return Cell(source, order.RowAt(place), column); });
+    for (long row : rows)
+      WriteLine(file, columns, [&](std::size_t column) { return Cell(source, row, column); });
   }
   if (!Keep(file))
     throw platform::RuntimeError(

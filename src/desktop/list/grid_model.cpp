@@ -3,6 +3,10 @@
 #include <QFont>
 
 #include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "lists/condition.h"
+#include "platform/format.h"
+#include "platform/runtime_error.h"
 
 namespace desktop {
 namespace {
@@ -17,6 +21,7 @@ GridModel::GridModel(std::unique_ptr<TableSource> source, QObject* parent)
 void GridModel::Refresh() {
   beginResetModel();
   failed_ = false;
+  subtotals_.clear();
   try {
     source_->Refresh();
     order_.Rebuild();
@@ -29,20 +34,17 @@ void GridModel::Refresh() {
 
 void GridModel::Reorder(const std::function<void(RowOrder&)>& change) {
   beginResetModel();
+  subtotals_.clear();
   try {
     change(order_);
+  } catch (const platform::RuntimeError& error) {
+    endResetModel();
+    if (error.source() == lists::kFilterSource) throw;
+    return Reported(error);
   } catch (const std::exception& error) {
     Reported(error);
   }
   endResetModel();
-}
-
-void GridModel::Sort(std::optional<SortBy> sort) {
-  Reorder([&](RowOrder& order) { order.Sort(sort); });
-}
-
-void GridModel::Search(const QString& text) {
-  Reorder([&](RowOrder& order) { order.Search(text); });
 }
 
 bool GridModel::ReadAhead() {
@@ -69,6 +71,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     return QVariant::fromValue(Qt::Alignment(
         Qt::AlignVCenter | (source_->Columns()[column].numeric ? Qt::AlignRight : Qt::AlignLeft)));
   try {
+    if (const lists::RowGroup* group = order_.HeadingAt(index.row()))
+      return HeadingData(*group, column, role);
     const long row = order_.RowAt(index.row());
     if (role == Qt::DisplayRole)
       return source_->Text(row, column).replace(QLatin1Char('\n'), QLatin1Char(' '));
@@ -88,6 +92,35 @@ QVariant GridModel::BandData(long row, int role) const {
   QFont font;
   font.setBold(band->bold);
   return band->bold ? QVariant(font) : QVariant();
+}
+
+/// The first column that is shown says which group it is, the others what their numbers come to.
+QVariant GridModel::HeadingData(const lists::RowGroup& group, std::size_t column, int role) const {
+  if (role == kHeading) return true;
+  if (role == Qt::FontRole) {
+    QFont font;
+    font.setBold(true);
+    return font;
+  }
+  if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
+  const std::vector<std::size_t> visible = source_->VisibleColumns();
+  if (visible.empty() || column != visible.front()) return Subtotal(group, column);
+  const QString sign = QString::fromUtf8(group.open ? "▾ " : "▸ ");
+  const QString title = QStringLiteral("%1 (%2)").arg(ToQt(group.title)).arg(group.rows.size());
+  return role == Qt::DisplayRole ? sign + title : title;
+}
+
+QString GridModel::Subtotal(const lists::RowGroup& group, std::size_t column) const {
+  const TableColumn& shown = source_->Columns()[column];
+  if (shown.summed == lists::Summed::kNo) return {};
+  const auto [kept, missing] = subtotals_.try_emplace({group.title, column});
+  if (!missing) return kept->second;
+  const lists::Figures figures = order_.FiguresOf(column, group.rows);
+  const bool sum = shown.summed == lists::Summed::kSumAndMean;
+  if (figures.count > 0)
+    kept->second = (sum ? QString() : QStringLiteral("⌀ ")) +
+                   ToQt(platform::FormatNumber(sum ? figures.sum : figures.Mean(), shown.mask));
+  return kept->second;
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {

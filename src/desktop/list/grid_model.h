@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "desktop/list/row_order.h"
@@ -9,15 +10,15 @@
 
 namespace desktop {
 
-/// The Qt model of any table: the source's columns, its rows in the order and choice of the view. Cells are
-/// read as they are painted. A cell that can't be read is empty, and the error goes to `on_error`, once a
-/// refresh.
+/// The Qt model of any table: the source's columns, its rows in the order and choice of the view, and the
+/// headings of groups between them. Cells are read as they are painted. A cell that can't be read is empty,
+/// and the error goes to `on_error`, once a refresh.
 class GridModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  /// The band of a row as a `QColor`, and its order, for whoever paints it.
-  enum Role : int { kBandColor = Qt::UserRole, kBandOrder };
+  /// The band of a row as a `QColor`, and its order, for whoever paints it; true at a group's heading.
+  enum Role : int { kBandColor = Qt::UserRole, kBandOrder, kHeading };
 
   explicit GridModel(std::unique_ptr<TableSource> source, QObject* parent = nullptr);
 
@@ -25,8 +26,9 @@ class GridModel : public QAbstractTableModel {
   const RowOrder& order() const { return order_; }
   /// Looks at the source anew: columns, rows, sort and search.
   void Refresh();
-  void Sort(std::optional<SortBy> sort);
-  void Search(const QString& text);
+  /// Orders the rows anew by what a change does; what can't be read on the way goes to `on_error`. The error
+  /// of a filter that can't be read is thrown.
+  void Reorder(const std::function<void(RowOrder&)>& change);
   /// Reads further rows until the time of one idle slice is used; false when all are at hand.
   bool ReadAhead();
 
@@ -45,14 +47,15 @@ class GridModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  /// Orders the rows anew; what can't be read on the way goes to `on_error`.
-  void Reorder(const std::function<void(RowOrder&)>& change);
   QVariant BandData(long row, int role) const;
+  QVariant HeadingData(const lists::RowGroup& group, std::size_t column, int role) const;
+  QString Subtotal(const lists::RowGroup& group, std::size_t column) const;
   void Reported(const std::exception& error) const;
 
   std::unique_ptr<TableSource> source_;
   RowOrder order_;
   std::optional<std::size_t> editable_;
+  mutable std::map<std::pair<std::string, std::size_t>, QString> subtotals_;
   mutable bool failed_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTableView>
 #include <QToolTip>
+#include <algorithm>
 
 #include "desktop/list/grid_model.h"
 #include "desktop/look/icons.h"
@@ -16,6 +17,10 @@ namespace {
 
 constexpr double kSoftShare = 0.22;
 constexpr double kRowLineShare = 0.1;
+constexpr double kHeadingShare = 0.06;
+constexpr double kBandShare = 0.24;
+constexpr double kBandStep = 0.04;
+constexpr double kReadable = 4.5;
 
 /// True in the first column that is shown of a row with a band: it bears the band's mark.
 bool BearsMark(const QStyleOptionViewItem& item, const QModelIndex& index) {
@@ -28,14 +33,30 @@ bool BearsMark(const QStyleOptionViewItem& item, const QModelIndex& index) {
 }
 
 double MarkSide(const QStyleOptionViewItem& item) { return item.fontMetrics.height() * 0.6; }
+/// The bar at the row's edge.
+int BarWidth(const QStyleOptionViewItem& item) { return std::max(3, item.fontMetrics.height() / 4); }
 /// From the cell's edge to the end of the mark.
-int MarkWidth(const QStyleOptionViewItem& item) { return static_cast<int>(MarkSide(item) * 1.5); }
+int MarkWidth(const QStyleOptionViewItem& item) {
+  return BarWidth(item) + static_cast<int>(MarkSide(item) * 1.5);
+}
 
-/// Draws the band's mark at the left of a row and moves the text behind it.
-void PaintMark(QPainter& painter, QStyleOptionViewItem& item, const QModelIndex& index, const QColor& color) {
+/// A band's colour behind text: so pale that the palette's own text is read on it.
+QColor Pale(const QPalette& palette, const QColor& band) {
+  const QColor base = palette.color(QPalette::Base);
+  double share = kBandShare;
+  while (share > 0 && Contrast(Blend(base, band, share), palette.color(QPalette::Text)) < kReadable)
+    share -= kBandStep;
+  return Blend(base, band, std::max(0.0, share));
+}
+
+/// Draws a bar in the band's colour and the band's mark at the left of a row, and moves the text behind them.
+void PaintMark(QPainter& painter, QStyleOptionViewItem& item, const QModelIndex& index, const QColor& band) {
+  const int bar = BarWidth(item);
+  painter.fillRect(QRect(item.rect.left(), item.rect.top(), bar, item.rect.height()), band);
   const double side = MarkSide(item);
-  const QRectF square(item.rect.left() + side / 2, item.rect.center().y() - side / 2, side, side);
-  DrawBandMark(painter, square, index.data(GridModel::kBandOrder).toInt(), color);
+  const QRectF square(item.rect.left() + bar + side / 2, item.rect.center().y() - side / 2, side, side);
+  DrawBandMark(painter, square, index.data(GridModel::kBandOrder).toInt(),
+               item.palette.color(QPalette::Text));
   item.rect.setLeft(item.rect.left() + MarkWidth(item));
 }
 
@@ -75,11 +96,13 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QVariant band = index.data(GridModel::kBandColor);
   if (chosen) {
     PaintChosen(*painter, item);
+  } else if (index.data(GridModel::kHeading).toBool()) {
+    painter->fillRect(item.rect, Blend(item.palette.color(QPalette::Base), item.palette.color(QPalette::Text),
+                                       kHeadingShare));
   } else if (band.isValid()) {
-    painter->fillRect(item.rect, band.value<QColor>());
-    item.palette.setColor(QPalette::Text, ReadableOn(band.value<QColor>()));
+    painter->fillRect(item.rect, Pale(item.palette, band.value<QColor>()));
   }
-  if (BearsMark(item, index)) PaintMark(*painter, item, index, item.palette.color(QPalette::Text));
+  if (BearsMark(item, index)) PaintMark(*painter, item, index, band.value<QColor>());
   QStyledItemDelegate::paint(painter, item, index);
   const QPalette& colors = option.palette;
   painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),

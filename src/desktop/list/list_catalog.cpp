@@ -8,6 +8,7 @@ namespace {
 constexpr char kFleet[] = "FROTA";
 constexpr char kEvents[] = "EVENTOS";
 constexpr char kWork[] = "TRABALHOS";
+constexpr char kDates[] = "PRAZOS";
 constexpr char kAlerts[] = "ALERTAS";
 constexpr char kTables[] = "TABELAS";
 
@@ -27,6 +28,7 @@ const std::vector<ListEntry>& AllLists() {
       {kWork, "Tacografos", "Tacógrafos", "Matricula", nullptr},
       {kWork, "TacMot", "Cartões de condutor", "Codigo", nullptr},
       {kWork, "Selo", "Selo", "Matricula", nullptr},
+      {kDates, "Calendario", "Calendário", "", nullptr},
       {kAlerts, "AlertasAp", "Apólices", "Matricula", nullptr},
       {kAlerts, "AlertasRev", "Revisões", "Matricula", nullptr},
       {kAlerts, "AlertasInsp", "Inspecções", "Matricula", nullptr},
@@ -54,5 +56,6 @@ const ListEntry* FindList(const char* key) {
 }
 
 bool IsAlertList(const ListEntry& entry) { return entry.group == kAlerts; }
+bool IsEventList(const ListEntry& entry) { return entry.group == kEvents; }
 
 }  // namespace desktop

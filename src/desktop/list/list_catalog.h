@@ -20,6 +20,9 @@ const ListEntry* FindList(const char* key);
 /// True for the lists of what is due.
 bool IsAlertList(const ListEntry& entry);
 
+/// True for the lists of what happens to vehicles.
+bool IsEventList(const ListEntry& entry);
+
 /// The start page's place among the keys of the lists.
 inline constexpr char kStartPage[] = "Inicio";
 

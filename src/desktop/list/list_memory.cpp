@@ -2,6 +2,7 @@
 
 #include <QSettings>
 
+#include "desktop/list/list_look.h"
 #include "desktop/list/table_view.h"
 #include "desktop/look/text.h"
 
@@ -9,9 +10,8 @@ namespace desktop {
 namespace {
 
 constexpr char kWidths[] = "larguras";
-constexpr char kSortColumn[] = "ordem";
-constexpr char kDescending[] = "descendente";
-constexpr char kSearch[] = "procura";
+constexpr char kLook[] = "aspecto";
+constexpr char kFields[] = "filtros";
 
 }  // namespace
 
@@ -27,18 +27,21 @@ void ListMemory::Store(const char* name, const QVariant& value) const {
     settings_.setValue(key, value);
 }
 
-void ListMemory::Restore(TableView& table) const {
+void ListMemory::Restore(TableView& table, bool newest_first) const {
   std::map<std::string, float> widths;
   const QVariantMap kept = settings_.value(Key(kWidths)).toMap();
   for (auto it = kept.begin(); it != kept.end(); ++it) widths[FromQt(it.key())] = it.value().toFloat();
   if (!widths.empty()) table.SetUserWidths(widths);
 
-  const auto column = table.grid().source().FindColumn(FromQt(settings_.value(Key(kSortColumn)).toString()));
-  const bool descending = settings_.value(Key(kDescending)).toBool();
-  if (column)
-    table.SortBy(SortBy{*column, descending ? SortDirection::kDescending : SortDirection::kAscending});
-  const QString search = settings_.value(Key(kSearch)).toString();
-  if (!search.isEmpty()) table.Search(search);
+  const QVariant remembered = settings_.value(Key(kLook));
+  lists::ListLook look = lists::LookOf(FromQt(remembered.toString()));
+  if (!remembered.isValid() && newest_first) {
+    look.sort = "Data";
+    look.descending = true;
+  }
+  ApplyLook(table, look);
+  table.filters().ShowFields(settings_.value(Key(kFields)).toBool());
+  ShowFilters(table);
 }
 
 void ListMemory::Keep(const TableView& table) const {
@@ -46,11 +49,8 @@ void ListMemory::Keep(const TableView& table) const {
   for (const auto& [key, width] : table.UserWidths()) widths.insert(ToQt(key), width);
   Store(kWidths, widths);
 
-  const auto& sort = table.grid().order().sort();
-  const auto& columns = table.grid().source().Columns();
-  Store(kSortColumn, sort ? ToQt(columns[sort->column].key) : QString());
-  Store(kDescending, sort && sort->direction == SortDirection::kDescending);
-  Store(kSearch, table.grid().order().search());
+  Store(kLook, ToQt(lists::LookText(LookOf(table))));
+  Store(kFields, table.filters().ShowsFields());
 }
 
 }  // namespace desktop

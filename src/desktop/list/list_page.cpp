@@ -7,8 +7,10 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
+#include "desktop/list/filter_bar.h"
 #include "desktop/list/list_form.h"
-#include "desktop/list/sources.h"
+#include "desktop/list/list_look.h"
+#include "desktop/list/list_source.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_page.h"
@@ -28,8 +30,12 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
       commands_(list_.get()),
       title_(new QLabel(this)),
       count_(new QLabel(this)),
+      bar_(new FilterBar(this)),
+      footer_(new QLabel(this)),
       stack_(new QStackedWidget(this)),
-      table_(new TableView(std::make_unique<GridSource>(form_->master), true, this)),
+      table_(new TableView(
+          std::make_unique<ListSource>(form_->master, entry, workspace.sistema().ICrmSistema_ZorDataAccess),
+          true, this)),
       message_(new MessagePage(this)) {
   list_->ICrmVwList_GridMaster(&form_->master);
   list_->ICrmVwList_GridDetail(&form_->detail);
@@ -37,9 +43,10 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
   list_->ICrmVwList_ParentForm(form_.get());
   Build();
   Connect();
+  ConnectLook();
   AddEntries();
   Load();
-  memory_.Restore(*table_);
+  memory_.Restore(*table_, IsEventList(entry_));
   ShowState();
 }
 
@@ -64,6 +71,7 @@ void ListPage::Build() {
   heading->addStretch(1);
   heading->addWidget(count_, 0, Qt::AlignBottom);
   column->addLayout(heading);
+  column->addWidget(bar_);
 
   table_->setAccessibleName(Title());
   table_->setFrameShape(QFrame::NoFrame);
@@ -71,6 +79,10 @@ void ListPage::Build() {
   stack_->addWidget(table_);
   stack_->addWidget(message_);
   column->addWidget(stack_, 1);
+  footer_->setTextFormat(Qt::PlainText);
+  footer_->setContentsMargins(Gap(this), Gap(this) / 2, WideGap(this), Gap(this) / 2);
+  footer_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  column->addWidget(footer_);
 }
 
 void ListPage::Connect() {
@@ -99,15 +111,18 @@ bool ListPage::Can(StandardCommand command) const {
 
 QString ListPage::CountText() const {
   if (failure_) return {};
-  const long shown = table_->grid().order().Count();
+  const RowOrder& order = table_->grid().order();
   const long all = table_->grid().source().Rows();
-  const QString count = table_->grid().order().search().isEmpty()
-                            ? Counted(all, QStringLiteral("registo"), QStringLiteral("registos"))
-                            : QStringLiteral("%1 de %2").arg(shown).arg(all);
-  return table_->CurrentRow() < 0 ? count : count + QStringLiteral(" · 1 seleccionado");
+  const QString count = order.IsNarrowed()
+                            ? QStringLiteral("%1 de %2").arg(order.RowCount()).arg(all)
+                            : Counted(all, QStringLiteral("registo"), QStringLiteral("registos"));
+  const std::size_t marked = WorkRows().size();
+  if (marked == 0) return count;
+  return count + QStringLiteral(" · ") +
+         Counted(static_cast<long>(marked), QStringLiteral("seleccionado"), QStringLiteral("seleccionados"));
 }
 
-QString ListPage::SearchText() const { return table_->grid().order().search(); }
+QString ListPage::SearchText() const { return ToQt(table_->grid().order().search()); }
 
 void ListPage::Load() {
   failure_.reset();
@@ -118,8 +133,7 @@ void ListPage::Search(const QString& text) {
   table_->Search(text);
   if (table_->CurrentRow() < 0 && table_->grid().order().Count() > 0)
     table_->SetCurrentRow(table_->grid().order().RowAt(0));
-  memory_.Keep(*table_);
-  ShowState();
+  LookChanged();
 }
 
 /// Shows the rows that there are after a change, with the record that was chosen before it.
@@ -154,8 +168,8 @@ void ListPage::ShowState() {
   if (failure_) {
     message_->Show(QStringLiteral("Não foi possível ler a lista."), WithDetails(*failure_),
                    QStringLiteral("&Tentar de novo"), [this] { Load(); });
-  } else if (order.Count() == 0 && !order.search().isEmpty()) {
-    message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(order.search()), {},
+  } else if (order.Count() == 0 && !order.search().empty()) {
+    message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(ToQt(order.search())), {},
                    QStringLiteral("&Limpar a procura"), [this] {
                      Search({});
                      Q_EMIT SearchCleared();
@@ -168,10 +182,15 @@ void ListPage::ShowState() {
     message_->Show(QStringLiteral("A lista está vazia."), QStringLiteral("Não há nada a tratar."), {}, {});
   }
   for (QAction* action : own_) action->setEnabled(!failure_ && table_->CurrentRow() >= 0);
-  const bool rows = !failure_ && order.Count() > 0;
-  const bool had_focus = stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
-  stack_->setCurrentWidget(rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_));
-  if (had_focus) TakeFocus();
+  // With filters the headings stay, and the fields in which they are typed.
+  const bool rows = !failure_ && (order.Count() > 0 || !order.filters().empty());
+  QWidget* shown = rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_);
+  const bool moves =
+      stack_->currentWidget() != shown && stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
+  stack_->setCurrentWidget(shown);
+  if (moves) TakeFocus();
+  bar_->Show(*table_);
+  ShowFooter();
   count_->setText(failure_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
   Q_EMIT Changed();
 }
@@ -194,7 +213,7 @@ std::string ListPage::KeyOf(long row) const {
 
 void ListPage::RowChosen(long row) {
   Guarded(window(), [&] {
-    if (row < form_->master.RowCount()) form_->master.SetRow(row);
+    if (row >= 0 && row < form_->master.RowCount()) form_->master.SetRow(row);
   });
   for (QAction* action : own_) action->setEnabled(row >= 0);
   Q_EMIT Changed();

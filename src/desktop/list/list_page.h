@@ -12,13 +12,17 @@
 #include "desktop/list/table_view.h"
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/page.h"
+#include "history/reader.h"
+#include "lists/views.h"
 
 class QLabel;
+class QMenu;
 class QSettings;
 class QStackedWidget;
 
 namespace desktop {
 
+class FilterBar;
 class MessagePage;
 
 /// One list of the module in the window: its rows, or why there are none. Owns the list and the grid it
@@ -39,27 +43,41 @@ class ListPage : public Page {
   Workspace& workspace() { return workspace_; }
   /// The window's own commands on rows.
   const QList<QAction*>& own_commands() const { return own_; }
+  /// The rows that commands work on: those that are marked, when they are several, else the current one.
+  std::vector<long> WorkRows() const;
   /// True when a command of the list can run now: it is offered, and has a row when it needs one.
   bool Can(StandardCommand command) const;
-  /// "40 registos · 1 seleccionado", or "12 de 40" while a search narrows the rows.
+  /// "40 registos · 1 seleccionado", or "12 de 40" while search or filters narrow the rows.
   QString CountText() const override;
 
   /// Reads the rows anew. A failure is shown in the place of the rows.
   void Load() override;
   void New();
   void Edit();
-  /// Asks, naming the record, then removes it.
+  /// Asks, naming the records, then removes those that are marked.
   void Remove();
   /// A command of the list's own.
   void Run(long command);
   bool CanPrint() const override { return Can(kPrintCommand); }
   void Print() override;
-  /// Asks for a file and writes the rows shown.
+  /// Asks for a file and writes the rows shown, or those that are marked when they are several.
   void Export() override;
   bool CanSearch() const override { return true; }
   QString SearchText() const override;
   void Search(const QString& text) override;
   void ResetColumns();
+  /// Shows the fields under the headings, if need be, and gives them the keyboard; once more hides them.
+  void GoToFilters();
+  /// Takes search and filters away; false when there are none.
+  bool ShowAll();
+  /// The commands on columns, for the menu that is about to be shown.
+  void FillColumns(QMenu& menu);
+  /// How the list is shown, and shows it so.
+  lists::ListLook Look() const;
+  void ShowLook(const lists::ListLook& look);
+  FilterBar& filter_bar() const { return *bar_; }
+  /// What the rows shown, or those marked, come to.
+  QString FooterText() const;
   void TakeFocus() override;
 
  private:
@@ -77,6 +95,16 @@ class ListPage : public Page {
   void RowMenu(const QPoint& place);
   void RunCommand(long command);
   void RowChosen(long row);
+  void ConnectLook();
+  void Filter(std::size_t column, const QString& text);
+  void FilterByKey(const QString& key, const QString& text);
+  void ChooseFrom(std::size_t column);
+  void LookChanged();
+  void ShowFooter();
+  bool RemoveRows(std::vector<long> rows);
+  std::vector<std::string> AllKeys() const;
+  std::optional<history::Operation> LastAct() const;
+  void ChooseNew(const std::vector<std::string>& before);
   void AddEntries();
   MarkedRows Marked() const;
 
@@ -92,6 +120,8 @@ class ListPage : public Page {
 
   QLabel* title_;
   QLabel* count_;
+  FilterBar* bar_;
+  QLabel* footer_;
   QStackedWidget* stack_;
   TableView* table_;
   MessagePage* message_;

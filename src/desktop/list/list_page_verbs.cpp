@@ -1,5 +1,8 @@
 #include <QAction>
 #include <QMenu>
+#include <algorithm>
+#include <functional>
+#include <unordered_set>
 
 #include "desktop/list/context_menu.h"
 #include "desktop/list/list_form.h"
@@ -11,16 +14,31 @@
 #include "platform/host.h"
 
 namespace desktop {
+namespace {
+
+/// Records that the question before a removal names.
+constexpr std::size_t kNamesAsked = 12;
+
+}  // namespace
 
 /// The list reloads itself in its verbs, whatever happened in them.
 void ListPage::Verb(const QString& name, const std::function<void()>& verb) {
   const std::string words = FromQt(Title() + QStringLiteral(": ") + name);
+  const std::optional<history::Operation> before = LastAct();
   ShowAfter([&] { Guarded(window(), [&] { history::ActHere(words, verb); }); });
+  const std::optional<history::Operation> last = LastAct();
+  if (last && (!before || before->number != last->number)) {
+    const std::string record = last->record.empty() ? std::string() : ", " + last->record;
+    Q_EMIT Told(ToQt("Guardado: " + last->words + record + " (Ctrl+Z anula)"));
+  }
   Q_EMIT Worked();
 }
 
 void ListPage::New() {
-  if (Can(kNewCommand)) Verb(QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); });
+  if (!Can(kNewCommand)) return;
+  const std::vector<std::string> before = AllKeys();
+  Verb(QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); });
+  ChooseNew(before);
 }
 
 void ListPage::Edit() {
@@ -29,17 +47,89 @@ void ListPage::Edit() {
   Verb(QStringLiteral("Editar"), [&] { list_->ICrmVwList_Editar(&row); });
 }
 
+/// The rows that a command works on: those marked, else the current one.
+std::vector<long> ListPage::WorkRows() const {
+  std::vector<long> rows = table_->MarkedRows();
+  if (rows.size() < 2) {
+    rows.clear();
+    if (table_->CurrentRow() >= 0) rows.push_back(table_->CurrentRow());
+  }
+  return rows;
+}
+
 void ListPage::Remove() {
   if (!Can(kRemoveCommand)) return;
-  const long current = table_->CurrentRow();
-  const std::string key = KeyOf(current);
-  const QString question = QStringLiteral("Remover este registo de %1?\n\n%2").arg(Title(), NameOf(current));
+  const std::vector<long> rows = WorkRows();
+  const bool one = rows.size() == 1;
+  QStringList names;
+  for (std::size_t i = 0; i < rows.size() && i < kNamesAsked; ++i) names << NameOf(rows[i]);
+  if (rows.size() > kNamesAsked) names << QStringLiteral("… e mais %1").arg(rows.size() - kNamesAsked);
+  const QString what =
+      one ? QStringLiteral("este registo") : QStringLiteral("estes %1 registos").arg(rows.size());
+  const QString question =
+      QStringLiteral("Remover %1 de %2?\n\n%3").arg(what, Title(), names.join(QLatin1Char('\n')));
   const int style = platform::kYesNo | platform::kQuestion | platform::kDefaultButton2;
   if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
-  platform::GridRow row = form_->master.RowAt(current);
-  Verb(QStringLiteral("Remover"), [&] { list_->ICrmVwList_Remover(&row); });
-  if (!failure_ && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == key)
+  const std::string last = KeyOf(rows.back());
+  const long count = table_->grid().source().Rows();
+  Verb(one ? QStringLiteral("Remover") : QStringLiteral("Remover %1 registos").arg(rows.size()),
+       [&] { RemoveRows(rows); });
+  if (failure_) return;
+  const long left = table_->grid().source().Rows() - count + static_cast<long>(rows.size());
+  if (one && left > 0 && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == last)
     Q_EMIT Told(QStringLiteral("O registo não foi removido."));
+  else if (!one && left > 0)
+    Q_EMIT Told(QStringLiteral("%1 dos registos não foram removidos.").arg(left));
+}
+
+/// From the bottom: the list reads its rows anew after each, and those above stay where they are. A row that
+/// isn't where it was any more is left alone; false then.
+bool ListPage::RemoveRows(std::vector<long> rows) {
+  std::sort(rows.begin(), rows.end(), std::greater<>());
+  std::vector<std::string> keys;
+  for (long row : rows) keys.push_back(KeyOf(row));
+  bool all = true;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const auto column = form_->master.ColumnIndex(entry_.keyColumn);
+    if (rows[i] >= form_->master.RowCount() || form_->master.CellText(rows[i], column) != keys[i]) {
+      all = false;
+      continue;
+    }
+    platform::GridRow row = form_->master.RowAt(rows[i]);
+    list_->ICrmVwList_Remover(&row);
+  }
+  return all;
+}
+
+/// The newest act that can be taken back; nothing in a database that remembers none.
+std::optional<history::Operation> ListPage::LastAct() const {
+  std::optional<history::Operation> last;
+  history::KeepingStore& kept = *workspace_.kept();
+  if (kept.Keeps()) Guarded(window(), [&] { last = history::LastToUndo(kept); });
+  return last;
+}
+
+std::vector<std::string> ListPage::AllKeys() const {
+  std::vector<std::string> keys;
+  const long count = failure_ ? 0 : table_->grid().source().Rows();
+  for (long row = 0; row < count; ++row) keys.push_back(KeyOf(row));
+  return keys;
+}
+
+/// Chooses the record that wasn't there before, and brings it into view.
+void ListPage::ChooseNew(const std::vector<std::string>& before) {
+  if (failure_) return;
+  const std::unordered_set<std::string> known(before.begin(), before.end());
+  long made = -1;
+  const long count = table_->grid().source().Rows();
+  for (long row = 0; row < count; ++row)
+    if (known.count(KeyOf(row)) == 0) made = row;
+  if (made < 0) return;
+  if (table_->grid().order().PlaceOf(made) < 0)
+    return Q_EMIT Told(
+        QStringLiteral("O registo novo está guardado, mas o filtro não o mostra (Esc mostra tudo)."));
+  table_->SetCurrentRow(made);
+  table_->scrollTo(table_->currentIndex());
 }
 
 void ListPage::Run(long command) {
@@ -48,17 +138,24 @@ void ListPage::Run(long command) {
 
 void ListPage::Print() {
   if (!Can(kPrintCommand)) return;
-  Guarded(window(), [this] {
-    ReportDialog(table_->grid().source(), Title(), window(), &table_->grid().order()).exec();
+  const std::vector<long> marked = WorkRows();
+  Guarded(window(), [&] {
+    ReportDialog(table_->grid().source(), Title(), window(),
+                 marked.size() > 1 ? marked : table_->grid().order().Rows())
+        .exec();
   });
 }
 
 void ListPage::Export() {
   const QString file = AskForTableFile(window(), Title());
   if (file.isEmpty()) return;
-  const bool done =
-      Guarded(window(), [&] { ExportRows(file, table_->grid().source(), table_->grid().order(), Title()); });
-  if (done) Q_EMIT Told(QStringLiteral("Escrito em %1").arg(file));
+  const std::vector<long> marked = WorkRows();
+  const std::vector<long> rows = marked.size() > 1 ? marked : table_->grid().order().Rows();
+  const bool done = Guarded(window(), [&] { ExportRows(file, table_->grid().source(), rows, Title()); });
+  if (!done) return;
+  const QString count =
+      Counted(static_cast<long>(rows.size()), QStringLiteral("registo"), QStringLiteral("registos"));
+  Q_EMIT Told(QStringLiteral("%1 em %2").arg(count, file));
 }
 
 QString ListPage::NameOf(long row) const {
@@ -71,7 +168,7 @@ QString ListPage::NameOf(long row) const {
 }
 
 void ListPage::RowMenu(const QPoint& place) {
-  if (!table_->indexAt(place).isValid()) return;
+  if (!table_->indexAt(place).isValid() || table_->CurrentRow() < 0) return;
   Guarded(window(), [this] { commands_ = ListCommands(list_.get()); });
   QMenu menu(this);
   std::optional<long> chosen;

@@ -44,11 +44,10 @@ QString AskForTableFile(QWidget* parent, const QString& title) {
   return dialog.Ask();
 }
 
-void ExportRows(const QString& file, const TableSource& source, const RowOrder& order, const QString& title) {
+void ExportRows(const QString& file, const TableSource& source, const std::vector<long>& rows,
+                const QString& title) {
   const exchange::ExportFormat format = exchange::FormatOf(FromQt(file));
-  if (format == exchange::ExportFormat::kCsv) return WriteCsv(file, source, order);
-  std::vector<long> rows;
-  for (long place = 0; place < order.Count(); ++place) rows.push_back(order.RowAt(place));
+  if (format == exchange::ExportFormat::kCsv) return WriteCsv(file, source, rows);
   exchange::WriteTable(TableOf(source, rows, title), FromQt(file), format);
 }
 

@@ -3,7 +3,7 @@
 #include <QString>
 #include <vector>
 
-#include "desktop/list/row_order.h"
+#include "desktop/list/table_source.h"
 #include "exchange/export/export_table.h"
 
 class QWidget;
@@ -16,9 +16,10 @@ exchange::ExportTable TableOf(const TableSource& source, const std::vector<long>
 
 /// Asks for the file that a table goes to, XLSX, ODS or CSV; empty for none.
 QString AskForTableFile(QWidget* parent, const QString& title);
-/// Writes the rows shown in the format that the file's ending means. Throws when it can't be written; the
+/// Writes rows in the format that the file's ending means. Throws when it can't be written; the
 /// file is then as it was.
-void ExportRows(const QString& file, const TableSource& source, const RowOrder& order, const QString& title);
+void ExportRows(const QString& file, const TableSource& source, const std::vector<long>& rows,
+                const QString& title);
 
 /// Puts rows on the clipboard, as text and as HTML, with their headings.
 void CopyRows(const exchange::ExportTable& table);

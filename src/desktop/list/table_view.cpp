@@ -1,26 +1,30 @@
 #include "desktop/list/table_view.h"
 
-#include <QAbstractItemDelegate>
+#include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QResizeEvent>
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "desktop/list/item_painter.h"
 #include "desktop/list/table_export.h"
 #include "desktop/look/look.h"
+#include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
 
 namespace desktop {
 
 TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent)
-    : QTableView(parent), model_(new GridModel(std::move(source), this)) {
+    : QTableView(parent), model_(new GridModel(std::move(source), this)), header_(new FilterHeader(this)) {
+  setHorizontalHeader(header_);
   setModel(model_);
   setItemDelegate(new CellPainter(this));
   setSelectionBehavior(SelectRows);
-  setSelectionMode(ContiguousSelection);
+  setSelectionMode(sortable ? ExtendedSelection : ContiguousSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setShowGrid(false);
@@ -28,21 +32,19 @@ TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget
   setHorizontalScrollMode(ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setStretchLastSection(true);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setMinimumSectionSize(Em(this) * 2);
-  horizontalHeader()->setSectionsClickable(sortable);
-  if (sortable) connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TableView::ClickedHeading);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-          [this](int section, int, int width) { ResizedColumn(section, width); });
-  connect(this, &QTableView::doubleClicked, this,
-          [this](const QModelIndex& index) { Q_EMIT RowOpened(model_->order().RowAt(index.row())); });
+  ConnectHeader(sortable);
+  connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+    const long row = model_->order().RowAt(index.row());
+    if (row >= 0) Q_EMIT RowOpened(row);
+  });
   // Cells are read while the table is painted: no box may open before that has ended.
   model_->on_error = [this](const std::exception& error) {
     QTimer::singleShot(0, this, [this, text = Describe(error)] { ShowError(this, text); });
   };
   connect(&read_ahead_, &QTimer::timeout, this, [this] {
-    if (!model_->ReadAhead()) read_ahead_.stop();
+    if (model_->ReadAhead()) return;
+    read_ahead_.stop();
+    Q_EMIT AllRead();
   });
   ApplyColumns();
 }
@@ -55,13 +57,33 @@ void TableView::Refresh() {
 }
 
 void TableView::SortBy(std::optional<desktop::SortBy> sort) {
-  KeepRow([&] { model_->Sort(sort); });
-  ApplyColumns();
+  Reorder([&](RowOrder& order) { order.Sort(sort); });
 }
 
 void TableView::Search(const QString& text) {
-  KeepRow([&] { model_->Search(text); });
+  Reorder([&](RowOrder& order) { order.Search(FromQt(text)); });
+}
+
+void TableView::Reorder(const std::function<void(RowOrder&)>& change) {
+  std::exception_ptr refused;
+  KeepRow([&] {
+    try {
+      model_->Reorder(change);
+    } catch (...) {
+      refused = std::current_exception();
+    }
+  });
   ApplyColumns();
+  if (refused) std::rethrow_exception(refused);
+}
+
+bool TableView::TurnGroup() {
+  const int place = currentIndex().isValid() ? currentIndex().row() : -1;
+  if (model_->order().HeadingAt(place) == nullptr) return false;
+  const int column = currentIndex().column();
+  model_->Reorder([place](RowOrder& order) { order.Turn(place); });
+  setCurrentIndex(model_->index(place, column));
+  return true;
 }
 
 long TableView::CurrentRow() const {
@@ -86,7 +108,8 @@ std::vector<long> TableView::MarkedRows() const {
   std::sort(places.begin(), places.end());
   places.erase(std::unique(places.begin(), places.end()), places.end());
   std::vector<long> rows;
-  for (int place : places) rows.push_back(model_->order().RowAt(place));
+  for (int place : places)
+    if (model_->order().RowAt(place) >= 0) rows.push_back(model_->order().RowAt(place));
   return rows;
 }
 
@@ -97,7 +120,54 @@ void TableView::Copy() {
 
 void TableView::keyPressEvent(QKeyEvent* event) {
   if (event == QKeySequence::Copy) return Copy();
+  const lists::RowGroup* group =
+      model_->order().HeadingAt(currentIndex().isValid() ? currentIndex().row() : -1);
+  const int key = event->key();
+  if (group != nullptr && (key == Qt::Key_Space || key == (group->open ? Qt::Key_Left : Qt::Key_Right))) {
+    TurnGroup();
+    return;
+  }
   QTableView::keyPressEvent(event);
+}
+
+void TableView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QModelIndex pressed = indexAt(event->position().toPoint());
+  if (pressed.isValid() && event->button() == Qt::LeftButton && pressed.row() == currentIndex().row())
+    TurnGroup();
+}
+
+void TableView::keyboardSearch(const QString& text) {
+  const bool goes_on =
+      since_typed_.isValid() && since_typed_.elapsed() < QApplication::keyboardInputInterval();
+  typed_ = goes_on ? typed_ + text : text;
+  since_typed_.start();
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  if (visible.empty()) return;
+  const auto& sort = model_->order().sort();
+  const int current = currentIndex().isValid() ? currentIndex().row() : -1;
+  const long place = model_->order().FindBeginning(sort ? sort->column : visible.front(), FromQt(typed_),
+                                                   goes_on ? current : current + 1);
+  if (place >= 0) setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
+}
+
+/// What is about to be seen is read together.
+void TableView::paintEvent(QPaintEvent* event) {
+  const int first = rowAt(0);
+  const int last = rowAt(viewport()->height() - 1);
+  if (first >= 0) PrepareRows(first, last < 0 ? model_->rowCount() - 1 : last);
+  QTableView::paintEvent(event);
+}
+
+void TableView::PrepareRows(int first, int last) const {
+  std::vector<long> rows;
+  for (int place = first; place <= last; ++place) rows.push_back(model_->order().RowAt(place));
+  std::erase(rows, -1L);
+  try {
+    model_->source().Prepare(rows);
+  } catch (const std::exception& error) {
+    if (model_->on_error) model_->on_error(error);
+  }
 }
 
 void TableView::SetEditableColumn(const std::string& key) {
@@ -141,77 +211,6 @@ void TableView::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != event->size().width()) ShareColumns();
 }
 
-void TableView::ApplyColumns() {
-  arranging_ = true;
-  verticalHeader()->setMinimumSectionSize(Em(this));
-  verticalHeader()->setDefaultSectionSize(Em(this) * 7 / 4);
-  const auto& columns = model_->source().Columns();
-  for (std::size_t i = 0; i < columns.size(); ++i) setColumnHidden(static_cast<int>(i), columns[i].hidden);
-  const auto& sort = model_->order().sort();
-  horizontalHeader()->setSortIndicatorShown(sort.has_value());
-  // Qt points downwards for an ascending order; here the arrow rises with the values.
-  const bool ascending = sort && sort->direction == SortDirection::kAscending;
-  if (sort)
-    horizontalHeader()->setSortIndicator(static_cast<int>(sort->column),
-                                         ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
-  arranging_ = false;
-  MeasureColumns();
-  ShareColumns();
-}
-
-void TableView::MeasureColumns() {
-  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
-  const std::vector<int> widest = WidestCells(visible);
-  wishes_.clear();
-  for (std::size_t i = 0; i < visible.size(); ++i) {
-    const TableColumn& column = model_->source().Columns()[visible[i]];
-    const auto own = widths_.find(column.key);
-    if (own != widths_.end()) {
-      const double width = FromTwips(own->second, this);
-      wishes_.push_back({.given = width, .holds = width, .least = width});
-      continue;
-    }
-    const int heading = fontMetrics().horizontalAdvance(column.caption) + 2 * Em(this);
-    const double given = FromTwips(column.width, this);
-    const double holds = std::max(heading, widest[i]);
-    wishes_.push_back({.given = given, .holds = holds, .least = std::min(given, holds)});
-  }
-}
-
-/// The width of the widest cell of each column, among the rows at the top: the rest isn't waited for.
-std::vector<int> TableView::WidestCells(const std::vector<std::size_t>& columns) const {
-  constexpr int kRowsLookedAt = 200;
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
-  std::vector<int> advance(columns.size(), -1);
-  std::vector<QModelIndex> widest(columns.size());
-  for (int row = 0; row < std::min(kRowsLookedAt, model_->rowCount()); ++row) {
-    const QVariant font = model_->data(model_->index(row, 0), Qt::FontRole);
-    const QFontMetrics metrics = font.isValid() ? QFontMetrics(font.value<QFont>()) : option.fontMetrics;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const QModelIndex index = model_->index(row, static_cast<int>(columns[i]));
-      const int width = metrics.horizontalAdvance(index.data().toString());
-      if (width > std::exchange(advance[i], std::max(advance[i], width))) widest[i] = index;
-    }
-  }
-  std::vector<int> widths(columns.size(), 0);
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    if (widest[i].isValid())
-      widths[i] = itemDelegateForIndex(widest[i])->sizeHint(option, widest[i]).width() + 1;
-  return widths;
-}
-
-void TableView::ShareColumns() {
-  const bool outer = std::exchange(arranging_, true);
-  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
-  const std::vector<double> widths = ShareRoom(wishes_, viewport()->width());
-  for (std::size_t i = 0; i < std::min(visible.size(), widths.size()); ++i)
-    setColumnWidth(static_cast<int>(visible[i]), static_cast<int>(widths[i]));
-  arranging_ = outer;
-}
-
-int TableView::WidthWanted() const { return static_cast<int>(RoomWanted(wishes_)); }
-
 void TableView::ClickedHeading(int section) {
   const auto column = static_cast<std::size_t>(section);
   const auto& sort = model_->order().sort();
@@ -221,17 +220,8 @@ void TableView::ClickedHeading(int section) {
     SortBy(desktop::SortBy{column, SortDirection::kDescending});
   else
     SortBy(std::nullopt);
+  scrollToTop();
   Q_EMIT SortChanged();
-}
-
-void TableView::ResizedColumn(int section, int width) {
-  const auto column = static_cast<std::size_t>(section);
-  const auto& columns = model_->source().Columns();
-  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
-  if (arranging_ || width == 0 || column >= columns.size() || visible.empty() || column == visible.back())
-    return;
-  widths_[columns[column].key] = ToTwips(width, this);
-  Q_EMIT WidthsChanged();
 }
 
 void TableView::KeepRow(const std::function<void()>& change) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <QTimer>
 #include <map>
 #include <string>
 
 #include "desktop/list/column_widths.h"
+#include "desktop/list/filter_header.h"
 #include "desktop/list/grid_model.h"
 
 namespace desktop {
@@ -18,7 +20,7 @@ class TableView : public QTableView {
 
  public:
   /// With `sortable`, a click on a heading sorts, a second one turns the order round, a third restores the
-  /// table's own.
+  /// table's own; headings can be dragged to another place, and any rows be marked together.
   TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent);
 
   GridModel& grid() const { return *model_; }
@@ -26,6 +28,11 @@ class TableView : public QTableView {
   void Refresh();
   void SortBy(std::optional<desktop::SortBy> sort);
   void Search(const QString& text);
+  /// Changes which rows are shown and how, and keeps the row that is chosen. Throws the error of a filter
+  /// that can't be read.
+  void Reorder(const std::function<void(RowOrder&)>& change);
+  /// Opens or closes the group whose heading is the current place; false at a row.
+  bool TurnGroup();
 
   /// The source's row that is chosen, -1 when none is.
   long CurrentRow() const;
@@ -44,6 +51,11 @@ class TableView : public QTableView {
   /// Widths that the user gave, in twips by the column's key.
   std::map<std::string, float> UserWidths() const { return widths_; }
   void SetUserWidths(std::map<std::string, float> widths);
+  /// Shows these columns in this order, by their keys; none: as the source gives them.
+  void ChooseColumns(const std::vector<std::string>& keys);
+  /// True while rows are still read ahead.
+  bool IsReading() const { return read_ahead_.isActive(); }
+  FilterHeader& filters() const { return *header_; }
   /// The width at which no column is cut, without frame and scroll bar.
   int WidthWanted() const;
 
@@ -53,6 +65,10 @@ class TableView : public QTableView {
   void RowOpened(long row);
   void SortChanged();
   void WidthsChanged();
+  /// Columns were put elsewhere.
+  void ColumnsChosen();
+  /// All rows are at hand.
+  void AllRead();
 
  protected:
   /// Home and End go to the first and the last row: rows are chosen whole.
@@ -60,12 +76,20 @@ class TableView : public QTableView {
   /// Typing begins in the column that can be typed into, wherever in the row the cursor stands.
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// Typed letters go to the row that begins so, in the column sorted by, else in the first.
+  void keyboardSearch(const QString& text) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void ConnectHeader(bool sortable);
   void ApplyColumns();
+  void PlaceColumns();
+  void MovedColumn();
+  void PrepareRows(int first, int last) const;
   void MeasureColumns();
   std::vector<int> WidestCells(const std::vector<std::size_t>& columns) const;
   void ShareColumns();
@@ -74,7 +98,10 @@ class TableView : public QTableView {
   void KeepRow(const std::function<void()>& change);
 
   GridModel* model_;
+  FilterHeader* header_;
   QTimer read_ahead_;
+  QString typed_;
+  QElapsedTimer since_typed_;
   std::map<std::string, float> widths_;
   std::vector<ColumnWish> wishes_;  // of the columns that are shown, in pixels
   bool arranging_ = false;

@@ -18,7 +18,8 @@ class ReportDialog : public QDialog {
 
  public:
   /// The source, and the order if there is one, outlive the dialog.
-  ReportDialog(const TableSource& source, QString title, QWidget* parent, const RowOrder* order = nullptr);
+  ReportDialog(const TableSource& source, QString title, QWidget* parent,
+               std::optional<std::vector<long>> rows = {});
   ~ReportDialog() override;
 
   /// Writes the report as a PDF. False when the file can't be written; it is then as it was.

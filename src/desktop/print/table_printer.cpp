@@ -49,8 +49,9 @@ double LayOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
 
 }  // namespace
 
-TablePrinter::TablePrinter(const TableSource& source, const RowOrder* order, QString title, QDate date)
-    : source_(source), order_(order), title_(std::move(title)), date_(date) {
+TablePrinter::TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title,
+                           QDate date)
+    : source_(source), rows_(std::move(rows)), title_(std::move(title)), date_(date) {
   text_font_ = QApplication::font();
   text_font_.setPointSizeF(kTextSize);
   // Any spacing turns ligatures off, which programs that search a PDF don't read as letters.
@@ -62,8 +63,10 @@ TablePrinter::TablePrinter(const TableSource& source, const RowOrder* order, QSt
   wishes_ = Wishes();
 }
 
-long TablePrinter::Count() const { return order_ != nullptr ? order_->Count() : source_.Rows(); }
-long TablePrinter::RowAt(long place) const { return order_ != nullptr ? order_->RowAt(place) : place; }
+long TablePrinter::Count() const { return rows_ ? static_cast<long>(rows_->size()) : source_.Rows(); }
+long TablePrinter::RowAt(long place) const {
+  return rows_ ? (*rows_)[static_cast<std::size_t>(place)] : place;
+}
 
 /// What each column is given and holds, all rows looked at.
 std::vector<ColumnWish> TablePrinter::Wishes() const {

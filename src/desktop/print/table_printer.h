@@ -5,10 +5,11 @@
 #include <QPageLayout>
 #include <QSizeF>
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "desktop/list/column_widths.h"
-#include "desktop/list/row_order.h"
+#include "desktop/list/table_source.h"
 
 class QPagedPaintDevice;
 class QPainter;
@@ -20,9 +21,8 @@ namespace desktop {
 /// told by its mark, in the band's colour.
 class TablePrinter {
  public:
-  /// Prints the rows of an order, or all rows of the source without one. Reads them, and raises the errors of
-  /// that.
-  TablePrinter(const TableSource& source, const RowOrder* order, QString title, QDate date);
+  /// Prints these rows, or all rows of the source. Reads them, and raises the errors of that.
+  TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title, QDate date);
 
   /// The page that suits the columns: upright, or across when what they hold is wide.
   QPageLayout PageLayout() const;
@@ -54,7 +54,7 @@ class TablePrinter {
   long RowAt(long place) const;
 
   const TableSource& source_;
-  const RowOrder* order_;
+  std::optional<std::vector<long>> rows_;
   QString title_;
   QDate date_;
   std::vector<ColumnWish> wishes_;  // of the visible columns, in points

@@ -23,6 +23,9 @@ constexpr KeyText kListKeys[] = {
     {"Enter", "Editar o registo; no início, abrir a lista"},
     {"Ins, Ctrl+N", "Novo registo"},
     {"Del", "Remover o registo, depois de confirmar"},
+    {"Shift, Ctrl com ↑ ↓", "Escolher vários registos"},
+    {"F8", "Filtrar por colunas; num campo, F3 escolhe do que há"},
+    {"Esc", "Mostrar tudo de novo"},
     {"F5", "Recarregar a lista"},
     {"Ctrl+F", "Procurar na lista"},
     {"Esc", "Na procura: limpar e voltar à lista"},
@@ -38,6 +41,7 @@ constexpr KeyText kFichaKeys[] = {
     {"F4", "Ficha do código que está no campo"},        {"F7", "Mapa: imprimir a tabela do campo"},
     {"Ctrl+Enter", "Nova linha nas observações"},       {"Ctrl+PgUp, PgDn", "Separador anterior, seguinte"},
     {"Alt+letra", "O botão com essa letra sublinhada"}, {"F2, Del", "No arquivo: mudar o título, apagar"},
+    {"Ctrl+D", "Num gasto novo: como o último"},        {"Ctrl+N", "Num separador: novo registo"},
 };
 
 template <std::size_t N>

@@ -63,6 +63,8 @@ MainActions::MainActions(QMainWindow* window)
       switch_side(Make(window, "Listas e re&gistos", {QKeySequence("F6")},
                        "Ir das listas para os registos, e voltar")),
       reset_columns(Make(window, "Repor &larguras das colunas", {}, "Repor as larguras que a lista dá")),
+      filter(Make(window, "&Filtros das colunas", {QKeySequence("F8")},
+                  "Escrever por baixo dos títulos que linhas se querem ver")),
       keys(Make(window, "&Teclas", {QKeySequence("F1")}, "As teclas do programa")),
       about(Make(window, "&Acerca", {}, "O que é o programa")),
       search(new QLineEdit(window)),
@@ -86,6 +88,9 @@ void MainActions::BuildMenus() {
   QMenu* view = bar->addMenu(QStringLiteral("&Ver"));
   view->addActions({reload, find, switch_side});
   view->addSeparator();
+  view->addAction(filter);
+  columns_menu = view->addMenu(QStringLiteral("C&olunas e grupos"));
+  views_menu = view->addMenu(QStringLiteral("&Vistas"));
   view->addAction(reset_columns);
   ficha_menu = bar->addMenu(QStringLiteral("Fic&has"));
   QMenu* help = bar->addMenu(QStringLiteral("&Ajuda"));

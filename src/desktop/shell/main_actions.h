@@ -33,11 +33,14 @@ class MainActions : public QObject {
   QAction* find;
   QAction* switch_side;
   QAction* reset_columns;
+  QAction* filter;
   QAction* keys;
   QAction* about;
   QMenu* recent_menu;
   QMenu* record_menu;
   QMenu* ficha_menu;
+  QMenu* columns_menu;
+  QMenu* views_menu;
   QLineEdit* search;
 
  private:

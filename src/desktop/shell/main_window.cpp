@@ -48,6 +48,7 @@ MainWindow::MainWindow(QSettings& settings)
   ConnectList();
   ConnectPage();
   ConnectAlerts();
+  ConnectViews();
   FillFichas();
   Update();
   resize(QSize(Em(this) * 72, Em(this) * 46).boundedTo(RoomOnScreen(this)));
@@ -119,6 +120,7 @@ void MainWindow::ConnectList() {
   run(actions_->edit, &ListPage::Edit);
   run(actions_->remove, &ListPage::Remove);
   run(actions_->reset_columns, &ListPage::ResetColumns);
+  run(actions_->filter, &ListPage::GoToFilters);
 }
 
 void MainWindow::ConnectPage() {
@@ -203,13 +205,19 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 /// Keys that belong to the rows alone: elsewhere they have their usual meaning.
 bool MainWindow::ListKey(int key) {
-  if (key == Qt::Key_Return || key == Qt::Key_Enter)
-    actions_->edit->trigger();
-  else if (key == Qt::Key_Delete)
-    actions_->remove->trigger();
-  else
-    return false;
-  return true;
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!list_->table().TurnGroup()) actions_->edit->trigger();
+      return true;
+    case Qt::Key_Delete:
+      actions_->remove->trigger();
+      return true;
+    case Qt::Key_Escape:
+      return list_->ShowAll();
+    default:
+      return false;
+  }
 }
 
 bool MainWindow::SearchKey(int key) {

@@ -7,6 +7,7 @@
 #include "desktop/database/workspace.h"
 #include "desktop/list/list_page.h"
 #include "desktop/shell/page.h"
+#include "lists/views.h"
 
 class QLabel;
 class QSplitter;
@@ -78,6 +79,13 @@ class MainWindow : public QMainWindow {
   void Undo();
   bool MayUndo(const history::Operation& operation);
   void FillFichas();
+  void ConnectViews();
+  void ReadViews();
+  void ShowHandled();
+  void ShowView(const lists::ListView& view, bool to_work);
+  void FillViews();
+  void KeepView();
+  void DropView(const lists::ListView& view);
   void SwitchSide();
   bool ListKey(int key);
   bool SearchKey(int key);
@@ -111,6 +119,7 @@ class MainWindow : public QMainWindow {
   Page* page_ = nullptr;
   ListPage* list_ = nullptr;          // the same, when it is a list
   const ListEntry* entry_ = nullptr;  // what is shown
+  std::vector<lists::ListView> views_;
   QLabel* count_;
   QLabel* file_;
   QLabel* copy_;

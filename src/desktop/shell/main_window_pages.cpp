@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <cstring>
 #include <utility>
 
@@ -26,6 +27,7 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   CloseDatabase();
   workspace_ = std::move(workspace);
   alerts_->Watch(&workspace_->sistema());
+  ReadViews();
   const std::string file = OpenFileName();
   copies_->Watch(file);
   if (!file.empty()) RememberDatabase(settings_, ToQt(file));
@@ -109,7 +111,9 @@ void MainWindow::Update() {
   for (QAction* action : {actions_->print, actions_->export_list})
     action->setEnabled(open && page_->CanPrint());
   actions_->find->setEnabled(searches);
-  actions_->reset_columns->setEnabled(list_ != nullptr);
+  for (QAction* action : {actions_->reset_columns, actions_->filter, actions_->columns_menu->menuAction(),
+                          actions_->views_menu->menuAction()})
+    action->setEnabled(list_ != nullptr);
   for (QAction* action : {actions_->reload, actions_->import_file}) action->setEnabled(workspace_ != nullptr);
   for (QAction* action : {actions_->copy, actions_->restore, actions_->check})
     action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "desktop/list/list_page.h"
+#include "desktop/start/month_page.h"
 #include "host/sistema.h"
 
 namespace desktop {
@@ -16,7 +17,11 @@ struct OwnPage {
 };
 
 const std::vector<OwnPage>& OwnPages() {
-  static const std::vector<OwnPage> pages = {};
+  static const std::vector<OwnPage> pages = {
+      {"Calendario", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
+         return new MonthPage(workspace, parent);
+       }},
+  };
   return pages;
 }
 

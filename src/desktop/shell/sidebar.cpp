@@ -6,6 +6,7 @@
 
 #include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
+#include "desktop/look/text.h"
 #include "desktop/shell/pages.h"
 #include "desktop/start/alert_board.h"
 
@@ -15,6 +16,16 @@ namespace {
 /// Index of the list in the catalogue; headings have none.
 constexpr int kEntryRole = Qt::UserRole;
 constexpr int kCountRole = Qt::UserRole + 1;
+/// Place of a view; its heading has -1.
+constexpr int kViewRole = Qt::UserRole + 2;
+constexpr int kViewsBegin = 1;  // below the start page
+
+/// True for what can be chosen.
+bool IsEntry(const QModelIndex& index) {
+  const QVariant view = index.data(kViewRole);
+  return view.isValid() ? view.toInt() >= 0 : index.data(kEntryRole).isValid();
+}
+
 constexpr int kStartIndex = -1;
 constexpr int kWidthInCharacters = 24;
 
@@ -24,7 +35,7 @@ class SidebarPainter : public ItemPainter {
   using ItemPainter::ItemPainter;
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     ItemPainter::initStyleOption(option, index);
-    if (index.data(kEntryRole).isValid()) option->text.prepend(QStringLiteral("  "));
+    if (IsEntry(index)) option->text.prepend(QStringLiteral("  "));
   }
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     ItemPainter::paint(painter, option, index);
@@ -61,6 +72,28 @@ Sidebar::Sidebar(QWidget* parent) : QListWidget(parent) {
 void Sidebar::Choose(const QListWidgetItem* item, bool to_work) {
   if (EntryOf(item) != nullptr) Q_EMIT Chosen(EntryOf(item), to_work);
   if (item != nullptr && item == this->item(0)) Q_EMIT StartChosen(to_work);
+  const QVariant view = item != nullptr ? item->data(kViewRole) : QVariant();
+  if (view.isValid() && view.toInt() >= 0) Q_EMIT ViewChosen(view.toInt(), to_work);
+}
+
+void Sidebar::RemoveViews() {
+  while (count() > kViewsBegin && item(kViewsBegin)->data(kViewRole).isValid()) delete takeItem(kViewsBegin);
+}
+
+void Sidebar::ShowViews(const std::vector<lists::ListView>& views) {
+  marking_ = true;
+  RemoveViews();
+  const auto add = [this](const QString& title, int view, Qt::ItemFlags flags) {
+    auto* item = new QListWidgetItem(title);
+    item->setData(kViewRole, view);
+    item->setFlags(flags);
+    insertItem(kViewsBegin + view + 1, item);
+  };
+  if (!views.empty()) add(QStringLiteral("VISTAS"), -1, Qt::NoItemFlags);
+  for (std::size_t i = 0; i < views.size(); ++i)
+    add(ToQt(views[i].name), static_cast<int>(i), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  StyleItems();
+  marking_ = false;
 }
 
 void Sidebar::Fill() {
@@ -93,7 +126,7 @@ void Sidebar::StyleItems() {
   heading.setBold(true);
   heading.setPointSizeF(heading.pointSizeF() * 0.85);
   for (int i = 0; i < count(); ++i) {
-    const bool heading_item = !item(i)->data(kEntryRole).isValid();
+    const bool heading_item = !IsEntry(indexFromItem(item(i)));
     item(i)->setSizeHint({0, Em(this) * (heading_item ? 9 : 7) / 4});
     if (!heading_item) continue;
     item(i)->setFont(heading);

@@ -4,6 +4,10 @@
 
 #include "desktop/list/list_catalog.h"
 
+#include <vector>
+
+#include "lists/views.h"
+
 namespace desktop {
 
 class AlertBoard;
@@ -18,6 +22,8 @@ class Sidebar : public QListWidget {
   /// Marks the list that is shown.
   void Mark(const ListEntry& entry);
   void MarkStart();
+  /// Shows the views that there are, below the start page.
+  void ShowViews(const std::vector<lists::ListView>& views);
   /// Shows the number of rows behind each alert list.
   void ShowCounts(const AlertBoard& board);
   QSize sizeHint() const override;
@@ -26,12 +32,15 @@ class Sidebar : public QListWidget {
   /// The user wants to see a list; with the mouse or Enter also to work in it.
   void Chosen(const ListEntry* entry, bool to_work);
   void StartChosen(bool to_work);
+  /// A view, by its place among those that were shown.
+  void ViewChosen(int view, bool to_work);
 
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
   void Fill();
+  void RemoveViews();
   void AddGroup(const QString& title);
   void AddItem(const QString& title, int index);
   void StyleItems();

@@ -12,7 +12,7 @@ namespace desktop {
 namespace {
 
 constexpr int kWidth = 17;  // in lines of text
-constexpr int kHeight = 9;
+constexpr int kHeight = 10;
 constexpr double kTitleFactor = 1.15;
 constexpr double kTotalFactor = 1.7;
 constexpr double kBackgroundShare = 0.04;
@@ -85,7 +85,19 @@ QStringList AlertCard::Lines() const {
   if (!feed_.isEmpty()) lines << feed_;
   if (!message_.isEmpty()) lines << message_;
   for (const Band& band : bands_) lines << band.word + QStringLiteral(": ") + Number(band.rows);
+  if (!HandledText().isEmpty()) lines << HandledText();
   return lines;
+}
+
+QString AlertCard::HandledText() const {
+  return handled_ == 0 || bands_.empty() ? QString()
+                                         : QStringLiteral("Destes, tratados ou adiados: ") + Number(handled_);
+}
+
+void AlertCard::ShowHandled(long rows) {
+  handled_ = rows;
+  setAccessibleName(Lines().join(QStringLiteral(", ")));
+  update();
 }
 
 QSize AlertCard::sizeHint() const { return {Em(this) * kWidth, Em(this) * kHeight}; }
@@ -114,6 +126,8 @@ void AlertCard::paintEvent(QPaintEvent*) {
   painter.setFont(font());
   painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, message_);
   for (const Band& band : bands_) PaintBand(painter, place, band);
+  painter.setPen(MutedText(palette()));
+  painter.drawText(TakeLine(place, Em(this) * 11 / 8), Qt::AlignLeft | Qt::AlignVCenter, HandledText());
 }
 
 /// The family's name with the number of rows, and below it what the feed says.

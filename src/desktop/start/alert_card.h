@@ -17,6 +17,8 @@ class AlertCard : public QAbstractButton {
 
   const ListEntry& entry() const { return entry_; }
   void Show(const AlertFamily& family);
+  /// How many of its rows are dealt with or put off: they are counted apart.
+  void ShowHandled(long rows);
   /// The lines of the card from top to bottom, as they are read out.
   QStringList Lines() const;
   QSize sizeHint() const override;
@@ -36,6 +38,7 @@ class AlertCard : public QAbstractButton {
   };
 
   void ShowBands(const AlertFamily& family);
+  QString HandledText() const;
   void PaintHead(QPainter& painter, QRect& place) const;
   void PaintBand(QPainter& painter, QRect& place, const Band& band) const;
 
@@ -43,6 +46,7 @@ class AlertCard : public QAbstractButton {
   QString total_;
   QString feed_;
   QString message_;  // instead of bands
+  long handled_ = 0;
   std::vector<Band> bands_;
 };
 

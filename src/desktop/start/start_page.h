@@ -25,6 +25,8 @@ class StartPage : public QWidget {
   StartPage(const AlertBoard& board, QWidget* parent);
 
   const std::vector<AlertCard*>& cards() const { return cards_; }
+  /// How many alerts of a list, by its key, are dealt with or put off.
+  void ShowHandled(const char* list, long rows);
   FirstStepsPage& steps() { return *steps_; }
   /// What is said above the cards; empty for nothing.
   QString NoticeText() const;

@@ -1,0 +1,151 @@
+#include "desktop/ficha/ficha_aids.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/shell/message_box.h"
+#include "entry/like_last.h"
+#include "history/act.h"
+#include "history/undo.h"
+#include "host/ficha.h"
+
+namespace desktop {
+namespace {
+
+/// The newest act that can be taken back; nothing in a database that remembers none.
+std::optional<history::Operation> LastAct() {
+  const auto& stores = history::OpenStores();
+  if (stores.empty() || !stores.back()->Keeps()) return {};
+  return history::LastToUndo(*stores.back());
+}
+
+QPushButton* MakeButton(const QString& text, QWidget* parent) {
+  auto* button = new QPushButton(text, parent);
+  button->setAutoDefault(false);
+  button->hide();
+  return button;
+}
+
+}  // namespace
+
+FichaAids::FichaAids(platform::Form& form, QWidget* parent,
+                     std::function<void(const std::function<void()>&)> act)
+    : QObject(parent),
+      form_(form),
+      act_(std::move(act)),
+      line_(new QWidget(parent)),
+      text_(new QLabel(line_)),
+      undo_(MakeButton(QStringLiteral("Anu&lar o que se guardou"), line_)),
+      dates_(MakeButton(QStringLiteral("&Deixar sem data"), line_)) {
+  auto* row = new QHBoxLayout(line_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(text_, 1);
+  row->addWidget(undo_);
+  row->addWidget(dates_);
+  text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
+  text_->setAccessibleName(QStringLiteral("Avisos"));
+  connect(undo_, &QPushButton::clicked, this, &FichaAids::TakeBack);
+  connect(dates_, &QPushButton::clicked, this, &FichaAids::LeaveDates);
+  line_->hide();
+}
+
+QString FichaAids::Text() const { return line_->isHidden() ? QString() : text_->text(); }
+
+zorCrmParvel::DataAccessRef FichaAids::Database() const {
+  const auto* ficha = dynamic_cast<const zorCrmParvel::Ficha*>(&form_);
+  return ficha != nullptr ? ficha->mybd : zorCrmParvel::DataAccessRef();
+}
+
+void FichaAids::Spell() {
+  const entry::CodeField* field = entry::CodeFieldOf(form_.ActiveControl());
+  if (field == nullptr || !Database()) return;
+  auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
+  if (input.Text.empty()) return;
+  const std::string meant = entry::CodeMeant(entry::CodesOf(Database(), *field), input.Text);
+  if (meant != input.Text) form_.UserTypes(input, meant);
+}
+
+void FichaAids::BeforeCodeForm() {
+  code_field_ = entry::CodeFieldOf(form_.ActiveControl());
+  const auto* input = dynamic_cast<const platform::zor_input*>(form_.ActiveControl());
+  if (input == nullptr || !input->Text.empty() || !Database()) code_field_ = nullptr;
+  if (code_field_ != nullptr) codes_ = entry::CodesOf(Database(), *code_field_);
+}
+
+void FichaAids::AfterCodeForm() {
+  if (code_field_ == nullptr || form_.IsClosed() || entry::CodeFieldOf(form_.ActiveControl()) != code_field_)
+    return;
+  auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
+  const std::string made = entry::CodeMade(codes_, entry::CodesOf(Database(), *code_field_));
+  if (input.Text.empty() && !made.empty()) form_.UserTypes(input, made);
+}
+
+void FichaAids::BeforeButton() {
+  saved_.reset();
+  before_ = LastAct();
+}
+
+void FichaAids::AfterButton(const std::string& record) {
+  const std::optional<history::Operation> now = LastAct();
+  if (!now || (before_ && before_->number == now->number)) return;
+  saved_ = now;
+  saved_words_ = QStringLiteral("Guardado: ") + ToQt(record);
+  warnings_.Forget();
+  unset_.Forget();
+}
+
+QString FichaAids::LikeLast() {
+  QString said;
+  act_([&] { said = ToQt(entry::LikeLast(form_)); });
+  return said;
+}
+
+void FichaAids::Show() {
+  if (form_.IsClosed()) return;
+  QStringList lines;
+  bool unset = false;
+  Guarded(line_->window(), [&] {
+    for (const std::string& warning : warnings_.Of(form_))
+      lines << QStringLiteral("Atenção: ") + ToQt(warning);
+    QStringList dates;
+    for (const entry::UnsetDate& date : unset_.Of(form_)) dates << ToQt(date.caption);
+    unset = !dates.isEmpty();
+    if (unset)
+      lines << QStringLiteral("Sem data guardada, ficam com a de hoje ao confirmar: %1.")
+                   .arg(dates.join(QStringLiteral(", ")));
+  });
+  const bool saved = saved_ && lines.isEmpty();
+  if (saved) lines << saved_words_;
+  undo_->setVisible(saved);
+  dates_->setVisible(unset);
+  text_->setText(lines.join(QLatin1Char('\n')));
+  line_->setVisible(!lines.isEmpty());
+}
+
+/// What somebody changed since is left as it is: the main window's own undo asks about it.
+void FichaAids::TakeBack() {
+  if (!saved_ || history::OpenStores().empty()) return;
+  // The store is the window's, and stays as long as any ficha.
+  const std::shared_ptr<history::KeepingStore> store(history::OpenStores().back(), [](auto*) {});
+  std::string said = "Anulado.";
+  Guarded(line_->window(), [&] {
+    if (history::Conflicts(*store, saved_->number).empty())
+      history::Undo(store, saved_->number);
+    else
+      said = "Alguém alterou o mesmo entretanto: anule na janela principal (Ctrl+Z).";
+  });
+  saved_.reset();
+  warnings_.Forget();
+  unset_.Forget();
+  act_([&] { form_.Notify(said); });
+}
+
+void FichaAids::LeaveDates() {
+  act_([this] { entry::UnsetDates::LeaveWithout(unset_.Of(form_)); });
+}
+
+}  // namespace desktop

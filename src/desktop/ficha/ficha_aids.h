@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "entry/codes.h"
+#include "entry/dates.h"
+#include "entry/warnings.h"
+#include "history/reader.h"
+
+class QLabel;
+class QPushButton;
+class QWidget;
+
+namespace desktop {
+
+/// What the window does for the user beside a ficha's model: codes in their own spelling, the code that was
+/// just made, a new expense like the last, what is odd before it is confirmed, and what was saved, with the
+/// way back. All of it works on the form as a user would.
+class FichaAids : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `act` runs an act of the user on the form.
+  FichaAids(platform::Form& form, QWidget* parent, std::function<void(const std::function<void()>&)> act);
+
+  /// The lines that stand below the fields.
+  QWidget* line() const { return line_; }
+  /// The line's text; empty when it isn't shown.
+  QString Text() const;
+
+  /// The keyboard is about to leave a field: a code gets the spelling that it has.
+  void Spell();
+  /// Before and after the ficha of a code was opened from its field.
+  void BeforeCodeForm();
+  void AfterCodeForm();
+  /// Before and after a button was pressed: after it, what was saved is said.
+  void BeforeButton();
+  void AfterButton(const std::string& record);
+  /// "Como o último" on a new expense: what is to be said of it; empty on other fichas.
+  QString LikeLast();
+  /// Looks at what stands on the ficha now.
+  void Show();
+
+ private:
+  zorCrmParvel::DataAccessRef Database() const;
+  void TakeBack();
+  void LeaveDates();
+
+  platform::Form& form_;
+  std::function<void(const std::function<void()>&)> act_;
+  QWidget* line_;
+  QLabel* text_;
+  QPushButton* undo_;
+  QPushButton* dates_;
+  entry::ExpenseWarnings warnings_;
+  entry::UnsetDates unset_;
+  std::vector<std::string> codes_;
+  const entry::CodeField* code_field_ = nullptr;
+  std::optional<history::Operation> before_;
+  std::optional<history::Operation> saved_;
+  QString saved_words_;
+};
+
+}  // namespace desktop

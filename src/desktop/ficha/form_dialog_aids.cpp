@@ -1,0 +1,62 @@
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "desktop/ficha/form_dialog.h"
+#include "entry/like_last.h"
+#include "entry/new_event.h"
+
+namespace desktop {
+namespace {
+
+/// The box in which a widget stands, and its place there.
+std::pair<QBoxLayout*, int> BoxOf(QLayout* layout, QWidget* widget) {
+  for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
+    if (layout->itemAt(i)->widget() == widget) return {qobject_cast<QBoxLayout*>(layout), i};
+    const auto found = BoxOf(layout->itemAt(i)->layout(), widget);
+    if (found.first != nullptr) return found;
+  }
+  return {nullptr, 0};
+}
+
+}  // namespace
+
+/// Beside the button that opens an event of a tab, one that opens a new event.
+void FormDialog::AddNewButtons() {
+  for (const entry::EventButton& button : entry::EventButtonsOf(form_)) {
+    QWidget* edit = WidgetOf(*button.edit);
+    if (edit == nullptr || edit->parentWidget() == nullptr) continue;
+    const auto [box, place] = BoxOf(edit->parentWidget()->layout(), edit);
+    if (box == nullptr) continue;
+    auto* add = new QPushButton(QStringLiteral("Novo"), edit->parentWidget());
+    add->setAutoDefault(false);
+    add->setFocusPolicy(Qt::NoFocus);  // the form's own order of fields stays; the key is Ctrl+N
+    add->setToolTip(QStringLiteral("Novo registo neste separador (Ctrl+N)"));
+    add->setAccessibleName(QStringLiteral("Novo registo neste separador"));
+    connect(add, &QPushButton::clicked, this, &FormDialog::OpenNew);
+    box->insertWidget(place, add);
+  }
+}
+
+/// A new event of the kind that the tab in front shows.
+void FormDialog::OpenNew() {
+  for (const entry::EventButton& button : entry::EventButtonsOf(form_))
+    if (form_.layout.tabs != nullptr && button.tab == form_.layout.tabs->Tab)
+      Act([&] { entry::OpenNewEvent(form_, button); });
+}
+
+/// Keys of the window's own: Ctrl+D fills a new expense as the last one, Ctrl+N opens a new event.
+bool FormDialog::AidKey(const QKeyEvent& event) {
+  if (event.modifiers() != Qt::ControlModifier) return false;
+  if (event.key() == Qt::Key_N && !entry::EventButtonsOf(form_).empty()) {
+    OpenNew();
+    return true;
+  }
+  if (event.key() != Qt::Key_D || !entry::TakesLikeLast(form_)) return false;
+  const QString said = aids_->LikeLast();
+  if (!said.isEmpty()) Notice(said);
+  return true;
+}
+
+}  // namespace desktop

@@ -1,0 +1,152 @@
+#include "desktop/list/vehicle_field_dialog.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/list/list_page.h"
+#include "desktop/look/house_style.h"
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "history/act.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kWidth = 36;  // in heights of a line
+constexpr int kHeight = 26;
+
+const QStringList& FieldNames() {
+  static const QStringList names = {QStringLiteral("Departamento"), QStringLiteral("Responsável"),
+                                    QStringLiteral("Inactiva")};
+  return names;
+}
+
+}  // namespace
+
+VehicleFieldDialog::VehicleFieldDialog(zorCrmParvel::DataAccessRef bd, std::vector<std::string> plates,
+                                       QWidget* parent)
+    : QDialog(parent),
+      bd_(std::move(bd)),
+      plates_(std::move(plates)),
+      field_(new QComboBox(this)),
+      value_(new QComboBox(this)),
+      rows_(new QTreeWidget(this)),
+      sum_(new QLabel(this)),
+      change_(new QPushButton(this)) {
+  setWindowTitle(QStringLiteral("Alterar campo de várias viaturas"));
+  Build();
+  ShowField();
+}
+
+void VehicleFieldDialog::Build() {
+  auto* column = new QVBoxLayout(this);
+  const int margin = WideGap(this);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(Gap(this));
+  auto* form = new QFormLayout;
+  field_->addItems(FieldNames());
+  field_->setAccessibleName(QStringLiteral("Campo"));
+  value_->setAccessibleName(QStringLiteral("Valor novo"));
+  form->addRow(QStringLiteral("Ca&mpo"), field_);
+  form->addRow(QStringLiteral("&Valor novo"), value_);
+  column->addLayout(form);
+  rows_->setHeaderLabels({QStringLiteral("Matrícula"), QStringLiteral("Agora"), QStringLiteral("Fica")});
+  rows_->setRootIsDecorated(false);
+  rows_->setAccessibleName(QStringLiteral("O que muda"));
+  column->addWidget(rows_, 1);
+  SetMuted(sum_);
+  column->addWidget(sum_);
+  auto* buttons = new QHBoxLayout;
+  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
+  cancel->setAutoDefault(false);
+  change_->setDefault(true);
+  HouseStyle::SetAccent(change_);
+  buttons->addStretch(1);
+  buttons->addWidget(cancel);
+  buttons->addWidget(change_);
+  column->addLayout(buttons);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(change_, &QPushButton::clicked, this, &QDialog::accept);
+  connect(field_, &QComboBox::currentIndexChanged, this, &VehicleFieldDialog::ShowField);
+  connect(value_, &QComboBox::currentTextChanged, this, &VehicleFieldDialog::ShowDifferences);
+  resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
+}
+
+entry::VehicleField VehicleFieldDialog::Field() const {
+  return static_cast<entry::VehicleField>(field_->currentIndex());
+}
+
+std::string VehicleFieldDialog::Value() const {
+  const bool typed = Field() == entry::VehicleField::kResponsible;
+  return FromQt(typed ? value_->currentText().trimmed() : value_->currentData().toString());
+}
+
+/// The values that there are to choose from: departments, yes and no, or whoever is responsible for one.
+void VehicleFieldDialog::ShowField() {
+  vehicles_ = entry::ValuesOf(bd_, plates_, Field());
+  const QSignalBlocker quiet(value_);
+  value_->clear();
+  value_->setEditable(Field() == entry::VehicleField::kResponsible);
+  if (Field() == entry::VehicleField::kDepartment) {
+    value_->addItem(QStringLiteral("(nenhum)"), QString());
+    for (const auto& [code, name] : entry::Departments(bd_))
+      value_->addItem(QStringLiteral("%1 – %2").arg(ToQt(code), ToQt(name)), ToQt(code));
+  } else if (Field() == entry::VehicleField::kInactive) {
+    value_->addItem(QStringLiteral("Sim"), QStringLiteral("1"));
+    value_->addItem(QStringLiteral("Não"), QStringLiteral("0"));
+  } else {
+    QStringList names;
+    for (const entry::VehicleValue& vehicle : vehicles_) names << ToQt(vehicle.value);
+    names.removeDuplicates();
+    value_->addItems(names);
+  }
+  ShowDifferences();
+}
+
+QString VehicleFieldDialog::Shown(const std::string& value) const {
+  if (Field() != entry::VehicleField::kInactive) return value.empty() ? QStringLiteral("—") : ToQt(value);
+  return value == "1" ? QStringLiteral("Sim") : QStringLiteral("Não");
+}
+
+void VehicleFieldDialog::ShowDifferences() {
+  const std::string value = Value();
+  rows_->clear();
+  long changes = 0;
+  for (const entry::VehicleValue& vehicle : vehicles_) {
+    const bool same = vehicle.value == value;
+    changes += same ? 0 : 1;
+    new QTreeWidgetItem(
+        rows_, {ToQt(vehicle.plate), Shown(vehicle.value), same ? QStringLiteral("(igual)") : Shown(value)});
+  }
+  for (int i = 0; i < rows_->columnCount(); ++i) rows_->resizeColumnToContents(i);
+  const long all = static_cast<long>(vehicles_.size());
+  sum_->setText(QStringLiteral("Mudam %1 de %2.").arg(changes).arg(all));
+  change_->setText(QStringLiteral("&Alterar ") +
+                   Counted(changes, QStringLiteral("viatura"), QStringLiteral("viaturas")));
+  change_->setEnabled(changes > 0);
+}
+
+void ChangeVehicles(ListPage& page, const MarkedRows& rows) {
+  Workspace& workspace = page.workspace();
+  const zorCrmParvel::DataAccessRef bd = workspace.sistema().ICrmSistema_ZorDataAccess;
+  VehicleFieldDialog dialog(bd, rows.keys, page.window());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString name = FieldNames()[static_cast<int>(dialog.Field())];
+  std::size_t changed = 0;
+  history::Act(workspace.kept().get(),
+               FromQt(QStringLiteral("Viaturas: %1 de %2").arg(name).arg(dialog.Vehicles().size())),
+               [&] { changed = entry::SetField(bd, dialog.Vehicles(), dialog.Field(), dialog.Value()); });
+  page.Load();
+  Q_EMIT page.Told(QStringLiteral("%1 alterado em %2 (Ctrl+Z anula)")
+                       .arg(name, Counted(static_cast<long>(changed), QStringLiteral("viatura"),
+                                          QStringLiteral("viaturas"))));
+  Q_EMIT page.Worked();
+}
+
+}  // namespace desktop

@@ -1,0 +1,64 @@
+#include "desktop/list/view_dialog.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/look/house_style.h"
+#include "desktop/look/look.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kNameLimit = 60;
+constexpr int kNameWidth = 24;  // in heights of a line
+
+}  // namespace
+
+ViewDialog::ViewDialog(QWidget* parent)
+    : QDialog(parent),
+      name_(new QLineEdit(this)),
+      all_(new QCheckBox(QStringLiteral("Para &todo o escritório"), this)) {
+  setWindowTitle(QStringLiteral("Guardar vista"));
+  auto* column = new QVBoxLayout(this);
+  const int margin = WideGap(this);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(Gap(this));
+  auto* label = new QLabel(QStringLiteral("&Nome da vista"), this);
+  label->setBuddy(name_);
+  name_->setMaxLength(kNameLimit);
+  name_->setMinimumWidth(Em(this) * kNameWidth);
+  name_->setAccessibleName(QStringLiteral("Nome da vista"));
+  all_->setChecked(true);
+  auto* note = new QLabel(
+      QStringLiteral("Guarda colunas, filtros, ordem e grupos. Uma vista com o mesmo nome é substituída."),
+      this);
+  note->setWordWrap(true);
+  SetMuted(note);
+  column->addWidget(label);
+  column->addWidget(name_);
+  column->addWidget(all_);
+  column->addWidget(note);
+  auto* buttons = new QHBoxLayout;
+  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
+  auto* keep = new QPushButton(QStringLiteral("&Guardar"), this);
+  cancel->setAutoDefault(false);
+  keep->setDefault(true);
+  keep->setEnabled(false);
+  HouseStyle::SetAccent(keep);
+  connect(name_, &QLineEdit::textChanged, keep,
+          [keep](const QString& text) { keep->setEnabled(!text.trimmed().isEmpty()); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(keep, &QPushButton::clicked, this, &QDialog::accept);
+  buttons->addStretch(1);
+  buttons->addWidget(cancel);
+  buttons->addWidget(keep);
+  column->addLayout(buttons);
+}
+
+QString ViewDialog::Name() const { return name_->text().trimmed(); }
+bool ViewDialog::ForAll() const { return all_->isChecked(); }
+
+}  // namespace desktop

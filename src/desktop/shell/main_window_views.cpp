@@ -1,0 +1,92 @@
+#include <QMenu>
+
+#include "desktop/list/view_dialog.h"
+#include "desktop/look/text.h"
+#include "desktop/shell/main_actions.h"
+#include "desktop/shell/main_window.h"
+#include "desktop/shell/message_box.h"
+#include "desktop/shell/sidebar.h"
+#include "desktop/start/alert_board.h"
+#include "desktop/start/handled_counts.h"
+#include "desktop/start/start_page.h"
+#include "history/who.h"
+
+namespace desktop {
+
+void MainWindow::ConnectViews() {
+  connect(sidebar_, &Sidebar::ViewChosen, this, [this](int view, bool to_work) {
+    if (view < static_cast<int>(views_.size())) ShowView(views_[static_cast<std::size_t>(view)], to_work);
+  });
+  connect(alerts_, &AlertBoard::Changed, this, &MainWindow::ShowHandled);
+  connect(actions_->views_menu, &QMenu::aboutToShow, this, &MainWindow::FillViews);
+  connect(actions_->columns_menu, &QMenu::aboutToShow, this, [this] {
+    actions_->columns_menu->clear();
+    if (list_ != nullptr) list_->FillColumns(*actions_->columns_menu);
+  });
+}
+
+/// What was done about alerts, once all of them are counted.
+void MainWindow::ShowHandled() {
+  if (workspace_ == nullptr || page_ != nullptr || alerts_->IsBusy()) return;
+  Guarded(this, [this] {
+    for (const AlertFamily& family : alerts_->families())
+      start_->ShowHandled(family.entry->key, HandledNow(workspace_->sistema(), *family.entry));
+  });
+}
+
+void MainWindow::ReadViews() {
+  views_.clear();
+  Guarded(this, [this] {
+    views_ = lists::ViewsOf(zorCrmParvel::DataAccessRef(workspace_->store()),
+                            history::Who::OfThisProcess().operador);
+  });
+  sidebar_->ShowViews(views_);
+}
+
+void MainWindow::ShowView(const lists::ListView& view, bool to_work) {
+  ShowList(view.list.c_str());
+  if (list_ == nullptr || view.list != list_->entry().key) return;
+  list_->ShowLook(view.look);
+  actions_->search->setText(list_->SearchText());
+  if (to_work) list_->TakeFocus();
+}
+
+void MainWindow::FillViews() {
+  QMenu& menu = *actions_->views_menu;
+  menu.clear();
+  if (list_ == nullptr) return;
+  connect(menu.addAction(QStringLiteral("&Guardar vista…")), &QAction::triggered, this,
+          &MainWindow::KeepView);
+  QMenu* drop = menu.addMenu(QStringLiteral("&Apagar vista"));
+  menu.addSeparator();
+  for (const lists::ListView& view : views_) {
+    if (view.list != list_->entry().key) continue;
+    const QString name = ToQt(view.name).replace(QLatin1Char('&'), QLatin1String("&&"));
+    connect(menu.addAction(name), &QAction::triggered, this, [this, view] { ShowView(view, true); });
+    connect(drop->addAction(name), &QAction::triggered, this, [this, view] { DropView(view); });
+  }
+  drop->setEnabled(!drop->isEmpty());
+}
+
+void MainWindow::KeepView() {
+  ViewDialog dialog(this);
+  if (list_ == nullptr || dialog.exec() != QDialog::Accepted) return;
+  const lists::ListView view{
+      .name = FromQt(dialog.Name()),
+      .list = list_->entry().key,
+      .owner = dialog.ForAll() ? std::string() : history::Who::OfThisProcess().operador,
+      .look = list_->Look()};
+  const bool kept =
+      Guarded(this, [&] { lists::KeepView(zorCrmParvel::DataAccessRef(workspace_->store()), view); });
+  if (!kept) return;
+  ReadViews();
+  Tell(QStringLiteral("Vista guardada: %1").arg(dialog.Name()));
+}
+
+void MainWindow::DropView(const lists::ListView& view) {
+  Guarded(this, [&] { lists::RemoveView(zorCrmParvel::DataAccessRef(workspace_->store()), view); });
+  ReadViews();
+  Tell(QStringLiteral("Vista apagada: %1").arg(ToQt(view.name)));
+}
+
+}  // namespace desktop

@@ -1,0 +1,230 @@
+#include "desktop/start/month_page.h"
+
+#include <QDate>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QLocale>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/shell/message_box.h"
+#include "host/ficha.h"
+#include "host/form_catalog.h"
+#include "platform/host.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kWeeks = 6;
+constexpr int kDays = 7;
+constexpr std::size_t kLinesInDay = 3;
+
+QLocale Portuguese() { return QLocale(QLocale::Portuguese, QLocale::Portugal); }
+QDate Day(platform::Date date) { return {date.year(), date.month(), date.day()}; }
+platform::Date FirstOfMonth(platform::Date day) {
+  return platform::Date::FromParts(day.year(), day.month(), 1);
+}
+
+QString LineOf(const due::DueDate& date) { return ToQt(date.what + " " + date.record); }
+
+}  // namespace
+
+MonthPage::MonthPage(Workspace& workspace, QWidget* parent)
+    : Page(parent),
+      workspace_(workspace),
+      month_(FirstOfMonth(platform::Today())),
+      title_(new QLabel(this)),
+      day_(new QLabel(this)),
+      days_(new QTableWidget(kWeeks, kDays, this)),
+      list_(new QListWidget(this)) {
+  Build();
+  Load();
+}
+
+void MonthPage::Build() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* heading = new QHBoxLayout;
+  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
+  SetTitleFont(title_, 1.5);
+  heading->addWidget(title_);
+  heading->addStretch(1);
+  const auto add = [this, heading](const QString& text, const QString& tip, int months) {
+    auto* button = new QPushButton(text, this);
+    button->setToolTip(tip);
+    connect(button, &QPushButton::clicked, this, [this, months] {
+      if (months == 0)
+        ShowMonth(platform::Today());
+      else
+        Step(months);
+    });
+    heading->addWidget(button);
+  };
+  add(QStringLiteral("&Anterior"), QStringLiteral("Mês anterior (PgUp)"), -1);
+  add(QStringLiteral("&Hoje"), QStringLiteral("O mês em que estamos"), 0);
+  add(QStringLiteral("&Seguinte"), QStringLiteral("Mês seguinte (PgDn)"), 1);
+  column->addLayout(heading);
+
+  days_->setAccessibleName(QStringLiteral("Dias do mês"));
+  days_->setFrameShape(QFrame::NoFrame);
+  days_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  days_->setSelectionMode(QAbstractItemView::SingleSelection);
+  days_->setTabKeyNavigation(false);
+  days_->setWordWrap(false);
+  days_->verticalHeader()->hide();
+  days_->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  days_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  QStringList names;
+  for (int day = 1; day <= kDays; ++day) names << Portuguese().dayName(day, QLocale::ShortFormat);
+  days_->setHorizontalHeaderLabels(names);
+  days_->installEventFilter(this);
+  connect(days_, &QTableWidget::currentCellChanged, this, &MonthPage::ShowDay);
+
+  auto* side = new QVBoxLayout;
+  side->setContentsMargins(WideGap(this), 0, WideGap(this), WideGap(this));
+  SetTitleFont(day_, 1.1);
+  list_->setFrameShape(QFrame::NoFrame);
+  list_->installEventFilter(this);
+  connect(list_, &QListWidget::itemDoubleClicked, this, [this] { Open(list_->currentRow()); });
+  side->addWidget(day_);
+  side->addWidget(list_, 1);
+  auto* row = new QHBoxLayout;
+  row->addWidget(days_, 3);
+  row->addLayout(side, 1);
+  column->addLayout(row, 1);
+}
+
+QString MonthPage::Title() const { return QStringLiteral("Calendário"); }
+
+QString MonthPage::CountText() const {
+  return Counted(static_cast<long>(dates_.size()), QStringLiteral("prazo"), QStringLiteral("prazos"));
+}
+
+void MonthPage::ShowMonth(platform::Date day) {
+  month_ = FirstOfMonth(day);
+  Load();
+}
+
+void MonthPage::Step(int months) { ShowMonth(month_.AddMonths(months)); }
+
+void MonthPage::Load() {
+  const int before = Day(month_).dayOfWeek() - 1;
+  first_ = month_.AddDays(-before);
+  dates_.clear();
+  Guarded(window(), [this] {
+    dates_ = due::DueBetween(workspace_.sistema().ICrmSistema_ZorDataAccess, first_,
+                             first_.AddDays(kWeeks * kDays - 1));
+  });
+  QString title = Portuguese().toString(Day(month_), QStringLiteral("MMMM yyyy"));
+  if (!title.isEmpty()) title[0] = title[0].toUpper();
+  title_->setText(title);
+  Fill();
+  Q_EMIT Changed();
+}
+
+platform::Date MonthPage::DayAt(int row, int column) const { return first_.AddDays(row * kDays + column); }
+
+/// The first lines of each day, and how many more there are.
+void MonthPage::Fill() {
+  const QSignalBlocker quiet(days_);
+  const platform::Date today = platform::Today();
+  for (int row = 0; row < kWeeks; ++row)
+    for (int column = 0; column < kDays; ++column) {
+      const platform::Date day = DayAt(row, column);
+      QStringList lines;
+      std::size_t more = 0;
+      for (const due::DueDate& date : dates_) {
+        if (date.day != day) continue;
+        if (static_cast<std::size_t>(lines.size()) < kLinesInDay)
+          lines << LineOf(date);
+        else
+          ++more;
+      }
+      if (more > 0) lines << QStringLiteral("e mais %1").arg(more);
+      const QString number =
+          QString::number(day.day()) + (day == today ? QStringLiteral(" · hoje") : QString());
+      lines.prepend(number);
+      auto* item = new QTableWidgetItem(lines.join(QLatin1Char('\n')));
+      item->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
+      item->setToolTip(PlainToolTip(lines.join(QLatin1Char('\n'))));
+      QFont bold = font();
+      bold.setBold(day == today);
+      item->setFont(bold);
+      if (day.month() != month_.month()) item->setForeground(MutedText(palette()));
+      days_->setItem(row, column, item);
+    }
+  const platform::Date shown = FirstOfMonth(today) == month_ ? today : month_;
+  const auto place = static_cast<int>(platform::DaysBetween(first_, shown));
+  days_->setCurrentCell(place / kDays, place % kDays);
+  ShowDay();
+}
+
+void MonthPage::ShowDay() {
+  list_->clear();
+  of_day_.clear();
+  if (days_->currentRow() < 0) return;
+  const platform::Date day = DayAt(days_->currentRow(), days_->currentColumn());
+  day_->setText(Portuguese().toString(Day(day), QStringLiteral("d 'de' MMMM")));
+  for (const due::DueDate& date : dates_)
+    if (date.day == day) {
+      of_day_.push_back(&date);
+      list_->addItem(LineOf(date));
+    }
+  list_->setAccessibleName(QStringLiteral("Prazos de %1").arg(day_->text()));
+  if (of_day_.empty()) {
+    auto* none = new QListWidgetItem(QStringLiteral("Nada vence neste dia."), list_);
+    none->setFlags(Qt::NoItemFlags);
+  } else {
+    list_->setCurrentRow(0);
+  }
+}
+
+void MonthPage::Open(int row) {
+  if (row < 0 || row >= static_cast<int>(of_day_.size())) return;
+  const due::DueDate date = *of_day_[static_cast<std::size_t>(row)];
+  Guarded(window(), [&] {
+    const auto ficha = zorCrmParvel::FormCatalog::Shared().Make(date.driver ? "Motoristas" : "Viaturas");
+    if (!ficha) return;
+    ficha->Load();
+    ficha->mybd = workspace_.sistema().ICrmSistema_ZorDataAccess;
+    if (date.driver)
+      ficha->CarregaFicha(date.code);
+    else
+      ficha->Chamar("CarregaViatura", date.code);
+    ficha->ShowModal();
+  });
+  Load();
+  Q_EMIT Worked();
+}
+
+void MonthPage::TakeFocus() { days_->setFocus(); }
+
+bool MonthPage::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return Page::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool enters = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (watched == days_ && (key == Qt::Key_PageUp || key == Qt::Key_PageDown)) {
+    Step(key == Qt::Key_PageDown ? 1 : -1);
+    return true;
+  }
+  if (watched == days_ && enters && !of_day_.empty()) {
+    list_->setFocus();
+    return true;
+  }
+  if (watched == list_ && enters) {
+    Open(list_->currentRow());
+    return true;
+  }
+  if (watched != list_ || key != Qt::Key_Escape) return false;
+  days_->setFocus();
+  return true;
+}
+
+}  // namespace desktop

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/screen/form.h"
+
+namespace entry {
+
+/// A date of a ficha that its record is without, and that stands on the screen as today: so it would be
+/// stored.
+struct UnsetDate {
+  platform::DTPicker* picker;
+  std::string caption;
+};
+
+/// The dates of a vehicle's or driver's ficha that may be without one. What the record holds is read when
+/// another record is shown.
+class UnsetDates {
+ public:
+  std::vector<UnsetDate> Of(platform::Form& form);
+  /// Leaves them without a date.
+  static void LeaveWithout(const std::vector<UnsetDate>& dates);
+  void Forget() { known_ = false; }
+
+ private:
+  bool known_ = false;
+  std::string key_;
+  std::vector<UnsetDate> empty_;  // of the record with this key
+};
+
+}  // namespace entry

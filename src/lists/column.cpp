@@ -1,0 +1,128 @@
+#include "lists/column.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+
+#include "lists/words.h"
+
+namespace lists {
+namespace {
+
+using platform::Date;
+using platform::Variant;
+
+constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+
+bool IsBlank(const Variant& value) {
+  const std::string* text = value.As<std::string>();
+  return value.IsNull() || value.IsEmpty() || (text != nullptr && text->empty());
+}
+
+/// What a value is, taken alone, and as a number.
+std::pair<Kind, double> Read(const Variant& value) {
+  if (const Date* date = value.As<Date>()) return {Kind::kDate, static_cast<double>(date->seconds())};
+  if (const std::string* text = value.As<std::string>()) {
+    Date date;
+    const bool written =
+        !text->empty() && text->front() >= '0' && text->front() <= '9' && Date::TryParse(*text, date);
+    return {written ? Kind::kDate : Kind::kText, written ? static_cast<double>(date.seconds()) : kNothing};
+  }
+  if (value.As<platform::Bytes>() != nullptr) return {Kind::kText, kNothing};
+  return {Kind::kNumber, value.ToDouble()};
+}
+
+/// Gives each different text its code.
+class Codes {
+ public:
+  explicit Codes(std::vector<std::string>& texts) : texts_(texts) {}
+  std::uint32_t Of(std::string text) {
+    const auto [found, added] =
+        codes_.try_emplace(std::move(text), static_cast<std::uint32_t>(codes_.size()));
+    if (added) texts_.push_back(found->first);
+    return found->second;
+  }
+
+ private:
+  std::vector<std::string>& texts_;
+  std::unordered_map<std::string, std::uint32_t> codes_;
+};
+
+}  // namespace
+
+Column::Column(const Cells& cells, std::size_t column) : cells_(cells), column_(column) {
+  cells_.AboutToRead(column);
+  const long rows = cells.Rows();
+  numbers_.reserve(static_cast<std::size_t>(rows));
+  std::optional<Kind> kind;
+  for (long row = 0; row < rows; ++row) {
+    const Variant value = cells.Value(row, column);
+    if (IsBlank(value)) {
+      numbers_.push_back(kNothing);
+      continue;
+    }
+    const auto [one, number] = Read(value);
+    if (one == Kind::kText || (kind && *kind != one)) {
+      kind.reset();
+      break;
+    }
+    kind = one;
+    numbers_.push_back(number);
+  }
+  kind_ = kind.value_or(Kind::kText);
+  if (kind_ == Kind::kText) numbers_.clear();
+}
+
+const std::vector<std::uint32_t>& Column::codes() {
+  if (!coded_) MakeCodes();
+  return codes_;
+}
+
+const std::vector<std::string>& Column::texts() {
+  if (!coded_) MakeCodes();
+  return texts_;
+}
+
+void Column::MakeCodes() {
+  coded_ = true;
+  const long rows = cells_.Rows();
+  codes_.reserve(static_cast<std::size_t>(rows));
+  Codes codes(texts_);
+  if (kind_ == Kind::kText) {
+    for (long row = 0; row < rows; ++row) codes_.push_back(codes.Of(cells_.Shown(row, column_)));
+    return;
+  }
+  // Equal numbers are shown alike: each is made a text once.
+  std::unordered_map<std::uint64_t, std::uint32_t> known;
+  for (long row = 0; row < rows; ++row) {
+    const auto bits = std::bit_cast<std::uint64_t>(numbers_[static_cast<std::size_t>(row)]);
+    auto found = known.find(bits);
+    if (found == known.end()) found = known.emplace(bits, codes.Of(cells_.Shown(row, column_))).first;
+    codes_.push_back(found->second);
+  }
+}
+
+const std::vector<std::uint32_t>& Column::ranks() {
+  if (!ranks_.empty() || texts().empty()) return ranks_;
+  std::vector<std::string> keys;
+  keys.reserve(texts_.size());
+  for (const std::string& text : texts_) keys.push_back(OrderKey(text));
+  std::vector<std::uint32_t> order(texts_.size());
+  std::iota(order.begin(), order.end(), 0U);
+  std::sort(order.begin(), order.end(), [&keys](auto a, auto b) { return keys[a] < keys[b]; });
+  ranks_.resize(order.size());
+  // Texts that differ by case alone have one place: their rows keep the table's order.
+  std::uint32_t rank = 0;
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    if (place > 0 && keys[order[place]] != keys[order[place - 1]]) ++rank;
+    ranks_[order[place]] = rank;
+  }
+  return ranks_;
+}
+
+}  // namespace lists

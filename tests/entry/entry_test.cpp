@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include "drivers/motoristas_form.h"
+#include "entry/codes.h"
+#include "entry/dates.h"
+#include "entry/like_last.h"
+#include "entry/new_event.h"
+#include "entry/vehicle_field.h"
+#include "entry/warnings.h"
+#include "events/gastos_form.h"
+#include "host/sistema.h"
+#include "support/database_test.h"
+#include "vehicles/viaturas_form.h"
+
+namespace zorCrmParvel {
+namespace {
+
+using namespace testing_support;
+using platform::Date;
+
+class EntryTest : public DatabaseTest {
+ protected:
+  EntryTest() { AddFleet(bd, 10000); }
+  void Open(Gastos& form) {
+    form.mybd = bd;
+    form.Load();
+  }
+  Sistema sistema;
+};
+
+TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
+  const std::vector<std::string> codes = {"12-AB-34", "GASOLEO", "Óleo", "A1", "a-1"};
+  const std::pair<const char*, const char*> cases[] = {
+      {"12ab34", "12-AB-34"}, {"12 ab 34", "12-AB-34"}, {"gasoleo", "GASOLEO"},   {"oleo", "Óleo"},
+      {"A1", "A1"},           {"a 1", "a 1"},           {"99-ZZ-99", "99-ZZ-99"}, {"-", "-"}};
+  for (const auto& [text, meant] : cases) EXPECT_EQ(entry::CodeMeant(codes, text), meant) << text;
+  EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B"}), "B");
+  EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B", "C"}), "");
+  EXPECT_EQ(entry::CodeMade({"A"}, {"A"}), "");
+}
+
+/// Each field of a code is the one that the ficha has a list for, and its table can be read.
+TEST_F(EntryTest, FieldsOfCodesAreThoseOfTheFichas) {
+  int fields = 0;
+  for (const char* name : {"Viaturas", "Motoristas", "Gastos", "Seguros", "Revisoes", "Inspecoes",
+                           "Acessorios", "Multas", "Sinistros", "Marcas", "TiposGastos"}) {
+    SCOPED_TRACE(name);
+    const auto ficha = FormCatalog::Shared().Make(name);
+    ficha->mybd = bd;
+    ficha->Load();
+    for (const platform::Control* control : ficha->Controls()) {
+      const entry::CodeField* field = entry::CodeFieldOf(control);
+      const auto* input = dynamic_cast<const platform::zor_input*>(control);
+      if (field == nullptr) {
+        EXPECT_FALSE(input != nullptr && input->PedidoFicha && input->PedidoLista && input->Index() == 0);
+        continue;
+      }
+      ++fields;
+      entry::CodesOf(bd, *field);
+      EXPECT_TRUE(input->PedidoLista || input->PedidoFicha) << input->Index();
+    }
+  }
+  EXPECT_GE(fields, 22);
+}
+
+TEST_F(EntryTest, LikeTheLastTakesTypeDriverAndPriceOfTheVehiclesLast) {
+  Gastos form;
+  Open(form);
+  EXPECT_TRUE(entry::TakesLikeLast(form));
+  EXPECT_EQ(entry::LikeLast(form), "Escreva primeiro a matrícula.");
+  Enter(form.Campo[0], "12-AB-34");
+  EXPECT_EQ(entry::LikeLast(form), "A viatura ainda não tem um gasto destes.");
+  EventOf<clGastos> fill(bd, "12-AB-34");
+  fill.TipoGasto = "GASOLEO";
+  fill.Motorista = "1";
+  fill.ValorUn = platform::Currency::Parse("1,702");
+  fill.Data = Date::FromParts(2024, 3, 1);
+  fill.Escrever();
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, 2), "PORTAGEM", "1", "3,5", 0);
+  Enter(form.Campo[4], "GASOLEO");
+  EXPECT_EQ(entry::LikeLast(form),
+            "Como o último: GASOLEO, motorista 1, 1,702 por unidade. Falta a quantidade.");
+  EXPECT_EQ(form.Campo[4].Text + " " + form.Campo[2].Text + " " + form.Campo[7].Text, "GASOLEO 1 1,702");
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[5]);
+  Enter(form.Campo[5], "40");
+  EXPECT_EQ(form.Campo[6].Text, "68,08") << "the ficha's own rules ran";
+}
+
+TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
+  for (int day = 1; day <= 6; ++day)
+    AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, day), "GASOLEO", "40", "66,36", 10000 + 600 * day);
+  Gastos form;
+  Open(form);
+  entry::ExpenseWarnings warnings;
+  EXPECT_TRUE(warnings.Of(form).empty());
+  const std::pair<int, const char*> fields[] = {{0, "12-AB-34"}, {2, "1"},     {4, "GASOLEO"},
+                                                {5, "40"},       {7, "1,659"}, {6, "66,36"}};
+  for (const auto& [field, text] : fields) form.Campo[field].Text = text;
+  EXPECT_TRUE(warnings.Of(form).empty()) << warnings.Of(form).front();
+  form.Campo[8].Text = "9000";
+  ASSERT_FALSE(warnings.Of(form).empty());
+  form.Campo[8].Text = "14200";
+  const auto fine = warnings.Of(form);
+  EXPECT_TRUE(fine.empty()) << fine.front();
+  form.Campo[5].Text = "400";
+  EXPECT_FALSE(warnings.Of(form).empty()) << "more than any tank holds";
+}
+
+TEST_F(EntryTest, DatesThatWouldBecomeTodayAreNamedAndCanBeLeftOut) {
+  Motoristas driver;
+  driver.mybd = bd;
+  driver.Load();
+  driver.CarregaFicha("1");
+  driver.UserGoesTo(driver.Campo[1]);
+  entry::UnsetDates unset;
+  const auto dates = unset.Of(driver);
+  ASSERT_EQ(dates.size(), 5U);
+  EXPECT_EQ(dates[0].caption, "emissão do passaporte");
+  entry::UnsetDates::LeaveWithout(dates);
+  EXPECT_TRUE(unset.Of(driver).empty());
+  Press(driver.botoes.btConf);
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_Funcionarios WHERE ValidadePassa > '2000.01.01'").size(), 0U);
+}
+
+TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {
+  AddVehicle(bd, "99-ZZ-99");
+  AddCode<clDepartamentos>(bd, "COM", "Comercial");
+  const std::vector<std::string> plates = {"12-AB-34", "99-ZZ-99", "00-XX-00"};
+  const auto field = entry::VehicleField::kDepartment;
+  ASSERT_EQ(entry::ValuesOf(bd, plates, field).size(), 2U);
+  EXPECT_EQ(entry::SetField(bd, {{"12-AB-34", ""}}, field, "COM"), 1U);
+  EXPECT_EQ(entry::SetField(bd, entry::ValuesOf(bd, plates, field), field, "COM"), 1U);
+  EXPECT_EQ(Rows(bd, "SELECT Matricula FROM zor_PV_Viaturas WHERE Departamento = 'COM'").size(), 2U);
+  EXPECT_THROW(entry::SetField(bd, {{"12-AB-34", ""}}, field, "XYZ"), platform::RuntimeError);
+  entry::SetField(bd, {{"99-ZZ-99", "0"}}, entry::VehicleField::kInactive, "1");
+  EXPECT_EQ(entry::ValuesOf(bd, {"99-ZZ-99"}, entry::VehicleField::kInactive)[0].value, "1");
+}
+
+TEST_F(EntryTest, ANewEventIsOpenedFromATab) {
+  AddEvents(bd, "12-AB-34");
+  Viaturas vehicle;
+  vehicle.mybd = bd;
+  vehicle.Load();
+  vehicle.CarregaViatura("12-AB-34");
+  ASSERT_EQ(entry::EventButtonsOf(vehicle).size(), 7U);
+  for (const entry::EventButton& button : entry::EventButtonsOf(vehicle)) {
+    vehicle.UserSelectsTab(vehicle.SSTab1, button.tab);
+    host.NextForm([](platform::Form& form) {
+      EXPECT_EQ(dynamic_cast<EventForm&>(form).Seg_Id, 0) << form.Name;
+      EXPECT_EQ(dynamic_cast<EventForm&>(form).Matricula, "12-AB-34");
+    });
+    entry::OpenNewEvent(vehicle, button);
+  }
+}
+
+}  // namespace
+}  // namespace zorCrmParvel

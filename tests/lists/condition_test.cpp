@@ -1,0 +1,105 @@
+#include "lists/condition.h"
+
+#include <gtest/gtest.h>
+
+#include "lists/cells.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+using lists::Condition;
+using lists::Kind;
+using platform::Currency;
+using platform::Date;
+using platform::Variant;
+
+class OneColumn : public lists::Cells {
+ public:
+  explicit OneColumn(std::vector<Variant> values) : values_(std::move(values)) {}
+  long Rows() const override { return static_cast<long>(values_.size()); }
+  std::size_t ColumnCount() const override { return 1; }
+  bool IsSearched(std::size_t) const override { return true; }
+  Variant Value(long row, std::size_t) const override { return values_[static_cast<std::size_t>(row)]; }
+  std::string Shown(long row, std::size_t) const override {
+    return Value(row, 0).IsNull() ? "" : Value(row, 0).ToText();
+  }
+
+ private:
+  std::vector<Variant> values_;
+};
+
+const Date kToday = Date::FromParts(2026, 11, 25);  // a Wednesday
+
+/// The rows that meet a condition, as "0 2"; "!" and the error's text when it can't be read.
+std::string Met(const std::vector<Variant>& values, const std::string& text) {
+  const OneColumn cells(values);
+  lists::Column column(cells, 0);
+  try {
+    const std::vector<char> met = Condition(text, column.kind(), kToday).Met(column);
+    std::string rows;
+    for (std::size_t i = 0; i < met.size(); ++i)
+      if (met[i] != 0) rows += (rows.empty() ? "" : " ") + std::to_string(i);
+    return rows;
+  } catch (const platform::RuntimeError& error) {
+    return "!" + std::string(error.what());
+  }
+}
+
+Date Day(int year, int month, int day, int hour = 0) { return Date::FromParts(year, month, day, hour); }
+
+TEST(ConditionTest, ReadsWhatAUserTypes) {
+  const std::vector<Variant> texts = {"Gasóleo aditivado", "GASOLINA", "Gás; a granel", ""};
+  const std::vector<Variant> numbers = {Currency::Parse("12"), Currency::Parse("12,75"),
+                                        Currency::Parse("13"), Currency::Parse("-1"), Variant::Null()};
+  const std::vector<Variant> dates = {Day(2026, 11, 25, 23), Day(2026, 11, 23), Day(2026, 10, 31),
+                                      Day(2025, 12, 31), Variant::Null()};
+  const struct {
+    const std::vector<Variant>& values;
+    const char* text;
+    const char* met;
+  } cases[] = {
+      {texts, "gas", "0 1 2"},
+      {texts, "adit GASO", "0"},
+      {texts, "= gasolina; \"gás; a granel\"", "1 2"},
+      {texts, "=", "3"},
+      {numbers, "12", "0 1"},
+      {numbers, "12,7", "1"},
+      {numbers, "-1", "3"},
+      {numbers, "> 12", "1 2"},
+      {numbers, ">= 12", "0 1 2"},
+      {numbers, "<12,75", "0 3"},
+      {numbers, "<= 12,75", "0 1 3"},
+      {numbers, "12 a 13", "0 1 2"},
+      {numbers, "..12", "0 3"},
+      {numbers, "12,1..", "1 2"},
+      {numbers, "= ", "4"},
+      {dates, "25-11-2026", "0"},
+      {dates, "11-2026", "0 1"},
+      {dates, "2026", "0 1 2"},
+      {dates, "> 11-2026", ""},
+      {dates, ">= 11-2026", "0 1"},
+      {dates, "01-10-2026 a 23-11-2026", "1 2"},
+      {dates, "2025 a 10-2026", "2 3"},
+      {dates, "hoje", "0"},
+      {dates, "esta semana", "0 1"},
+      {dates, "Este Mes", "0 1"},
+      {dates, "mês passado", "2"},
+      {dates, "este trimestre", "0 1 2"},
+      {dates, "ano passado", "3"},
+      {dates, "últimos 30 dias", "0 1 2"},
+      {dates, "=", "4"},
+      {numbers, "muito", "!Não se percebe «muito». Escreva, por exemplo, 12, 10 a 20, > 100 ou <= 50,5."},
+      {dates, "31-02-2026",
+       "!Não se percebe «31-02-2026». Escreva, por exemplo, 24-11-2026, 11-2026, 01-01-2026 a 31-03-2026, "
+       "este mês ou > 2025."},
+  };
+  for (const auto& [values, text, met] : cases) EXPECT_EQ(Met(values, text), met) << text;
+}
+
+TEST(ConditionTest, AChoiceIsWrittenSoThatItIsReadAgain) {
+  const std::vector<std::string> texts = {"Gasóleo", "a; b", "disse \"sim\"", ""};
+  EXPECT_EQ(lists::ChosenTexts(lists::ChoiceOf(texts)), texts);
+  EXPECT_EQ(lists::ChoiceOf({"Gás"}), "= Gás");
+}
+
+}  // namespace

@@ -1,0 +1,96 @@
+#include "lists/host_columns.h"
+
+#include <gtest/gtest.h>
+
+#include "embedded/database.h"
+#include "host/sistema.h"
+#include "lists/views.h"
+#include "support/errors.h"
+#include "support/fleet.h"
+#include "support/recording_data_access.h"
+#include "support/scripted_host.h"
+
+namespace {
+
+using namespace testing_support;
+using lists::HostCells;
+using platform::Date;
+
+TEST(HostColumnsTest, RowsInViewAreReadByOneStatement) {
+  ScriptedHost host;
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
+  AddFleet(bd, 1000);
+  for (int i = 1; i <= 3; ++i)
+    AddExpense(bd, "12-AB-34", Date::FromParts(2026, 11, i), "GASOLEO", "40", "66,36", 1000 + 100 * i);
+  HostCells cells(*lists::HostTableOf("Gastos"), bd, [](long row) { return std::to_string(row + 1); });
+  cells.Reset(4);  // the fourth is of nobody
+  cells.Prepare({0, 2, 3});
+  EXPECT_EQ(cells.Shown(0, 0), "40,00");
+  EXPECT_EQ(cells.Shown(2, 2), "66,36");
+  EXPECT_EQ(cells.Shown(2, 3), "1.300");
+  EXPECT_EQ(cells.Shown(0, 4), "Ana");
+  EXPECT_EQ(cells.Shown(3, 0), "");
+  EXPECT_EQ(cells.statements(), 1);
+  EXPECT_EQ(cells.Shown(1, 3), "1.200");
+  EXPECT_EQ(cells.statements(), 2);
+  cells.PrepareAll();
+  cells.Reset(4);
+  cells.PrepareAll();
+  EXPECT_EQ(cells.Shown(1, 3) + cells.Shown(3, 3), "1.200");
+  EXPECT_EQ(cells.statements(), 4);
+}
+
+/// Each table's statement runs, and gives as many fields as columns, in their order, to a list that exists.
+TEST(HostColumnsTest, EveryTableFitsItsListAndStatement) {
+  ScriptedHost host;
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
+  int tables = 0;
+  for (const std::string list : {"Gastos", "Apolices", "Revisoes", "Inspecoes", "Multas", "Sinistros",
+                                 "Acessorios", "Viaturas", "Marcas"}) {
+    const lists::HostTable* table = lists::HostTableOf(list);
+    if (table == nullptr) continue;
+    ++tables;
+    SCOPED_TRACE(list);
+    EXPECT_TRUE(zorCrmParvel::Sistema::TemLista(list));
+    zorCrmParvel::RecordsetRef rows;
+    bd->AbrirLeitura("", table->select, rows);
+    ASSERT_EQ(rows->FieldList().size(), table->columns.size() + 1);
+    for (std::size_t i = 0; i < table->columns.size(); ++i)
+      EXPECT_EQ(rows->FieldList()[i + 1].name, table->columns[i].key);
+  }
+  EXPECT_EQ(tables, 8);
+}
+
+TEST(HostColumnsTest, APlateWithAnApostropheStaysInsideItsLiteral) {
+  ScriptedHost host;
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
+  HostCells cells(*lists::HostTableOf("Viaturas"), bd, [](long) { return std::string("O\'X"); });
+  cells.Reset(1);
+  EXPECT_EQ(cells.Shown(0, 0), "");
+}
+
+TEST(ViewsTest, AreKeptByOwnerAndReadAsTheyWere) {
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
+  lists::ListLook look{.columns = {"Data", "Custo"},
+                       .search = "10",
+                       .filters = {{"Data", "este mês"}},
+                       .sort = "Custo",
+                       .descending = true,
+                       .group = "Departamento"};
+  lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
+  lists::KeepView(bd, {.name = "Minha", .list = "Gastos", .owner = "ana", .look = {}});
+  lists::KeepView(bd, {.name = "Dele", .list = "Gastos", .owner = "rui", .look = {}});
+  look.descending = false;
+  lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
+  const auto views = lists::ViewsOf(bd, "ana");
+  ASSERT_EQ(views.size(), 2U);
+  EXPECT_EQ(views[0].name, "Gastos d\'hoje");
+  EXPECT_EQ(views[0].look, look);
+  lists::RemoveView(bd, views[0]);
+  EXPECT_EQ(lists::ViewsOf(bd, "ana").size(), 1U);
+  EXPECT_THROW(lists::KeepView(bd, {.name = "  ", .list = "Gastos", .owner = "", .look = {}}),
+               platform::RuntimeError);
+  EXPECT_EQ(lists::LookOf("nada disto"), lists::ListLook());
+}
+
+}  // namespace

@@ -1,0 +1,189 @@
+#include "lists/row_order.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "platform/runtime_error.h"
+#include "support/scripted_host.h"
+
+namespace {
+
+using lists::RowOrder;
+using lists::SortBy;
+using lists::SortDirection;
+using platform::Date;
+using platform::Variant;
+
+/// Columns of values; counts how often one is read.
+class Values : public lists::Cells {
+ public:
+  explicit Values(std::vector<Variant> values) : columns_{std::move(values)} {}
+  explicit Values(std::vector<std::vector<Variant>> columns) : columns_(std::move(columns)) {}
+
+  long Rows() const override { return static_cast<long>(columns_[0].size()); }
+  std::size_t ColumnCount() const override { return columns_.size(); }
+  bool IsSearched(std::size_t) const override { return true; }
+  std::string Shown(long row, std::size_t column) const override {
+    const Variant value = Value(row, column);
+    return value.IsNull() ? std::string() : value.ToText();
+  }
+  Variant Value(long row, std::size_t column) const override {
+    ++reads;
+    return columns_[column][static_cast<std::size_t>(row)];
+  }
+
+  mutable int reads = 0;
+
+ private:
+  std::vector<std::vector<Variant>> columns_;
+};
+
+std::vector<long> Shown(const RowOrder& order) {
+  std::vector<long> rows;
+  for (long place = 0; place < order.Count(); ++place) rows.push_back(order.RowAt(place));
+  return rows;
+}
+
+TEST(RowOrderTest, SortsByWhatAColumnHolds) {
+  const std::tuple<const char*, std::vector<Variant>, std::vector<long>> cases[] = {
+      {"numbers as numbers", {10, 9, Variant::Null(), 100}, {2, 1, 0, 3}},
+      {"dates as dates", {Date::FromParts(2024, 2, 1), Date::FromParts(2023, 12, 31)}, {1, 0}},
+      {"texts that are dates", {"01-12-2024", "02-01-2024", "", "15-06-2023 10:30:00"}, {2, 3, 1, 0}},
+      {"texts without regard to case and accents", {"Zé", "árvore", "Banana", "arvore"}, {3, 1, 2, 0}},
+      {"codes with numbers by their numbers", {"R10", "R9", "r1"}, {2, 1, 0}},
+      {"a text among dates", {"02-01-2024", "sem data", "01-12-2024"}, {2, 0, 1}},
+  };
+  for (const auto& [what, column, ascending] : cases) {
+    SCOPED_TRACE(what);
+    const Values values(column);
+    RowOrder order(values);
+    order.Sort(SortBy{0, SortDirection::kAscending});
+    EXPECT_EQ(Shown(order), ascending);
+    order.Sort(SortBy{0, SortDirection::kDescending});
+    EXPECT_EQ(order.RowAt(order.Count() - 1), ascending.front());
+  }
+}
+
+TEST(RowOrderTest, SearchesWithoutRegardToCaseAccentsHyphensAndBlanks) {
+  const Values values({"12-AB-34", "Maria José", "Gonçalves", "maria  jose", "AB 12 34"});
+  const std::pair<const char*, std::vector<long>> cases[] = {
+      {"12ab", {0}},  {"MARIA JOSÉ", {1, 3}}, {"mariaj", {1, 3}}, {"goncal", {2}},
+      {"ab-12", {4}}, {"34", {0, 4}},         {"nada", {}},       {"  ", {0, 1, 2, 3, 4}}};
+  for (const auto& [text, found] : cases) {
+    SCOPED_TRACE(text);
+    RowOrder order(values);
+    order.Search(text);
+    EXPECT_EQ(Shown(order), found);
+  }
+}
+
+TEST(RowOrderTest, NarrowingAndWideningASearchKeepsTheSort) {
+  const Values values({"beta", "alfa", "gama", "alga"});
+  RowOrder order(values);
+  order.Sort(SortBy{0, SortDirection::kDescending});
+  order.Search("al");
+  EXPECT_EQ(Shown(order), (std::vector<long>{3, 1}));
+  order.Search("alf");
+  EXPECT_EQ(Shown(order), (std::vector<long>{1}));
+  EXPECT_EQ(order.PlaceOf(3), -1);
+  order.Search("a");
+  EXPECT_EQ(Shown(order), (std::vector<long>{2, 0, 3, 1}));
+  order.Search("");
+  order.Sort({});
+  EXPECT_EQ(Shown(order), (std::vector<long>{0, 1, 2, 3}));
+}
+
+TEST(RowOrderTest, ATablesOwnOrderReadsNothing) {
+  const Values values(std::vector<Variant>(100'000, Variant("x")));
+  RowOrder order(values);
+  order.Rebuild();
+  EXPECT_EQ(order.Count(), 100'000);
+  EXPECT_EQ(order.RowAt(99'999), 99'999);
+  EXPECT_EQ(values.reads, 0);
+}
+
+/// "0 1 | 3" : rows, with a heading "[title count]" before those of a group.
+std::string Places(const RowOrder& order) {
+  std::string text;
+  for (long place = 0; place < order.Count(); ++place) {
+    const lists::RowGroup* group = order.HeadingAt(place);
+    text += place == 0 ? "" : " ";
+    text += group != nullptr ? "[" + group->title + " " + std::to_string(group->rows.size()) + "]"
+                             : std::to_string(order.RowAt(place));
+  }
+  return text;
+}
+
+const std::vector<std::vector<Variant>> kFleet = {
+    {"10-GJ-10", "12-AB-34", "10-GJ-10", "99-ZZ-99"},
+    {Date::FromParts(2026, 11, 24, 13, 45), Date::FromParts(2026, 10, 1), Date::FromParts(2026, 11, 1),
+     Variant::Null()},
+    {platform::Currency(10), platform::Currency::Parse("12,5"), platform::Currency(-3), Variant::Null()}};
+
+TEST(RowOrderTest, WordsMayBeInAnyCellsAndFiltersAddUp) {
+  testing_support::ScriptedHost host;
+  const Values values(kFleet);
+  RowOrder order(values);
+  order.Search("2026 gj 13:45");
+  EXPECT_EQ(Places(order), "0");
+  order.Search("10 gj");
+  order.Filter(2, "> 0");
+  EXPECT_EQ(Places(order), "0");
+  order.Filter(2, "");
+  order.Filter(1, "11-2026");
+  order.Sort(SortBy{1, SortDirection::kAscending});
+  EXPECT_EQ(Places(order), "2 0");
+  EXPECT_THROW(order.Filter(2, "muito"), platform::RuntimeError);
+  EXPECT_EQ(Places(order), "2 0") << "what can't be read keeps no row away";
+  EXPECT_TRUE(order.IsNarrowed());
+  order.ShowAll();
+  EXPECT_EQ(Places(order), "3 1 2 0");
+}
+
+TEST(RowOrderTest, GroupsHaveHeadingsAndOpenOneByOne) {
+  testing_support::ScriptedHost host;
+  const Values values(kFleet);
+  RowOrder order(values);
+  order.GroupBy(0);
+  order.Sort(SortBy{2, SortDirection::kDescending});
+  EXPECT_EQ(Places(order), "[10-GJ-10 2] [12-AB-34 1] [99-ZZ-99 1]");
+  order.Turn(0);
+  EXPECT_EQ(Places(order), "[10-GJ-10 2] 0 2 [12-AB-34 1] [99-ZZ-99 1]");
+  EXPECT_EQ(order.PlaceOf(2), 2);
+  EXPECT_EQ(order.PlaceOf(1), -1);
+  EXPECT_EQ(order.RowCount(), 4);
+  order.Rebuild();
+  EXPECT_EQ(order.Count(), 5) << "an open group stays open";
+  order.Filter(0, "= 12-ab-34");
+  EXPECT_EQ(Places(order), "[12-AB-34 1]");
+  order.ShowAll();
+  order.GroupBy(1);
+  order.OpenAll(true);
+  EXPECT_EQ(Places(order), "[(sem valor) 1] 3 [10-2026 1] 1 [11-2026 2] 0 2");
+}
+
+TEST(RowOrderTest, SumsAreExactAndSkipWhatIsNoNumber) {
+  const Values values(kFleet);
+  const RowOrder order(values);
+  const lists::Figures all = order.FiguresOf(2, order.Rows());
+  EXPECT_EQ(all.count, 3);
+  EXPECT_EQ(all.sum.ToText(), "19,5");
+  EXPECT_EQ(all.Mean().ToText(), "6,5");
+  EXPECT_EQ(order.FiguresOf(2, {2}).sum.ToText(), "-3");
+  EXPECT_EQ(order.FiguresOf(0, order.Rows()).count, 0);
+}
+
+TEST(RowOrderTest, TypedLettersGoRoundToTheNextRowThatBeginsSo) {
+  const Values values(kFleet);
+  RowOrder order(values);
+  EXPECT_EQ(order.FindBeginning(0, "10g", 0), 0);
+  EXPECT_EQ(order.FindBeginning(0, "10-G", 1), 2);
+  EXPECT_EQ(order.FindBeginning(0, "12", 3), 1);
+  EXPECT_EQ(order.FindBeginning(0, "x", 0), -1);
+  const auto occurring = order.Occurring(0);
+  ASSERT_EQ(occurring.size(), 3U);
+  EXPECT_EQ(occurring[0], std::make_pair(std::string("10-GJ-10"), 2L));
+}
+
+}  // namespace
