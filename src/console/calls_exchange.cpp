@@ -87,6 +87,11 @@ void AddExchangeCalls(Calls& calls) {
       ->type_name("FICHEIRO")
       ->needs(named);
   importar
+      .add_option("--linhas", profile.rows,
+                  "Escreve todas as linhas, com o que lhes acontece e porquê, em XLSX, ODS ou CSV.")
+      ->type_name("FICHEIRO")
+      ->needs(named);
+  importar
       .add_flag("--criar-codigos", profile.createCodes, "Cria os códigos que o ficheiro nomeia e que faltam.")
       ->needs(named);
   importar

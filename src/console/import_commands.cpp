@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "console/program.h"
+#include "exchange/assistant/preview_table.h"
 #include "exchange/imports/import_log.h"
 #include "exchange/imports/row_mark.h"
 #include "exchange/imports/take_back.h"
@@ -39,10 +40,11 @@ exchange::TableOptions OptionsOf(const exchange::Profile& profile) {
 void TellRows(const ImportPlan& plan, std::ostream& out) {
   for (std::size_t i = 0; i < plan.size(); ++i) {
     const exchange::PlanRow& row = plan.row(i);
-    if (row.reason.empty() || row.state == RowState::kKnown) continue;
+    const exchange::Why& why = plan.why(i);
+    if (why.reason.empty() || row.state == RowState::kKnown) continue;
     out << "linha " << row.line << ", " << exchange::NameOf(row.state);
-    if (!row.column.empty()) out << ", " << row.column;
-    out << ": " << row.reason << '\n';
+    if (!why.column.empty()) out << ", " << why.column;
+    out << ": " << why.reason << '\n';
   }
 }
 
@@ -55,6 +57,9 @@ void TellSums(const exchange::Reconciliation& sums, bool simulate, std::ostream&
   tell("Postas de parte", sums.aside);
   tell("Recusadas", sums.refused);
   tell("No ficheiro", sums.file);
+  if (sums.declared)
+    out << "O próprio ficheiro diz " << sums.declared->ToText()
+        << (*sums.declared == sums.file.amount ? ": confere\n" : ": não confere\n");
 }
 
 void WriteRefused(const ImportPlan& plan, const std::string& file) {
@@ -90,6 +95,7 @@ exchange::Profile Required(const Calls& calls, const std::string& name) {
 }  // namespace
 
 int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
+  if (!import.rows.empty()) exchange::FormatOf(import.rows);  // told before anything is done
   const auto database = calls.Open();
   exchange::Profile profile = Required(calls, import.profile);
   if (profile.kind != import.kind)
@@ -117,6 +123,8 @@ int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
     calls.out << "Importação " << stored.number << "; anula-se com «parvel importacoes anular "
               << stored.number << "».\n";
   if (!import.refused.empty()) WriteRefused(plan, import.refused);
+  if (!import.rows.empty())
+    exchange::WriteTable(exchange::PreviewTable(plan), import.rows, exchange::FormatOf(import.rows));
   return stored.rows.refused.rows == 0 ? kDone : kRefused;
 }
 

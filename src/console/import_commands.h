@@ -16,6 +16,7 @@ struct ProfileImport {
   bool createCodes = false;      // those that the file names and the database lacks
   bool acceptProposals = false;  // of kilometres
   std::string refused;           // where the refused rows go; empty: nowhere
+  std::string rows;              // where all rows go, with their states; empty: nowhere
 };
 
 /// Tells each row that isn't simply stored, the sums, and what was stored.

@@ -70,8 +70,22 @@ class ImportTarget {
  public:
   virtual ~ImportTarget() = default;
   virtual const std::vector<ImportColumn>& Columns() const = 0;
-  /// Checks a row by the rules of the ficha's fields and stores it. Throws Refusal when a rule fails.
-  virtual Outcome Store(const ImportRow& row) = 0;
+  /// Of events: the vehicles that rows will name, and between which moments. What is stored of them can then
+  /// be read for many at once.
+  virtual void Expect(const std::vector<std::string>& /*plates*/, platform::Date /*oldest*/,
+                      platform::Date /*newest*/) {}
+  /// Checks a row by the rules of the ficha's fields; of one that is new, `Write` follows, or may follow
+  /// where the target judges alone. Throws Refusal when a rule fails.
+  virtual Outcome Judge(const ImportRow& row) = 0;
+  /// Stores the row that was judged last.
+  virtual void Write() = 0;
+  /// True when rows can be judged that follow others which were judged and not written.
+  virtual bool JudgesAlone() const { return false; }
+  Outcome Store(const ImportRow& row) {
+    const Outcome outcome = Judge(row);
+    if (outcome == Outcome::kAdded) Write();
+    return outcome;
+  }
   /// After the last row.
   virtual void Finish() {}
 };

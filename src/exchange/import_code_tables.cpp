@@ -51,7 +51,7 @@ class LicenceTarget : public ImportTarget {
     return columns;
   }
 
-  Outcome Store(const ImportRow& row) override {
+  Outcome Judge(const ImportRow& row) override {
     const std::string& driver = row.text("Motorista");
     RefuseApostrophe("Motorista", driver);
     drivers_.Require("Motorista", driver, "Motorista não existente!");
@@ -69,14 +69,19 @@ class LicenceTarget : public ImportTarget {
     fields.put("Motorista", driver);
     fields.put("TipoCarta", licence);
     fields.put("DataValidade", *row.date("DataValidade"));
-    rows->Update();
-    rows->Close();
+    row_ = rows;
     return Outcome::kAdded;
+  }
+
+  void Write() override {
+    row_->Update();
+    row_->Close();
   }
 
  private:
   DataAccessRef bd_;
   Codes<clMotoristas> drivers_;
+  RecordsetRef row_;  // judged, and not written yet
 };
 
 }  // namespace

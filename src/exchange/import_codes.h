@@ -47,13 +47,15 @@ inline void RefuseApostrophe(const char* column, const std::string& text) {
   if (text.find('\'') != std::string::npos) throw Refusal{column, "Não pode ter apóstrofos."};
 }
 
-/// The plates of a file, each looked up once.
+/// The plates of a file. Those of the fleet are read at once; others may be spelled otherwise, and each is
+/// looked up once.
 class Plates {
  public:
   explicit Plates(const zorCrmParvel::DataAccessRef& bd) { vehicle_.bd = bd; }
   /// Throws Refusal unless the vehicle exists.
   void Require(const std::string& plate) {
     RefuseApostrophe("Matricula", plate);
+    if (known_.empty()) ReadFleet();
     const auto [place, fresh] = known_.try_emplace(plate, false);
     if (fresh) {
       vehicle_.Matricula = plate;
@@ -63,6 +65,13 @@ class Plates {
   }
 
  private:
+  void ReadFleet() {
+    zorCrmParvel::RecordsetRef rows;
+    vehicle_.bd->AbrirLeitura("", "SELECT Matricula FROM zor_PV_Viaturas", rows);
+    for (; !rows->Eof(); rows->MoveNext()) known_.emplace(rows->Fields("Matricula").Value().ToText(), true);
+    rows->Close();
+  }
+
   zorCrmParvel::clViaturas vehicle_;
   std::unordered_map<std::string, bool> known_;
 };

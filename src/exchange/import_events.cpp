@@ -6,10 +6,9 @@
 #include "events/incidents.h"
 #include "events/seguros.h"
 #include "events/upkeep.h"
+#include "exchange/bulk/event_history.h"
 #include "exchange/import_fields.h"
-#include "exchange/import_repetitions.h"
 #include "exchange/import_targets.h"
-#include "platform/format.h"
 
 namespace exchange {
 namespace {
@@ -43,7 +42,7 @@ class EventTarget : public ImportTarget {
   EventTarget(const DataAccessRef& bd, EventImport<Entity> import)
       : bd_(bd),
         import_(std::move(import)),
-        repetitions_(bd, import_.table.tabela, import_.table.id),
+        history_(bd, import_.table.tabela, import_.table.data, import_.same),
         plates_(bd) {
     columns_ = {{"Matricula", ColumnKind::kText, 10, true}, {import_.table.data, ColumnKind::kDate, 0, true}};
     if (import_.notes != nullptr) columns_.push_back({import_.notes, ColumnKind::kText, 150});
@@ -52,20 +51,29 @@ class EventTarget : public ImportTarget {
 
   const std::vector<ImportColumn>& Columns() const override { return columns_; }
 
-  Outcome Store(const ImportRow& row) override {
+  void Expect(const std::vector<std::string>& plates, platform::Date oldest, platform::Date newest) override {
+    history_.Expect(plates, oldest, newest);
+  }
+
+  Outcome Judge(const ImportRow& row) override {
     plates_.Require(row.text("Matricula"));
-    Entity event;
+    event_ = std::make_unique<Entity>();
+    Entity& event = *event_;
     event.bd = bd_;
     event.Codigo = row.text("Matricula");
     event.Data = *row.date(import_.table.data);
     if (import_.notes != nullptr) event.Obs = row.text(import_.notes);
     for (const auto& field : import_.fields) field.take(event, row, field.column.name);
     for (const auto& rule : import_.codes) CheckCode(rule, row, event);
-    if (!row.numbered && IsKnown(event, row)) return Outcome::kKnown;
-    event.Escrever();
-    touched_.insert(event.Codigo);
+    history_.Know(event.Codigo);
+    if (!row.numbered && history_.Stand(event.Codigo, event.Data, ValuesOf(row))) return Outcome::kKnown;
     return Outcome::kAdded;
   }
+  void Write() override {
+    event_->Escrever();
+    touched_.insert(event_->Codigo);
+  }
+  bool JudgesAlone() const override { return true; }
 
   void Finish() override {
     if (import_.total == nullptr) return;
@@ -87,32 +95,29 @@ class EventTarget : public ImportTarget {
     if (!place->second) throw Refusal{rule.column, rule.missing};
   }
 
-  /// True when the vehicle has had an event of this moment whose columns hold what the row holds.
-  bool IsKnown(const Entity& event, const ImportRow& row) {
-    const std::string moment = platform::FormatDate(event.Data, "yyyy.mm.dd hh:mm:ss");
-    return repetitions_.Stand(
-        {"SELECT * From ", fixed(import_.table.tabela), " WHERE Matricula=N'", value(event.Codigo), "' and ",
-         fixed(import_.table.data), "='", value(moment), "'"},
-        [&](platform::Recordset& stored) {
-          return std::all_of(import_.same.begin(), import_.same.end(), [&](const char* column) {
-            return Same(stored.Fields(column).Value(), row, column);
-          });
-        });
-  }
-
-  static bool Same(const platform::Variant& stored, const ImportRow& row, const char* column) {
-    if (stored.IsNull()) return row.text(column).empty();
-    if (stored.As<Currency>()) return stored.ToCurrency() == row.number(column).value_or(Currency());
-    return stored.ToText() == row.text(column);
+  /// What tells the row's event from others of its moment.
+  std::string ValuesOf(const ImportRow& row) const {
+    std::string values;
+    for (const char* name : import_.same) {
+      const auto column = std::find_if(columns_.begin(), columns_.end(), [&](const ImportColumn& one) {
+        return std::string_view(name) == one.name;
+      });
+      if (column->kind == ColumnKind::kText)
+        EventHistory::Join(values, row.text(name));
+      else
+        EventHistory::Join(values, row.number(name).value_or(Currency()));
+    }
+    return values;
   }
 
   DataAccessRef bd_;
   EventImport<Entity> import_;
   std::vector<ImportColumn> columns_;
-  Repetitions repetitions_;
+  EventHistory history_;
   Plates plates_;
   std::unordered_map<std::string, bool> codes_;
   std::set<std::string> touched_;
+  std::unique_ptr<Entity> event_;  // judged last
 };
 
 template <typename Entity>

@@ -1,14 +1,16 @@
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <set>
 
 #include "drivers/motoristas.h"
 #include "events/expense_figures.h"
 #include "events/expense_rules.h"
 #include "events/gastos.h"
+#include "exchange/bulk/event_history.h"
 #include "exchange/import_codes.h"
-#include "exchange/import_repetitions.h"
 #include "exchange/import_targets.h"
 #include "masterdata/tipos_gastos.h"
-#include "platform/format.h"
 #include "vehicles/viaturas.h"
 
 namespace exchange {
@@ -16,12 +18,14 @@ namespace {
 
 using namespace zorCrmParvel;
 using platform::Currency;
+using platform::Date;
 
 class ExpenseTarget : public ImportTarget {
  public:
   explicit ExpenseTarget(const DataAccessRef& bd)
       : bd_(bd),
-        repetitions_(bd, kTabelaDeGastos.tabela, kTabelaDeGastos.id),
+        history_(bd, kTabelaDeGastos.tabela, kTabelaDeGastos.data, {"TipoGasto", "Qtd", "Km", "Custo"},
+                 [this](const std::string& plate, platform::Recordset& row) { Seen(plate, row); }),
         plates_(bd),
         drivers_(bd),
         trips_(bd) {
@@ -42,7 +46,11 @@ class ExpenseTarget : public ImportTarget {
     return columns;
   }
 
-  Outcome Store(const ImportRow& row) override {
+  void Expect(const std::vector<std::string>& plates, Date oldest, Date newest) override {
+    history_.Expect(plates, oldest, newest);
+  }
+
+  Outcome Judge(const ImportRow& row) override {
     RefuseApostrophe("TipoGasto", row.text("TipoGasto"));
     const Type& type = TypeOf(row.text("TipoGasto"));
     plates_.Require(row.text("Matricula"));
@@ -52,12 +60,17 @@ class ExpenseTarget : public ImportTarget {
     if (!row.text("Viagem").empty())
       trips_.Require("Viagem", row.text("Viagem"), RegrasDeGastos::kViagemInexistente);
     Take(row, type);
-    if (!row.numbered && IsKnown()) return Outcome::kKnown;
+    history_.Know(gasto_.Codigo);
+    if (!row.numbered && history_.Stand(gasto_.Codigo, gasto_.Data, Values())) return Outcome::kKnown;
     Check(type.fuel);
-    gasto_.Escrever();
-    touched_.insert(gasto_.Codigo);
     return Outcome::kAdded;
   }
+
+  void Write() override {
+    gasto_.Escrever();
+    touched_.insert(gasto_.Codigo);
+  }
+  bool JudgesAlone() const override { return true; }
 
   void Finish() override {
     for (const std::string& plate : touched_) RecalcularViatura(bd_, plate);
@@ -76,7 +89,7 @@ class ExpenseTarget : public ImportTarget {
       clTiposGastos tipo;
       tipo.bd = bd_;
       tipo.Codigo = code;
-      place->second.exists = tipo.Ler();
+      place->second.exists = code.find('\'') == std::string::npos && tipo.Ler();
       place->second.fuel = tipo.Combustivel == 1;
       place->second.price = tipo.CustoUnit;
     }
@@ -112,26 +125,73 @@ class ExpenseTarget : public ImportTarget {
     pass("Qtd", RegrasDeGastos::Quantidade(fuel, gasto_.Qtd));
     pass("Custo", RegrasDeGastos::Custo(gasto_.Custo));
     if (!fuel) return;
-    pass("Km", RegrasDeGastos::Km(fuel, gasto_.Km, clGastos::KmAnterior(bd_, gasto_.Codigo, gasto_.Data)));
+    pass("Km", RegrasDeGastos::Km(fuel, gasto_.Km, KmBefore()));
+    const Fill fill{gasto_.Data.seconds(), gasto_.Km};
+    auto& fills = FillsOf(gasto_.Codigo).rows;
+    fills.insert(std::upper_bound(fills.begin(), fills.end(), fill, Fill::Earlier), fill);
   }
 
-  /// The same expense, stored already by an earlier run.
-  bool IsKnown() {
-    return repetitions_.Stand(
-        {"SELECT Gst_Id From zor_PV_Gastos WHERE Matricula=N'", value(gasto_.Codigo), "' and Data='",
-         value(platform::FormatDate(gasto_.Data, "yyyy.mm.dd hh:mm:ss")), "' and TipoGasto=N'",
-         value(gasto_.TipoGasto), "' and Qtd=", value(gasto_.Qtd.ToText('.')),
-         " and Km=", value(gasto_.Km.ToText('.')), " and Custo=", value(gasto_.Custo.ToText('.'))});
+  struct Fill {
+    std::int64_t moment;  // seconds
+    Currency km;
+    static bool Earlier(const Fill& a, const Fill& b) { return a.moment < b.moment; }
+  };
+  struct Fills {
+    std::vector<Fill> rows;  // by moment; of one moment the newest last
+    bool sorted = true;
+  };
+
+  Fills& FillsOf(const std::string& plate) {
+    if (plate != lastPlate_) {
+      lastPlate_ = plate;
+      lastFills_ = &fills_[EventHistory::KeyOf(plate)];
+    }
+    if (!lastFills_->sorted)
+      std::stable_sort(lastFills_->rows.begin(), lastFills_->rows.end(), Fill::Earlier);
+    lastFills_->sorted = true;
+    return *lastFills_;
+  }
+
+  /// The kilometres of the last fill before, stored or judged.
+  Currency KmBefore() {
+    auto& fills = FillsOf(gasto_.Codigo).rows;
+    const auto after =
+        std::lower_bound(fills.begin(), fills.end(), Fill{gasto_.Data.seconds(), {}}, Fill::Earlier);
+    if (after != fills.begin()) return std::prev(after)->km;
+    if (history_.KnowsAll()) return {};
+    const Currency km = clGastos::KmAnterior(bd_, gasto_.Codigo, gasto_.Data);
+    fills.insert(fills.begin(), {std::numeric_limits<std::int64_t>::min(), km});
+    return km;
+  }
+
+  void Seen(const std::string& plate, platform::Recordset& row) {
+    const platform::Variant type = row.Fields("TipoGasto").Value();
+    const platform::Variant km = row.Fields("Km").Value();
+    if (type.IsNull() || !TypeOf(type.ToText()).fuel) return;
+    Fills& fills = fills_[plate];
+    fills.rows.push_back(
+        {row.Fields("Data").Value().ToDate().seconds(), km.IsNull() ? Currency() : km.ToCurrency()});
+    fills.sorted = false;
+  }
+
+  std::string Values() const {
+    std::string values;
+    EventHistory::Join(values, gasto_.TipoGasto);
+    for (const Currency number : {gasto_.Qtd, gasto_.Km, gasto_.Custo}) EventHistory::Join(values, number);
+    return values;
   }
 
   DataAccessRef bd_;
   clGastos gasto_;
-  Repetitions repetitions_;
+  EventHistory history_;
   Plates plates_;
   Codes<clMotoristas> drivers_;
   Codes<clViagens> trips_;
   std::unordered_map<std::string, Type> types_;
   std::set<std::string> touched_;
+  std::unordered_map<std::string, Fills> fills_;  // by the plate as the history knows it
+  std::string lastPlate_;
+  Fills* lastFills_ = nullptr;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -81,18 +82,18 @@ class RecordTarget : public ImportTarget {
 
   const std::vector<ImportColumn>& Columns() const override { return columns_; }
 
-  Outcome Store(const ImportRow& row) override {
+  Outcome Judge(const ImportRow& row) override {
     const char* const keyColumn = columns_.front().name;
     RefuseApostrophe(keyColumn, row.text(keyColumn));
-    Entity record;
-    record.bd = bd_;
-    record.*key_ = row.text(keyColumn);
-    if (record.Ler()) return Outcome::kKnown;
+    record_ = std::make_unique<Entity>();
+    record_->bd = bd_;
+    (*record_).*key_ = row.text(keyColumn);
+    if (record_->Ler()) return Outcome::kKnown;
     Check(row);
-    for (const auto& field : fields_) field.take(record, row, field.column.name);
-    record.Escrever();
+    for (const auto& field : fields_) field.take(*record_, row, field.column.name);
     return Outcome::kAdded;
   }
+  void Write() override { record_->Escrever(); }
 
  protected:
   /// The rules of the fields. Throws Refusal when one fails.
@@ -103,6 +104,7 @@ class RecordTarget : public ImportTarget {
   std::string Entity::*key_;
   std::vector<ImportField<Entity>> fields_;
   std::vector<ImportColumn> columns_;
+  std::unique_ptr<Entity> record_;
 };
 
 }  // namespace exchange

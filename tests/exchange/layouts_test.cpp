@@ -99,6 +99,14 @@ const Layout kLayouts[] = {
      "3 0 0 0 3, 155,5",
      "SELECT Matricula, Data, TipoManut, Custo, Obs FROM zor_PV_Revisoes ORDER BY Data",
      {{"12-AB-34", "15-01-2024", "OLEO", "100", "FT 1"}, {"AA-11-BB", "16-01-2024", "OLEO", "55,5", "FT 2"}}},
+    {"14-frota-da-casa.xlsx",
+     "viaturas",
+     "3 0 0 1 4, 0",
+     "SELECT Matricula, Marca, Modelo, Combustivel, DataMatricula, ValorInicial, ValorResidual, KmInicial, "
+     "KmActual, Obs FROM zor_PV_Viaturas WHERE Matricula<'12' ORDER BY Matricula",
+     {{"00-AA-11", "REN", "CLIO", "0", "01-01-2020", "14400", "1440", "10", "45210", "Com reboque"},
+      {"00-AA-12", "REN", "ZOE", "3", "01-01-2022", "21000", "2100", "10", "12030", ""},
+      {"00-AA-14", "MAN", "TGX", "0", "01-01-2016", "80000", "8000", "0", "351000", "Vendida"}}},
 };
 
 class LayoutsTest : public ImportTest {
@@ -154,8 +162,8 @@ class LayoutsTest : public ImportTest {
   static std::string Reasons(const ImportPlan& plan) {
     std::string all;
     for (std::size_t i = 0; i < plan.size(); ++i)
-      all += std::to_string(plan.row(i).line) + " " + NameOf(plan.row(i).state) + " " + plan.row(i).column +
-             ": " + plan.row(i).reason + "\n";
+      all += std::to_string(plan.row(i).line) + " " + NameOf(plan.row(i).state) + " " + plan.why(i).column +
+             ": " + plan.why(i).reason + "\n";
     return all;
   }
 

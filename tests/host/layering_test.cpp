@@ -30,7 +30,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"store", {"platform", "tsql", "host", "store/store", "embedded", "sqlserver"}},
     {"history", {"platform", "tsql", "host", "store/store", "vehicles", "events"}},
     {"exchange",
-     {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts"}},
+     {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts", "reports"}},
     {"reports", {"platform", "host", "store/store"}},
     {"notice", {"platform", "host", "host/sistema", "store/store", "alerts", "exchange", "reports"}},
     {"lists", {"platform", "host"}},

@@ -72,7 +72,9 @@ void ImportDialog::Build() {
   connect(file_page_, &ImportFilePage::FileWanted, this, &ImportDialog::AskForFile);
   connect(preview_page_, &ImportPreviewPage::CodesWanted, this, &ImportDialog::CreateCodes);
   connect(preview_page_, &ImportPreviewPage::RefusedWanted, this, &ImportDialog::WriteRefused);
+  connect(preview_page_, &ImportPreviewPage::TableWanted, this, &ImportDialog::Export);
   connect(preview_page_, &ImportPreviewPage::Corrected, this, &ImportDialog::ShowButtons);
+  connect(work_, &WorkBar::Working, this, &ImportDialog::Hold);
   connect(back_, &QPushButton::clicked, this, &ImportDialog::Back);
   connect(next_, &QPushButton::clicked, this, &ImportDialog::Next);
   connect(take_back_, &QPushButton::clicked, this, &ImportDialog::TakeBack);
@@ -82,6 +84,14 @@ void ImportDialog::Build() {
 void ImportDialog::reject() {
   if (work_->IsBusy()) return work_->Cancel();
   QDialog::reject();
+}
+
+/// While work is under way nothing but its end can be asked for.
+void ImportDialog::Hold(bool working) {
+  if (working) held_focus_ = focusWidget();
+  for (QWidget* part : std::initializer_list<QWidget*>{pages_, back_, next_, take_back_})
+    part->setEnabled(!working);
+  if (!working && held_focus_ != nullptr) held_focus_->setFocus();
 }
 
 void ImportDialog::AskForFile() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <memory>
 
 #include "exchange/assistant/import_session.h"
@@ -40,12 +41,14 @@ class ImportDialog : public QDialog {
   void Next();
   void Back();
   void ShowButtons();
+  void Hold(bool working);
   bool MakePlan();
   bool AskQuestions();
   bool Ask(const exchange::Question& question);
   void CreateCodes();
   void Check();
   void WriteRefused();
+  void Export();
   void Store();
   void ShowEnd();
   void TakeBack();
@@ -55,6 +58,7 @@ class ImportDialog : public QDialog {
   std::unique_ptr<exchange::ImportPlan> plan_;
   exchange::StoredImport stored_;
   bool written_ = false;
+  QPointer<QWidget> held_focus_;
 
   QLabel* title_;
   QStackedWidget* pages_;

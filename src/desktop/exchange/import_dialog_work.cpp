@@ -8,10 +8,13 @@
 #include "desktop/exchange/import_dialog.h"
 #include "desktop/exchange/import_preview_page.h"
 #include "desktop/exchange/new_codes_dialog.h"
+#include "desktop/exchange/plan_model.h"
 #include "desktop/exchange/work_bar.h"
+#include "desktop/list/table_export.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/file_dialog.h"
 #include "desktop/shell/message_box.h"
+#include "exchange/assistant/preview_table.h"
 #include "exchange/imports/import_log.h"
 #include "exchange/imports/row_mark.h"
 #include "exchange/imports/take_back.h"
@@ -117,6 +120,16 @@ void ImportDialog::WriteRefused() {
   });
 }
 
+/// The rows that the preview shows.
+void ImportDialog::Export() {
+  const QString file = AskForTableFile(this, QStringLiteral("Importação"));
+  if (file.isEmpty()) return;
+  Guarded(this, [&] {
+    exchange::WriteTable(exchange::PreviewTable(*plan_, preview_page_->model().shown()), FromQt(file),
+                         exchange::FormatOf(FromQt(file)));
+  });
+}
+
 void ImportDialog::Store() {
   const std::string checksum = exchange::ChecksumOfFile(session_->file());
   const auto before = exchange::ImportedBefore(store_, checksum);
@@ -146,6 +159,12 @@ void ImportDialog::ShowEnd() {
       RowsAndSum("Linhas do ficheiro", rows.file, amounts)};
   if (rows.credits.rows > 0)
     lines.insert(3, QStringLiteral("  das quais ") + RowsAndSum("créditos", rows.credits, amounts));
+  if (rows.declared) {
+    const bool right = *rows.declared == rows.file.amount;
+    lines << QStringLiteral("Total que o ficheiro diz: %1 €, %2")
+                 .arg(QLocale().toString(rows.declared->ToDouble(), 'f', 2),
+                      right ? QStringLiteral("confere") : QStringLiteral("não confere com as linhas"));
+  }
   if (!stored_.vehicles.empty()) {
     QStringList plates;
     for (const std::string& plate : stored_.vehicles) plates << ToQt(plate);

@@ -33,7 +33,8 @@ ImportPreviewPage::ImportPreviewPage(QWidget* parent)
       table_(new QTableView(this)),
       sums_(new QLabel(this)),
       codes_(new QPushButton(QStringLiteral("Criar &códigos em falta…"), this)),
-      refused_(new QPushButton(QStringLiteral("Recusadas para &ficheiro…"), this)) {
+      refused_(new QPushButton(QStringLiteral("Recusadas para &ficheiro…"), this)),
+      export_(new QPushButton(QStringLiteral("&Exportar…"), this)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(Gap(this));
@@ -57,13 +58,14 @@ ImportPreviewPage::ImportPreviewPage(QWidget* parent)
   auto* foot = new QHBoxLayout;
   SetMuted(sums_);
   foot->addWidget(sums_, 1);
-  for (QPushButton* button : {codes_, refused_}) {
+  for (QPushButton* button : {codes_, refused_, export_}) {
     button->setAutoDefault(false);
     foot->addWidget(button);
   }
   column->addLayout(foot);
   connect(codes_, &QPushButton::clicked, this, &ImportPreviewPage::CodesWanted);
   connect(refused_, &QPushButton::clicked, this, &ImportPreviewPage::RefusedWanted);
+  connect(export_, &QPushButton::clicked, this, &ImportPreviewPage::TableWanted);
   connect(model_, &PlanModel::Corrected, this, [this] {
     ShowCounts();
     Q_EMIT Corrected();

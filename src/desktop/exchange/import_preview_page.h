@@ -31,6 +31,8 @@ class ImportPreviewPage : public QWidget {
  Q_SIGNALS:
   void CodesWanted();
   void RefusedWanted();
+  /// The rows that are shown are wanted as a table.
+  void TableWanted();
   /// A value was corrected: the counts have changed.
   void Corrected();
 
@@ -50,6 +52,7 @@ class ImportPreviewPage : public QWidget {
   QLabel* sums_;
   QPushButton* codes_;
   QPushButton* refused_;
+  QPushButton* export_;
   std::vector<Filter> filters_;
 };
 

@@ -23,11 +23,7 @@ PlanModel::PlanModel(QObject* parent) : QAbstractTableModel(parent) {}
 void PlanModel::Show(exchange::ImportPlan* plan) {
   beginResetModel();
   plan_ = plan;
-  columns_.clear();
-  if (plan_ != nullptr)
-    for (std::size_t i = 0; i < plan_->columns().size(); ++i)
-      if (plan_->profile().Find(plan_->columns()[i].name) != nullptr || plan_->columns()[i].required)
-        columns_.push_back(i);
+  columns_ = plan_ == nullptr ? std::vector<std::size_t>() : plan_->ColumnsInUse();
   endResetModel();
   Refresh();
 }
@@ -68,9 +64,10 @@ QString PlanModel::TextAt(std::size_t row, int column) const {
     case kState:
       return QString::fromUtf8(exchange::NameOf(shown.state));
     case kReason: {
-      if (shown.column.empty()) return ToQt(shown.reason);
+      const exchange::Why& why = plan_->why(row);
+      if (why.column.empty()) return ToQt(why.reason);
       const exchange::ImportKind& kind = *exchange::KindOf(plan_->profile().kind);
-      return ToQt(exchange::LabelOf(kind, shown.column) + ": " + shown.reason);
+      return ToQt(exchange::LabelOf(kind, why.column) + ": " + why.reason);
     }
     default:
       return ToQt(ValuesOf(row)[columns_[static_cast<std::size_t>(column - kOwnColumns)]]);

@@ -46,8 +46,11 @@ QString WorkBar::Left(std::size_t done, std::size_t total) const {
 bool WorkBar::Tick(std::size_t done, std::size_t total) {
   const qint64 now = since_.elapsed();
   if (now < kSilent || now - shown_ < kOften) return !cancelled_;
+  if (shown_ == 0) {
+    show();
+    Q_EMIT Working(true);
+  }
   shown_ = now;
-  show();
   const QLocale locale;
   bar_->setValue(total == 0 ? 0 : static_cast<int>(done * kParts / total));
   name_->setText(QStringLiteral("%1: %2 de %3 linhas%4")
@@ -75,6 +78,7 @@ bool WorkBar::Run(const QString& name, const std::function<void(const exchange::
   }
   busy_ = false;
   hide();
+  if (shown_ > 0) Q_EMIT Working(false);
   if (failure) Guarded(window(), [&] { std::rethrow_exception(failure); });
   return done;
 }

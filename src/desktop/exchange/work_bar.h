@@ -25,6 +25,10 @@ class WorkBar : public QWidget {
   bool Run(const QString& name, const std::function<void(const exchange::Progress&)>& work);
   void Cancel() { cancelled_ = true; }
 
+ Q_SIGNALS:
+  /// From when the user sees that there is work, and can act meanwhile, until it has ended.
+  void Working(bool working);
+
  private:
   bool Tick(std::size_t done, std::size_t total);
   QString Left(std::size_t done, std::size_t total) const;

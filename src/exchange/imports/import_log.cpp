@@ -4,6 +4,7 @@
 
 #include "host/row.h"
 #include "platform/host.h"
+#include "platform/text.h"
 
 namespace exchange {
 
@@ -12,7 +13,12 @@ using zorCrmParvel::RecordsetRef;
 using zorCrmParvel::Row;
 using zorCrmParvel::value;
 
-ImportLog::ImportLog(DataAccessRef bd, const ImportEntry& entry) : bd_(std::move(bd)) {
+ImportLog::ImportLog(DataAccessRef bd, const ImportEntry& entry)
+    : bd_(std::move(bd)),
+      held_{.table = "parvel_importacoes_linhas",
+            .number = {},
+            .columns = {"Importacao", "Ordem", "Linha", "Tabela", "Chave", "Marca", "Transaccao"},
+            .rows = {}} {
   RecordsetRef rows;
   bd_->AbrirEdicao("SELECT * FROM parvel_importacoes WHERE Numero=0", rows);
   rows->AddNew();
@@ -31,27 +37,27 @@ ImportLog::ImportLog(DataAccessRef bd, const ImportEntry& entry) : bd_(std::move
   rows->Close();
 }
 
-void ImportLog::Add(const ImportedRow& stored) {
-  constexpr long kRowsHeld = 5000;  // an open recordset keeps what was written through it
-  if (rows_ % kRowsHeld == 0) {
-    if (rows_ > 0) open_->Close();
-    bd_->AbrirEdicao("SELECT * FROM parvel_importacoes_linhas WHERE Importacao=0", open_);
-  }
+void ImportLog::Add(ImportedRow stored) {
+  constexpr std::size_t kMostHeld = 1000;
+  constexpr std::size_t kLongest = 60;  // characters of a sender's number
+  using platform::Variant;
+  if (held_.rows.size() == kMostHeld) Flush();
   ++rows_;
-  open_->AddNew();
-  Row row(*open_);
-  row.put("Importacao", static_cast<std::int32_t>(number_));
-  row.put("Ordem", static_cast<std::int32_t>(rows_));
-  row.put("Linha", static_cast<std::int32_t>(stored.line));
-  row.put("Tabela", stored.table);
-  row.put("Chave", stored.key);
-  row.put("Marca", stored.mark);
-  if (!stored.transaction.empty()) row.cut("Transaccao", stored.transaction);
-  open_->Update();
+  const bool numbered = !stored.transaction.empty();
+  held_.rows.push_back(
+      {static_cast<std::int32_t>(number_), static_cast<std::int32_t>(rows_),
+       static_cast<std::int32_t>(stored.line), std::move(stored.table), std::move(stored.key),
+       std::move(stored.mark),
+       numbered ? Variant(platform::Left(stored.transaction, kLongest)) : Variant(Variant::Null{})});
+}
+
+void ImportLog::Flush() {
+  AddRows(bd_, held_);
+  held_.rows.clear();
 }
 
 void ImportLog::Finish() {
-  if (rows_ > 0) open_->Close();
+  Flush();
   bd_->ExecutarSql("", {"UPDATE parvel_importacoes SET Linhas=", value(std::int64_t{rows_}),
                         " WHERE Numero=", value(std::int64_t{number_})});
 }

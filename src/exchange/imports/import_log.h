@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "exchange/bulk/new_rows.h"
 #include "host/data_access.h"
 
 namespace exchange {
@@ -36,15 +37,17 @@ class ImportLog {
  public:
   /// Begins a new import; its number and count are the log's to give.
   ImportLog(zorCrmParvel::DataAccessRef bd, const ImportEntry& entry);
-  void Add(const ImportedRow& row);
+  void Add(ImportedRow row);
   /// After the last row.
   void Finish();
   long number() const { return number_; }
   long rows() const { return rows_; }
 
  private:
+  void Flush();
+
   zorCrmParvel::DataAccessRef bd_;
-  zorCrmParvel::RecordsetRef open_;
+  NewRows held_;
   long number_ = 0;
   long rows_ = 0;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <fstream>
 #include <stdexcept>
 
@@ -23,30 +24,58 @@ std::string ChecksumOfFile(const std::string& file) {
   return sum.ToText();
 }
 
-std::string MarkOf(platform::Recordset& rows, std::string_view numberedKey) {
+namespace {
+
+/// What a vehicle's row holds that follows from its events.
+bool IsFigure(std::string_view column) {
   static constexpr std::array<std::string_view, 5> kFigures = {"KmActual", "CustoMedioKmC", "CustoMedioKmT",
                                                                "CustoTotal", "Media"};
-  const bool vehicle = rows.FindField("CustoMedioKmT").has_value();
+  return std::find(kFigures.begin(), kFigures.end(), column) != kFigures.end();
+}
+
+void AddNumber(Checksum& sum, std::int64_t number) {
+  std::array<char, 24> digits{};
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  sum.Add({digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+void AddValue(Checksum& sum, const platform::Variant& value) {
+  if (const auto* money = value.As<platform::Currency>())
+    AddNumber(sum, money->tenThousandths());
+  else if (const auto* date = value.As<platform::Date>())
+    AddNumber(sum, date->seconds());
+  else if (const auto* text = value.As<std::string>())
+    sum.Add(*text);
+  else
+    sum.Add(value.IsNull() ? "\x1E" : value.ToText());
+  sum.Add("\x1F");
+}
+
+/// `valueOf` gives the value of a field by its place.
+template <typename ValueOf>
+std::string Mark(const std::vector<platform::FieldInfo>& fields, std::string_view numberedKey,
+                 const ValueOf& valueOf) {
+  const bool vehicle = std::any_of(fields.begin(), fields.end(), [](const platform::FieldInfo& field) {
+    return field.name == "CustoMedioKmT";
+  });
   Checksum sum;
-  for (std::size_t i = 0; i < rows.FieldList().size(); ++i) {
-    const std::string& name = rows.FieldList()[i].name;
-    if (name == numberedKey) continue;
-    if (vehicle && std::find(kFigures.begin(), kFigures.end(), name) != kFigures.end()) continue;
-    const platform::Variant value = rows.Fields(i).Value();
-    if (const auto* money = value.As<platform::Currency>()) {
-      sum.Add(std::to_string(money->tenThousandths()));
-    } else if (const auto* date = value.As<platform::Date>()) {
-      sum.Add(std::to_string(date->seconds()));
-    } else if (const auto* text = value.As<std::string>()) {
-      sum.Add(*text);
-    } else if (!value.IsNull()) {
-      sum.Add(value.ToText());
-    } else {
-      sum.Add("\x1E");
-    }
-    sum.Add("\x1F");
-  }
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    if (fields[i].name != numberedKey && !(vehicle && IsFigure(fields[i].name))) AddValue(sum, valueOf(i));
   return sum.ToText();
+}
+
+}  // namespace
+
+std::string MarkOf(platform::Recordset& rows, std::string_view numberedKey) {
+  return Mark(rows.FieldList(), numberedKey, [&](std::size_t i) { return rows.Fields(i).Value(); });
+}
+
+std::string MarkOf(const std::vector<platform::FieldInfo>& fields,
+                   const std::vector<std::optional<platform::Variant>>& values,
+                   std::string_view numberedKey) {
+  static const platform::Variant null{platform::Variant::Null{}};
+  return Mark(fields, numberedKey,
+              [&](std::size_t i) -> const platform::Variant& { return values[i] ? *values[i] : null; });
 }
 
 }  // namespace exchange

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/recordset.h"
 
@@ -26,5 +28,8 @@ std::string ChecksumOfFile(const std::string& file);
 /// The mark of the current row's values, by which a later change shows. What is computed from other rows (a
 /// vehicle's figures) and the key that the database gave aren't among them.
 std::string MarkOf(platform::Recordset& rows, std::string_view numberedKey);
+/// The mark of a new row: what was assigned to each field, null where nothing was.
+std::string MarkOf(const std::vector<platform::FieldInfo>& fields,
+                   const std::vector<std::optional<platform::Variant>>& values, std::string_view numberedKey);
 
 }  // namespace exchange

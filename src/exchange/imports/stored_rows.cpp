@@ -47,49 +47,44 @@ zorCrmParvel::Statement RowByKey(const char* what, const std::string& table, con
   return statement;
 }
 
-StoredRows::StoredRows(zorCrmParvel::DataAccessRef bd, const ImportKind& kind)
-    : bd_(std::move(bd)), kind_(kind) {
+StoredRows::StoredRows(const zorCrmParvel::DataAccessRef& bd, const ImportKind& kind, ImportLog& log)
+    : bd_(bd), kind_(kind), log_(log), through_(bd) {
   if (!kind_.numbered) return;
-  RecordsetRef rows;
-  bd_->AbrirLeitura("", {"SELECT MAX(", fixed(kind_.key), ") AS Ultimo FROM ", fixed(kind_.table)}, rows);
-  if (const platform::Variant last = rows->Fields("Ultimo").Value(); !last.IsNull()) last_ = last.ToLong();
-  rows->Close();
+  collector_ = std::make_shared<RowCollector>(
+      bd, kind_.table, kind_.key,
+      [this](std::int32_t number, std::string mark) { Sent(number, std::move(mark)); });
+  through_ = collector_;
 }
 
-void StoredRows::Begin() {
-  if (!kind_.numbered) return;
-  bd_->AbrirLeitura("",
-                    {"SELECT * FROM ", fixed(kind_.table), " WHERE ", fixed(kind_.key), ">", value(last_),
-                     " ORDER BY ", fixed(kind_.key)},
-                    rows_);
+void StoredRows::Add(const std::string& key, long line, const std::string& transaction) {
+  if (kind_.numbered)
+    waiting_.push_back({line, transaction});
+  else
+    AddByKey(kind_.table, key, line);
 }
 
-/// On a server, others may have stored rows of their own among them.
-bool StoredRows::Fits(const One& row) {
-  const platform::Variant date = rows_->Fields(kind_.date).Value();
-  return !date.IsNull() && date.ToDate() == row.date &&
-         rows_->Fields(kind_.owner).Value().ToText() == row.key;
+void StoredRows::Sent(std::int32_t number, std::string mark) {
+  const Waiting row = std::move(waiting_.front());
+  waiting_.pop_front();
+  log_.Add({.line = row.line,
+            .table = kind_.table,
+            .key = std::to_string(number),
+            .mark = std::move(mark),
+            .transaction = row.transaction});
 }
 
-void StoredRows::Add(ImportLog& log, const One& row) {
-  if (!kind_.numbered) return AddByKey(log, kind_.table, row.key, row.line);
-  while (!rows_->Eof() && !Fits(row)) rows_->MoveNext();
-  if (rows_->Eof())
-    throw std::runtime_error("A linha " + std::to_string(row.line) +
+void StoredRows::Finish() {
+  if (collector_ != nullptr) collector_->Flush();
+  if (!waiting_.empty())
+    throw std::runtime_error("A linha " + std::to_string(waiting_.front().line) +
                              " não ficou gravada: nada foi importado.");
-  log.Add({.line = row.line,
-           .table = kind_.table,
-           .key = std::to_string(rows_->Fields(kind_.key).Value().ToLong()),
-           .mark = MarkOf(*rows_, kind_.key),
-           .transaction = row.transaction});
-  rows_->MoveNext();
 }
 
-void StoredRows::AddByKey(ImportLog& log, const std::string& table, const std::string& key, long line) {
+void StoredRows::AddByKey(const std::string& table, const std::string& key, long line) {
   RecordsetRef rows;
   bd_->AbrirLeitura("", RowByKey("SELECT *", table, key), rows);
   if (!rows->Eof())
-    log.Add({.line = line, .table = table, .key = key, .mark = MarkOf(*rows, ""), .transaction = {}});
+    log_.Add({.line = line, .table = table, .key = key, .mark = MarkOf(*rows, ""), .transaction = {}});
   rows->Close();
 }
 

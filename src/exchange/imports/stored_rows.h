@@ -1,7 +1,9 @@
 #pragma once
 
+#include <deque>
 #include <string>
 
+#include "exchange/bulk/row_collector.h"
 #include "exchange/imports/import_log.h"
 #include "exchange/profile/import_kinds.h"
 #include "host/data_access.h"
@@ -13,33 +15,35 @@ zorCrmParvel::Statement RowByKey(const char* what, const std::string& table, con
 /// The key column that the database numbers; empty for tables with keys of their own.
 std::string NumberedKeyOf(const std::string& table);
 
-/// Finds again the rows that an import has just stored, and writes them into its log. Within the import's
+/// Writes the rows that an import stores into its log, with their numbers and marks. Within the import's
 /// batch.
 class StoredRows {
  public:
-  /// Before the first row is stored.
-  StoredRows(zorCrmParvel::DataAccessRef bd, const ImportKind& kind);
+  /// `log` outlives it.
+  StoredRows(const zorCrmParvel::DataAccessRef& bd, const ImportKind& kind, ImportLog& log);
 
-  struct One {
-    const std::string& key;  // of tables with keys of their own; of events the plate
-    platform::Date date;     // of events
-    long line;
-    const std::string& transaction;
-  };
-  /// After the last row, before the first `Add`.
-  void Begin();
-  /// The rows in the order in which they were stored. Throws std::runtime_error when one isn't there.
-  void Add(ImportLog& log, const One& row);
+  /// What the rows are to be written through: events are held back and sent many at a time.
+  const zorCrmParvel::DataAccessRef& through() const { return through_; }
+  /// The row that was written last; `key` of tables with keys of their own.
+  void Add(const std::string& key, long line, const std::string& transaction);
   /// A row by its key: a code that was created beside, of no line of the file.
-  void AddByKey(ImportLog& log, const std::string& table, const std::string& key, long line = 0);
+  void AddByKey(const std::string& table, const std::string& key, long line = 0);
+  /// After the last row. Throws std::runtime_error when one that was written isn't there.
+  void Finish();
 
  private:
-  bool Fits(const One& row);
+  struct Waiting {
+    long line;
+    std::string transaction;
+  };
+  void Sent(std::int32_t number, std::string mark);
 
   zorCrmParvel::DataAccessRef bd_;
   const ImportKind& kind_;
-  std::int64_t last_ = 0;  // the highest number from before
-  zorCrmParvel::RecordsetRef rows_;
+  ImportLog& log_;
+  std::shared_ptr<RowCollector> collector_;  // null for tables with keys of their own
+  zorCrmParvel::DataAccessRef through_;
+  std::deque<Waiting> waiting_;  // written, not sent yet
 };
 
 }  // namespace exchange

@@ -208,7 +208,8 @@ class TakingBack {
 
 }  // namespace
 
-TakenBack TakeBackImport(const platform::Ref<Store>& bd, long number) {
+TakenBack TakeBackImport(const platform::Ref<Store>& bd, long number,
+                         const std::function<void()>& beforeCommit) {
   const auto imports = ListImports(bd);
   const auto found = std::find_if(imports.begin(), imports.end(),
                                   [&](const ImportEntry& entry) { return entry.number == number; });
@@ -220,6 +221,7 @@ TakenBack TakeBackImport(const platform::Ref<Store>& bd, long number) {
                              found->takenBack->ToText() + ".");
   Batch batch(*bd);
   TakenBack result = TakingBack(bd, number).Run();
+  if (beforeCommit) beforeCommit();
   batch.Commit();
   return result;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,9 @@ struct TakenBack {
 
 /// Removes the rows that an import stored and nobody has changed since, and computes the vehicles anew; all
 /// of it at once. Rows that were changed, and vehicles, drivers and codes that others use by now, stay and
-/// are told. Throws std::runtime_error when there is no such import, or it was taken back already.
-TakenBack TakeBackImport(const platform::Ref<zorCrmParvel::Store>& bd, long number);
+/// are told. `beforeCommit` writes what is to be kept with it. Throws std::runtime_error when there is no
+/// such import, or it was taken back already.
+TakenBack TakeBackImport(const platform::Ref<zorCrmParvel::Store>& bd, long number,
+                         const std::function<void()>& beforeCommit = {});
 
 }  // namespace exchange

@@ -25,7 +25,7 @@ const ImportKind& KnownKind(const std::string& name) {
 }  // namespace
 
 void PlanData::UnpackInto(std::size_t row, std::vector<TableCell>& cells) const {
-  UnpackCells(table.rows[row].cells, cells);
+  UnpackCells(table.cells.At(table.rows[row].cells), cells);
 }
 
 ImportPlan::ImportPlan(platform::Ref<zorCrmParvel::Store> bd, Profile profile) {
@@ -33,12 +33,13 @@ ImportPlan::ImportPlan(platform::Ref<zorCrmParvel::Store> bd, Profile profile) {
   data_ = std::unique_ptr<PlanData>(new PlanData{.bd = bd,
                                                  .profile = std::move(profile),
                                                  .kind = kind,
-                                                 .table = {},
+                                                 .table = LoadedTable(),
                                                  .reading = {},
                                                  .codes = CodeFinder(bd),
                                                  .mapper = {},
                                                  .corrections = {},
                                                  .added = {},
+                                                 .ownerOf = {},
                                                  .created = {}});
 }
 
@@ -48,7 +49,7 @@ void ImportPlan::Load(TableReader& reader, const Progress& progress) {
   data_->table = LoadTable(reader, data_->profile, progress);
   if (reader.Facts().calendar1904) data_->profile.calendar1904 = true;
   SplitLicences();
-  Prepare();
+  Prepare(progress);
 }
 
 void ImportPlan::Answer(DateOrder order) {
@@ -62,7 +63,7 @@ void ImportPlan::Answer(char decimal) {
 }
 
 /// What depends on how values are read: the order of the rows, credit notes, documents.
-void ImportPlan::Prepare() {
+void ImportPlan::Prepare(const Progress& progress) {
   PlanData& data = *data_;
   questions_.clear();
   const auto order = data.profile.dateOrder ? data.profile.dateOrder : data.table.orders.Found();
@@ -74,22 +75,46 @@ void ImportPlan::Prepare() {
                   .calendar1904 = data.profile.calendar1904};
   data.mapper =
       std::make_unique<RowMapper>(data.profile, data.kind, data.table.header, data.reading, data.codes);
-  SetCreditsAside();
+  LookAtAll(progress);
   if (data.profile.document) JoinDocuments();
   Order();
 }
 
-void ImportPlan::SetCreditsAside() {
+void ImportPlan::LookAtAll(const Progress& progress) {
+  data_->owners = {""};
+  data_->ownerOf.clear();
   std::vector<TableCell> cells;
   for (std::size_t i = 0; i < data_->table.rows.size(); ++i) {
-    PlanRow& row = data_->table.rows[i];
-    if (!row.counts) continue;
-    if (row.reason == kCredit) row.state = RowState::kUnchecked;
-    row.amount = data_->mapper->AmountOf(data_->Source(i, cells)).value_or(Currency());
-    if (row.state == RowState::kAside || row.amount >= 0 || data_->profile.creditNotes) continue;
-    row.state = RowState::kAside;
-    row.reason = kCredit;
+    Step(progress, i, data_->table.rows.size());
+    Look(i, cells);
   }
+}
+
+/// What the order of the rows and their sums follow from.
+void ImportPlan::Look(std::size_t number, std::vector<TableCell>& cells) {
+  PlanRow& row = data_->table.rows[number];
+  if (!row.counts && !row.total) return;
+  const SourceRow source = data_->Source(number, cells);
+  row.amount = data_->mapper->AmountOf(source).value_or(Currency());
+  if (row.total) return;
+  row.date = data_->mapper->DateOf(source).value_or(Date());
+  row.owner = OwnerOf(data_->mapper->TextOf(data_->kind.owner, source));
+  if (row.credit) {
+    row.credit = false;
+    row.state = RowState::kUnchecked;
+    data_->table.SetWhy(number, {});
+  }
+  if (row.byHand || row.state == RowState::kAside || row.amount >= 0 || data_->profile.creditNotes) return;
+  row.state = RowState::kAside;
+  row.credit = true;
+  data_->table.SetWhy(number, {.column = {}, .reason = kCredit});
+}
+
+std::uint32_t ImportPlan::OwnerOf(const std::string& text) {
+  const auto [place, fresh] =
+      data_->ownerOf.try_emplace(text, static_cast<std::uint32_t>(data_->owners.size()));
+  if (fresh) data_->owners.push_back(text);
+  return place->second;
 }
 
 void ImportPlan::JoinDocuments() {
@@ -121,40 +146,34 @@ void ImportPlan::SplitLicences() {
       std::make_unique<RowMapper>(data_->profile, data_->kind, data_->table.header, Reading{}, data_->codes);
   std::vector<PlanRow> rows;
   std::unordered_map<std::size_t, Corrections> classes;
+  std::unordered_map<std::uint32_t, Why> whys;
+  const auto add = [&](std::size_t row) {
+    if (const Why& why = data_->table.WhyOf(row); !why.reason.empty())
+      whys.emplace(static_cast<std::uint32_t>(rows.size()), why);
+    rows.push_back(data_->table.rows[row]);
+  };
   std::vector<TableCell> cells;
   for (std::size_t i = 0; i < data_->table.rows.size(); ++i) {
     const auto several = LicencesIn(data_->mapper->TextOf("TipoCarta", data_->Source(i, cells)));
     for (const std::string& one : several) {
       if (several.size() > 1) classes[rows.size()]["TipoCarta"] = one;
-      rows.push_back(data_->table.rows[i]);
+      add(i);
     }
-    if (several.empty()) rows.push_back(std::move(data_->table.rows[i]));
+    if (several.empty()) add(i);
   }
+  data_->table.whys = std::move(whys);
   data_->table.rows = std::move(rows);
   data_->corrections = std::move(classes);
 }
 
-/// Oldest first, each with its owner.
+/// Oldest first.
 void ImportPlan::Order() {
-  PlanData& data = *data_;
-  std::unordered_map<std::string, std::uint32_t> known;
-  data.owners = {""};
+  const std::vector<PlanRow>& rows = data_->table.rows;
   order_.clear();
-  std::vector<TableCell> cells;
-  for (std::size_t i = 0; i < data.table.rows.size(); ++i) {
-    PlanRow& row = data.table.rows[i];
-    if (!row.counts) continue;
-    const SourceRow source = data.Source(i, cells);
-    row.date = data.mapper->DateOf(source).value_or(Date());
-    const std::string owner = data.mapper->TextOf(data.kind.owner, source);
-    const auto [place, fresh] = known.try_emplace(owner, static_cast<std::uint32_t>(data.owners.size()));
-    if (fresh) data.owners.push_back(owner);
-    row.owner = place->second;
-    if (row.leader < 0) order_.push_back(i);
-  }
-  std::stable_sort(order_.begin(), order_.end(), [&](std::size_t a, std::size_t b) {
-    return data.table.rows[a].date < data.table.rows[b].date;
-  });
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    if (rows[i].counts && rows[i].leader < 0) order_.push_back(static_cast<std::uint32_t>(i));
+  std::stable_sort(order_.begin(), order_.end(),
+                   [&](std::uint32_t a, std::uint32_t b) { return rows[a].date < rows[b].date; });
 }
 
 void ImportPlan::RequireAnswers() const {
@@ -167,29 +186,44 @@ void ImportPlan::RequireAnswers() const {
                            "»): diga no perfil qual é o sinal dos decimais.");
 }
 
+/// Rows that are judged by what is written are written, and what was written is given up.
+std::unique_ptr<zorCrmParvel::Batch> ImportPlan::BatchToCheck(const PlanRun& run) const {
+  if (run.JudgesAlone() && data_->created.empty()) return nullptr;
+  return std::make_unique<zorCrmParvel::Batch>(*data_->bd);
+}
+
 void ImportPlan::Check(const Progress& progress) {
   RequireAnswers();
-  zorCrmParvel::Batch batch(*data_->bd);  // never kept
-  PlanRun run(*data_);
-  run.CreateCodes();
-  for (std::size_t i = 0; i < order_.size(); ++i) {
-    Step(progress, i, order_.size());
-    run.Row(order_[i]);
-  }
+  CheckRows(order_, progress);
 }
 
 void ImportPlan::CheckOwner(std::uint32_t owner) {
   if (!questions_.empty()) return;
-  zorCrmParvel::Batch batch(*data_->bd);  // never kept
-  PlanRun run(*data_);
+  std::vector<std::uint32_t> rows;
+  for (const std::uint32_t row : order_)
+    if (data_->table.rows[row].owner == owner) rows.push_back(row);
+  CheckRows(rows, {});
+}
+
+void ImportPlan::CheckRows(const std::vector<std::uint32_t>& rows, const Progress& progress) {
+  PlanRun run(*data_, data_->bd, PlanRun::Purpose::kCheck);
+  const auto batch = BatchToCheck(run);
   run.CreateCodes();
-  for (const std::size_t row : order_)
-    if (data_->table.rows[row].owner == owner) run.Row(row);
+  run.Expect(rows);
+  Plausibility plausibility(*data_);
+  if (data_->kind.figures == Figures::kExpenses) run.AddTo(plausibility);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    Step(progress, i, rows.size());
+    run.Row(rows[i]);
+  }
+  plausibility.Warn();
 }
 
 void ImportPlan::Correct(std::size_t row, const std::string& column, const std::string& text) {
   const std::uint32_t before = data_->table.rows[row].owner;
   data_->corrections[row][column] = text;
+  std::vector<TableCell> cells;
+  Look(row, cells);
   Order();
   CheckOwner(before);
   if (data_->table.rows[row].owner != before) CheckOwner(data_->table.rows[row].owner);
@@ -197,18 +231,18 @@ void ImportPlan::Correct(std::size_t row, const std::string& column, const std::
 
 void ImportPlan::SetAside(std::size_t number, bool aside) {
   PlanRow& row = data_->table.rows[number];
-  if (!row.counts || (row.state == RowState::kAside && !row.byHand && !aside && row.reason != kCredit))
-    return;
-  row.byHand = aside;
+  if (!row.counts || (row.state == RowState::kAside && !row.byHand && !aside && !row.credit)) return;
+  row.byHand = true;
+  row.credit = false;
   row.state = aside ? RowState::kAside : RowState::kUnchecked;
-  row.column.clear();
-  row.reason = aside ? "Pelo operador." : "";
+  data_->table.SetWhy(number, {.column = {}, .reason = aside ? "Pelo operador." : ""});
   CheckOwner(row.owner);
 }
 
 void ImportPlan::Learn(const std::string& column, const std::string& text, const std::string& code) {
   data_->profile.learned[column][Folded(text)] = code;
   data_->codes.Forget();
+  LookAtAll();
   Order();
 }
 
@@ -236,28 +270,8 @@ void ImportPlan::Create(std::vector<NewCode> codes) {
     data_->created.push_back(std::move(code));
   }
   data_->codes.Forget();
+  LookAtAll();
   Order();
-}
-
-Reconciliation ImportPlan::Sums() const {
-  Reconciliation sums;
-  const auto add = [](Tally& tally, const PlanRow& row) {
-    ++tally.rows;
-    tally.amount += row.amount;
-  };
-  for (const PlanRow& row : data_->table.rows) {
-    if (!row.counts) continue;
-    add(sums.file, row);
-    // A row that was added into another shares its fate.
-    const PlanRow& fate = row.leader >= 0 ? data_->table.rows[static_cast<std::size_t>(row.leader)] : row;
-    if (fate.state == RowState::kNew || fate.state == RowState::kWarning) add(sums.stored, row);
-    if (fate.state == RowState::kWarning) add(sums.warned, row);
-    if (fate.state == RowState::kKnown) add(sums.known, row);
-    if (fate.state == RowState::kAside) add(sums.aside, row);
-    if (fate.state == RowState::kAside && row.reason == kCredit) add(sums.credits, row);
-    if (fate.state == RowState::kRefused) add(sums.refused, row);
-  }
-  return sums;
 }
 
 }  // namespace exchange

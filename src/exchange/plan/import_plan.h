@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +9,8 @@
 #include "exchange/plan/plan_data.h"
 
 namespace exchange {
+
+class PlanRun;
 
 /// Rows and their sum.
 struct Tally {
@@ -24,6 +27,9 @@ struct Reconciliation {
   Tally aside;
   Tally credits;  // of those aside
   Tally refused;
+  /// What the file itself says it adds up to: its sum rows, where one or all of them can be that; else the
+  /// last. None: it says nothing.
+  std::optional<platform::Currency> declared;
 };
 
 /// What an import stored.
@@ -32,6 +38,9 @@ struct StoredImport {
   Reconciliation rows;
   std::vector<std::string> vehicles;  // whose events they are
 };
+
+/// Called within an import's batch, after its last row: the import's number and how many rows it stored.
+using BeforeCommit = std::function<void(long number, long rows)>;
 
 /// What nobody but the operator knows.
 struct Question {
@@ -58,8 +67,14 @@ class ImportPlan {
   const std::vector<ImportColumn>& columns() const { return data_->mapper->columns(); }
   std::size_t size() const { return data_->table.rows.size(); }
   const PlanRow& row(std::size_t row) const { return data_->table.rows[row]; }
+  /// Why a row's state is what it is; an empty reason where there is nothing to say.
+  const Why& why(std::size_t row) const { return data_->table.WhyOf(row); }
   /// A row's values as they would be stored, in the order of the columns; what can't be read as it stands.
   std::vector<std::string> Values(std::size_t row) const;
+  /// The same with their kinds; what can't be read is its text.
+  ImportRow Read(std::size_t row) const;
+  /// Which of the columns the file or the operator fills, or must.
+  std::vector<std::size_t> ColumnsInUse() const;
   /// A row's cells as the file has them.
   std::vector<std::string> Cells(std::size_t row) const;
 
@@ -84,23 +99,29 @@ class ImportPlan {
 
   Reconciliation Sums() const;
   /// Stores all rows that pass, with the profile when it has a name and an entry in the table of imports.
+  /// `beforeCommit` writes what is to be kept with it.
   StoredImport Store(const std::string& file, const std::string& checksum, const std::string& who,
-                     const Progress& progress = {});
+                     const Progress& progress = {}, const BeforeCommit& beforeCommit = {});
   /// The refused rows in the shape in which they came, below the file's header, as CSV.
   void WriteRefused(std::ostream& out) const;
 
  private:
-  void Prepare();
+  void Prepare(const Progress& progress = {});
+  void LookAtAll(const Progress& progress = {});
+  void Look(std::size_t row, std::vector<TableCell>& cells);
   void Order();
-  void SetCreditsAside();
+  std::uint32_t OwnerOf(const std::string& text);
+  std::unique_ptr<zorCrmParvel::Batch> BatchToCheck(const PlanRun& run) const;
   void JoinDocuments();
   void SplitLicences();
   void CheckOwner(std::uint32_t owner);
+  void CheckRows(const std::vector<std::uint32_t>& rows, const Progress& progress);
+  std::optional<platform::Currency> DeclaredTotal(platform::Currency sum) const;
   void RequireAnswers() const;
 
   std::unique_ptr<PlanData> data_;
   std::vector<Question> questions_;
-  std::vector<std::size_t> order_;  // in which rows are stored
+  std::vector<std::uint32_t> order_;  // in which rows are stored
 };
 
 }  // namespace exchange

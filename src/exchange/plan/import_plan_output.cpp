@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <set>
 
 #include "exchange/csv_text.h"
 #include "exchange/imports/import_log.h"
@@ -16,18 +15,34 @@
 
 namespace exchange {
 
-std::vector<std::string> ImportPlan::Values(std::size_t row) const {
+ImportRow ImportPlan::Read(std::size_t row) const {
   std::vector<TableCell> cells;
   const SourceRow source = data_->Source(row, cells);
   MappedRow mapped{.row = ImportRow(columns()), .refusal = {}, .warning = {}, .transaction = {}};
   data_->mapper->Map(source, mapped);
+  for (std::size_t i = 0; i < columns().size(); ++i) {
+    ImportRow::Field& field = mapped.row.at(i);
+    if (!field.number && !field.date && field.text.empty())
+      field.text = data_->mapper->TextOf(columns()[i].name, source);
+  }
+  return std::move(mapped.row);
+}
+
+std::vector<std::string> ImportPlan::Values(std::size_t row) const {
+  ImportRow read = Read(row);
   std::vector<std::string> values;
   for (std::size_t i = 0; i < columns().size(); ++i) {
-    const ImportRow::Field& field = mapped.row.at(i);
+    const ImportRow::Field& field = read.at(i);
     values.push_back(field.number ? field.number->ToText() : field.date ? field.date->ToText() : field.text);
-    if (values.back().empty()) values.back() = data_->mapper->TextOf(columns()[i].name, source);
   }
   return values;
+}
+
+std::vector<std::size_t> ImportPlan::ColumnsInUse() const {
+  std::vector<std::size_t> used;
+  for (std::size_t i = 0; i < columns().size(); ++i)
+    if (columns()[i].required || profile().Find(columns()[i].name) != nullptr) used.push_back(i);
+  return used;
 }
 
 std::vector<std::string> ImportPlan::Cells(std::size_t row) const {
@@ -39,18 +54,10 @@ std::vector<std::string> ImportPlan::Cells(std::size_t row) const {
 }
 
 StoredImport ImportPlan::Store(const std::string& file, const std::string& checksum, const std::string& who,
-                               const Progress& progress) {
+                               const Progress& progress, const BeforeCommit& beforeCommit) {
   RequireAnswers();
   PlanData& data = *data_;
   zorCrmParvel::Batch batch(*data.bd);
-  StoredRows after(data.bd, data.kind);
-  PlanRun run(data);
-  run.CreateCodes();
-  for (std::size_t i = 0; i < order_.size(); ++i) {
-    Step(progress, i, order_.size());
-    run.Row(order_[i]);
-  }
-  run.Finish();
   ImportLog log(data.bd, {.when = platform::Host::Current().Now(),
                           .who = who,
                           .kind = data.kind.name,
@@ -58,24 +65,68 @@ StoredImport ImportPlan::Store(const std::string& file, const std::string& check
                           .profile = data.profile.name,
                           .checksum = checksum,
                           .takenBack = {}});
-  for (const NewCode& code : data.created) after.AddByKey(log, code.table, code.code);
-  StoredImport result;
-  std::set<std::string> vehicles;
-  after.Begin();
-  for (const PlanRun::Stored& stored : run.stored()) {
-    const PlanRow& row = data.table.rows[stored.row];
-    after.Add(log,
-              {.key = stored.key, .date = row.date, .line = row.line, .transaction = stored.transaction});
-    if (std::string_view(data.kind.owner) == "Matricula") vehicles.insert(data.owners[row.owner]);
+  StoredRows rows(data.bd, data.kind, log);
+  PlanRun run(data, rows.through(), PlanRun::Purpose::kStore);
+  run.CreateCodes();
+  for (const NewCode& code : data.created) rows.AddByKey(code.table, code.code);
+  std::vector<bool> touched(data.owners.size());
+  run.OnStored([&](std::size_t row, const std::string& key, const std::string& transaction) {
+    rows.Add(key, data.table.rows[row].line, transaction);
+    touched[data.table.rows[row].owner] = true;
+  });
+  run.Expect(order_);
+  for (std::size_t i = 0; i < order_.size(); ++i) {
+    Step(progress, i, order_.size());
+    run.Row(order_[i]);
   }
+  rows.Finish();
+  run.Finish();
   log.Finish();
   if (!data.profile.name.empty()) SaveProfile(data.bd, data.profile);
   if (progress && !progress(order_.size(), order_.size())) throw Cancelled();
+  if (beforeCommit) beforeCommit(log.number(), log.rows());
   batch.Commit();
-  result.number = log.number();
-  result.rows = Sums();
-  result.vehicles.assign(vehicles.begin(), vehicles.end());
+  StoredImport result{.number = log.number(), .rows = Sums(), .vehicles = {}};
+  if (std::string_view(data.kind.owner) == "Matricula")
+    for (std::size_t i = 0; i < touched.size(); ++i)
+      if (touched[i]) result.vehicles.push_back(data.owners[i]);
+  std::sort(result.vehicles.begin(), result.vehicles.end());
   return result;
+}
+
+/// Of the file's sum rows, the one that states the whole: by itself or, of sections, all together.
+std::optional<platform::Currency> ImportPlan::DeclaredTotal(platform::Currency sum) const {
+  std::optional<platform::Currency> last;
+  platform::Currency together;
+  for (const PlanRow& row : data_->table.rows) {
+    if (!row.total || row.amount == 0) continue;
+    if (row.amount == sum) return sum;
+    together += row.amount;
+    last = row.amount;
+  }
+  return last && together == sum ? sum : last;
+}
+
+Reconciliation ImportPlan::Sums() const {
+  Reconciliation sums;
+  const auto add = [](Tally& tally, const PlanRow& row) {
+    ++tally.rows;
+    tally.amount += row.amount;
+  };
+  for (const PlanRow& row : data_->table.rows) {
+    if (!row.counts) continue;
+    add(sums.file, row);
+    // A row that was added into another shares its fate.
+    const PlanRow& fate = row.leader >= 0 ? data_->table.rows[static_cast<std::size_t>(row.leader)] : row;
+    if (fate.state == RowState::kNew || fate.state == RowState::kWarning) add(sums.stored, row);
+    if (fate.state == RowState::kWarning) add(sums.warned, row);
+    if (fate.state == RowState::kKnown) add(sums.known, row);
+    if (fate.state == RowState::kAside) add(sums.aside, row);
+    if (fate.state == RowState::kAside && row.credit) add(sums.credits, row);
+    if (fate.state == RowState::kRefused) add(sums.refused, row);
+  }
+  sums.declared = DeclaredTotal(sums.file.amount);
+  return sums;
 }
 
 void ImportPlan::WriteRefused(std::ostream& out) const {
@@ -85,7 +136,7 @@ void ImportPlan::WriteRefused(std::ostream& out) const {
   };
   for (const TableRow& row : data_->table.above) write(row.cells);
   std::vector<TableCell> cells;
-  std::uint32_t section = 0;
+  std::uint32_t section = 0;  // written last
   for (std::size_t i = 0; i < data_->table.rows.size(); ++i) {
     const PlanRow& row = data_->table.rows[i];
     const PlanRow& fate = row.leader >= 0 ? data_->table.rows[static_cast<std::size_t>(row.leader)] : row;

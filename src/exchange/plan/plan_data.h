@@ -35,6 +35,7 @@ struct PlanData {
   std::unordered_map<std::size_t, Corrections> corrections;         // by row
   std::unordered_map<std::size_t, std::vector<std::size_t>> added;  // rows added into another, by that one
   std::vector<std::string> owners = {""};                           // by `PlanRow::owner`
+  std::unordered_map<std::string, std::uint32_t> ownerOf;
   std::vector<NewCode> created;
   bool acceptProposals = true;  // of kilometres; else rows that need them are refused
 

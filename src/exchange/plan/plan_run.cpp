@@ -27,11 +27,12 @@ std::size_t PlaceIn(const std::vector<ImportColumn>& columns, std::string_view n
 
 }  // namespace
 
-PlanRun::PlanRun(PlanData& plan)
+PlanRun::PlanRun(PlanData& plan, const zorCrmParvel::DataAccessRef& bd, Purpose purpose)
     : plan_(plan),
-      target_(MakeImportTarget(plan.kind.name, plan.bd)),
+      target_(MakeImportTarget(plan.kind.name, bd)),
       proposals_(plan),
-      expenses_(std::string_view(plan.kind.name) == "gastos") {
+      expenses_(std::string_view(plan.kind.name) == "gastos"),
+      writes_(purpose == Purpose::kStore || !target_->JudgesAlone()) {
   mapped_.row = ImportRow(plan.mapper->columns());
   other_.row = ImportRow(plan.mapper->columns());
   if (plan.profile.transaction) transactions_ = KnownTransactions(plan.bd, plan.profile.name);
@@ -50,11 +51,27 @@ void PlanRun::CreateCodes() {
   }
 }
 
+void PlanRun::Expect(const std::vector<std::uint32_t>& rows) {
+  if (plan_.kind.date == nullptr || std::string_view(plan_.kind.owner) != "Matricula") return;
+  std::vector<std::string> plates;
+  std::vector<bool> named(plan_.owners.size());
+  platform::Date oldest;
+  platform::Date newest;
+  for (const std::uint32_t number : rows) {
+    const PlanRow& row = plan_.table.rows[number];
+    if (row.state == RowState::kAside || row.date.IsZero()) continue;
+    if (oldest.IsZero()) oldest = row.date;
+    newest = row.date;
+    if (!named[row.owner]) plates.push_back(plan_.owners[row.owner]);
+    named[row.owner] = true;
+  }
+  if (!plates.empty()) target_->Expect(plates, oldest, newest);
+}
+
 void PlanRun::Row(std::size_t number) {
   PlanRow& row = plan_.table.rows[number];
   if (row.state == RowState::kAside) return;
-  row.column.clear();
-  row.reason.clear();
+  Why why;
   plan_.mapper->Map(plan_.Source(number, cells_), mapped_);
   if (!plan_.added.empty()) AddOthers(number);
   try {
@@ -62,24 +79,24 @@ void PlanRun::Row(std::size_t number) {
     if (expenses_) SettlePrice();
     if (!SettleCode()) {
       row.state = RowState::kKnown;
-      return;
+    } else {
+      if (plan_.profile.proposeKm && expenses_) ProposeKm(row);
+      why.reason = Decide(number);
+      if (row.hidden && mapped_.warning.empty()) mapped_.warning = "O ficheiro esconde esta linha.";
+      if (row.state == RowState::kNew && !mapped_.warning.empty()) row.state = RowState::kWarning;
+      if (row.state == RowState::kWarning) why.reason = mapped_.warning;
     }
-    if (plan_.profile.proposeKm && expenses_) ProposeKm(row);
-    Decide(number);
-    if (row.hidden && mapped_.warning.empty()) mapped_.warning = "O ficheiro esconde esta linha.";
-    if (row.state == RowState::kNew && !mapped_.warning.empty()) row.state = RowState::kWarning;
-    if (row.state != RowState::kKnown) row.reason = mapped_.warning;
   } catch (const Refusal& refusal) {
     row.state = RowState::kRefused;
-    row.column = refusal.column;
-    row.reason = refusal.reason;
-    if (expenses_ && refusal.column == "Km") row.reason += RefusalOfKm(row);
+    why = {refusal.column, refusal.reason};
+    if (expenses_ && refusal.column == "Km") why.reason += RefusalOfKm(row);
   } catch (const platform::RuntimeError& error) {
     // A value that no statement can carry, or a number too large for its column.
     if (error.number() != platform::kStatementRefused && error.number() != platform::kOverflow) throw;
     row.state = RowState::kRefused;
-    row.reason = "Um valor da linha não se pode gravar: " + error.description();
+    why.reason = "Um valor da linha não se pode gravar: " + error.description();
   }
+  plan_.table.SetWhy(number, std::move(why));
 }
 
 /// The code of a record whose file has none. False when a record of the same name stands already.
@@ -141,28 +158,36 @@ void PlanRun::ProposeKm(const PlanRow& row) {
   mapped_.warning = "Km propostos: " + proposed->ToText() + ".";
 }
 
-void PlanRun::Decide(std::size_t number) {
+/// What there is to say of it.
+std::string PlanRun::Decide(std::size_t number) {
   PlanRow& row = plan_.table.rows[number];
   mapped_.row.numbered = !mapped_.transaction.empty();
   if (mapped_.row.numbered && transactions_.contains(mapped_.transaction)) {
     row.state = RowState::kKnown;
-    row.reason = "O número " + mapped_.transaction + " já foi importado.";
-    return;
+    return "O número " + mapped_.transaction + " já foi importado.";
   }
-  row.state = target_->Store(mapped_.row) == Outcome::kAdded ? RowState::kNew : RowState::kKnown;
+  const Outcome outcome = writes_ ? target_->Store(mapped_.row) : target_->Judge(mapped_.row);
+  row.state = outcome == Outcome::kAdded ? RowState::kNew : RowState::kKnown;
   if (row.state == RowState::kNew) Remember(number);
+  return {};
 }
 
 void PlanRun::Remember(std::size_t number) {
   if (mapped_.row.numbered) transactions_.insert(mapped_.transaction);
   const std::string& owner = mapped_.row.text(plan_.kind.owner);
   if (expenses_)
-    if (const auto km = mapped_.row.number("Km"); km && *km > 0)
-      fills_[owner].push_back({plan_.table.rows[number].date, *km, plan_.table.rows[number].line});
+    if (const auto km = mapped_.row.number("Km"); km && *km > 0) {
+      const PlanRow& row = plan_.table.rows[number];
+      Fills& fills = fills_[owner];
+      if (fills.last.date < row.date) fills.before = fills.last;
+      fills.last = {row.date, *km, row.line};
+    }
+  if (plausibility_ != nullptr) plausibility_->Add(number, mapped_.row);
+  if (!stored_) return;
   std::string key = owner;
   if (std::string_view(plan_.kind.name) == "cartas")
     key += "|" + std::to_string(mapped_.row.integer("TipoCarta"));
-  stored_.push_back({number, std::move(key), mapped_.transaction});
+  stored_(number, key, mapped_.transaction);
 }
 
 /// Where the higher kilometres stand: in the file, or stored before.
@@ -173,12 +198,11 @@ std::string PlanRun::RefusalOfKm(const PlanRow& row) const {
   const auto told = [](Currency higher, platform::Date date, const std::string& where) {
     return " (" + where + ": " + higher.ToText() + " km em " + date.ToText() + ")";
   };
-  const Fill* latest = nullptr;
-  if (const auto fills = fills_.find(plate); fills != fills_.end())
-    for (const Fill& fill : fills->second)
-      if (fill.date < row.date && (latest == nullptr || fill.date >= latest->date)) latest = &fill;
-  if (latest != nullptr && latest->km > *km)
-    return told(latest->km, latest->date, "linha " + std::to_string(latest->line));
+  if (const auto fills = fills_.find(plate); fills != fills_.end()) {
+    const Fill& latest = fills->second.last.date < row.date ? fills->second.last : fills->second.before;
+    if (latest.line > 0 && latest.km > *km)
+      return told(latest.km, latest.date, "linha " + std::to_string(latest.line));
+  }
   zorCrmParvel::RecordsetRef rows;
   plan_.bd->AbrirLeitura("",
                          {"SELECT TOP 1 G.Data, G.Km FROM zor_PV_Gastos G INNER JOIN zor_PV_TiposGastos T ON "

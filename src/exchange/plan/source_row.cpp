@@ -1,5 +1,6 @@
 #include "exchange/plan/source_row.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace exchange {
@@ -29,19 +30,17 @@ Number TakeNumber(std::string_view& cell) {
 
 }  // namespace
 
-std::string PackCells(const std::vector<TableCell>& cells) {
-  std::string packed;
-  std::size_t size = 0;
-  for (const TableCell& cell : cells) size += cell.text.size() + 2;
-  packed.reserve(size);
+void PackCells(const std::vector<TableCell>& cells, std::string& packed) {
+  packed.clear();
   for (const TableCell& cell : cells) {
     packed += static_cast<char>(kFirstKind + static_cast<char>(cell.kind) + (cell.formula ? kFormula : 0));
     if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kTruth) PutNumber(packed, cell.number);
     if (cell.kind == CellKind::kDate) PutNumber(packed, cell.date.seconds());
-    for (const char c : cell.text) packed += c == kEnd ? ' ' : c;
+    const std::size_t begin = packed.size();
+    packed += cell.text;
+    std::replace(packed.begin() + static_cast<std::ptrdiff_t>(begin), packed.end(), kEnd, ' ');
     packed += kEnd;
   }
-  return packed;
 }
 
 void UnpackCells(std::string_view packed, std::vector<TableCell>& cells) {

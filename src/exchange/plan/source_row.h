@@ -9,7 +9,7 @@
 namespace exchange {
 
 /// The cells of a row in one text, for holding many rows.
-std::string PackCells(const std::vector<TableCell>& cells);
+void PackCells(const std::vector<TableCell>& cells, std::string& packed);
 /// The cells again; `cells` keeps its memory from row to row.
 void UnpackCells(std::string_view packed, std::vector<TableCell>& cells);
 

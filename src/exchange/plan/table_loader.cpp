@@ -99,7 +99,7 @@ class Loader {
 
   void Take(TableRow& row) {
     PlanRow taken;
-    taken.line = row.line;
+    taken.line = static_cast<std::int32_t>(row.line);
     taken.hidden = row.hidden;
     RowClass what = ClassOf(row, table_.header, width_);
     if (what == RowClass::kSection && !hasSections_) what = RowClass::kData;
@@ -110,6 +110,7 @@ class Loader {
     }
     if (what != RowClass::kData) {
       taken.counts = false;
+      taken.total = what == RowClass::kTotal;
       SetAside(taken, what == RowClass::kTotal     ? "Linha de soma ou rodapé."
                       : what == RowClass::kSection ? "Título de secção."
                                                    : "O cabeçalho outra vez.");
@@ -121,13 +122,14 @@ class Loader {
         Look(row);
     }
     taken.section = static_cast<std::uint32_t>(table_.sections.size() - 1);
-    taken.cells = PackCells(row.cells);
-    table_.rows.push_back(std::move(taken));
+    PackCells(row.cells, packed_);
+    taken.cells = table_.cells.Add(packed_);
+    table_.rows.push_back(taken);
   }
 
-  static void SetAside(PlanRow& row, std::string why) {
+  void SetAside(PlanRow& row, std::string why) {
     row.state = RowState::kAside;
-    row.reason = std::move(why);
+    table_.SetWhy(table_.rows.size(), {.column = {}, .reason = std::move(why)});
   }
 
   static void FillFromAbove(TableRow& row, std::size_t place, TableCell& above) {
@@ -193,6 +195,7 @@ class Loader {
   std::vector<std::size_t> numbers_;
   std::vector<std::pair<int, const AsideRule*>> rules_;
   std::optional<int> recordType_;
+  std::string packed_;
 };
 
 }  // namespace

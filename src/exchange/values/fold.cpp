@@ -83,6 +83,8 @@ std::vector<std::string> FoldedWords(std::string_view text) {
 }
 
 std::string Stripped(std::string_view text) {
+  const auto plain = [](char c) { return c > ' ' && c < 0x7F; };
+  if (!text.empty() && plain(text.front()) && plain(text.back())) return std::string(text);
   std::size_t begin = 0;
   while (const std::size_t blank = BlankAt(text, begin)) begin += blank;
   std::size_t end = text.size();
