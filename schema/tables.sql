@@ -473,3 +473,10 @@ CREATE TABLE parvel_correio (
   Autoridade nvarchar(255) NULL,
   CONSTRAINT PK_parvel_correio PRIMARY KEY (Nome)
 );
+
+-- What an office has settled for all its operators: "historico" = "nao", "historico.anos" = "5".
+CREATE TABLE parvel_opcoes (
+  Nome nvarchar(40) NOT NULL,
+  Valor nvarchar(200) NULL,
+  CONSTRAINT PK_parvel_opcoes PRIMARY KEY (Nome)
+);

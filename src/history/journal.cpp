@@ -1,6 +1,7 @@
 #include "history/journal.h"
 
 #include "history/digest.h"
+#include "history/settings.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -71,11 +72,12 @@ void Journal::Look() {
         "Linhas, Antes, Depois FROM parvel_historico WHERE Id = 0",
         rows);
     rows->Close();
-    keeps_ = true;
+    exists_ = true;
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kInvalidObject && error.number() != platform::kInvalidColumn) throw;
-    keeps_ = false;
+    exists_ = false;
   }
+  keeps_ = exists_ && ReadSettings(zorCrmParvel::DataAccessRef(store_)).records;
 }
 
 void Journal::Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after) {

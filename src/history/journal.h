@@ -35,8 +35,11 @@ class Journal {
   Journal(std::shared_ptr<zorCrmParvel::Store> store, Who who, std::function<platform::Date()> clock);
 
   /// False when the database has no table for it: then nothing is recorded.
+  bool Exists() const { return exists_; }
+  /// False, too, when the office turned the history off.
   bool Keeps() const { return keeps_; }
-  /// Looks for the table anew. Error as the database's when it is there and may not be read.
+  /// Looks for the table and the office's setting anew. Error as the database's when it is there and may not
+  /// be read.
   void Look();
 
   void Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after);
@@ -53,6 +56,7 @@ class Journal {
   std::shared_ptr<zorCrmParvel::Store> store_;
   Who who_;
   std::function<platform::Date()> clock_;
+  bool exists_ = false;
   bool keeps_ = false;
   std::vector<Alteration> pending_;
   std::size_t pendingBytes_ = 0;

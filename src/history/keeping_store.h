@@ -33,7 +33,12 @@ class KeepingStore : public zorCrmParvel::Store {
 
   const std::shared_ptr<Store>& inner() const { return inner_; }
   const tsql::Catalog& catalog() const { return catalog_; }
+  /// True when what is written is remembered: the database has a history, and the office did not turn it off.
   bool Keeps() const { return journal_.Keeps(); }
+  /// True when there is a history to read.
+  bool HasHistory() const { return journal_.Exists(); }
+  /// Looks anew whether there is one and whether it is to be kept.
+  void LookAtSettings() { journal_.Look(); }
   const Who& who() const { return who_; }
 
   std::string Place() const override { return inner_->Place(); }

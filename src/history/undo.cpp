@@ -7,6 +7,7 @@
 
 #include "events/expense_figures.h"
 #include "history/act.h"
+#include "history/life.h"
 #include "history/reader.h"
 #include "history/rows_by_key.h"
 #include "platform/runtime_error.h"
@@ -242,6 +243,10 @@ Operation ToUndo(KeepingStore& store, long number) {
     throw RuntimeError(platform::kInvalidCall, "Histórico",
                        "A operação " + std::to_string(number) + " já foi anulada, pela operação " +
                            std::to_string(operation->undoneBy) + ".");
+  if (operation->emptied)
+    throw RuntimeError(platform::kInvalidCall, "Histórico",
+                       "O que a operação " + std::to_string(number) +
+                           " escreveu já não está guardado no histórico: não se pode anular.");
   return *operation;
 }
 

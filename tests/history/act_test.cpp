@@ -3,7 +3,7 @@
 #include "drivers/motoristas.h"
 #include "events/upkeep.h"
 #include "history/kept_fleet.h"
-#include "history/reader.h"
+#include "history/life.h"
 #include "history/undo.h"
 #include "masterdata/code_table.h"
 #include "vehicles/viaturas.h"
