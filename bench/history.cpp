@@ -10,6 +10,7 @@
 
 #include "baseline.h"
 #include "embedded/database.h"
+#include "embedded/storage/functions.h"
 #include "events/gastos_form.h"
 #include "history/act.h"
 #include "history/reader.h"
@@ -29,6 +30,9 @@ constexpr double kPage = 200;  // milliseconds
 
 void Run(const std::string& file, const std::string& sql) {
   const bench::ConnectionPtr connection = bench::Connect(file);
+  embedded::RegisterFunctions(connection.get());
+  const bench::ConnectionPtr connection = bench::Connect(file);
+  embedded::RegisterFunctions(connection.get());
   bench::Require(sqlite3_exec(connection.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
 }
 

@@ -46,12 +46,18 @@ class Journal {
   /// Stores what was collected as part of an act.
   void Flush(ActRecord& act);
   void Forget();
+  /// Stores an operation of which no rows are recorded at once; its number. Without a table it can't be
+  /// undone.
+  long Note(const std::string& words, long undoes, const std::string& table, const std::string& key);
 
  private:
   void Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows,
              const std::string& before, const std::string& after);
   void KeepContents(const tsql::Table& table, const Image& image);
   void Open();
+  void PutHead(const std::string& words, const std::string& about, long undoes);
+  void Put(const char* column, const platform::Variant& value);
+  void Cut(const char* column, const std::string& text);
 
   std::shared_ptr<zorCrmParvel::Store> store_;
   Who who_;

@@ -63,14 +63,6 @@ std::vector<Operation> TakeOperations(KeepingStore& store, const RecordsetRef& r
   return operations;
 }
 
-/// As a pattern takes it: what stands for other characters stands for itself.
-std::string Anywhere(const std::string& text) {
-  std::string pattern = "%";
-  for (const char c : text)
-    pattern += c == '%' || c == '_' || c == '[' ? std::string("[") + c + "]" : std::string(1, c);
-  return Quoted(pattern + "%");
-}
-
 const char* ConditionOf(Kind kind) {
   switch (kind) {
     case Kind::kCreation:

@@ -30,6 +30,13 @@ std::string Quoted(const std::string& text) {
   return literal + "'";
 }
 
+std::string Anywhere(const std::string& text) {
+  std::string pattern = "%";
+  for (const char c : text)
+    pattern += c == '%' || c == '_' || c == '[' ? std::string("[") + c + "]" : std::string(1, c);
+  return Quoted(pattern + "%");
+}
+
 std::string DayLiteral(platform::Date day) {
   return "'" + std::to_string(day.year()) + "-" + platform::Padded(day.month(), 2) + "-" +
          platform::Padded(day.day(), 2) + "'";

@@ -14,8 +14,10 @@ zorCrmParvel::RecordsetRef OpenRows(KeepingStore& store, const std::string& stat
 std::string TextIn(platform::Recordset& rows, const char* column);
 long NumberIn(platform::Recordset& rows, const char* column);
 
-/// A text and a day as statements spell them.
+/// A text, and below a day, as statements spell them.
 std::string Quoted(const std::string& text);
+/// A pattern that finds a text anywhere: what stands for other characters in a pattern stands for itself.
+std::string Anywhere(const std::string& text);
 std::string DayLiteral(platform::Date day);
 /// "1, 2, 3": numbers as conditions take them, some in each text.
 std::vector<std::string> ListsOf(const std::vector<long>& numbers, std::size_t most);

@@ -6,6 +6,7 @@
 
 #include "desktop/ficha/control_view.h"
 #include "desktop/ficha/ficha_contents.h"
+#include "desktop/history/overwrite_watch.h"
 
 class QKeyEvent;
 class QLabel;
@@ -67,6 +68,7 @@ class FormDialog : public QDialog, private UserActs {
   QLabel* notice_;
   std::vector<std::unique_ptr<ControlView>> views_;
   FichaContents contents_;
+  OverwriteWatch overwritten_;
   const platform::PushButton* pressed_ = nullptr;  // by the act under way
   bool syncing_ = false;
   bool acting_ = false;

@@ -10,6 +10,7 @@ constexpr char kEvents[] = "EVENTOS";
 constexpr char kWork[] = "TRABALHOS";
 constexpr char kAlerts[] = "ALERTAS";
 constexpr char kTables[] = "TABELAS";
+constexpr char kMemory[] = "REGISTO DO QUE SE FEZ";
 
 }  // namespace
 
@@ -43,6 +44,7 @@ const std::vector<ListEntry>& AllLists() {
       {kTables, "TiposGastos", "Tipos de gastos", "Codigo", "TiposGastos"},
       {kTables, "TiposManut", "Tipos de revisão", "Codigo", "TiposManut"},
       {kTables, "Viagens", "Viagens", "Codigo", "Viagens"},
+      {kMemory, "Historico", "Histórico", nullptr, nullptr},
   };
   return lists;
 }

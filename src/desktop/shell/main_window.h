@@ -12,10 +12,6 @@ class QLabel;
 class QSplitter;
 class QTimer;
 
-namespace history {
-struct Operation;
-}  // namespace history
-
 namespace desktop {
 
 class AlertBoard;
@@ -76,7 +72,6 @@ class MainWindow : public QMainWindow {
   void UpdateRecordMenu();
   void UpdateUndo();
   void Undo();
-  bool MayUndo(const history::Operation& operation);
   void FillFichas();
   void SwitchSide();
   bool ListKey(int key);

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <vector>
 
+#include "desktop/history/history_page.h"
 #include "desktop/list/list_page.h"
 #include "host/sistema.h"
 
@@ -16,7 +17,10 @@ struct OwnPage {
 };
 
 const std::vector<OwnPage>& OwnPages() {
-  static const std::vector<OwnPage> pages = {};
+  static const std::vector<OwnPage> pages = {
+      {"Historico", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
+         return new HistoryPage(workspace, parent);
+       }}};
   return pages;
 }
 
