@@ -42,9 +42,11 @@ int Erase(const Calls& calls, const DriverOptions& options) {
     return kRefused;
   }
   const history::Erased erased = history::EraseDriver(store, options.code);
-  calls.out << "Dados pessoais apagados; os gastos, multas e sinistros ficam sob o código " << erased.code << ".\n";
+  calls.out << "Dados pessoais apagados; os gastos, multas e sinistros ficam sob o código " << erased.code
+            << ".\n";
   if (!erased.fromFile)
-    calls.err << "Do ficheiro, ou dos ficheiros do servidor, ainda não saiu tudo: outro programa tem a base de dados "
+    calls.err << "Do ficheiro, ou dos ficheiros do servidor, ainda não saiu tudo: outro programa tem a base "
+                 "de dados "
                  "aberta, ou é a quem administra o servidor que cabe renová-los.\n";
   calls.err << "As cópias de segurança já feitas ainda os têm.\n";
   return kDone;
@@ -67,8 +69,8 @@ int PrintQuiet(const Calls& calls, const DriverOptions& options) {
   const int years = options.years > 0 ? options.years : history::ReadSettings(bd).driverYears;
   for (const history::QuietDriver& each :
        history::DriversQuietSince(*store, platform::Today().AddMonths(-12 * years)))
-    calls.out << each.code << "  " << each.name << "  " << (each.last ? each.last->DayOnly().ToText() : "nunca")
-              << '\n';
+    calls.out << each.code << "  " << each.name << "  "
+              << (each.last ? each.last->DayOnly().ToText() : "nunca") << '\n';
   return kDone;
 }
 
@@ -80,11 +82,12 @@ void AddDriverCalls(Calls& calls) {
                               [&calls, options] { return Run(calls, *options); });
   motorista.add_option("código", options->code, "Código do motorista.")->type_name("")->required();
   auto* json = motorista.add_flag("--json", options->json, "Em JSON.");
-  auto* folder = motorista
-                     .add_option("--exportar", options->folder,
-                                 "Escreve tudo o que há sobre ele numa pasta nova: JSON, ficheiros, uma página.")
-                     ->type_name("PASTA")
-                     ->excludes(json);
+  auto* folder =
+      motorista
+          .add_option("--exportar", options->folder,
+                      "Escreve tudo o que há sobre ele numa pasta nova: JSON, ficheiros, uma página.")
+          ->type_name("PASTA")
+          ->excludes(json);
   auto* erase = motorista
                     .add_flag("--apagar-dados-pessoais", options->erase,
                               "Põe um código sem nome no lugar da pessoa, para sempre; os valores ficam.")
@@ -94,9 +97,11 @@ void AddDriverCalls(Calls& calls) {
       ->type_name("CÓDIGO")
       ->needs(erase);
 
-  auto& quiet = calls.Add("motoristas-inactivos", "Mostra os motoristas sem gastos, multas ou sinistros há muito.",
-                          [&calls, options] { return PrintQuiet(calls, *options); });
-  quiet.add_option("--anos", options->years, "Há quantos anos; sem isto, o prazo escolhido.")->type_name("ANOS");
+  auto& quiet =
+      calls.Add("motoristas-inactivos", "Mostra os motoristas sem gastos, multas ou sinistros há muito.",
+                [&calls, options] { return PrintQuiet(calls, *options); });
+  quiet.add_option("--anos", options->years, "Há quantos anos; sem isto, o prazo escolhido.")
+      ->type_name("ANOS");
 }
 
 }  // namespace console

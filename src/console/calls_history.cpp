@@ -30,8 +30,8 @@ struct HistoryOptions {
 };
 
 void PrintOperation(const history::Operation& operation, std::ostream& out) {
-  out << operation.number << "  " << history::ShownMoment(operation.moment) << "  " << operation.operador << "  "
-      << history::ShownWords(operation);
+  out << operation.number << "  " << history::ShownMoment(operation.moment) << "  " << operation.operador
+      << "  " << history::ShownWords(operation);
   if (operation.undoneBy != 0) out << "  (anulada por " << operation.undoneBy << ")";
   out << '\n';
 }
@@ -106,8 +106,9 @@ int UndoOne(const Calls& calls, const HistoryOptions& options) {
   if (!conflicts.empty() && !options.overwrite) {
     calls.err << "Depois da operação " << options.number << " alguém alterou o mesmo:\n";
     for (const history::Conflict& conflict : conflicts)
-      calls.err << "  " << history::NameOfTable(conflict.table) << " " << conflict.key << " " << conflict.column
-                << ": agora «" << conflict.now << "», ficaria «" << conflict.before << "»\n";
+      calls.err << "  " << history::NameOfTable(conflict.table) << " " << conflict.key << " "
+                << conflict.column << ": agora «" << conflict.now << "», ficaria «" << conflict.before
+                << "»\n";
     calls.err << "Nada foi anulado. Para pôr mesmo assim tudo como estava antes: --sobrepor\n";
     return kRefused;
   }
@@ -124,7 +125,8 @@ void AddSettingCalls(Calls& calls, CLI::App& historico, const std::shared_ptr<Hi
   limpar.add_option("--antes-de", options->before, "O primeiro dia que fica.")->type_name("DATA")->required();
   limpar.add_flag("--so-documentos", options->documentsOnly,
                   "Só o conteúdo de documentos e fotografias removidos até lá.");
-  calls.AddBelow(historico, "tamanho", "Diz o que o histórico tem e ocupa.", [&calls] { return PrintSize(calls); });
+  calls.AddBelow(historico, "tamanho", "Diz o que o histórico tem e ocupa.",
+                 [&calls] { return PrintSize(calls); });
   auto& opcoes = calls.AddBelow(historico, "opcoes", "Mostra ou muda o que vale para todos os operadores.",
                                 [&calls, options] { return Settle(calls, *options); });
   options->settings = {.records = true, .years = -1, .documentYears = -1, .driverYears = -1};
@@ -153,7 +155,8 @@ int RunFiguresCheck(const Calls& calls, bool correct) {
     calls.out << "As figuras de todas as viaturas estão certas.\n";
   else
     calls.out << wrong.size() << (wrong.size() == 1 ? " viatura" : " viaturas")
-              << (correct ? " com figuras corrigidas.\n" : " com figuras erradas. Para as corrigir: --corrigir\n");
+              << (correct ? " com figuras corrigidas.\n"
+                          : " com figuras erradas. Para as corrigir: --corrigir\n");
   return wrong.empty() || correct ? kDone : kRefused;
 }
 
@@ -164,7 +167,8 @@ void AddHistoryCalls(Calls& calls) {
   historico.add_option("registo", options->filter.record, "Só de um registo: a sua matrícula ou código.")
       ->type_name("");
   historico.add_flag("--json", options->json, "Em JSON.");
-  historico.add_option("--operador", options->filter.operador, "Só o que este operador fez.")->type_name("NOME");
+  historico.add_option("--operador", options->filter.operador, "Só o que este operador fez.")
+      ->type_name("NOME");
   historico.add_option("--texto", options->filter.text, "Só onde este texto está.")->type_name("TEXTO");
   AddSettingCalls(calls, historico, options);
 

@@ -26,7 +26,7 @@ std::string Shown(const tsql::Column& column, const Variant& value) {
   if (value.IsNull()) return "(vazio)";
   if (HoldsBytes(column)) return "(conteúdo)";
   const std::string text =
-      FieldTypeOf(column) == platform::FieldType::kCurrency ? Grouped(value.ToText()) : value.ToText();
+      column.type.base == tsql::BaseType::kMoney ? Grouped(value.ToText()) : value.ToText();
   return text.empty() ? "(vazio)" : text;
 }
 

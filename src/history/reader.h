@@ -35,12 +35,12 @@ enum class Kind { kAny, kCreation, kChange, kRemoval, kUndoing };
 /// What the page asks for. Empty members ask for everything.
 struct Filter {
   /// Anywhere in words, record or operator; the whole plate or code of a record finds that record's alone.
-  std::string text;
-  std::string record;    // exactly
-  std::string operador;  // exactly
-  std::optional<platform::Date> from;
-  std::optional<platform::Date> to;  // this day included
-  std::string table;                 // one of whose rows it wrote
+  std::string text = {};
+  std::string record = {};    // exactly
+  std::string operador = {};  // exactly
+  std::optional<platform::Date> from = {};
+  std::optional<platform::Date> to = {};  // this day included
+  std::string table = {};                 // one of whose rows it wrote
   Kind kind = Kind::kAny;
 };
 
