@@ -7,9 +7,9 @@
 #include "console/kept_store.h"
 #include "console/program.h"
 #include "console/record_command.h"
-#include "history/driver_activity.h"
-#include "history/driver_erasure.h"
-#include "history/driver_export.h"
+#include "history/drivers/driver_activity.h"
+#include "history/drivers/driver_erasure.h"
+#include "history/drivers/driver_export.h"
 #include "history/settings.h"
 #include "platform/host.h"
 

@@ -7,11 +7,11 @@
 #include "console/calls.h"
 #include "console/kept_store.h"
 #include "console/program.h"
-#include "history/browser.h"
 #include "history/figures.h"
 #include "history/retention.h"
-#include "history/table_names.h"
 #include "history/undo.h"
+#include "history/view/browser.h"
+#include "history/view/table_names.h"
 #include "platform/runtime_error.h"
 
 namespace console {

@@ -5,8 +5,8 @@
 
 #include "events/expense_figures.h"
 #include "history/act.h"
-#include "history/life.h"
 #include "history/rows.h"
+#include "history/view/life.h"
 #include "platform/text.h"
 
 namespace history {

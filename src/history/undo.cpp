@@ -7,10 +7,10 @@
 #include "events/expense_figures.h"
 #include "history/act.h"
 #include "history/figures.h"
-#include "history/life.h"
 #include "history/outside.h"
 #include "history/reader.h"
 #include "history/rows_by_key.h"
+#include "history/view/life.h"
 #include "platform/runtime_error.h"
 
 namespace history {

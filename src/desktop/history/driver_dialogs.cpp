@@ -14,8 +14,8 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
-#include "history/driver_erasure.h"
-#include "history/driver_export.h"
+#include "history/drivers/driver_erasure.h"
+#include "history/drivers/driver_export.h"
 #include "history/settings.h"
 #include "platform/host.h"
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "desktop/database/workspace.h"
-#include "history/driver_activity.h"
+#include "history/drivers/driver_activity.h"
 
 class QPushButton;
 class QSpinBox;

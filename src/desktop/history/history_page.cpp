@@ -18,8 +18,8 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
-#include "history/periods.h"
-#include "history/table_names.h"
+#include "history/view/periods.h"
+#include "history/view/table_names.h"
 #include "platform/host.h"
 
 namespace desktop {

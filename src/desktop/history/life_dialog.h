@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "history/life.h"
+#include "history/view/life.h"
 
 class QPushButton;
 class QTableWidget;

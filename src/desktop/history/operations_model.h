@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "history/browser.h"
+#include "history/view/browser.h"
 
 namespace desktop {
 

@@ -12,9 +12,9 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
-#include "history/browser.h"
-#include "history/life.h"
-#include "history/table_names.h"
+#include "history/view/browser.h"
+#include "history/view/life.h"
+#include "history/view/table_names.h"
 
 namespace desktop {
 namespace {

@@ -5,7 +5,7 @@
 #include "desktop/history/driver_dialogs.h"
 #include "desktop/history/life_dialog.h"
 #include "desktop/look/text.h"
-#include "history/table_names.h"
+#include "history/view/table_names.h"
 
 namespace desktop {
 namespace {

@@ -11,9 +11,9 @@
 #include "desktop/history/side_by_side.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
-#include "history/browser.h"
-#include "history/table_names.h"
 #include "history/undo.h"
+#include "history/view/browser.h"
+#include "history/view/table_names.h"
 
 namespace desktop {
 namespace {

@@ -5,7 +5,7 @@
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
-#include "history/browser.h"
+#include "history/view/browser.h"
 
 namespace desktop {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "history/driver_tables.h"
+#include "history/drivers/driver_tables.h"
 
 namespace history {
 

@@ -1,9 +1,9 @@
-#include "history/driver_activity.h"
+#include "history/drivers/driver_activity.h"
 
 #include <algorithm>
 #include <map>
 
-#include "history/driver_tables.h"
+#include "history/drivers/driver_tables.h"
 #include "history/rows.h"
 
 namespace history {

@@ -1,13 +1,13 @@
-#include "history/driver_erasure.h"
+#include "history/drivers/driver_erasure.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "drivers/motoristas.h"
 #include "embedded/database.h"
-#include "history/driver_history.h"
-#include "history/driver_tables.h"
-#include "history/personal_texts.h"
+#include "history/drivers/driver_history.h"
+#include "history/drivers/driver_tables.h"
+#include "history/drivers/personal_texts.h"
 #include "history/retention.h"
 #include "history/rows.h"
 #include "platform/runtime_error.h"

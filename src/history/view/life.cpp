@@ -1,4 +1,4 @@
-#include "history/life.h"
+#include "history/view/life.h"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "history/periods.h"
+#include "history/view/periods.h"
 
 namespace history {
 

@@ -1,4 +1,4 @@
-#include "history/driver_history.h"
+#include "history/drivers/driver_history.h"
 
 #include "history/reader.h"
 #include "history/rows.h"

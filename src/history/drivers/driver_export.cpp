@@ -1,11 +1,11 @@
-#include "history/driver_export.h"
+#include "history/drivers/driver_export.h"
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "history/browser.h"
-#include "history/driver_tables.h"
-#include "history/life.h"
+#include "history/drivers/driver_tables.h"
+#include "history/view/browser.h"
+#include "history/view/life.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"

@@ -1,4 +1,4 @@
-#include "history/personal_texts.h"
+#include "history/drivers/personal_texts.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>

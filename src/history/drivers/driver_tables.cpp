@@ -1,4 +1,4 @@
-#include "history/driver_tables.h"
+#include "history/drivers/driver_tables.h"
 
 #include "history/rows.h"
 #include "platform/text.h"

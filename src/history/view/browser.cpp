@@ -1,9 +1,9 @@
-#include "history/browser.h"
+#include "history/view/browser.h"
 
 #include <algorithm>
 
-#include "history/life.h"
-#include "history/table_names.h"
+#include "history/view/life.h"
+#include "history/view/table_names.h"
 #include "platform/text.h"
 
 namespace history {

@@ -1,4 +1,4 @@
-#include "history/table_names.h"
+#include "history/view/table_names.h"
 
 #include "platform/text.h"
 
