@@ -78,6 +78,7 @@ void KeepingStore::Need() {
   inner_->BeginBatch();
   open_ = true;
   writes_ = 0;
+  unitHead_ = act_.record.head;
   ++units_;
 }
 
@@ -89,12 +90,10 @@ void KeepingStore::SetMark() {
 }
 
 void KeepingStore::Keep() {
-  const long head = act_.record.head;
   try {
     journal_.Flush(act_.record);
     inner_->CommitBatch();
   } catch (...) {
-    act_.record.head = head;
     Abandon();
     throw;
   }
@@ -105,6 +104,7 @@ void KeepingStore::Keep() {
 
 void KeepingStore::Abandon() {
   open_ = batch_ = false;
+  act_.record.head = unitHead_;
   journal_.Forget();
   inner_->AbandonBatch();
 }

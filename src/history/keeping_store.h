@@ -118,7 +118,8 @@ class KeepingStore : public zorCrmParvel::Store {
   bool open_ = false;   // a unit is under way
   bool batch_ = false;  // and was begun as a batch
   long units_ = 0;
-  int writes_ = 0;  // of the unit
+  int writes_ = 0;     // of the unit
+  long unitHead_ = 0;  // the act's number before it
   long last_ = 0;
   long mark_ = 0;
   std::set<long> own_;

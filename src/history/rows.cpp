@@ -54,8 +54,8 @@ std::vector<std::string> ListsOf(const std::vector<long>& numbers, std::size_t m
 }
 
 long NewestNumber(KeepingStore& store) {
-  const auto rows = OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico ORDER BY Id DESC");
-  return rows->Eof() ? 0 : NumberIn(*rows, "Id");
+  const auto rows = OpenRows(store, "SELECT MAX(Id) AS Ultimo FROM parvel_historico");
+  return rows->Eof() ? 0 : NumberIn(*rows, "Ultimo");
 }
 
 }  // namespace history

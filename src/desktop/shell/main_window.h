@@ -72,6 +72,7 @@ class MainWindow : public QMainWindow {
   void UpdateRecordMenu();
   void UpdateUndo();
   void Undo();
+  void ForgetOldHistory();
   void FillFichas();
   void SwitchSide();
   bool ListKey(int key);

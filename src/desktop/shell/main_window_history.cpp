@@ -5,7 +5,9 @@
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
+#include "history/retention.h"
 #include "history/view/browser.h"
+#include "platform/host.h"
 
 namespace desktop {
 
@@ -17,6 +19,17 @@ void MainWindow::UpdateUndo() {
   actions_->undo->setText(last ? QStringLiteral("A&nular: ") +
                                      ToQt(history::ShownWords(*last)).replace('&', QLatin1String("&&"))
                                : QStringLiteral("A&nular a última operação"));
+}
+
+/// What is older than the office keeps goes when a database is opened.
+void MainWindow::ForgetOldHistory() {
+  try {
+    history::KeepWithin(*workspace_->kept(),
+                        history::ReadSettings(zorCrmParvel::DataAccessRef(workspace_->store())),
+                        platform::Today());
+  } catch (const platform::RuntimeError& error) {
+    Tell(Describe(error).headline);
+  }
 }
 
 void MainWindow::Undo() {

@@ -70,7 +70,7 @@ class Erasure {
  private:
   std::string FreeCode() {
     for (int number = 1;; ++number) {
-      const std::string code = "Ex-" + std::to_string(number);
+      std::string code = "Ex-" + std::to_string(number);
       if (OpenRows(store_, "SELECT Codigo FROM zor_Funcionarios WHERE Codigo = " + Quoted(code))->Eof())
         return code;
     }
@@ -129,8 +129,9 @@ class Erasure {
       std::string names;
       std::string condition;
       for (const std::string& column : columns) {
-        names += (names.empty() ? "" : ", ") + Bracketed(column);
-        condition += (condition.empty() ? "" : " OR ") + Bracketed(column) + " LIKE " + Anywhere(text);
+        const char* joint = names.empty() ? "" : " OR ";
+        names.append(names.empty() ? "" : ", ").append(Bracketed(column));
+        condition.append(joint).append(Bracketed(column)).append(" LIKE ").append(Anywhere(text));
       }
       Clear("SELECT " + keys + names + " FROM " + Bracketed(table.name) + " WHERE " + condition, columns);
     }
