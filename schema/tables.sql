@@ -493,3 +493,10 @@ CREATE TABLE parvel_tratados (
   Quando datetime NULL,
   CONSTRAINT PK_parvel_tratados PRIMARY KEY (Lista, Registo)
 );
+
+-- What an office has settled for all its operators: "historico" = "nao", "historico.anos" = "5".
+CREATE TABLE parvel_opcoes (
+  Nome nvarchar(40) NOT NULL,
+  Valor nvarchar(200) NULL,
+  CONSTRAINT PK_parvel_opcoes PRIMARY KEY (Nome)
+);

@@ -56,6 +56,7 @@ void AddListCalls(Calls& calls);
 void AddExchangeCalls(Calls& calls);
 void AddDatabaseCalls(Calls& calls);
 void AddHistoryCalls(Calls& calls);
+void AddDriverCalls(Calls& calls);
 void AddReportCalls(Calls& calls);
 void AddNoticeCalls(Calls& calls);
 

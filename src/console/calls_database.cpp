@@ -4,14 +4,21 @@
 #include <string>
 
 #include "console/calls.h"
+#include "console/kept_store.h"
 #include "console/program.h"
 #include "console/server_commands.h"
 #include "demo/demo.h"
+#include "history/act.h"
 #include "setup/base_codes.h"
 #include "store/paths.h"
 
 namespace console {
 namespace {
+
+struct FiguresOptions {
+  bool check = false;
+  bool correct = false;
+};
 
 int Demo(const Calls& calls) {
   const auto database = calls.Open();
@@ -21,10 +28,13 @@ int Demo(const Calls& calls) {
 }
 
 int BaseCodes(const Calls& calls) {
-  const auto database = calls.Open();
-  zorCrmParvel::Batch batch(*database);
-  const long written = setup::WriteBaseCodes(database);
-  batch.Commit();
+  const auto database = OpenKept(calls);
+  long written = 0;
+  history::Act(database.get(), "Tabelas de base", [&] {
+    zorCrmParvel::Batch batch(*database);
+    written = setup::WriteBaseCodes(database);
+    batch.Commit();
+  });
   calls.out << written << (written == 1 ? " código novo" : " códigos novos") << " nas tabelas de base\n";
   return kDone;
 }
@@ -68,8 +78,16 @@ void AddDatabaseCalls(Calls& calls) {
                             [&calls, apply] { return RunSchemaCommand(calls.database, *apply, calls.out); });
   esquema.add_flag("--aplicar", *apply, "Cria no servidor as que faltam, sem tocar nas que há.");
 
-  calls.Add("verificar", "Lê a base de dados toda, ou liga ao servidor, e diz o que não está bem.",
-            [&calls] { return RunCheckCommand(calls.database, calls.out); });
+  const auto figures = std::make_shared<FiguresOptions>();
+  auto& verificar =
+      calls.Add("verificar", "Lê a base de dados toda, ou liga ao servidor, e diz o que não está bem.",
+                [&calls, figures] {
+                  return figures->check ? RunFiguresCheck(calls, figures->correct)
+                                        : RunCheckCommand(calls.database, calls.out);
+                });
+  auto* check = verificar.add_flag("--figuras", figures->check,
+                                   "Compara antes as figuras de cada viatura com um novo cálculo.");
+  verificar.add_flag("--corrigir", figures->correct, "Corrige as que estão erradas.")->needs(check);
 
   auto& transferir =
       calls.Add("transferir", "Passa uma base de dados de um ficheiro para o servidor.",

@@ -5,29 +5,33 @@
 #include <string>
 
 #include "console/calls.h"
+#include "console/kept_store.h"
 #include "console/program.h"
-#include "history/reader.h"
+#include "history/figures.h"
+#include "history/retention.h"
 #include "history/undo.h"
+#include "history/view/browser.h"
+#include "history/view/table_names.h"
+#include "platform/runtime_error.h"
 
 namespace console {
 namespace {
 
 struct HistoryOptions {
-  std::string record;
+  history::Filter filter;
   bool json = false;
   long number = 0;
   bool overwrite = false;
+  std::string before;
+  bool documentsOnly = false;
+  history::Settings settings;
+  bool off = false;
+  bool on = false;
 };
 
-std::shared_ptr<history::KeepingStore> OpenKept(const Calls& calls) {
-  return std::make_shared<history::KeepingStore>(calls.Open());
-}
-
 void PrintOperation(const history::Operation& operation, std::ostream& out) {
-  out << operation.number << "  " << operation.moment.ToText() << "  " << operation.operador << "  "
-      << operation.words;
-  if (!operation.record.empty() && !operation.words.ends_with(operation.record))
-    out << ", " << operation.record;
+  out << operation.number << "  " << history::ShownMoment(operation.moment) << "  " << operation.operador
+      << "  " << history::ShownWords(operation);
   if (operation.undoneBy != 0) out << "  (anulada por " << operation.undoneBy << ")";
   out << '\n';
 }
@@ -40,22 +44,59 @@ nlohmann::ordered_json JsonOf(const history::Operation& operation) {
 }
 
 int PrintHistory(const Calls& calls, const HistoryOptions& options) {
-  const auto store = OpenKept(calls);
-  history::Filter filter;
-  filter.record = options.record;
+  history::Browser browser(OpenKept(calls));
+  browser.Ask(options.filter);
   auto all = nlohmann::ordered_json::array();
-  long below = 0;
-  do {
-    const history::Slice slice = history::ReadOperations(*store, filter, below);
-    for (const history::Operation& operation : slice.operations) {
+  for (std::size_t told = 0; !browser.AtEnd();) {
+    browser.ReadOn();
+    for (; told < browser.operations().size(); ++told) {
       if (options.json)
-        all.push_back(JsonOf(operation));
+        all.push_back(JsonOf(browser.operations()[told]));
       else
-        PrintOperation(operation, calls.out);
+        PrintOperation(browser.operations()[told], calls.out);
     }
-    below = slice.next;
-  } while (below != 0);
+  }
   if (options.json) calls.out << all.dump(2) << '\n';
+  return kDone;
+}
+
+int Clear(const Calls& calls, const HistoryOptions& options) {
+  platform::Date day;
+  if (!platform::Date::TryParse(options.before, day)) {
+    calls.err << "«" << options.before << "» não é uma data. Escreva-a como 31-12-2024.\n";
+    return kUsage;
+  }
+  const history::Cleared cleared = history::ClearBefore(*OpenKept(calls), day, options.documentsOnly);
+  calls.out << cleared.operations << (cleared.operations == 1 ? " operação" : " operações") << " e "
+            << cleared.documents << (cleared.documents == 1 ? " documento" : " documentos")
+            << " saíram do histórico.\n";
+  return kDone;
+}
+
+int PrintSize(const Calls& calls) {
+  const auto store = OpenKept(calls);
+  calls.out << history::ShownSize(history::SizeOf(*store)) << '\n';
+  if (const auto* file = dynamic_cast<const embedded::Database*>(store->inner().get()))
+    calls.out << "Ocupa " << (file->BytesOf(history::OwnTables()) + 1023) / 1024 << " KB do ficheiro.\n";
+  return kDone;
+}
+
+std::string Years(int years) { return years == 0 ? "para sempre" : std::to_string(years) + " anos"; }
+
+int Settle(const Calls& calls, const HistoryOptions& options) {
+  const auto store = OpenKept(calls);
+  const zorCrmParvel::DataAccessRef bd(store->inner());
+  history::Settings settings = history::ReadSettings(bd);
+  const history::Settings before = settings;
+  if (options.settings.years >= 0) settings.years = options.settings.years;
+  if (options.settings.documentYears >= 0) settings.documentYears = options.settings.documentYears;
+  if (options.settings.driverYears > 0) settings.driverYears = options.settings.driverYears;
+  if (options.on || options.off) settings.records = options.on;
+  if (!(settings == before)) history::WriteSettings(bd, settings);
+  calls.out << "Histórico: " << (settings.records ? "ligado" : "desligado") << '\n'
+            << "Operações: " << Years(settings.years) << '\n'
+            << "Documentos e fotografias removidos: " << Years(settings.documentYears) << '\n'
+            << "Motoristas inactivos: ao fim de " << settings.driverYears << " anos\n";
   return kDone;
 }
 
@@ -65,25 +106,71 @@ int UndoOne(const Calls& calls, const HistoryOptions& options) {
   if (!conflicts.empty() && !options.overwrite) {
     calls.err << "Depois da operação " << options.number << " alguém alterou o mesmo:\n";
     for (const history::Conflict& conflict : conflicts)
-      calls.err << "  " << conflict.table << " " << conflict.key << " " << conflict.column << ": agora «"
-                << conflict.now << "», ficaria «" << conflict.before << "»\n";
+      calls.err << "  " << history::NameOfTable(conflict.table) << " " << conflict.key << " "
+                << conflict.column << ": agora «" << conflict.now << "», ficaria «" << conflict.before
+                << "»\n";
     calls.err << "Nada foi anulado. Para pôr mesmo assim tudo como estava antes: --sobrepor\n";
     return kRefused;
   }
-  calls.out << "Anulada a operação " << options.number << ", pela operação "
-            << history::Undo(store, options.number) << ".\n";
-  return kDone;
+  std::vector<std::string> kept;
+  const long undoing = history::Undo(store, options.number, &kept);
+  for (const std::string& line : kept) calls.out << "fica: " << line << '\n';
+  calls.out << "Anulada a operação " << options.number << ", pela operação " << undoing << ".\n";
+  return kept.empty() ? kDone : kRefused;
+}
+
+void AddSettingCalls(Calls& calls, CLI::App& historico, const std::shared_ptr<HistoryOptions>& options) {
+  auto& limpar = calls.AddBelow(historico, "limpar", "Esquece para sempre o que se fez antes de um dia.",
+                                [&calls, options] { return Clear(calls, *options); });
+  limpar.add_option("--antes-de", options->before, "O primeiro dia que fica.")->type_name("DATA")->required();
+  limpar.add_flag("--so-documentos", options->documentsOnly,
+                  "Só o conteúdo de documentos e fotografias removidos até lá.");
+  calls.AddBelow(historico, "tamanho", "Diz o que o histórico tem e ocupa.",
+                 [&calls] { return PrintSize(calls); });
+  auto& opcoes = calls.AddBelow(historico, "opcoes", "Mostra ou muda o que vale para todos os operadores.",
+                                [&calls, options] { return Settle(calls, *options); });
+  options->settings = {.records = true, .years = -1, .documentYears = -1, .driverYears = -1};
+  opcoes.add_option("--anos", options->settings.years, "Anos que as operações se guardam; 0: sempre.");
+  opcoes.add_option("--anos-documentos", options->settings.documentYears,
+                    "Anos que se guardam documentos e fotografias removidos; 0: sempre.");
+  opcoes.add_option("--anos-motoristas", options->settings.driverYears,
+                    "Anos sem gastos, multas ou sinistros até um motorista estar inactivo.");
+  auto* on = opcoes.add_flag("--ligar", options->on, "Regista o que se faz.");
+  opcoes.add_flag("--desligar", options->off, "Deixa de registar o que se faz.")->excludes(on);
 }
 
 }  // namespace
 
+std::shared_ptr<history::KeepingStore> OpenKept(const Calls& calls) {
+  return std::make_shared<history::KeepingStore>(calls.Open());
+}
+
+int RunFiguresCheck(const Calls& calls, bool correct) {
+  const std::vector<history::WrongFigures> wrong = history::CheckFigures(OpenKept(calls), correct);
+  for (const history::WrongFigures& each : wrong) {
+    calls.out << each.plate << '\n';
+    for (const std::string& line : each.lines) calls.out << "  " << line << '\n';
+  }
+  if (wrong.empty())
+    calls.out << "As figuras de todas as viaturas estão certas.\n";
+  else
+    calls.out << wrong.size() << (wrong.size() == 1 ? " viatura" : " viaturas")
+              << (correct ? " com figuras corrigidas.\n"
+                          : " com figuras erradas. Para as corrigir: --corrigir\n");
+  return wrong.empty() || correct ? kDone : kRefused;
+}
+
 void AddHistoryCalls(Calls& calls) {
   const auto options = std::make_shared<HistoryOptions>();
-  auto& historico = calls.Add("historico", "Mostra o que se fez na janela, o mais recente primeiro.",
+  auto& historico = calls.Add("historico", "Mostra o que se fez, o mais recente primeiro.",
                               [&calls, options] { return PrintHistory(calls, *options); });
-  historico.add_option("registo", options->record, "Só de um registo: a sua matrícula ou código.")
+  historico.add_option("registo", options->filter.record, "Só de um registo: a sua matrícula ou código.")
       ->type_name("");
   historico.add_flag("--json", options->json, "Em JSON.");
+  historico.add_option("--operador", options->filter.operador, "Só o que este operador fez.")
+      ->type_name("NOME");
+  historico.add_option("--texto", options->filter.text, "Só onde este texto está.")->type_name("TEXTO");
+  AddSettingCalls(calls, historico, options);
 
   auto& anular = calls.Add("anular", "Põe tudo como estava antes de uma operação do histórico.",
                            [&calls, options] { return UndoOne(calls, *options); });

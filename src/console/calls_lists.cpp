@@ -85,12 +85,6 @@ int PrintOneVehicle(const Calls& calls, const KeyedOptions& options) {
   return kRefused;
 }
 
-int PrintOneDriver(const Calls& calls, const KeyedOptions& options) {
-  if (PrintDriver(calls.Open(), options.key, options.json, calls.out)) return kDone;
-  calls.err << "Não há motorista com o código «" << options.key << "».\n";
-  return kRefused;
-}
-
 int PrintAllAlerts(const Calls& calls, const AlertsOptions& options) {
   if (!options.family.empty() && !IsAlertFamily(options.family)) {
     calls.err << "Não há a família «" << options.family << "». Pode ser: " << AlertFamilyNames() << ".\n";
@@ -150,11 +144,6 @@ void AddListCalls(Calls& calls) {
                             [&calls, options] { return PrintOneVehicle(calls, *options); });
   viatura.add_option("matrícula", options->key, "Matrícula da viatura.")->type_name("")->required();
   viatura.add_flag("--json", options->json, "Em JSON.");
-
-  auto& motorista = calls.Add("motorista", "Mostra um motorista com as cartas, gastos, multas e sinistros.",
-                              [&calls, options] { return PrintOneDriver(calls, *options); });
-  motorista.add_option("código", options->key, "Código do motorista.")->type_name("")->required();
-  motorista.add_flag("--json", options->json, "Em JSON.");
 
   AddExport(calls);
   AddAlerts(calls);

@@ -12,7 +12,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   const platform::HostInstallation installation(host);
   Calls calls(out, err);
   for (const auto add : {AddListCalls, AddExchangeCalls, AddReportCalls, AddDatabaseCalls, AddHistoryCalls,
-                         AddNoticeCalls})
+                         AddDriverCalls, AddNoticeCalls})
     add(calls);
   calls.AddManual();
   const int code = calls.Obey(arguments);

@@ -94,6 +94,12 @@ const std::string& Database::path() const { return engine_->path(); }
 void Database::CopyTo(const std::string& file) { engine_->CopyTo(file); }
 void Database::KeepLogShort() { engine_->KeepLogShort(); }
 
+void Database::WriteThrough() { engine_->WriteThrough(); }
+bool Database::Compact() { return engine_->Compact(); }
+std::int64_t Database::BytesOf(const std::vector<std::string>& tables) const {
+  return engine_->BytesOf(tables);
+}
+
 void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }
 void Database::AbandonBatch() { engine_->AbandonBatch(); }

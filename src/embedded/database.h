@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "embedded/database_check.h"
 #include "platform/date.h"
@@ -53,6 +54,15 @@ class Database : public zorCrmParvel::Store {
   /// Brings back a log that has grown past its limit, and reads what is still unread, since that holds the
   /// log. For a program that rests with rows open: now and then.
   void KeepLogShort();
+
+  /// Writes the file anew without what was removed from it and empties its log, so that nothing of that can
+  /// be found in either. False when somebody else has the file open and its log could not be emptied.
+  bool Compact();
+  /// Within a batch: writes to the disk what has been written so far, without keeping it. Error -2147467259
+  /// when there is no room.
+  void WriteThrough();
+  /// The bytes that some tables and their indexes take in the file.
+  std::int64_t BytesOf(const std::vector<std::string>& tables) const;
 
   /// Other processes can't write while a batch is under way.
   using Batch = zorCrmParvel::Batch;

@@ -12,11 +12,12 @@ namespace history {
 
 /// One act of the user, from the press of a key or button until all that it set off is done: one operation of
 /// the history, and one unit of what is written. One within another joins it. An error that leaves it keeps
-/// what was written before it; a failure to keep that is told instead of it.
+/// what was written before it; a failure to keep that is told instead of it. `loads`: see
+/// `KeepingStore::BeginAct`.
 template <typename Work>
-void Act(KeepingStore* store, const std::string& words, const Work& work) {
+void Act(KeepingStore* store, const std::string& words, const Work& work, bool loads = true) {
   if (store == nullptr) return work();
-  store->BeginAct(words);
+  store->BeginAct(words, 0, loads);
   try {
     work();
   } catch (...) {
@@ -28,8 +29,8 @@ void Act(KeepingStore* store, const std::string& words, const Work& work) {
 
 /// The same in the database that is open, if there is one that remembers: a window has one at a time.
 template <typename Work>
-void ActHere(const std::string& words, const Work& work) {
-  Act(OpenStores().empty() ? nullptr : OpenStores().back(), words, work);
+void ActHere(const std::string& words, const Work& work, bool loads = true) {
+  Act(OpenStores().empty() ? nullptr : OpenStores().back(), words, work, loads);
 }
 
 /// A host that holds nobody up while the user is asked: before a message or dialog comes to the screen, what

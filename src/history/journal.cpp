@@ -1,6 +1,7 @@
 #include "history/journal.h"
 
 #include "history/digest.h"
+#include "history/settings.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -71,11 +72,12 @@ void Journal::Look() {
         "Linhas, Antes, Depois FROM parvel_historico WHERE Id = 0",
         rows);
     rows->Close();
-    keeps_ = true;
+    exists_ = true;
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kInvalidObject && error.number() != platform::kInvalidColumn) throw;
-    keeps_ = false;
+    exists_ = false;
   }
+  keeps_ = exists_ && ReadSettings(zorCrmParvel::DataAccessRef(store_)).records;
 }
 
 void Journal::Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after) {
@@ -151,34 +153,54 @@ void Journal::Open() {
   stored_ = 0;
 }
 
+void Journal::Put(const char* column, const Variant& value) { rows_->Fields(column).SetValue(value); }
+
+void Journal::Cut(const char* column, const std::string& text) {
+  auto field = rows_->Fields(column);
+  field.SetValue(platform::Left(text, static_cast<std::size_t>(field.DefinedSize())));
+}
+
+void Journal::PutHead(const std::string& words, const std::string& about, long undoes) {
+  Put("Momento", clock_());
+  Cut("Operador", who_.operador);
+  Cut("Posto", who_.posto);
+  Cut("Texto", words + (about.empty() ? "" : ", " + about));
+  Cut("Registo", about);
+  if (undoes != 0) Put("Anula", static_cast<std::int32_t>(undoes));
+}
+
 /// The first row of an act tells of the act as well.
 void Journal::Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows,
                     const std::string& before, const std::string& after) {
   if (!rows_ || stored_ == kMostStored) Open();
   ++stored_;
   rows_->AddNew();
-  const auto put = [&](const char* column, const Variant& value) { rows_->Fields(column).SetValue(value); };
-  const auto cut = [&](const char* column, const std::string& text) {
-    auto field = rows_->Fields(column);
-    field.SetValue(platform::Left(text, static_cast<std::size_t>(field.DefinedSize())));
-  };
-  if (act.head != 0) {
-    put("Operacao", static_cast<std::int32_t>(act.head));
-  } else {
-    put("Momento", clock_());
-    cut("Operador", who_.operador);
-    cut("Posto", who_.posto);
-    cut("Texto", act.words + (act.about.empty() ? "" : ", " + act.about));
-    cut("Registo", act.about);
-    if (act.undoes != 0) put("Anula", static_cast<std::int32_t>(act.undoes));
-  }
-  put("Tabela", table.name);
-  cut("Chave", key);
-  put("Linhas", static_cast<std::int32_t>(rows));
-  if (!before.empty()) put("Antes", before);
-  if (!after.empty()) put("Depois", after);
+  if (act.head != 0)
+    Put("Operacao", static_cast<std::int32_t>(act.head));
+  else
+    PutHead(act.words, act.about, act.undoes);
+  Put("Tabela", table.name);
+  Cut("Chave", key);
+  Put("Linhas", static_cast<std::int32_t>(rows));
+  if (!before.empty()) Put("Antes", before);
+  if (!after.empty()) Put("Depois", after);
   rows_->Update();
   if (act.head == 0) act.head = rows_->Fields("Id").Value().ToLong();
+}
+
+long Journal::Note(const std::string& words, long undoes, const std::string& table, const std::string& key) {
+  Open();
+  rows_->AddNew();
+  PutHead(words, {}, undoes);
+  if (!table.empty()) {
+    Put("Tabela", table);
+    Cut("Chave", key);
+  }
+  Put("Linhas", std::int32_t{0});
+  rows_->Update();
+  const long number = rows_->Fields("Id").Value().ToLong();
+  rows_.reset();
+  return number;
 }
 
 }  // namespace history

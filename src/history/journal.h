@@ -35,24 +35,34 @@ class Journal {
   Journal(std::shared_ptr<zorCrmParvel::Store> store, Who who, std::function<platform::Date()> clock);
 
   /// False when the database has no table for it: then nothing is recorded.
+  bool Exists() const { return exists_; }
+  /// False, too, when the office turned the history off.
   bool Keeps() const { return keeps_; }
-  /// Looks for the table anew. Error as the database's when it is there and may not be read.
+  /// Looks for the table and the office's setting anew. Error as the database's when it is there and may not
+  /// be read.
   void Look();
 
   void Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after);
   /// Stores what was collected as part of an act.
   void Flush(ActRecord& act);
   void Forget();
+  /// Stores an operation of which no rows are recorded at once; its number. Without a table it can't be
+  /// undone.
+  long Note(const std::string& words, long undoes, const std::string& table, const std::string& key);
 
  private:
   void Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows,
              const std::string& before, const std::string& after);
   void KeepContents(const tsql::Table& table, const Image& image);
   void Open();
+  void PutHead(const std::string& words, const std::string& about, long undoes);
+  void Put(const char* column, const platform::Variant& value);
+  void Cut(const char* column, const std::string& text);
 
   std::shared_ptr<zorCrmParvel::Store> store_;
   Who who_;
   std::function<platform::Date()> clock_;
+  bool exists_ = false;
   bool keeps_ = false;
   std::vector<Alteration> pending_;
   std::size_t pendingBytes_ = 0;

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "embedded/database.h"
 #include "history/kept_rows.h"
+#include "history/outside.h"
+#include "history/rows.h"
 #include "platform/runtime_error.h"
 #include "tsql/parser.h"
 
@@ -16,6 +19,8 @@ namespace {
 
 using platform::RuntimeError;
 using zorCrmParvel::RecordsetRef;
+
+constexpr int kShort = 8;  // writes
 
 std::vector<KeepingStore*>& Stores() {
   static std::vector<KeepingStore*> stores;
@@ -43,10 +48,11 @@ bool KeepingStore::ObterLigacao(platform::Ref<platform::Connection>& connection)
   return inner_->ObterLigacao(connection);
 }
 
-void KeepingStore::BeginAct(const std::string& words, long undoes) {
+void KeepingStore::BeginAct(const std::string& words, long undoes, bool loads) {
   if (act_.depth++ > 0 || batch_) return;
   act_.record = {.words = words, .undoes = undoes, .head = 0, .about = {}};
   act_.wrote = false;
+  act_.marked = !loads;
   last_ = 0;
 }
 
@@ -71,25 +77,34 @@ void KeepingStore::Need() {
   if (open_) return;
   inner_->BeginBatch();
   open_ = true;
+  writes_ = 0;
+  unitHead_ = act_.record.head;
   ++units_;
 }
 
+/// Once an act, before its first read. Within a unit nobody else writes.
+void KeepingStore::SetMark() {
+  if (act_.depth == 0 || act_.marked || open_ || !Keeps()) return;
+  act_.marked = true;
+  mark_ = NewestNumber(*this);
+}
+
 void KeepingStore::Keep() {
-  const long head = act_.record.head;
   try {
     journal_.Flush(act_.record);
     inner_->CommitBatch();
   } catch (...) {
-    act_.record.head = head;
     Abandon();
     throw;
   }
   open_ = batch_ = false;
   act_.wrote = true;
+  if (act_.record.head != 0) own_.insert(act_.record.head);
 }
 
 void KeepingStore::Abandon() {
   open_ = batch_ = false;
+  act_.record.head = unitHead_;
   journal_.Forget();
   inner_->AbandonBatch();
 }
@@ -113,10 +128,28 @@ void KeepingStore::AbandonBatch() {
   if (open_) Abandon();
 }
 
+void KeepingStore::Note(const std::string& words, const std::string& table, const std::string& key) {
+  if (Keeps()) last_ = journal_.Note(words, 0, table, key);
+}
+
+void KeepingStore::NoteUndone(const std::string& words, const std::string& table, const std::string& key) {
+  if (Keeps()) last_ = journal_.Note(words, OperationThatNoted(*this, table, key), table, key);
+}
+
+/// What a short act writes goes to the disk at once, its record with it, though it is kept only at the end: a
+/// disk that is full is told while the ficha still shows what was to be written.
+void KeepingStore::WriteThrough() {
+  auto* file = dynamic_cast<embedded::Database*>(inner_.get());
+  if (batch_ || file == nullptr || ++writes_ > kShort) return;
+  journal_.Flush(act_.record);
+  file->WriteThrough();
+}
+
 void KeepingStore::Within(const std::function<void()>& write) {
   if (act_.depth > 0 || batch_) {
     Need();
-    return write();
+    write();
+    return WriteThrough();
   }
   BeginAct("Gravação");
   try {
@@ -222,6 +255,7 @@ void KeepingStore::RecordInserted(const WriteTarget& target) {
 
 RecordsetRef KeepingStore::OpenForEditing(const std::string& statement) {
   const tsql::Table* table = Keeps() ? EditedTable(statement, catalog_) : nullptr;
+  SetMark();
   if (act_.depth > 0 || batch_) Need();
   RecordsetRef rows;
   inner_->AbrirEdicao(statement.c_str(), rows);
@@ -230,6 +264,7 @@ RecordsetRef KeepingStore::OpenForEditing(const std::string& statement) {
 }
 
 RecordsetRef KeepingStore::OpenForReading(const std::string& statement) {
+  SetMark();
   if (act_.depth > 0 && act_.wrote) Need();
   RecordsetRef rows;
   inner_->AbrirLeitura("", statement.c_str(), rows);

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,12 @@ class KeepingStore : public zorCrmParvel::Store {
 
   const std::shared_ptr<Store>& inner() const { return inner_; }
   const tsql::Catalog& catalog() const { return catalog_; }
+  /// True when what is written is remembered: the database has a history, and the office did not turn it off.
   bool Keeps() const { return journal_.Keeps(); }
+  /// True when there is a history to read.
+  bool HasHistory() const { return journal_.Exists(); }
+  /// Looks anew whether there is one and whether it is to be kept.
+  void LookAtSettings() { journal_.Look(); }
   const Who& who() const { return who_; }
 
   std::string Place() const override { return inner_->Place(); }
@@ -46,8 +52,9 @@ class KeepingStore : public zorCrmParvel::Store {
   void EndSnapshot() noexcept override { inner_->EndSnapshot(); }
 
   // Used through `Act`.
-  /// Begins an act, or joins the one that is under way.
-  void BeginAct(const std::string& words, long undoes = 0);
+  /// Begins an act, or joins the one that is under way. Of one that `loads` a record it is known afterwards
+  /// how far the history went when it did (see `Mark`).
+  void BeginAct(const std::string& words, long undoes = 0, bool loads = true);
   /// Ends it, and with the outermost keeps what was written. Error -2147467259 when that fails: then nothing
   /// of it was.
   void EndAct();
@@ -57,6 +64,17 @@ class KeepingStore : public zorCrmParvel::Store {
   void Pause();
   /// The number of the operation that the last act became; 0 when it changed nothing.
   long LastOperation() const { return last_; }
+  /// True for an operation of this program since it was started.
+  bool IsOwn(long operation) const { return own_.contains(operation); }
+  /// The newest number in the history just before the last act that read anything began to read: what others
+  /// wrote later, it may not have seen.
+  long Mark() const { return mark_; }
+
+  // For what is written past the history and has an undoing of its own; within the batch that writes it.
+  /// Notes as an operation what stands in `table` under `key`. Nothing where no history is kept.
+  void Note(const std::string& words, const std::string& table, const std::string& key);
+  /// Notes that it was taken back.
+  void NoteUndone(const std::string& words, const std::string& table, const std::string& key);
 
   /// Puts the act that is under way aside, for those of a window above it.
   class Aside;
@@ -78,10 +96,13 @@ class KeepingStore : public zorCrmParvel::Store {
   struct Running {
     ActRecord record;
     int depth = 0;
-    bool wrote = false;  // in an earlier unit
+    bool wrote = false;   // in an earlier unit
+    bool marked = false;  // where the history stood when it began to read is known
   };
 
   void Need();
+  void SetMark();
+  void WriteThrough();
   void Keep();
   void Abandon();
   void Run(const WriteTarget& target, const std::string& statement);
@@ -97,7 +118,11 @@ class KeepingStore : public zorCrmParvel::Store {
   bool open_ = false;   // a unit is under way
   bool batch_ = false;  // and was begun as a batch
   long units_ = 0;
+  int writes_ = 0;     // of the unit
+  long unitHead_ = 0;  // the act's number before it
   long last_ = 0;
+  long mark_ = 0;
+  std::set<long> own_;
 };
 
 class KeepingStore::Aside {

@@ -1,8 +1,10 @@
 #include "history/reader.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 
-#include "platform/runtime_error.h"
+#include "history/rows.h"
 #include "platform/text.h"
 
 namespace history {
@@ -10,78 +12,79 @@ namespace {
 
 using platform::Date;
 using platform::Variant;
-using zorCrmParvel::fixed;
 using zorCrmParvel::RecordsetRef;
-using zorCrmParvel::value;
 
-constexpr long kFirstSpan = 2000;  // numbers looked at in one go for a text
+constexpr long kSpan = 10000;      // numbers looked at in one go where no index finds what is asked for
+constexpr long kTableSpan = 2000;  // and where the rows of one table are
+constexpr long kDisorder = 5000;   // how far a clock that went back may have put a moment out of order
+constexpr std::size_t kMostNumbers = 200;  // of one statement
 constexpr const char* kHead =
-    "Id, Momento, Operador, Posto, Texto, Registo, Anula FROM parvel_historico WHERE Operacao IS NULL";
+    "Id, Momento, Operador, Posto, Texto, Registo, Anula, Tabela FROM parvel_historico "
+    "WHERE Operacao IS NULL";
 
-RecordsetRef Open(KeepingStore& store, const std::string& statement) {
-  RecordsetRef rows;
-  store.inner()->AbrirLeitura("", statement.c_str(), rows);
-  return rows;
+/// The operation that undid each of some, and stands: one that was undone itself did not.
+std::map<long, long> UndoneBy(KeepingStore& store, const std::vector<long>& numbers) {
+  std::map<long, long> undone;
+  std::vector<long> undoings;
+  for (const std::string& list : ListsOf(numbers, kMostNumbers)) {
+    const RecordsetRef rows =
+        OpenRows(store, "SELECT Id, Anula FROM parvel_historico WHERE Anula IN (" + list + ") ORDER BY Id");
+    for (; !rows->Eof(); rows->MoveNext()) {
+      undoings.push_back(NumberIn(*rows, "Id"));
+      undone[NumberIn(*rows, "Anula")] = undoings.back();
+    }
+  }
+  if (undoings.empty()) return undone;
+  const std::map<long, long> taken = UndoneBy(store, undoings);
+  std::erase_if(undone, [&](const auto& each) { return taken.contains(each.second); });
+  return undone;
 }
 
-std::string Text(platform::Recordset& rows, const char* column) {
-  const Variant value = rows.Fields(column).Value();
-  return value.IsNull() ? std::string() : value.ToText();
+std::vector<Operation> TakeOperations(KeepingStore& store, const RecordsetRef& rows) {
+  std::vector<Operation> operations;
+  std::vector<long> numbers;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    Operation operation;
+    operation.number = NumberIn(*rows, "Id");
+    const Variant moment = rows->Fields("Momento").Value();
+    if (!moment.IsNull()) operation.moment = moment.ToDate();
+    operation.operador = TextIn(*rows, "Operador");
+    operation.posto = TextIn(*rows, "Posto");
+    operation.words = TextIn(*rows, "Texto");
+    operation.record = TextIn(*rows, "Registo");
+    operation.undoes = NumberIn(*rows, "Anula");
+    operation.emptied = TextIn(*rows, "Tabela").empty();
+    numbers.push_back(operation.number);
+    operations.push_back(std::move(operation));
+  }
+  const std::map<long, long> undone = UndoneBy(store, numbers);
+  for (Operation& each : operations)
+    if (const auto found = undone.find(each.number); found != undone.end()) each.undoneBy = found->second;
+  return operations;
 }
 
-long Number(platform::Recordset& rows, const char* column) {
-  const Variant value = rows.Fields(column).Value();
-  return value.IsNull() ? 0 : value.ToLong();
+const char* ConditionOf(Kind kind) {
+  switch (kind) {
+    case Kind::kCreation:
+      return " AND Antes IS NULL AND Depois IS NOT NULL AND Anula IS NULL";
+    case Kind::kChange:
+      return " AND Antes IS NOT NULL AND Depois IS NOT NULL AND Anula IS NULL";
+    case Kind::kRemoval:
+      return " AND Antes IS NOT NULL AND Depois IS NULL AND Anula IS NULL";
+    case Kind::kUndoing:
+      return " AND Anula IS NOT NULL";
+    case Kind::kAny:
+      break;
+  }
+  return "";
 }
 
-/// The operation that undid another and stands: one that was undone itself did not.
-long UndoneBy(KeepingStore& store, long number) {
-  const RecordsetRef rows =
-      Open(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Anula = " + std::to_string(number) +
-                      " ORDER BY Id DESC");
-  if (rows->Eof()) return 0;
-  const long undo = Number(*rows, "Id");
-  return UndoneBy(store, undo) == 0 ? undo : 0;
-}
-
-Operation OperationOf(KeepingStore& store, platform::Recordset& rows) {
-  Operation operation;
-  operation.number = Number(rows, "Id");
-  const Variant moment = rows.Fields("Momento").Value();
-  if (!moment.IsNull()) operation.moment = moment.ToDate();
-  operation.operador = Text(rows, "Operador");
-  operation.posto = Text(rows, "Posto");
-  operation.words = Text(rows, "Texto");
-  operation.record = Text(rows, "Registo");
-  operation.undoes = Number(rows, "Anula");
-  operation.undoneBy = UndoneBy(store, operation.number);
-  return operation;
-}
-
-std::string Quoted(const std::string& text) {
-  std::string literal = "N'";
-  for (const char c : text) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return literal + "'";
-}
-
-/// As a pattern takes it: what stands for other characters stands for itself.
-std::string Anywhere(const std::string& text) {
-  std::string pattern = "%";
-  for (const char c : text)
-    pattern += c == '%' || c == '_' || c == '[' ? std::string("[") + c + "]" : std::string(1, c);
-  return Quoted(pattern + "%");
-}
-
-std::string Condition(const Filter& filter) {
-  std::string condition;
+std::string ConditionOf(const Filter& filter) {
+  std::string condition = ConditionOf(filter.kind);
   if (!filter.record.empty()) condition += " AND Registo = " + Quoted(filter.record);
   if (!filter.operador.empty()) condition += " AND Operador = " + Quoted(filter.operador);
-  const auto day = [](Date date) {
-    return "'" + std::to_string(date.year()) + "-" + platform::Padded(date.month(), 2) + "-" +
-           platform::Padded(date.day(), 2) + "'";
-  };
-  if (filter.from) condition += " AND Momento >= " + day(*filter.from);
-  if (filter.to) condition += " AND Momento < " + day(filter.to->AddDays(1));
+  if (filter.from) condition += " AND Momento >= " + DayLiteral(*filter.from);
+  if (filter.to) condition += " AND Momento < " + DayLiteral(filter.to->AddDays(1));
   if (!filter.text.empty()) {
     const std::string pattern = Anywhere(filter.text);
     condition +=
@@ -90,19 +93,81 @@ std::string Condition(const Filter& filter) {
   return condition;
 }
 
-std::vector<Image> Images(const tsql::Table& table, const std::string& json) {
-  return json.empty() ? std::vector<Image>() : FromJson(table, json);
+bool IsRecord(KeepingStore& store, const std::string& text) {
+  return !OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Registo = " + Quoted(text))->Eof();
+}
+
+/// The numbers of the operations of a span that wrote rows of a table. An operation that began below the span
+/// draws its floor down to itself.
+std::vector<long> WritersOf(KeepingStore& store, const std::string& table, long below, long& floor) {
+  for (;;) {
+    std::set<long, std::greater<>> heads;
+    const RecordsetRef rows =
+        OpenRows(store, "SELECT Id, Operacao FROM parvel_historico WHERE Tabela = " + Quoted(table) +
+                            " AND Id < " + std::to_string(below) + " AND Id >= " + std::to_string(floor));
+    for (; !rows->Eof(); rows->MoveNext()) {
+      const long head = NumberIn(*rows, "Operacao");
+      heads.insert(head == 0 ? NumberIn(*rows, "Id") : head);
+    }
+    if (heads.empty() || *heads.rbegin() >= floor) return {heads.begin(), heads.end()};
+    floor = *heads.rbegin();
+  }
+}
+
+Slice ReadWriters(KeepingStore& store, const Filter& filter, const std::string& condition, long below) {
+  Slice slice;
+  long floor = std::max(0L, below - kTableSpan);
+  const std::vector<long> numbers = WritersOf(store, filter.table, below, floor);
+  for (const std::string& list : ListsOf(numbers, kMostNumbers)) {
+    const RecordsetRef rows = OpenRows(
+        store, std::string("SELECT ") + kHead + condition + " AND Id IN (" + list + ") ORDER BY Id DESC");
+    for (Operation& each : TakeOperations(store, rows)) slice.operations.push_back(std::move(each));
+  }
+  slice.next = floor;
+  return slice;
+}
+
+/// The moment of the first operation from a number on; nothing when there is none.
+std::optional<Date> MomentFrom(KeepingStore& store, long number) {
+  const RecordsetRef rows = OpenRows(store,
+                                     "SELECT TOP 1 Momento FROM parvel_historico WHERE Operacao IS NULL "
+                                     "AND Id >= " +
+                                         std::to_string(number) + " ORDER BY Id");
+  if (rows->Eof() || rows->Fields("Momento").Value().IsNull()) return {};
+  return rows->Fields("Momento").Value().ToDate();
+}
+
+/// A number that lies above all operations before a moment: numbers grow with time, but for a clock that was
+/// put back.
+long NumberAbove(KeepingStore& store, Date moment, long newest) {
+  long low = 0;
+  long high = newest;
+  while (low < high) {
+    const long middle = low + (high - low) / 2;
+    const std::optional<Date> at = MomentFrom(store, middle);
+    if (at && *at < moment)
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  return std::min(newest, low + kDisorder);
+}
+
+bool IsBefore(KeepingStore& store, const std::optional<Date>& from, long number) {
+  if (!from) return false;
+  const std::optional<Date> at = MomentFrom(store, number);
+  return at && *at < *from;
 }
 
 std::vector<Step> StepsOf(KeepingStore& store, const RecordsetRef& rows) {
   std::vector<Step> steps;
   for (; !rows->Eof(); rows->MoveNext()) {
     Step step;
-    step.number = Number(*rows, "Id");
-    step.table = store.catalog().Find(Text(*rows, "Tabela"));
+    step.number = NumberIn(*rows, "Id");
+    step.table = store.catalog().Find(TextIn(*rows, "Tabela"));
     if (step.table != nullptr) {
-      step.before = Images(*step.table, Text(*rows, "Antes"));
-      step.after = Images(*step.table, Text(*rows, "Depois"));
+      step.before = ImagesOf(*step.table, TextIn(*rows, "Antes"));
+      step.after = ImagesOf(*step.table, TextIn(*rows, "Depois"));
     }
     steps.push_back(std::move(step));
   }
@@ -113,120 +178,80 @@ constexpr const char* kStep = "SELECT Id, Tabela, Antes, Depois FROM parvel_hist
 
 }  // namespace
 
-Slice ReadOperations(KeepingStore& store, const Filter& filter, long below, int most) {
-  Slice slice;
-  if (!store.Keeps()) return slice;
-  const std::string condition = Condition(filter);
-  const std::string top = "SELECT TOP " + std::to_string(most) + " ";
+std::vector<Image> ImagesOf(const tsql::Table& table, const std::string& json) {
+  return json.empty() ? std::vector<Image>() : FromJson(table, json);
+}
+
+Slice ReadOperations(KeepingStore& store, const Filter& asked, long below, int most) {
+  if (!store.HasHistory()) return {};
   if (below == 0) {
-    const RecordsetRef last = Open(store, "SELECT TOP 1 Id FROM parvel_historico ORDER BY Id DESC");
-    if (last->Eof()) return slice;
-    below = Number(*last, "Id") + 1;
+    below = NewestNumber(store) + 1;
+    if (asked.to) below = NumberAbove(store, asked.to->AddDays(1), below);
   }
-  // What no index finds is looked for in a span, so that the page never waits for the whole history.
-  const bool everywhere = condition.empty() || !filter.record.empty();
-  const long floor = everywhere ? 0 : std::max(0L, below - kFirstSpan * 10);
-  std::string statement = top + kHead + condition + " AND Id < " + std::to_string(below);
-  if (floor > 0) statement += " AND Id >= " + std::to_string(floor);
-  const RecordsetRef rows = Open(store, statement + " ORDER BY Id DESC");
-  for (; !rows->Eof(); rows->MoveNext()) slice.operations.push_back(OperationOf(store, *rows));
-  const bool full = slice.operations.size() == static_cast<std::size_t>(most);
-  slice.next = full ? slice.operations.back().number : floor;
+  Filter filter = asked;
+  if (filter.record.empty() && !filter.text.empty() && IsRecord(store, filter.text))
+    filter.record = std::exchange(filter.text, {});
+  const std::string condition = ConditionOf(filter);
+  Slice slice;
+  if (!filter.table.empty()) {
+    slice = ReadWriters(store, filter, condition, below);
+  } else {
+    const bool indexed = condition.empty() || !filter.record.empty();
+    const long floor = indexed ? 0 : std::max(0L, below - kSpan);
+    std::string statement =
+        "SELECT TOP " + std::to_string(most) + " " + kHead + condition + " AND Id < " + std::to_string(below);
+    if (floor > 0) statement += " AND Id >= " + std::to_string(floor);
+    slice.operations = TakeOperations(store, OpenRows(store, statement + " ORDER BY Id DESC"));
+    const bool full = slice.operations.size() == static_cast<std::size_t>(most);
+    slice.next = full ? slice.operations.back().number : floor;
+  }
+  if (slice.next > 0 && IsBefore(store, filter.from, slice.next + kDisorder)) slice.next = 0;
   return slice;
 }
 
 std::optional<Operation> ReadOperation(KeepingStore& store, long number) {
-  if (!store.Keeps()) return {};
-  const RecordsetRef rows =
-      Open(store, std::string("SELECT ") + kHead + " AND Id = " + std::to_string(number));
-  if (rows->Eof()) return {};
-  return OperationOf(store, *rows);
+  const std::vector<Operation> found = ReadOperations(store, std::vector<long>{number});
+  return found.empty() ? std::nullopt : std::optional(found.front());
+}
+
+std::vector<Operation> ReadOperations(KeepingStore& store, const std::vector<long>& numbers) {
+  std::vector<Operation> operations;
+  if (!store.HasHistory()) return operations;
+  for (const std::string& list : ListsOf(numbers, kMostNumbers))
+    for (Operation& each :
+         TakeOperations(store, OpenRows(store, std::string("SELECT ") + kHead + " AND Id IN (" + list + ")")))
+      operations.push_back(std::move(each));
+  std::sort(operations.begin(), operations.end(),
+            [](const Operation& a, const Operation& b) { return a.number > b.number; });
+  return operations;
 }
 
 std::optional<Operation> LastToUndo(KeepingStore& store) {
   Filter own;
   own.operador = store.who().operador;
   for (const Operation& each : ReadOperations(store, own).operations)
-    if (each.posto == store.who().posto && each.undoneBy == 0 && each.undoes == 0) return each;
+    if (each.posto == store.who().posto && each.undoneBy == 0 && each.undoes == 0 && !each.emptied)
+      return each;
   return {};
 }
 
 std::vector<Step> ReadSteps(KeepingStore& store, long number) {
   const std::string n = std::to_string(number);
-  std::vector<Step> steps = StepsOf(store, Open(store, kStep + ("Id = " + n)));
-  for (Step& step : StepsOf(store, Open(store, kStep + ("Operacao = " + n + " ORDER BY Id"))))
+  std::vector<Step> steps = StepsOf(store, OpenRows(store, kStep + ("Id = " + n)));
+  for (Step& step : StepsOf(store, OpenRows(store, kStep + ("Operacao = " + n + " ORDER BY Id"))))
     steps.push_back(std::move(step));
   return steps;
 }
 
-std::string Shown(const tsql::Column& column, const Variant& value) {
-  if (value.IsNull()) return "(vazio)";
-  if (HoldsBytes(column)) return "(conteúdo)";
-  const std::string text = value.ToText();
-  return text.empty() ? "(vazio)" : text;
-}
-
-std::vector<std::string> Describe(const tsql::Table& table, const Image* before, const Image* after) {
-  std::vector<std::string> lines;
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    const tsql::Column& column = table.columns[i];
-    const auto* was = before != nullptr && (*before)[i] ? &*(*before)[i] : nullptr;
-    const auto* is = after != nullptr && (*after)[i] ? &*(*after)[i] : nullptr;
-    if (before != nullptr && after != nullptr) {
-      if (is == nullptr || was == nullptr || SameValue(column, *was, *is)) continue;
-      lines.push_back(column.name + ": " + Shown(column, *was) + " → " + Shown(column, *is));
-    } else if (const auto* only = is != nullptr ? is : was; only != nullptr && !only->IsNull()) {
-      lines.push_back(column.name + ": " + Shown(column, *only));
-    }
+std::vector<std::string> ReadOperators(KeepingStore& store) {
+  std::set<std::string> operators;
+  if (store.HasHistory()) {
+    const RecordsetRef rows = OpenRows(
+        store, "SELECT TOP 2000 Operador FROM parvel_historico WHERE Operacao IS NULL ORDER BY Id DESC");
+    for (; !rows->Eof(); rows->MoveNext()) operators.insert(TextIn(*rows, "Operador"));
   }
-  return lines;
-}
-
-namespace {
-
-/// What a step did to the row with a key; nothing when it did nothing to it.
-std::optional<std::string> WordsAbout(const Step& step, const std::string& key) {
-  const tsql::Table& table = *step.table;
-  const auto find = [&](const std::vector<Image>& images) -> const Image* {
-    for (const Image& image : images)
-      if (platform::EqualsIgnoringCase(KeyText(table, image), key)) return &image;
-    return nullptr;
-  };
-  const Image* before = find(step.before);
-  // The columns that a change left behind have no key: they belong to the row before.
-  const Image* after = before != nullptr && !step.after.empty() ? &step.after.front()
-                       : step.before.empty()                    ? find(step.after)
-                                                                : nullptr;
-  if (before == nullptr && after == nullptr) return {};
-  std::string words = before == nullptr ? "Criado: " : after == nullptr ? "Removido: " : "";
-  bool first = true;
-  for (const std::string& line : Describe(table, before, after)) {
-    words += (first ? "" : "; ") + line;
-    first = false;
-  }
-  return words;
-}
-
-}  // namespace
-
-std::vector<Change> ReadLife(KeepingStore& store, const tsql::Table& table, const std::string& key) {
-  std::vector<Change> life;
-  if (!store.Keeps()) return life;
-  const RecordsetRef rows =
-      Open(store, "SELECT Id, Operacao, Tabela, Antes, Depois FROM parvel_historico WHERE Tabela = " +
-                      Quoted(table.name) + " AND Chave IN (" + Quoted(key) + ", '*') ORDER BY Id DESC");
-  for (; !rows->Eof(); rows->MoveNext()) {
-    Step step;
-    step.table = &table;
-    step.before = Images(table, Text(*rows, "Antes"));
-    step.after = Images(table, Text(*rows, "Depois"));
-    const auto words = WordsAbout(step, key);
-    if (!words) continue;
-    const long head = Number(*rows, "Operacao");
-    const auto operation = ReadOperation(store, head == 0 ? Number(*rows, "Id") : head);
-    if (operation) life.push_back({*operation, *words});
-  }
-  return life;
+  operators.erase("");
+  return {operators.begin(), operators.end()};
 }
 
 }  // namespace history

@@ -15,9 +15,10 @@ struct Operation {
   std::string operador;
   std::string posto;
   std::string words;
-  std::string record;  // the plate or code that it is about
-  long undoes = 0;     // the operation that it undid; 0: none
-  long undoneBy = 0;   // the last that undid it, itself not undone; 0: none
+  std::string record;    // the plate or code that it is about
+  long undoes = 0;       // the operation that it undid; 0: none
+  long undoneBy = 0;     // the last that undid it, itself not undone; 0: none
+  bool emptied = false;  // what it wrote is no longer kept
 };
 
 /// What an act did to rows of one table.
@@ -28,13 +29,19 @@ struct Step {
   std::vector<Image> after;
 };
 
+/// What an operation did to the first row that it wrote, or that it undid another.
+enum class Kind { kAny, kCreation, kChange, kRemoval, kUndoing };
+
 /// What the page asks for. Empty members ask for everything.
 struct Filter {
-  std::string text;      // anywhere in words, record or operator
-  std::string record;    // exactly
-  std::string operador;  // exactly
-  std::optional<platform::Date> from;
-  std::optional<platform::Date> to;  // this day included
+  /// Anywhere in words, record or operator; the whole plate or code of a record finds that record's alone.
+  std::string text = {};
+  std::string record = {};    // exactly
+  std::string operador = {};  // exactly
+  std::optional<platform::Date> from = {};
+  std::optional<platform::Date> to = {};  // this day included
+  std::string table = {};                 // one of whose rows it wrote
+  Kind kind = Kind::kAny;
 };
 
 /// The operations of a span of numbers that a filter takes, the newest first.
@@ -43,25 +50,19 @@ struct Slice {
   long next = 0;  // where the next slice begins; 0: there is none
 };
 
-/// Reads up to `most` operations with numbers below `below` (0: the newest), looking at no more than a part
-/// of a long history: an empty slice with `next` set asks to go on there.
+/// Reads some `most` operations with numbers below `below` (0: the newest), looking at no more than a part of
+/// a long history: an empty slice with `next` set asks to go on there.
 Slice ReadOperations(KeepingStore& store, const Filter& filter, long below = 0, int most = 100);
 std::optional<Operation> ReadOperation(KeepingStore& store, long number);
+/// The operations of these numbers, the newest first; those that are no longer kept are left out.
+std::vector<Operation> ReadOperations(KeepingStore& store, const std::vector<long>& numbers);
 /// The newest operation of this operator and workstation that can be undone.
 std::optional<Operation> LastToUndo(KeepingStore& store);
 /// What an operation did, in the order in which it did.
 std::vector<Step> ReadSteps(KeepingStore& store, long number);
-
-/// One change of a record's life.
-struct Change {
-  Operation operation;
-  std::string words;  // "Km: 10500 → 10560"
-};
-/// All changes of one row, the newest first. `key` is its key as one text.
-std::vector<Change> ReadLife(KeepingStore& store, const tsql::Table& table, const std::string& key);
-/// The differences of one row as people read them, a line each.
-std::vector<std::string> Describe(const tsql::Table& table, const Image* before, const Image* after);
-/// A value as people read it.
-std::string Shown(const tsql::Column& column, const platform::Variant& value);
+/// The rows of a side of a step as they are stored.
+std::vector<Image> ImagesOf(const tsql::Table& table, const std::string& json);
+/// Everybody whose name stands in the newest part of the history.
+std::vector<std::string> ReadOperators(KeepingStore& store);
 
 }  // namespace history

@@ -1,21 +1,21 @@
 #include "history/undo.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 
 #include "events/expense_figures.h"
 #include "history/act.h"
+#include "history/figures.h"
+#include "history/outside.h"
 #include "history/reader.h"
 #include "history/rows_by_key.h"
+#include "history/view/life.h"
 #include "platform/runtime_error.h"
-#include "platform/text.h"
 
 namespace history {
 namespace {
 
-using platform::EqualsIgnoringCase;
 using platform::RuntimeError;
 using platform::Variant;
 using zorCrmParvel::RecordsetRef;
@@ -69,13 +69,6 @@ NetsOfTables NetOf(KeepingStore& store, long operation) {
           step.after.empty() ? nullptr : &step.after[i]);
   }
   return all;
-}
-
-bool IsFigure(const tsql::Table& table, const tsql::Column& column) {
-  constexpr std::array kFigures{"KmActual", "CustoMedioKmC", "Media", "CustoTotal", "CustoMedioKmT"};
-  return EqualsIgnoringCase(table.name, "zor_PV_Viaturas") &&
-         std::any_of(kFigures.begin(), kFigures.end(),
-                     [&](const char* name) { return EqualsIgnoringCase(column.name, name); });
 }
 
 /// One operation on its way back.
@@ -242,6 +235,10 @@ Operation ToUndo(KeepingStore& store, long number) {
     throw RuntimeError(platform::kInvalidCall, "Histórico",
                        "A operação " + std::to_string(number) + " já foi anulada, pela operação " +
                            std::to_string(operation->undoneBy) + ".");
+  if (operation->emptied)
+    throw RuntimeError(platform::kInvalidCall, "Histórico",
+                       "O que a operação " + std::to_string(number) +
+                           " escreveu já não está guardado no histórico: não se pode anular.");
   return *operation;
 }
 
@@ -252,8 +249,16 @@ std::vector<Conflict> Conflicts(KeepingStore& store, long operation) {
   return Undoing(store, operation).Conflicts();
 }
 
-long Undo(const std::shared_ptr<KeepingStore>& store, long operation) {
+long Undo(const std::shared_ptr<KeepingStore>& store, long operation, std::vector<std::string>* kept) {
   const Operation undone = ToUndo(*store, operation);
+  if (const auto noted = NotedBy(*store, operation)) {
+    if (undone.undoes != 0)
+      throw RuntimeError(platform::kInvalidCall, "Histórico",
+                         "O que foi tirado não se põe de novo por aqui: importe outra vez o ficheiro.");
+    const std::vector<std::string> lines = UndoNoted(*store, *noted);
+    if (kept != nullptr) *kept = lines;
+    return store->LastOperation();
+  }
   store->BeginAct("Anular: " + undone.words, operation);
   try {
     store->Within([&] { Undoing(*store, operation).Run(zorCrmParvel::DataAccessRef(store)); });

@@ -25,6 +25,8 @@ std::vector<Conflict> Conflicts(KeepingStore& store, long operation);
 /// vehicles anew where others wrote them since. All of it or nothing; an operation of its own, whose number
 /// is given back. Whatever is in the way is overwritten: ask before. Errors as of `Conflicts`, and
 /// -2147467259 when the content of a document is no longer kept.
-long Undo(const std::shared_ptr<KeepingStore>& store, long operation);
+/// `kept` takes what had to stay of something with an undoing of its own, a line each.
+long Undo(const std::shared_ptr<KeepingStore>& store, long operation,
+          std::vector<std::string>* kept = nullptr);
 
 }  // namespace history

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QMenu>
+#include <QTableWidget>
 
 #include "desktop/shell/main_actions.h"
 #include "masterdata/code_table.h"
@@ -14,6 +15,12 @@ class HistoryTest : public OpenWindow {
  protected:
   testing_support::Table Brands() {
     return testing_support::Rows(bd(), "SELECT Codigo, Nome FROM zor_PV_Marcas ORDER BY Codigo");
+  }
+  static QString Line(const QTableWidget& table, int row) {
+    QStringList cells;
+    for (int i = 0; i < table.columnCount(); ++i)
+      cells << (table.item(row, i) != nullptr ? table.item(row, i)->text() : QString());
+    return cells.join('|');
   }
   /// In the ficha that opens next.
   void Confirm(const char* code, const char* name) {
@@ -56,14 +63,62 @@ TEST_F(HistoryTest, WhatSomebodyChangedSinceIsAskedFor) {
   undo.trigger();  // the update
   EXPECT_EQ(last(), "Renault 2");
   window.workspace()->store()->ExecutarSql("", "UPDATE zor_PV_Marcas SET Nome=N'De fora' WHERE Codigo='REN'");
-  desk.script.Answer("Não");
+  QString shown;
+  desk.script.Next([&](QWidget& box) {
+    shown = Line(*box.findChild<QTableWidget*>(), 0);
+    ClickButton(box, "Deixar como está");
+  });
   undo.trigger();
-  EXPECT_TRUE(desk.script.boxes.last().contains("agora «De fora», ficaria «Renault»"))
-      << desk.script.boxes.last().toStdString();
+  EXPECT_EQ(shown.toStdString(), "Marcas REN|Nome|De fora|Renault");
   EXPECT_EQ(last(), "De fora");
-  desk.script.Answer("Sim");
+  desk.script.Next([](QWidget& box) { ClickButton(box, "Anular mesmo assim"); });
   undo.trigger();
   EXPECT_EQ(last(), "Renault");
+}
+
+TEST_F(HistoryTest, ThePageShowsWhatWasDoneAndUndoesIt) {
+  window.ShowList("Marcas");
+  Confirm("REN", "Renault");
+  Confirm("REN", "Renault 2");
+  window.ShowList("Historico");
+  Page& page = *window.shown();
+  auto& detail = *page.findChild<QTableWidget*>();
+  EXPECT_EQ(Line(detail, 0).toStdString(), "Marcas REN|Nome: Renault → Renault 2");
+  EXPECT_EQ(page.CountText(), QStringLiteral("2 operações"));
+  page.Search("nada disto");
+  EXPECT_EQ(page.CountText(), QStringLiteral("0 operações"));
+  page.Search("REN");
+  desk.script.Answer("Sim");
+  ClickButton(page, "Anular…");
+  EXPECT_EQ(Brands(), (testing_support::Table{{"REN", "Renault"}}));
+  EXPECT_EQ(page.CountText(), QStringLiteral("3 operações"));
+}
+
+TEST_F(HistoryTest, WhatWasWrittenOverIsToldAndPutBack) {
+  window.ShowList("Marcas");
+  Confirm("REN", "Renault");
+  desk.script.Next([&](QWidget& ficha) {
+    Type(ficha, "REN");
+    Press(ficha, Qt::Key_Return);
+    history::Options rui;
+    rui.who = {"rui", "posto 2"};
+    {
+      // As another window does it: in this database there is but one connection.
+      const auto other = std::make_shared<history::KeepingStore>(window.workspace()->store(), rui);
+      other->ExecutarSql("", "UPDATE zor_PV_Marcas SET Nome = N'De Rui' WHERE Codigo = 'REN'");
+    }
+    Type(ficha, "Meu");
+    desk.script.Next([&](QWidget& told) {
+      EXPECT_EQ(Line(*told.findChild<QTableWidget*>(), 0).section('|', 0, 2).toStdString(),
+                "Marcas REN|Nome|De Rui");
+      ClickButton(told, "Repor o valor de rui");
+      ClickButton(told, "Fechar");
+    });
+    ClickButton(ficha, "Confirmar");
+    ClickButton(ficha, "Sair");
+  });
+  window.page()->New();
+  EXPECT_EQ(Brands(), (testing_support::Table{{"REN", "De Rui"}}));
 }
 
 }  // namespace

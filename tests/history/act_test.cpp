@@ -3,8 +3,8 @@
 #include "drivers/motoristas.h"
 #include "events/upkeep.h"
 #include "history/kept_fleet.h"
-#include "history/reader.h"
 #include "history/undo.h"
+#include "history/view/life.h"
 #include "masterdata/code_table.h"
 #include "vehicles/viaturas.h"
 

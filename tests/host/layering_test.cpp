@@ -28,7 +28,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"embedded", {"platform", "tsql", "host", "store/store"}},
     {"sqlserver", {"platform", "tsql", "host", "store/store"}},
     {"store", {"platform", "tsql", "host", "store/store", "embedded", "sqlserver"}},
-    {"history", {"platform", "tsql", "host", "store/store", "vehicles", "events"}},
+    {"history", {"platform", "tsql", "host", "store/store", "embedded", "vehicles", "drivers", "events"}},
     {"exchange",
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts", "reports"}},
     {"reports", {"platform", "host", "store/store"}},

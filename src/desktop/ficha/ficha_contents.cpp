@@ -45,13 +45,15 @@ void FichaContents::Before() {
   active_ = form_.ActiveControl();
 }
 
-void FichaContents::After(const platform::Control* pressed) {
+bool FichaContents::After(const platform::Control* pressed) {
   const std::vector<std::string> after = Read();
-  if (after == before_) return;
+  if (after == before_) return false;
   // From the key field other fields change when a record is shown.
   const bool shown =
       IsKeyField(active_) && !std::equal(after.begin() + 1, after.end(), before_.begin() + 1, before_.end());
-  if (shown || IsRecordButton(pressed) || IsRecordButton(active_)) settled_ = after;
+  const bool settled = shown || IsRecordButton(pressed) || IsRecordButton(active_);
+  if (settled) settled_ = after;
+  return settled;
 }
 
 }  // namespace desktop

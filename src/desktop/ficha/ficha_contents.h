@@ -20,9 +20,10 @@ class FichaContents {
 
   /// What is shown now is no change.
   void Settle() { settled_ = Read(); }
-  /// Before and after an act of the user; `pressed` is the button that the act pressed, null for none.
+  /// Before and after an act of the user; `pressed` is the button that the act pressed, null for none. True
+  /// when the ficha has put another record into its fields, or emptied them.
   void Before();
-  void After(const platform::Control* pressed);
+  bool After(const platform::Control* pressed);
   bool Changed() const { return Read() != settled_; }
 
  private:

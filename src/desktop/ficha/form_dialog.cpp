@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSettings>
+#include <algorithm>
 
 #include "desktop/ficha/ficha_words.h"
 #include "desktop/ficha/form_layout.h"
@@ -146,10 +147,13 @@ void FormDialog::Act(const std::function<void()>& act) {
   if (IsSyncing() || form_.IsClosed()) return;
   acting_ = true;
   contents_.Before();
-  Guarded(this, [&] { history::ActHere(ActWords(), act); });
+  const std::vector<platform::PushButton*>& writing = form_.layout.actions;
+  const bool loads = std::find(writing.begin(), writing.end(), pressed_) == writing.end();
+  Guarded(this, [&] { history::ActHere(ActWords(), act, loads); });
   acting_ = false;
+  overwritten_.Written(this);
   if (form_.IsClosed()) return accept();
-  contents_.After(pressed_);
+  if (contents_.After(pressed_)) overwritten_.Shown();
   ShowNotice();
   Guarded(this, [this] { Sync(); });
   aids_->Show();

@@ -7,6 +7,7 @@
 #include "desktop/ficha/control_view.h"
 #include "desktop/ficha/ficha_aids.h"
 #include "desktop/ficha/ficha_contents.h"
+#include "desktop/history/overwrite_watch.h"
 
 class QKeyEvent;
 class QLabel;
@@ -73,6 +74,7 @@ class FormDialog : public QDialog, private UserActs {
   std::vector<std::unique_ptr<ControlView>> views_;
   FichaContents contents_;
   FichaAids* aids_;
+  OverwriteWatch overwritten_;
   const platform::PushButton* pressed_ = nullptr;  // by the act under way
   std::string record_;                             // what a button that is pressed is about
   bool syncing_ = false;

@@ -11,6 +11,7 @@ constexpr char kWork[] = "TRABALHOS";
 constexpr char kDates[] = "PRAZOS";
 constexpr char kAlerts[] = "ALERTAS";
 constexpr char kTables[] = "TABELAS";
+constexpr char kMemory[] = "REGISTO DO QUE SE FEZ";
 
 }  // namespace
 
@@ -45,6 +46,7 @@ const std::vector<ListEntry>& AllLists() {
       {kTables, "TiposGastos", "Tipos de gastos", "Codigo", "TiposGastos"},
       {kTables, "TiposManut", "Tipos de revisão", "Codigo", "TiposManut"},
       {kTables, "Viagens", "Viagens", "Codigo", "Viagens"},
+      {kMemory, "Historico", "Histórico", nullptr, nullptr},
   };
   return lists;
 }

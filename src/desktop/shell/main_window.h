@@ -13,10 +13,6 @@ class QLabel;
 class QSplitter;
 class QTimer;
 
-namespace history {
-struct Operation;
-}  // namespace history
-
 namespace desktop {
 
 class AlertBoard;
@@ -77,7 +73,7 @@ class MainWindow : public QMainWindow {
   void UpdateRecordMenu();
   void UpdateUndo();
   void Undo();
-  bool MayUndo(const history::Operation& operation);
+  void ForgetOldHistory();
   void FillFichas();
   void ConnectViews();
   void ReadViews();

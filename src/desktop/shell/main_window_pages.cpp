@@ -37,6 +37,7 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   else
     ShowStart(true);
   FindAlerts();
+  ForgetOldHistory();
 }
 
 void MainWindow::ShowList(const char* key) {

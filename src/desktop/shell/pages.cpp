@@ -3,6 +3,7 @@
 #include <cstring>
 #include <vector>
 
+#include "desktop/history/history_page.h"
 #include "desktop/list/list_page.h"
 #include "desktop/start/month_page.h"
 #include "host/sistema.h"
@@ -21,7 +22,9 @@ const std::vector<OwnPage>& OwnPages() {
       {"Calendario", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new MonthPage(workspace, parent);
        }},
-  };
+      {"Historico", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
+         return new HistoryPage(workspace, parent);
+       }}};
   return pages;
 }
 

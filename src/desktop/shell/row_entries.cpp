@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "desktop/history/record_commands.h"
 #include "desktop/list/handling_dialog.h"
 #include "desktop/list/vehicle_field_dialog.h"
 
@@ -18,6 +19,10 @@ const std::vector<RowEntry>& RowEntries() {
       {"&Adiar até…", "Ctrl+D", &IsAlertList, &PutOffAlerts},
       {"&Tratado…", "Ctrl+T", &IsAlertList, &SettleAlerts},
       {"De novo &por tratar", "", &IsAlertList, &ReopenAlerts},
+      {"&Histórico do registo…", "Ctrl+H", &HasLife, &ShowLife},
+      {"E&xportar dados pessoais…", "", &ListsDrivers, &ExportMarkedDriver},
+      {"Apagar dados &pessoais…", "", &ListsDrivers, &EraseMarkedDriver},
+      {"Motoristas &inactivos…", "", &ListsDrivers, &ShowQuietDrivers},
   };
   return entries;
 }

@@ -127,6 +127,31 @@ void Engine::KeepLogShort() {
   log_.BringBack();
 }
 
+void Engine::WriteThrough() {
+  if (!batch_) return;
+  RequireBatch();
+  const int code = sqlite3_db_cacheflush(connection_.get());
+  if (code != SQLITE_OK) RaiseSqlite(connection_.get(), code);
+}
+
+bool Engine::Compact() {
+  SettleToWrite();
+  writes_.clear();
+  connection_.Execute("VACUUM");
+  Written();
+  log_.BringBack();
+  return log_.IsEmpty();
+}
+
+std::int64_t Engine::BytesOf(const std::vector<std::string>& tables) const {
+  std::string names;
+  for (const std::string& table : tables) names += (names.empty() ? "'" : ", '") + table + "'";
+  return connection_.Number(
+      "SELECT SUM(pgsize) FROM dbstat WHERE aggregate = 1 AND name IN (SELECT name FROM "
+      "sqlite_schema WHERE tbl_name IN (" +
+      names + "))");
+}
+
 void Engine::Written() {
   if (!batch_) log_.Written();
 }

@@ -44,6 +44,10 @@ class Engine : public std::enable_shared_from_this<Engine> {
   /// Brings back a log past its limit, after reading what is still unread: that holds it.
   void KeepLogShort();
 
+  void WriteThrough();
+  bool Compact();
+  std::int64_t BytesOf(const std::vector<std::string>& tables) const;
+
   // Reads that see one state of the data; they nest, and the first write ends them.
   void BeginSnapshot();
   void EndSnapshot() noexcept;

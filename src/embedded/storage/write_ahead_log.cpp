@@ -110,12 +110,14 @@ void WriteAheadLog::RequireStill() const {
   FailOn(file_, "A base de dados, que aqui só se lê, foi alterada por outro programa. Abra-a de novo.");
 }
 
-bool WriteAheadLog::IsLong() const {
-  if (file_.empty()) return false;
+std::int64_t WriteAheadLog::SizeOfFile() const {
+  if (file_.empty()) return 0;
   std::error_code failure;
   const auto size = std::filesystem::file_size(file_ + std::string(kLog), failure);
-  return !failure && static_cast<std::int64_t>(size) > limit_;
+  return failure ? 0 : static_cast<std::int64_t>(size);
 }
+
+bool WriteAheadLog::IsLong() const { return SizeOfFile() > limit_; }
 
 void WriteAheadLog::BringBack() const {
   sqlite3_busy_timeout(connection_.get(), 0);

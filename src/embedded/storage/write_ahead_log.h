@@ -39,12 +39,15 @@ class WriteAheadLog {
   void Written();
   /// True past the limit.
   bool IsLong() const;
+  /// True when there is nothing in the file of the log.
+  bool IsEmpty() const { return SizeOfFile() == 0; }
   /// Writes all of it into the file and empties it. Does what it can at once where others still read.
   void BringBack() const;
 
  private:
   static int Committed(void* self, sqlite3* connection, const char* database, int frames);
   void Mark();
+  std::int64_t SizeOfFile() const;  // 0 when there is none
 
   const SqliteConnection& connection_;
   std::string file_;  // empty: in memory

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+
+#include "history/reader.h"
+
+class QWidget;
+
+namespace desktop {
+
+/// Undoes an operation. What somebody changed since is shown side by side with what would be put back, and
+/// asked for. False when the user declines.
+bool AskAndUndo(const std::shared_ptr<history::KeepingStore>& store, const history::Operation& operation,
+                QWidget* parent);
+
+}  // namespace desktop

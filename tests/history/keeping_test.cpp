@@ -1,0 +1,246 @@
+// What is remembered is kept small, told to those who wrote over each other, and forgotten where the law
+// asks.
+
+#include <fstream>
+#include <iterator>
+
+#include "documents/arquivo_digital.h"
+#include "drivers/motoristas.h"
+#include "exchange/profile/profile_store.h"
+#include "history/drivers/driver_activity.h"
+#include "history/drivers/driver_erasure.h"
+#include "history/drivers/driver_export.h"
+#include "history/figures.h"
+#include "history/kept_fleet.h"
+#include "history/outside.h"
+#include "history/overwritten.h"
+#include "history/retention.h"
+#include "history/undo.h"
+#include "history/view/browser.h"
+#include "history/view/life.h"
+#include "masterdata/code_table.h"
+
+namespace history {
+namespace {
+
+class KeepingTest : public KeptFleetTest {
+ protected:
+  std::shared_ptr<KeepingStore> Other(const char* who) {
+    Options options;
+    options.who = {who, "posto 2"};
+    return std::make_shared<KeepingStore>(embedded::Database::Open(file), options);
+  }
+
+  static std::string Bytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+
+  void FillDriver() {
+    clMotoristas driver;
+    driver.bd = bd;
+    driver.Codigo = "MT-77";
+    driver.Descrição = "João \"Zé\" Silva";
+    driver.Morada = "Rua das Flores 17";
+    driver.Telefone = "912345678";
+    Do("Motoristas: Confirmar", [&] { driver.Escrever(); });
+    driver.Morada = "Travessa Nova 3";
+    Do("Motoristas: Confirmar", [&] { driver.Escrever(); });
+    Do("Motoristas: Foto", [&] { driver.Foto_Add(FileWith(std::string("\xFF\xD8") + "retrato")); });
+    Do("Motoristas: Foto", [&] { driver.Foto_Add(FileWith(std::string("\xFF\xD8") + "outro")); });
+    Do("Motoristas: Arquivo", [&] {
+      Cl_ArquivoDigital archive;
+      archive.bd = bd;
+      archive.Add(FileWith("carta de condução"), "MT-77", 320, 0, "Carta");
+    });
+    Do("Gastos: Confirmar", [&] {
+      AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 1), "GASOLEO", "40", "60", 10500);
+      bd->ExecutarSql(
+          "", "UPDATE zor_PV_Gastos SET Motorista = N'MT-77', Obs = N'pago por JOÃO \"ZÉ\" SILVA, na caixa'");
+      RecalcularViatura(bd, "12-AB-34");
+    });
+  }
+};
+
+TEST_F(KeepingTest, AnErasedDriverIsNowhereInTheFileAndHisExpensesStay) {
+  FillDriver();
+  AddDriver(bd, "0002", "Ana Sousa");
+  exchange::Profile profile;
+  profile.name = "Cartão";
+  profile.kind = "gastos";
+  profile.learned["Motorista"] = {{"joao silva", "MT-77"}, {"ana sousa", "0002"}};
+  exchange::SaveProfile(bd, profile);
+  const std::string total = Total();
+  const Erased erased = EraseDriver(store, "MT-77");
+  EXPECT_EQ(erased.code, "Ex-1");
+  EXPECT_TRUE(erased.fromFile);
+  const std::string content = Bytes(file) + Bytes(file + "-wal");
+  for (const char* gone : {"Silva", "SILVA", "Flores", "Travessa", "912345678", "retrato", "outro",
+                           "carta de cond", "joao silva", "MT-77"})
+    EXPECT_EQ(content.find(gone), std::string::npos) << gone;
+  for (const char* stays : {"Ana Sousa", "ana sousa", "na caixa"})
+    EXPECT_NE(content.find(stays), std::string::npos);
+  EXPECT_EQ(Rows(bd, "SELECT Motorista, Obs, Custo FROM zor_PV_Gastos"),
+            (Table{{"Ex-1", "pago por Ex-1, na caixa", "60"}}));
+  EXPECT_EQ(Total(), total);
+  // What is left can be undone under the new code, what is gone can't.
+  const Slice slice = ReadOperations(*store, {});
+  EXPECT_EQ(slice.operations.front().words, "Motoristas: dados pessoais apagados, Ex-1");
+  for (const Operation& each : slice.operations) {
+    if (each.words.starts_with("Motoristas") && each.record == "Ex-1")
+      EXPECT_THROW(Undo(store, each.number), platform::RuntimeError) << each.words;
+    if (each.words.starts_with("Gastos")) Undo(store, each.number);
+  }
+  EXPECT_TRUE(Rows(bd, "SELECT * FROM zor_PV_Gastos").empty());
+  EXPECT_THROW(EraseDriver(store, "MT-77"), platform::RuntimeError);
+}
+
+TEST_F(KeepingTest, AllOnADriverIsWrittenIntoAFolder) {
+  FillDriver();
+  const std::string to = folder.File("dados");
+  EXPECT_EQ(ExportDriver(*store, "MT-77", to), 4);
+  const std::string json = Bytes(to + "/motorista.json");
+  for (const char* held : {"Travessa Nova 3", "Morada: Rua das Flores 17 → Travessa Nova 3",
+                           "\"Custo\": \"60\"", "\"Ficheiro\": \"fotografia.jpg\""})
+    EXPECT_NE(json.find(held), std::string::npos) << held;
+  EXPECT_NE(Bytes(to + "/motorista.html").find("<th>Morada<td>Travessa Nova 3"), std::string::npos);
+  EXPECT_EQ(Bytes(to + "/fotografia.jpg"),
+            "\xFF\xD8"
+            "outro");
+  EXPECT_THROW(ExportDriver(*store, "MT-77", to), platform::RuntimeError) << "a folder that holds something";
+  EXPECT_THROW(ExportDriver(*store, "nada", folder.File("x")), platform::RuntimeError);
+}
+
+TEST_F(KeepingTest, DriversWithoutEventsForLongAreListed) {
+  FillDriver();
+  AddDriver(bd, "0002", "Ana");
+  const auto quiet = [&](int year) {
+    std::string codes;
+    for (const QuietDriver& each : DriversQuietSince(*store, Date::FromParts(year, 1, 1)))
+      codes += each.code + ";";
+    return codes;
+  };
+  EXPECT_EQ(quiet(2024), "0002;1;");
+  EXPECT_EQ(quiet(2025), "0002;1;MT-77;");
+}
+
+TEST_F(KeepingTest, WhoWritesOverWhatOthersStoredIsTold) {
+  Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Um"); });
+  Do("Ficha: abrir", [&] { Rows(bd, "SELECT * FROM zor_PV_Marcas"); });
+  const long seen = store->Mark();
+  const auto others = Other("rui");
+  Act(others.get(), "Marcas: Confirmar", [&] { AddCode<clMarcas>(DataAccessRef(others), "r", "Dois"); });
+  const long ours = Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Três"); });
+  const std::vector<Overwritten> lost = OverwrittenBy(*store, ours, seen);
+  ASSERT_EQ(lost.size(), 1U);
+  EXPECT_EQ(lost[0].by.operador + lost[0].theirs.ToText() + lost[0].ours.ToText(), "ruiDoisTrês");
+  EXPECT_TRUE(OverwrittenBy(*store, ours, ours).empty());
+  PutBack(*store, lost[0]);
+  EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_PV_Marcas WHERE Codigo = 'r'").at(0).at(0), "Dois");
+}
+
+TEST_F(KeepingTest, TwoWhoSaveExpensesOfOneVehicleLeaveItsFiguresRight) {
+  const auto others = Other("rui");
+  for (int i = 0; i < 10; ++i) {
+    Spend(60 + i, 10500 + 100 * i);
+    Act(others.get(), "Gastos: Confirmar", [&] {
+      AddExpense(DataAccessRef(others), "12-AB-34", Date::FromParts(2024, 3, 1 + i), "GASOLEO", "40", "10",
+                 10550 + i);
+      RecalcularViatura(DataAccessRef(others), "12-AB-34");
+    });
+  }
+  EXPECT_TRUE(CheckFigures(store, false).empty());
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET CustoTotal = 166 WHERE Matricula = '12-AB-34'");
+  for (const bool correct : {false, true}) {
+    const auto wrong = CheckFigures(store, correct);
+    ASSERT_EQ(wrong.size(), 1U);
+    EXPECT_EQ(wrong[0].plate + " " + wrong[0].lines.front().substr(0, 17), "12-AB-34 CustoTotal: 166 →");
+  }
+  EXPECT_TRUE(CheckFigures(store, false).empty());
+}
+
+TEST_F(KeepingTest, WhatIsOlderThanTheOfficeKeepsGoesDocumentsFirst) {
+  Date now = Date::FromParts(2018, 5, 1);
+  Options options;
+  options.who = {"ana", "posto 1"};
+  options.clock = [&] { return now; };
+  const auto old = std::make_shared<KeepingStore>(embedded::Database::Open(file), options);
+  const DataAccessRef past(old);
+  const auto remove = [&](const std::string& content) {
+    Cl_ArquivoDigital archive;
+    archive.bd = past;
+    Act(old.get(), "Arquivo", [&] { archive.Add(FileWith(content), "12-AB-34", 300, 0, content); });
+    Act(old.get(), "Remover", [&] { past->ExecutarSql("", "DELETE FROM zor_ArquivoDigital"); });
+    return old->LastOperation();
+  };
+  const long first = remove("velho");
+  now = Date::FromParts(2023, 5, 1);
+  const long second = remove("documento");
+  now = Date::FromParts(2022, 1, 1);  // a clock that was put back
+  const long third = remove("recente!");
+  const Cleared cleared = KeepWithin(*old, {.years = 6, .documentYears = 2}, Date::FromParts(2024, 4, 1));
+  EXPECT_EQ(std::pair(cleared.operations, cleared.documents), std::pair(0L, 1L));
+  EXPECT_THROW(Undo(old, first), platform::RuntimeError);
+  EXPECT_EQ(ClearBefore(*old, Date::FromParts(2020, 1, 1)).operations, 2);
+  EXPECT_FALSE(ReadOperation(*old, first));
+  for (const long kept : {second, third}) Undo(old, kept);
+  EXPECT_EQ(Rows(bd, "SELECT zor_ArquivoDigital_Titulo FROM zor_ArquivoDigital").size(), 2U);
+}
+
+TEST_F(KeepingTest, AnOfficeThatTurnsTheHistoryOffIsNotRemembered) {
+  WriteSettings(bd, {.records = false, .years = 7});
+  EXPECT_EQ(ReadSettings(bd), (Settings{.records = false, .years = 7}));
+  store->LookAtSettings();
+  EXPECT_EQ(Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Um"); }), 0);
+  EXPECT_TRUE(store->HasHistory());
+}
+
+TEST_F(KeepingTest, AFilterFindsByTableKindPeriodAndRecord) {
+  Spend(60, 10500);
+  Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Um"); });
+  const long change = Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Dois"); });
+  const long removal = Do("Marcas: Remover", [&] { bd->ExecutarSql("", "DELETE FROM zor_PV_Marcas"); });
+  Undo(store, removal);
+  const auto found = [&](const Filter& filter) {
+    Browser browser(store);
+    browser.Ask(filter);
+    while (!browser.AtEnd()) browser.ReadOn();
+    return browser.operations().size();
+  };
+  EXPECT_EQ(found({.table = "zor_PV_Viaturas"}), 1U) << "the vehicle's figures went with the expense";
+  EXPECT_EQ(found({.table = "zor_PV_Marcas"}), 4U);
+  EXPECT_EQ(found({.kind = Kind::kRemoval}), 1U);
+  EXPECT_EQ(found({.kind = Kind::kChange}), 1U);
+  EXPECT_EQ(found({.kind = Kind::kUndoing}), 1U);
+  EXPECT_EQ(found({.text = "r"}), 4U) << "a code in full finds that record alone";
+  EXPECT_EQ(found({.text = "gAstOs:"}), 1U);
+  EXPECT_EQ(found({.to = Date::FromParts(2000, 1, 1)}), 0U);
+  EXPECT_EQ(found({.from = platform::SystemTime(), .to = platform::SystemTime()}), 5U);
+  const std::vector<DetailLine> detail = Browser(store).DetailOf(change);
+  ASSERT_EQ(detail.size(), 1U);
+  EXPECT_EQ(detail[0].record + " " + detail[0].words, "Marcas r Nome: Um → Dois");
+}
+
+TEST_F(KeepingTest, WhatIsWrittenPastTheHistoryIsUndoneByItsOwnMeans) {
+  {
+    Batch batch(*store->inner());
+    store->Note("Importação 7: mês.csv", "parvel_importacoes", "7");
+    batch.Commit();
+  }
+  const long noted = store->LastOperation();
+  SetUndoing("parvel_importacoes", [](const auto& inner, const std::string& key, const auto& beforeCommit) {
+    Batch batch(*inner);
+    beforeCommit("Anular importação " + key);
+    batch.Commit();
+    return std::vector<std::string>{"linha 3"};
+  });
+  std::vector<std::string> kept;
+  const long undoing = Undo(store, noted, &kept);
+  EXPECT_EQ(kept.size(), 1U);
+  EXPECT_EQ(ReadOperation(*store, noted)->undoneBy, undoing);
+  EXPECT_THROW(Undo(store, noted), platform::RuntimeError);
+  EXPECT_THROW(Undo(store, undoing), platform::RuntimeError);
+}
+
+}  // namespace
+}  // namespace history
