@@ -41,8 +41,8 @@ const std::map<std::string, std::set<std::string>> kBelow = {
       "documents", "store", "store/store", "embedded", "sqlserver", "exchange", "reports", "setup", "demo",
       "history"}},
     {"desktop",
-     {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "setup", "demo", "history"}},
+     {"platform", "host", "host/sistema", "vehicles", "drivers", "events", "alerts", "store", "store/store",
+      "embedded", "sqlserver", "exchange", "reports", "setup", "demo", "history"}},
 };
 
 std::string RoomOf(const std::string& path) {

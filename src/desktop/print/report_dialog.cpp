@@ -29,10 +29,11 @@ QDate Today() {
 
 }  // namespace
 
-ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* parent, const RowOrder* order)
+ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* parent, const RowOrder* order,
+                           const QStringList& notes)
     : QDialog(parent),
       title_(std::move(title)),
-      table_(source, order, title_, Today()),
+      table_(source, order, title_, Today(), notes),
       printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)),
       preview_(new QPrintPreviewWidget(printer_.get(), this)),
       page_(new QLabel(this)),

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "desktop/list/list_page.h"
+#include "desktop/reports/report_page.h"
 #include "host/sistema.h"
 
 namespace desktop {
@@ -15,8 +16,22 @@ struct OwnPage {
   Page* (*make)(Workspace& workspace, QSettings& settings, QWidget* parent);
 };
 
+template <reports::TipoDeRelatorio report>
+Page* MakeReport(Workspace& workspace, QSettings& settings, QWidget* parent) {
+  return new ReportPage(workspace, settings, report, {}, parent);
+}
+
 const std::vector<OwnPage>& OwnPages() {
-  static const std::vector<OwnPage> pages = {};
+  using reports::TipoDeRelatorio;
+  static const std::vector<OwnPage> pages = {
+      {"RelConsumos", &MakeReport<TipoDeRelatorio::kConsumos>},
+      {"RelCustos", &MakeReport<TipoDeRelatorio::kCustos>},
+      {"RelTotal", &MakeReport<TipoDeRelatorio::kTotal>},
+      {"RelQuilometros", &MakeReport<TipoDeRelatorio::kQuilometros>},
+      {"RelExcepcoes", &MakeReport<TipoDeRelatorio::kExcepcoes>},
+      {"RelMovimentos", &MakeReport<TipoDeRelatorio::kMovimentos>},
+      {"RelEmissoes", &MakeReport<TipoDeRelatorio::kEmissoes>},
+  };
   return pages;
 }
 
