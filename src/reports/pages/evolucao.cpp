@@ -61,7 +61,8 @@ Serie ComoSerie(const std::string& nome, const std::vector<Valor>& valores, doub
 }
 
 /// Cost a kilometre of what a request lets through.
-Serie CustoPorKm(const Frota& frota, const std::string& nome, Pedido pedido, const std::vector<Valor>& km) {
+Serie CustoPorKm(const Frota& frota, const std::string& nome, const Pedido& pedido,
+                 const std::vector<Valor>& km) {
   const Custos custos = CustosDaFrota(frota, pedido);
   std::vector<Valor> valores;
   for (std::size_t i = 0; i < km.size(); ++i)
