@@ -24,6 +24,7 @@ using reports::TipoDeRelatorio;
 struct ReportOptions {
   std::string from, to, period, by, columns, premiums, rents;
   Pedido request;
+  std::string file;
   bool csv = false;
   bool json = false;
   bool seen = false;
@@ -116,6 +117,19 @@ bool AnyOpen(const reports::Tabela& findings) {
   return false;
 }
 
+/// To the file that is named, or to the terminal.
+void Write(const Calls& calls, const reports::Relatorio& report, const ReportOptions& options) {
+  const reports::Tabela& table = report.tabelas.front();
+  if (options.file.empty())
+    return PrintReport(calls.out, report,
+                       options.json  ? Output::kJson
+                       : options.csv ? Output::kCsv
+                                     : Output::kTable);
+  exchange::WriteTable(ExportTableOf(table, report.titulo), options.file, exchange::ExportFormat::kXlsx);
+  calls.out << (table.Quantas() == 1 ? "1 linha" : std::to_string(table.Quantas()) + " linhas") << " em "
+            << options.file << ".\n";
+}
+
 int Report(const Calls& calls, TipoDeRelatorio kind, const ReportOptions& options) {
   try {
     const Pedido request = RequestOf(options);
@@ -124,10 +138,7 @@ int Report(const Calls& calls, TipoDeRelatorio kind, const ReportOptions& option
     const zorCrmParvel::DataAccessRef database = calls.Open();
     Mark(database, options);
     const reports::Relatorio report = reports::Fazer(database, kind, request, options.seen);
-    PrintReport(calls.out, report,
-                options.json  ? Output::kJson
-                : options.csv ? Output::kCsv
-                              : Output::kTable);
+    Write(calls, report, options);
     return kind == TipoDeRelatorio::kExcepcoes && AnyOpen(report.tabelas.front()) ? kDue : kDone;
   } catch (const WrongWords& error) {
     calls.err << error.what() << '\n';
@@ -192,7 +203,11 @@ void AddShape(CLI::App& command, const reports::TextosDoRelatorio& report, Repor
         ->allow_extra_args(false);
   }
   auto* csv = command.add_flag("--csv", options.csv, "Em CSV, separado por ponto e vírgula.");
-  command.add_flag("--json", options.json, "Em JSON.")->excludes(csv);
+  auto* json = command.add_flag("--json", options.json, "Em JSON.")->excludes(csv);
+  command.add_option("--xlsx", options.file, "Para este ficheiro, em XLSX.")
+      ->type_name("FICHEIRO")
+      ->excludes(csv)
+      ->excludes(json);
 }
 
 struct SettingOptions {

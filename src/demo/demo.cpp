@@ -27,6 +27,7 @@ void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database) {
   zorCrmParvel::Batch batch(*database);
   DemoDice dice;
   FillDemoTables(database);
+  FillDemoSettings(database);
   const auto drivers = FillDemoDrivers(database, dice);
   FillDemoFleet(database, drivers, dice);
   FillDemoEvents(database, drivers, dice);

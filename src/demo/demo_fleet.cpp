@@ -16,6 +16,7 @@ using platform::Date;
 
 constexpr int kVehicles = 40;
 constexpr int kDaysOfHistory = 3 * 365;
+constexpr int kMonthsOfLeasing = 96;
 
 /// A model as fleets use it.
 struct Profile {
@@ -104,6 +105,7 @@ class Vehicle {
     viatura_.Escrever();
     Fill();
     for (const OtherCost& cost : kOtherCosts) Spend(cost);
+    WriteForReports(viatura_, profile_.tank, profile_.kmPerDay);
     RecalcularViatura(viatura_.bd, viatura_.Matricula);
   }
 
@@ -123,7 +125,7 @@ class Vehicle {
     if (dice_.Roll(1, 3) != 1) return;
     viatura_.CompLeasing = dice_.Roll(0, 1) == 0 ? "DOURO" : "LUSITRUST";
     viatura_.NoContrato = "L-" + std::to_string(dice_.Roll(10000, 99999));
-    viatura_.ValContrato = viatura_.DataMatricula;
+    viatura_.ValContrato = viatura_.DataMatricula.AddMonths(kMonthsOfLeasing);
     viatura_.ValorInicial = dice_.Roll(14, 95) * 1000;
     viatura_.ValorResidual = Currency(dice_.Roll(2, 9) * 500);
     viatura_.Mensalidade = Currency(dice_.Roll(180, 1400));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/data_access.h"
+#include "vehicles/viaturas.h"
 
 namespace demo {
 
@@ -26,6 +27,10 @@ class DemoDice {
 };
 
 void FillDemoTables(const zorCrmParvel::DataAccessRef& bd);
+/// What reports have to know of expense types and fuels: units, kg of CO2, what a fuel takes.
+void FillDemoSettings(const zorCrmParvel::DataAccessRef& bd);
+/// The same of a vehicle: its tank, the day on which it went out of service, the kilometres of its leasing.
+void WriteForReports(const zorCrmParvel::clViaturas& vehicle, int tank, int kmPerDay);
 /// Codes of the drivers written.
 std::vector<std::string> FillDemoDrivers(const zorCrmParvel::DataAccessRef& bd, DemoDice& dice);
 /// Vehicles with three years of expenses each, and their figures.

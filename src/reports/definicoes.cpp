@@ -153,6 +153,18 @@ const std::vector<Definicao>& Definicoes() {
   return kDefinicoes;
 }
 
+std::string TituloDe(const Definicao::Campo& campo) {
+  std::string titulo = campo.nome;
+  for (const char* artigo : {"a ", "o ", "os ", "se está "})
+    if (titulo.rfind(artigo, 0) == 0) {
+      titulo.erase(0, std::string_view(artigo).size());
+      break;
+    }
+  if (!titulo.empty() && titulo[0] >= 'a' && titulo[0] <= 'z')
+    titulo[0] = static_cast<char>(titulo[0] - 'a' + 'A');
+  return titulo;
+}
+
 const Definicao* DefinicaoDe(const std::string& chave) {
   const auto& todas = Definicoes();
   const auto achada =

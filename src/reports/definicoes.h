@@ -23,6 +23,8 @@ struct Definicao {
   std::vector<Campo> chaves;
   std::vector<Campo> valores;
 };
+/// A field as the heading of a column: "Depósito".
+std::string TituloDe(const Definicao::Campo& campo);
 const std::vector<Definicao>& Definicoes();
 /// Null when there is none of that name.
 const Definicao* DefinicaoDe(const std::string& chave);

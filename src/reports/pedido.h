@@ -45,7 +45,7 @@ class Seleccao {
   /// True when the vehicle passes, and the driver where drivers are asked for.
   bool Passa(const Evento& evento) const {
     return Passa(static_cast<std::size_t>(evento.viatura)) &&
-           (motoristas_.empty() || motoristas_[static_cast<std::size_t>(evento.motorista + 1)] != 0);
+           (motoristas_.empty() || motoristas_[static_cast<std::size_t>(evento.motorista) + 1] != 0);
   }
   bool PorMotorista() const { return !motoristas_.empty(); }
 

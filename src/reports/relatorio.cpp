@@ -31,6 +31,14 @@ std::vector<std::string> Filtros(const Pedido& pedido) {
       {"Motoristas", &pedido.motoristas}};
   for (const auto& [nome, lista] : listas)
     if (!lista->empty()) notas.push_back(std::string(nome) + ": " + Junta(*lista));
+  if (!pedido.combustiveis.empty()) {
+    static constexpr const char* kCombustiveis[] = {"Diesel", "Gasolina", "GPL", "Eléctrico"};
+    std::vector<std::string> nomes;
+    for (const int c : pedido.combustiveis)
+      nomes.emplace_back(c >= 0 && c < 4 ? kCombustiveis[c] : std::to_string(c));
+    notas.push_back("Combustíveis: " + Junta(nomes));
+  }
+  if (!pedido.tipos.empty()) notas.push_back("Tipos: " + Junta(pedido.tipos));
   if (pedido.soActivas) notas.emplace_back("Só viaturas ao serviço");
   if (pedido.soInactivas) notas.emplace_back("Só viaturas fora de serviço");
   return notas;

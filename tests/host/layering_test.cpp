@@ -44,8 +44,8 @@ const std::map<std::string, std::set<std::string>> kBelow = {
                  "events",   "alerts",  "documents", "store",        "store/store", "embedded", "sqlserver",
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
     {"desktop",
-     {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history"}},
+     {"platform", "host", "host/sistema", "vehicles", "drivers", "events", "alerts", "store", "store/store",
+      "embedded", "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history"}},
 };
 
 std::string RoomOf(const std::string& path) {

@@ -10,6 +10,7 @@ constexpr char kEvents[] = "EVENTOS";
 constexpr char kWork[] = "TRABALHOS";
 constexpr char kDates[] = "PRAZOS";
 constexpr char kAlerts[] = "ALERTAS";
+constexpr char kAnalysis[] = "ANÁLISE";
 constexpr char kTables[] = "TABELAS";
 constexpr char kMemory[] = "REGISTO DO QUE SE FEZ";
 
@@ -36,6 +37,13 @@ const std::vector<ListEntry>& AllLists() {
       {kAlerts, "AlertasAcess", "Acessórios", "Id", nullptr},
       {kAlerts, "AlertasMot", "Motoristas", "Codigo", nullptr},
       {kAlerts, "AlertasViat", "Viaturas", "Matricula", nullptr},
+      {kAnalysis, "RelConsumos", "Consumos", "", nullptr},
+      {kAnalysis, "RelCustos", "Custos", "", nullptr},
+      {kAnalysis, "RelTotal", "Custo total", "", nullptr},
+      {kAnalysis, "RelQuilometros", "Quilómetros", "", nullptr},
+      {kAnalysis, "RelExcepcoes", "Excepções", "", nullptr},
+      {kAnalysis, "RelMovimentos", "Movimentos", "", nullptr},
+      {kAnalysis, "RelEmissoes", "Emissões", "", nullptr},
       {kTables, "Categorias", "Categorias", "Codigo", "Categorias"},
       {kTables, "Companhias", "Companhias", "Codigo", "Companhias"},
       {kTables, "Departamentos", "Departamentos", "Codigo", "Departamentos"},

@@ -18,8 +18,9 @@ class ReportDialog : public QDialog {
 
  public:
   /// The source, and the order if there is one, outlive the dialog.
+  /// `notes` stand below the title: what the rows were chosen by.
   ReportDialog(const TableSource& source, QString title, QWidget* parent,
-               std::optional<std::vector<long>> rows = {});
+               std::optional<std::vector<long>> rows = {}, const QStringList& notes = {});
   ~ReportDialog() override;
 
   /// Writes the report as a PDF. False when the file can't be written; it is then as it was.

@@ -50,8 +50,8 @@ double LayOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
 }  // namespace
 
 TablePrinter::TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title,
-                           QDate date)
-    : source_(source), rows_(std::move(rows)), title_(std::move(title)), date_(date) {
+                           QDate date, QStringList notes)
+    : source_(source), rows_(std::move(rows)), title_(std::move(title)), date_(date), notes_(std::move(notes)) {
   text_font_ = QApplication::font();
   text_font_.setPointSizeF(kTextSize);
   // Any spacing turns ligatures off, which programs that search a PDF don't read as letters.
@@ -127,7 +127,7 @@ void TablePrinter::Measure(const QPagedPaintDevice& device) {
     headings =
         std::max(headings, CellHeight(source_.Columns()[column.index].caption, heading_font_, column.width));
   const double title = QFontMetricsF(title_font_, &device).height();
-  first_row_ = title + kTextSize * point_ + headings + 2 * kCellPadding * point_;
+  first_row_ = title + NotesHeight() + kTextSize * point_ + headings + 2 * kCellPadding * point_;
   last_row_ = page_.height() - 2 * QFontMetricsF(text_font_, &device).height();
 }
 
@@ -164,6 +164,14 @@ std::vector<long> TablePrinter::PageBreaks() const {
 double TablePrinter::CellHeight(const QString& text, const QFont& font, double width) const {
   QTextLayout layout(text, font, device_);
   return LayOut(layout, width - 2 * kCellPadding * point_, Qt::AlignLeft);
+}
+
+double TablePrinter::NotesHeight() const {
+  if (notes_.isEmpty()) return 0;
+  const QRectF room(0, 0, page_.width(), page_.height());
+  return QFontMetricsF(text_font_, device_)
+      .boundingRect(room, Qt::AlignLeft | Qt::TextWordWrap, notes_.join(QLatin1Char('\n')))
+      .height();
 }
 
 double TablePrinter::RowHeight(long place) const {
@@ -207,8 +215,11 @@ void TablePrinter::DrawHeader(QPainter& painter) const {
   painter.setFont(text_font_);
   painter.drawText(QRectF(0, 0, page_.width() - kCellPadding * point_, title),
                    Qt::AlignRight | Qt::AlignVCenter, date_.toString(QStringLiteral("dd-MM-yyyy")));
+  if (!notes_.isEmpty())
+    painter.drawText(QRectF(kCellPadding * point_, title, page_.width(), NotesHeight()),
+                     Qt::AlignLeft | Qt::TextWordWrap, notes_.join(QLatin1Char('\n')));
   painter.setPen(Qt::black);
-  const double top = title + kTextSize * point_;
+  const double top = title + NotesHeight() + kTextSize * point_;
   for (const Column& column : columns_)
     DrawCell(painter, source_.Columns()[column.index].caption, column, top, heading_font_);
   painter.setPen(QPen(Qt::black, kRule * point_));

@@ -5,6 +5,7 @@
 #include <QPageLayout>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -22,7 +23,8 @@ namespace desktop {
 class TablePrinter {
  public:
   /// Prints these rows, or all rows of the source. Reads them, and raises the errors of that.
-  TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title, QDate date);
+  TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title, QDate date,
+               QStringList notes = {});
 
   /// The page that suits the columns: upright, or across when what they hold is wide.
   QPageLayout PageLayout() const;
@@ -42,6 +44,7 @@ class TablePrinter {
   std::vector<long> PageBreaks() const;
   double CellHeight(const QString& text, const QFont& font, double width) const;
   double RowHeight(long place) const;
+  double NotesHeight() const;
   double MarkRoom(long row, const Column& column) const;
   void DrawPage(QPainter& painter, long from, long to, int page, int pages) const;
   void DrawHeader(QPainter& painter) const;
@@ -57,6 +60,7 @@ class TablePrinter {
   std::optional<std::vector<long>> rows_;
   QString title_;
   QDate date_;
+  QStringList notes_;               // a line each, below the title
   std::vector<ColumnWish> wishes_;  // of the visible columns, in points
 
   // All of these are in pixels of the device.

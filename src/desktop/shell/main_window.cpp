@@ -1,3 +1,4 @@
+#include "desktop/reports/month_panel.h"
 #include "desktop/shell/main_window.h"
 
 #include <QCloseEvent>
@@ -149,7 +150,10 @@ void MainWindow::Reload() {
 }
 
 /// The start page alone shows what the feed says.
-void MainWindow::FindAlerts() { alerts_->Refresh(page_ == nullptr); }
+void MainWindow::FindAlerts() {
+  alerts_->Refresh(page_ == nullptr);
+  if (page_ == nullptr) start_->month().Refresh(workspace_.get());
+}
 
 void MainWindow::ShowAlertCount() {
   const std::optional<long> total = alerts_->Total();

@@ -5,6 +5,7 @@
 
 #include "desktop/history/history_page.h"
 #include "desktop/list/list_page.h"
+#include "desktop/reports/report_page.h"
 #include "desktop/start/month_page.h"
 #include "host/sistema.h"
 
@@ -17,14 +18,28 @@ struct OwnPage {
   Page* (*make)(Workspace& workspace, QSettings& settings, QWidget* parent);
 };
 
+template <reports::TipoDeRelatorio report>
+Page* MakeReport(Workspace& workspace, QSettings& settings, QWidget* parent) {
+  return new ReportPage(workspace, settings, report, {}, parent);
+}
+
 const std::vector<OwnPage>& OwnPages() {
+  using reports::TipoDeRelatorio;
   static const std::vector<OwnPage> pages = {
       {"Calendario", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new MonthPage(workspace, parent);
        }},
       {"Historico", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new HistoryPage(workspace, parent);
-       }}};
+       }},
+      {"RelConsumos", &MakeReport<TipoDeRelatorio::kConsumos>},
+      {"RelCustos", &MakeReport<TipoDeRelatorio::kCustos>},
+      {"RelTotal", &MakeReport<TipoDeRelatorio::kTotal>},
+      {"RelQuilometros", &MakeReport<TipoDeRelatorio::kQuilometros>},
+      {"RelExcepcoes", &MakeReport<TipoDeRelatorio::kExcepcoes>},
+      {"RelMovimentos", &MakeReport<TipoDeRelatorio::kMovimentos>},
+      {"RelEmissoes", &MakeReport<TipoDeRelatorio::kEmissoes>},
+  };
   return pages;
 }
 

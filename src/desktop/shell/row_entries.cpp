@@ -1,20 +1,29 @@
-#include "desktop/list/row_entry.h"
-
-#include <cstring>
+#include <string_view>
 
 #include "desktop/history/record_commands.h"
 #include "desktop/list/handling_dialog.h"
+#include "desktop/list/list_page.h"
+#include "desktop/list/row_entry.h"
 #include "desktop/list/vehicle_field_dialog.h"
+#include "desktop/look/text.h"
+#include "desktop/reports/evolution_dialog.h"
 
 namespace desktop {
 namespace {
 
-bool IsVehicles(const ListEntry& list) { return std::strcmp(list.key, "Viaturas") == 0; }
+bool IsVehicles(const ListEntry& list) { return std::string_view(list.key) == "Viaturas"; }
+
+bool HasPlates(const ListEntry& list) { return std::string_view(list.keyColumn) == "Matricula"; }
+
+void Evolution(ListPage& page, const MarkedRows& rows) {
+  ShowEvolution(page.workspace(), ToQt(rows.keys.front()), page.window());
+}
 
 }  // namespace
 
 const std::vector<RowEntry>& RowEntries() {
   static const std::vector<RowEntry> entries = {
+      {"&Evolução…", "", &HasPlates, &Evolution},
       {"Alterar &campo…", "", &IsVehicles, &ChangeVehicles},
       {"&Adiar até…", "Ctrl+D", &IsAlertList, &PutOffAlerts},
       {"&Tratado…", "Ctrl+T", &IsAlertList, &SettleAlerts},

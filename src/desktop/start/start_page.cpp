@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "desktop/look/look.h"
+#include "desktop/reports/month_panel.h"
 #include "desktop/start/alert_card.h"
 #include "desktop/start/first_steps_page.h"
 #include "platform/host.h"
@@ -37,7 +38,8 @@ StartPage::StartPage(const AlertBoard& board, QWidget* parent)
       stack_(new QStackedWidget(this)),
       scroll_(new QScrollArea(this)),
       grid_(new QGridLayout),
-      steps_(new FirstStepsPage(this)) {
+      steps_(new FirstStepsPage(this)),
+      month_(new MonthPanel(this)) {
   for (const AlertFamily& family : board_.families()) {
     auto* card = new AlertCard(*family.entry, this);
     connect(card, &QAbstractButton::clicked, this, [this, card] { Q_EMIT ListWanted(&card->entry()); });
@@ -68,6 +70,7 @@ void StartPage::Build() {
   notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   notice_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
   column->addWidget(notice_);
+  column->addWidget(month_);
 
   auto* cards = new QWidget(this);
   grid_->setContentsMargins(Gap(this), Gap(this), WideGap(this), WideGap(this));

@@ -14,6 +14,7 @@ namespace desktop {
 
 class AlertCard;
 class FirstStepsPage;
+class MonthPanel;
 
 /// The page that the day begins with: a card for each family of alerts, which opens its list. Until there is
 /// a first event, what a new office does first.
@@ -28,6 +29,7 @@ class StartPage : public QWidget {
   /// How many alerts of a list, by its key, are dealt with or put off.
   void ShowHandled(const char* list, long rows);
   FirstStepsPage& steps() { return *steps_; }
+  MonthPanel& month() { return *month_; }
   /// What is said above the cards; empty for nothing.
   QString NoticeText() const;
   void TakeFocus();
@@ -58,6 +60,7 @@ class StartPage : public QWidget {
   QScrollArea* scroll_;
   QGridLayout* grid_;
   FirstStepsPage* steps_;
+  MonthPanel* month_;
   bool steps_left_ = false;  // the user wants to see the alerts
   int columns_ = 0;
 };

@@ -1,0 +1,69 @@
+#include "desktop/reports/month_panel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <algorithm>
+
+#include "desktop/look/look.h"
+#include "desktop/look/text.h"
+#include "desktop/reports/in_background.h"
+#include "platform/host.h"
+
+namespace desktop {
+
+MonthPanel::MonthPanel(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
+  grid_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
+  grid_->setHorizontalSpacing(WideGap(this));
+  grid_->setVerticalSpacing(Gap(this) / 2);
+  hide();
+}
+
+void MonthPanel::Refresh(Workspace* workspace) {
+  const int asked = ++asked_;
+  if (workspace == nullptr) return hide();
+  InBackground(
+      *workspace, this,
+      [today = platform::Today()](const auto& database) { return reports::ResumoDe(database, today); },
+      [this, asked](const reports::ResumoDoMes& month) {
+        if (asked == asked_) Show(month);
+      },
+      [this](const ErrorText&) { hide(); });
+}
+
+QLabel* MonthPanel::AddLabel(const QString& text, int row, int column, bool muted) {
+  auto* label = new QLabel(text, this);
+  label->setTextFormat(Qt::PlainText);
+  if (muted) SetMuted(label);
+  grid_->addWidget(label, row, column);
+  return label;
+}
+
+void MonthPanel::Show(const reports::ResumoDoMes& month) {
+  qDeleteAll(findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly));
+  lines_.clear();
+  int row = 0;
+  QFont bold = font();
+  bold.setBold(true);
+  AddLabel(ToQt(month.mes), row++, 0)->setFont(bold);
+  for (const reports::FiguraDoMes& figure : month.figuras) {
+    AddLabel(ToQt(figure.nome), row, 0);
+    QLabel* value = AddLabel(ToQt(figure.valor), row, 1);
+    value->setFont(bold);
+    value->setAlignment(Qt::AlignRight);
+    AddLabel(ToQt(figure.antes), row, 2, true);
+    AddLabel(ToQt(figure.ano), row++, 3, true);
+    lines_ << ToQt(figure.nome + ": " + figure.valor + "; " + figure.antes + "; " + figure.ano);
+  }
+  for (const auto& contract : month.leasing) {
+    AddLabel(QStringLiteral("Leasing ") + ToQt(contract.matricula), row, 0);
+    QLabel* text = AddLabel(ToQt(contract.texto), row, 1);
+    grid_->addWidget(text, row++, 1, 1, 3);
+    lines_ << ToQt(contract.matricula + ": " + contract.texto);
+  }
+  grid_->setColumnStretch(4, 1);
+  const bool known = std::any_of(month.figuras.begin(), month.figuras.end(),
+                                 [](const auto& figure) { return figure.valor != "—"; });
+  setVisible(known);
+}
+
+}  // namespace desktop

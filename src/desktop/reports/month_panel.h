@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/database/workspace.h"
+#include "reports/pages/mes.h"
+
+class QGridLayout;
+class QLabel;
+
+namespace desktop {
+
+/// The running month on the start page: what it cost and used, beside the months it is measured by, and the
+/// leasing contracts that run away. Hidden while there is nothing to tell.
+class MonthPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit MonthPanel(QWidget* parent);
+
+  /// Reads it anew, away from the window; null shows nothing.
+  void Refresh(Workspace* workspace);
+  void Show(const reports::ResumoDoMes& month);
+  /// What it says, line by line.
+  QStringList Lines() const { return lines_; }
+
+ private:
+  QLabel* AddLabel(const QString& text, int row, int column, bool muted = false);
+
+  QGridLayout* grid_;
+  QStringList lines_;
+  int asked_ = 0;
+};
+
+}  // namespace desktop
