@@ -34,6 +34,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"reports", {"platform", "host", "store/store"}},
     {"notice", {"platform", "host", "host/sistema", "store/store", "alerts", "exchange", "reports"}},
     {"setup", {"platform", "host", "masterdata"}},
+    {"manual", {}},
     {"demo",
      {"platform", "host", "setup", "store/store", "masterdata", "vehicles", "drivers", "events",
       "documents"}},
@@ -42,7 +43,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "alerts", "store", "store/store", "embedded",
-      "sqlserver", "exchange", "reports", "setup", "demo", "history"}},
+      "sqlserver", "exchange", "reports", "setup", "demo", "history", "manual"}},
 };
 
 std::string RoomOf(const std::string& path) {

@@ -33,6 +33,7 @@ class MainActions : public QObject {
   QAction* find;
   QAction* switch_side;
   QAction* reset_columns;
+  QAction* manual;
   QAction* keys;
   QAction* about;
   QMenu* recent_menu;
