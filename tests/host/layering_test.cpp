@@ -37,6 +37,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"due", {"platform", "host"}},
     {"entry", {"platform", "host", "masterdata", "vehicles", "drivers", "events", "reports", "lists"}},
     {"setup", {"platform", "host", "masterdata"}},
+    {"manual", {}},
     {"demo",
      {"platform", "host", "setup", "store/store", "masterdata", "vehicles", "drivers", "events",
       "documents"}},
@@ -45,7 +46,8 @@ const std::map<std::string, std::set<std::string>> kBelow = {
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
     {"desktop",
      {"platform", "host", "host/sistema", "vehicles", "drivers", "events", "alerts", "store", "store/store",
-      "embedded", "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history"}},
+      "embedded", "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history",
+      "manual"}},
 };
 
 std::string RoomOf(const std::string& path) {

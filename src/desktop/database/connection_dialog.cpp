@@ -67,6 +67,7 @@ ConnectionDialog::ConnectionDialog(QSettings& settings, QWidget* parent)
       user_(Field(this)),
       password_(Field(this)),
       reason_(new QLabel(this)) {
+  setObjectName(QStringLiteral("servidor"));
   setWindowTitle(QStringLiteral("Base de dados"));
   password_->setEchoMode(QLineEdit::Password);
   if (file_->text().isEmpty()) file_->setText(ToQt(store::DefaultDatabasePath()));

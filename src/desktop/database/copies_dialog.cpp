@@ -29,6 +29,7 @@ CopiesDialog::CopiesDialog(CopyKeeper& keeper, QWidget* parent)
       table_(new QTableWidget(0, 2, this)),
       holdings_(new QLabel(this)),
       folder_(new QLabel(this)) {
+  setObjectName(QStringLiteral("copias"));
   setWindowTitle(QStringLiteral("Repor cópia"));
   Build();
   Fill();

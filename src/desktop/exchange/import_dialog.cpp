@@ -40,6 +40,7 @@ ImportDialog::ImportDialog(std::shared_ptr<zorCrmParvel::Store> store, QWidget* 
       next_(new QPushButton(this)),
       take_back_(new QPushButton(QStringLiteral("&Anular esta importação"), this)),
       close_(new QPushButton(this)) {
+  setObjectName(QStringLiteral("importar"));
   setWindowTitle(QStringLiteral("Importar"));
   setAcceptDrops(false);
   Build();

@@ -27,6 +27,7 @@ NewCodesDialog::NewCodesDialog(std::vector<exchange::NewCode> codes, const excha
     : QDialog(parent),
       codes_(std::move(codes)),
       table_(new QTableWidget(static_cast<int>(codes_.size()), kColumns, this)) {
+  setObjectName(QStringLiteral("codigos-em-falta"));
   setWindowTitle(QStringLiteral("Códigos em falta"));
   auto* column = new QVBoxLayout(this);
   auto* what = new QLabel(

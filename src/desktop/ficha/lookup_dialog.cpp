@@ -29,6 +29,7 @@ LookupDialog::LookupDialog(platform::ListaPesquisa& list, QWidget* parent)
       table_(new TableView(std::make_unique<DialogSource>(list), true, this)),
       count_(new QLabel(this)),
       choose_(new QPushButton(QStringLiteral("&Escolher"), this)) {
+  setObjectName(QStringLiteral("lista-de-codigos"));
   setWindowTitle(ToQt(list.Titulo));
   Build();
   search_->installEventFilter(this);

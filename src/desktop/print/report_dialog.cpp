@@ -39,6 +39,7 @@ ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* pa
       page_(new QLabel(this)),
       previous_(new QPushButton(this)),
       next_(new QPushButton(this)) {
+  setObjectName(QStringLiteral("imprimir"));
   setWindowTitle(title_);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   printer_->setPageLayout(table_.PageLayout());

@@ -32,7 +32,8 @@ constexpr KeyText kListKeys[] = {
     {"Ctrl+P", "Imprimir a lista"},
     {"Ctrl+E", "Exportar a lista"},
     {"F6", "Ir das listas ao lado para os registos, e voltar"},
-    {"F1", "Esta página"},
+    {"F1", "Manual, na página do que está à frente"},
+    {"Shift+F1", "Esta página"},
 };
 
 constexpr KeyText kFichaKeys[] = {

@@ -65,7 +65,8 @@ MainActions::MainActions(QMainWindow* window)
       reset_columns(Make(window, "Repor &larguras das colunas", {}, "Repor as larguras que a lista dá")),
       filter(Make(window, "&Filtros das colunas", {QKeySequence("F8")},
                   "Escrever por baixo dos títulos que linhas se querem ver")),
-      keys(Make(window, "&Teclas", {QKeySequence("F1")}, "As teclas do programa")),
+      manual(Make(window, "&Manual", {QKeySequence("F1")}, "A página do manual sobre o que está à frente")),
+      keys(Make(window, "&Teclas", {QKeySequence("Shift+F1")}, "As teclas do programa")),
       about(Make(window, "&Acerca", {}, "O que é o programa")),
       search(new QLineEdit(window)),
       window_(window) {
@@ -94,7 +95,7 @@ void MainActions::BuildMenus() {
   view->addAction(reset_columns);
   ficha_menu = bar->addMenu(QStringLiteral("Fic&has"));
   QMenu* help = bar->addMenu(QStringLiteral("&Ajuda"));
-  help->addActions({keys, about});
+  help->addActions({manual, keys, about});
 }
 
 void MainActions::BuildBar() {

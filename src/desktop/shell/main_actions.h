@@ -34,6 +34,7 @@ class MainActions : public QObject {
   QAction* switch_side;
   QAction* reset_columns;
   QAction* filter;
+  QAction* manual;
   QAction* keys;
   QAction* about;
   QMenu* recent_menu;

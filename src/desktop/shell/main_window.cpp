@@ -11,6 +11,8 @@
 #include <functional>
 
 #include "desktop/database/copy_keeper.h"
+#include "desktop/help/help_key.h"
+#include "desktop/help/manual_reader.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/help_page.h"
@@ -85,6 +87,9 @@ void MainWindow::Build() {
 
 void MainWindow::Connect() {
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
+  connect(actions_->manual, &QAction::triggered, this,
+          [this] { ShowManual(this, entry_ != nullptr ? entry_->key : kStartPage); });
+  new HelpKey(this);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
   connect(actions_->undo, &QAction::triggered, this, &MainWindow::Undo);

@@ -1,0 +1,10 @@
+# The pages of docs/manual, carried inside the program: writes a source with their names and texts.
+file(GLOB MANUAL_FILES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/manual/*.md)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${MANUAL_FILES})
+set(MANUAL_PAGES "")
+foreach(file IN LISTS MANUAL_FILES)
+  cmake_path(GET file STEM name)
+  file(READ ${file} text)
+  string(APPEND MANUAL_PAGES "    {\"${name}\", R\"manual(${text})manual\"},\n")
+endforeach()
+configure_file(${CMAKE_SOURCE_DIR}/cmake/manual_pages.cpp.in ${CMAKE_CURRENT_BINARY_DIR}/manual_pages.cpp @ONLY)
