@@ -25,7 +25,7 @@ constexpr char kList[] = "janela/lista";
 void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   CloseDatabase();
   workspace_ = std::move(workspace);
-  alerts_->Watch(&workspace_->sistema());
+  alerts_->Watch(workspace_.get());
   const std::string file = OpenFileName();
   copies_->Watch(file);
   if (!file.empty()) RememberDatabase(settings_, ToQt(file));
@@ -65,7 +65,7 @@ void MainWindow::OpenPage(const ListEntry& entry) {
   page_->show();
   if (list_ != nullptr) list_->table().installEventFilter(this);
   connect(page_, &Page::Changed, this, &MainWindow::Update);
-  connect(page_, &Page::Worked, this, &MainWindow::FindAlerts);
+  connect(page_, &Page::Worked, this, [this] { alerts_->RefreshChanged(false); });
   connect(page_, &Page::SearchCleared, actions_->search, &QLineEdit::clear);
   connect(page_, &Page::Told, this, &MainWindow::Tell);
   // Later: the page that asks for another one is still at work.
