@@ -72,14 +72,21 @@ int RunTransferCommand(const store::DatabaseChoice& choice, const std::string& f
   const auto server = store::OpenServer(choice);
   const auto from = embedded::Database::Open(store::DatabaseFileNamed(file));
   long total = 0;
+  bool whole = true;
   sqlserver::Transfer(*from, *server, [&](const sqlserver::TransferredTable& table) {
+    if (!table.refused.empty()) {
+      out << "Não foi transferida: " << table.refused << std::endl;
+      whole = false;
+      return;
+    }
     out << table.table << ": " << table.rows << (table.rows == 1 ? " registo" : " registos")
         << (table.already ? ", já lá estavam" : "") << std::endl;
     total += table.rows;
   });
   out << "Transferido e conferido: " << total << " registos de " << file << " para " << server->Place()
       << ".\n";
-  return kDone;
+  if (!whole) out << "As tabelas recusadas ficaram vazias: corrija os registos em " << file << " e repita.\n";
+  return whole ? kDone : kRefused;
 }
 
 void PrintTraffic(const sqlserver::Traffic& traffic, std::ostream& out) {

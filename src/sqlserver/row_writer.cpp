@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/runtime_error.h"
+#include "platform/stored_dates.h"
 #include "platform/text.h"
 #include "sqlserver/dialect.h"
 #include "sqlserver/literals.h"
@@ -71,6 +72,11 @@ void RowWriter::Add(const Values& row, bool numbered) {
   Piece piece;
   piece.numbered = numbered;
   piece.row = NameOf(row);
+  try {
+    platform::RequireStorableDates(fields_, row);
+  } catch (const RuntimeError& error) {
+    Fail(error, piece);
+  }
   std::string names;
   std::string places;
   for (std::size_t i = 0; i < row.size(); ++i) {

@@ -4,6 +4,7 @@
 
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "store/copied_rows.h"
 #include "tsql/lexer.h"
 #include "tsql/parser.h"
 
@@ -11,27 +12,6 @@ namespace store {
 namespace {
 
 using zorCrmParvel::RecordsetRef;
-
-/// Rows of a recordset that is kept for others who ask the same.
-class SameRows : public platform::Recordset {
- public:
-  explicit SameRows(RecordsetRef rows) : rows_(std::move(rows)) { Opened(rows_->FieldList()); }
-
- protected:
-  bool Reach(std::size_t row) override {
-    while (store().rows() <= row) {
-      const std::size_t next = store().rows();
-      if (next >= rows_->RowsAtHand() && !rows_->FetchMore(1)) return false;
-      store().AddRow();
-      for (std::size_t i = 0; i < fields_.size(); ++i) store().Put(next, i, rows_->CellAt(next, i));
-    }
-    return true;
-  }
-  std::size_t Count() override { return static_cast<std::size_t>(rows_->RecordCount()); }
-
- private:
-  RecordsetRef rows_;
-};
 
 /// The statement with a mark in the place of each literal; nothing when it asks for the server's clock.
 std::optional<std::string> ShapeOf(const std::string& statement) {
@@ -169,7 +149,7 @@ RecordsetRef NearStore::OpenForReading(const std::string& statement) {
 
 RecordsetRef NearStore::Near(const std::string& statement) {
   if (const auto asked = asked_.find(statement); asked != asked_.end())
-    return platform::MakeRef<SameRows>(asked->second);
+    return platform::MakeRef<CopiedRows>(*asked->second);
   const tsql::StatementNode node = tsql::ParseStatement(statement);
   const auto* select = std::get_if<tsql::Select>(&node);
   if (select == nullptr) {
@@ -190,7 +170,7 @@ RecordsetRef NearStore::Near(const std::string& statement) {
   kept_ += static_cast<std::size_t>(rows->RecordCount()) + 1;
   if (kept_ > mostRows_) return rows;
   asked_.emplace(statement, rows);
-  return platform::MakeRef<SameRows>(std::move(rows));
+  return platform::MakeRef<CopiedRows>(*rows);
 }
 
 }  // namespace store

@@ -196,6 +196,7 @@ TEST_F(NearStoreTest, ALargeBatchLeavesWhatItWouldHaveLeftOnTheServer) {
   };
   Fill(0, 4);
   Run("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel) VALUES ('G', 'Gasóleo', 1)");
+  Run("UPDATE zor_PV_Inspecoes SET Custo=30");
   server_->BeginBatch();
   const auto wanted = both([](const DataAccessRef& data) { Fills(data, 30, 4); });
   server_->AbandonBatch();

@@ -9,7 +9,8 @@ Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Op
 Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
     : store_(std::move(store)),
       watch_(std::make_shared<store::TableWatch>(store_)),
-      kept_(std::make_shared<history::KeepingStore>(watch_)),
+      foreseen_(std::make_shared<store::ForeseenStore>(watch_)),
+      kept_(std::make_shared<history::KeepingStore>(foreseen_)),
       reader_(store_) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";

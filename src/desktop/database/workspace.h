@@ -8,6 +8,7 @@
 #include "history/keeping_store.h"
 #include "host/sistema.h"
 #include "platform/screen/form.h"
+#include "store/foreseen.h"
 #include "store/store.h"
 #include "store/table_watch.h"
 
@@ -31,6 +32,10 @@ class Workspace {
   std::string Place() const { return store_->Place(); }
   /// Reads it on threads of its own.
   BackgroundReader& reader() { return reader_; }
+  /// True when a statement waits for a server.
+  bool IsFar() const { return file() == nullptr && store_->Opener(); }
+  /// What the module reads next is answered by these, as far as they do; with none it reads as ever.
+  void Foresee(store::Foreseen answers) { foreseen_->Foresee(std::move(answers)); }
   /// The tables that may have been written here since the last call.
   store::TableNames TakeWritten() { return watch_->TakeWritten(); }
   /// The file's engine; null on a server.
@@ -41,6 +46,7 @@ class Workspace {
  private:
   std::shared_ptr<zorCrmParvel::Store> store_;
   std::shared_ptr<store::TableWatch> watch_;
+  std::shared_ptr<store::ForeseenStore> foreseen_;
   std::shared_ptr<history::KeepingStore> kept_;
   platform::Form window_;  // the main window, as the module sees it
   zorCrmParvel::Sistema sistema_;

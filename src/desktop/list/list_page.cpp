@@ -39,8 +39,6 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
   Connect();
   AddEntries();
   Load();
-  memory_.Restore(*table_);
-  ShowState();
 }
 
 ListPage::~ListPage() {
@@ -98,7 +96,7 @@ bool ListPage::Can(StandardCommand command) const {
 }
 
 QString ListPage::CountText() const {
-  if (failure_) return {};
+  if (failure_ || (is_reading_ && table_->grid().order().Count() == 0)) return {};
   const long shown = table_->grid().order().Count();
   const long all = table_->grid().source().Rows();
   const QString count = table_->grid().order().search().isEmpty()
@@ -108,11 +106,6 @@ QString ListPage::CountText() const {
 }
 
 QString ListPage::SearchText() const { return table_->grid().order().search(); }
-
-void ListPage::Load() {
-  failure_.reset();
-  ShowAfter([this] { list_->ICrmVwList_Iniciar(); });
-}
 
 void ListPage::Search(const QString& text) {
   table_->Search(text);
@@ -124,6 +117,8 @@ void ListPage::Search(const QString& text) {
 
 /// Shows the rows that there are after a change, with the record that was chosen before it.
 void ListPage::ShowAfter(const std::function<void()>& change) {
+  reading_.GiveUp();
+  is_reading_ = false;
   try {
     const long row = table_->CurrentRow();
     const std::string key = KeyOf(row);
@@ -154,6 +149,8 @@ void ListPage::ShowState() {
   if (failure_) {
     message_->Show(QStringLiteral("Não foi possível ler a lista."), WithDetails(*failure_),
                    QStringLiteral("&Tentar de novo"), [this] { Load(); });
+  } else if (is_reading_ && order.Count() == 0) {
+    ShowReading();
   } else if (order.Count() == 0 && !order.search().isEmpty()) {
     message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(order.search()), {},
                    QStringLiteral("&Limpar a procura"), [this] {
@@ -172,7 +169,7 @@ void ListPage::ShowState() {
   const bool had_focus = stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
   stack_->setCurrentWidget(rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_));
   if (had_focus) TakeFocus();
-  count_->setText(failure_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
+  count_->setText(failure_ || is_reading_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
   Q_EMIT Changed();
 }
 

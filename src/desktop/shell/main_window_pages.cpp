@@ -103,6 +103,7 @@ void MainWindow::Remember(const char* key) {
 void MainWindow::Update() {
   const bool open = page_ != nullptr;
   const bool searches = open && page_->CanSearch();
+  if (searches && !actions_->search->hasFocus()) actions_->search->setText(page_->SearchText());
   actions_->add->setEnabled(list_ != nullptr && list_->Can(kNewCommand));
   actions_->edit->setEnabled(list_ != nullptr && list_->Can(kEditCommand));
   actions_->remove->setEnabled(list_ != nullptr && list_->Can(kRemoveCommand));

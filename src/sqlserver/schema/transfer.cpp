@@ -65,7 +65,6 @@ void AllowNumbers(Session& session, const tsql::Table& table, const char* onOrOf
   session.Write("SET IDENTITY_INSERT " + Bracketed(table.name) + " " + onOrOff, none);
 }
 
-/// Rows that the server would refuse are told before any of the table is sent.
 void CopyRows(DataAccess& from, Session& to, const tsql::Table& table) {
   const RecordsetRef rows = RowsOf(from, table);
   RowWriter writer(to, table, rows->FieldList());
@@ -88,6 +87,17 @@ void CopyTable(DataAccess& from, Database& to, const tsql::Table& table) {
                        "Os registos de " + table.name +
                            " não ficaram iguais no servidor: a tabela ficou vazia, como estava.");
   batch.Commit();
+}
+
+/// Copies a table; why it could not be, or nothing. A lost connection ends the transfer.
+std::string RefusalOf(DataAccess& from, Database& to, const tsql::Table& table) {
+  try {
+    CopyTable(from, to, table);
+    return {};
+  } catch (const RuntimeError& error) {
+    if (error.number() == platform::kEngineFailure) throw;
+    return error.description();
+  }
 }
 
 void RequireTables(Database& to) {
@@ -126,8 +136,7 @@ void Transfer(DataAccess& from, Database& to, const std::function<void(const Tra
   for (const tsql::Table& table : to.catalog().tables()) {
     const bool already = std::find(brought.begin(), brought.end(), &table) != brought.end();
     const long rows = CountOf(from, table);
-    if (!already && rows > 0) CopyTable(from, to, table);
-    done({table.name, rows, already});
+    done({table.name, rows, already, already || rows == 0 ? "" : RefusalOf(from, to, table)});
   }
 }
 
