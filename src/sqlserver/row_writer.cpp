@@ -70,6 +70,7 @@ void RowWriter::Take(Piece piece) {
 
 void RowWriter::Add(const Values& row, bool numbered) {
   Piece piece;
+  piece.literal = together_;
   piece.numbered = numbered;
   piece.row = NameOf(row);
   try {
@@ -84,12 +85,14 @@ void RowWriter::Add(const Values& row, bool numbered) {
     names += (names.empty() ? "" : ", ") + Bracketed(fields_[i].name);
     places += (places.empty() ? "" : ", ") + Place(piece, fields_[i], *row[i]);
   }
-  piece.sql = "INSERT INTO " + Bracketed(table_.name) + " (" + names + ") VALUES (" + places + ")";
+  piece.sql = "INSERT INTO " + Bracketed(table_.name) +
+              (names.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
   Take(std::move(piece));
 }
 
 void RowWriter::Change(const std::vector<Variant>& key, const Values& row) {
   Piece piece;
+  piece.literal = together_;
   piece.must_hit = true;
   piece.row = NameOf(key);
   std::string assigned;
@@ -103,6 +106,7 @@ void RowWriter::Change(const std::vector<Variant>& key, const Values& row) {
 
 void RowWriter::Remove(const std::vector<Variant>& key) {
   Piece piece;
+  piece.literal = together_;
   piece.must_hit = true;
   piece.row = NameOf(key);
   piece.sql = "DELETE FROM " + Bracketed(table_.name) + Where(piece, key);

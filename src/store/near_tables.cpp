@@ -25,9 +25,8 @@ bool Alike(const std::vector<platform::FieldInfo>& a, const std::vector<platform
 }
 
 bool HoldsDocuments(const tsql::Table& table) {
-  return std::any_of(table.columns.begin(), table.columns.end(), [](const tsql::Column& column) {
-    return column.type.base == tsql::BaseType::kVarBinary && column.type.width == tsql::Type::kMax;
-  });
+  return std::any_of(table.columns.begin(), table.columns.end(),
+                     [](const tsql::Column& column) { return column.type.width == tsql::Type::kMax; });
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ class NearTables {
   enum class Keep { kNothing, kRows };
 
   /// `schema`: the tables that there may be, as in `schema/tables.sql`. A table with more rows than
-  /// `mostRows` stays where it is, and so does one that holds documents.
+  /// `mostRows` stays where it is, and so does one with documents or texts of any length.
   NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows,
              Keep keep = Keep::kNothing);
 

@@ -59,7 +59,8 @@ TEST_F(TablesTest, AnInterruptedTransferIsRunAgain) {
 TEST_F(TablesTest, OneTextOfManyRowsNamesTheRowThatIsRefused) {
   PretendServer();
   store_ = contract_tests::OpenSqliteFile(folder_.File("contrato.db"));
-  Run("CREATE UNIQUE INDEX um ON PT_Tudo (Nome)");
+  sqlserver::Parameters none;
+  session().Write("CREATE UNIQUE INDEX um ON PT_Tudo (Nome)", none);
   EXPECT_NE(Transfer().find("PT_Tudo, registo de Id «6», Nome «Évora»: "), std::string::npos);
   EXPECT_EQ(Count("PT_Tudo"), 0);
 }

@@ -42,6 +42,7 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
 }
 
 ListPage::~ListPage() {
+  reading_.GiveUp();
   Guarded(this, [this] { list_->ICrmVwList_Terminar(); });
   // The table reads the grid, which goes before it.
   delete table_;
