@@ -10,6 +10,7 @@ std::string InPortuguese(const CLI::ParseError& error) {
   if (dynamic_cast<const CLI::ExtrasError*>(&error))
     return "Há um argumento a mais ou uma opção desconhecida.";
   if (dynamic_cast<const CLI::ExcludesError*>(&error)) return "Há duas opções que não vão juntas.";
+  if (dynamic_cast<const CLI::RequiresError*>(&error)) return "Há uma opção que precisa de outra.";
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
     return "Há uma opção sem o seu valor, ou com valores a mais.";
   return "Os argumentos não se entendem.";
@@ -26,7 +27,8 @@ void Translate(CLI::App& app) {
                                     {"Positionals", "Argumentos"},
                                     {"TEXT", "TEXTO"},
                                     {"REQUIRED", "obrigatório"},
-                                    {"Excludes", "sem"}})
+                                    {"Excludes", "sem"},
+                                    {"Needs", "com"}})
     formatter->label(label, text);
   formatter->column_width(28);
 }

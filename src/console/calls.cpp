@@ -9,6 +9,7 @@
 #include "console/error_output.h"
 #include "console/manual_pages.h"
 #include "console/program.h"
+#include "console/server_commands.h"
 #include "platform/runtime_error.h"
 
 namespace console {
@@ -64,10 +65,13 @@ void Calls::AddCommonOptions() {
   app_->set_version_flag("--version", "parvel " PARVEL_VERSION, "Mostra a versão.");
   auto* file = app_->add_option("--db", database.file, "Ficheiro da base de dados, em vez do habitual.")
                    ->type_name("FICHEIRO");
-  app_->add_option("--ligacao", database.connection,
-                   "Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.")
-      ->type_name("LIGAÇÃO")
-      ->excludes(file);
+  auto* server = app_->add_option("--ligacao", database.connection,
+                                  "Servidor em vez de um ficheiro: ligação ODBC ou DSN, sem a senha.")
+                     ->type_name("LIGAÇÃO")
+                     ->excludes(file);
+  app_->add_flag("--diagnostico", diagnose_,
+                 "Diz no fim o que foi ao servidor e veio: pedidos, esperas, registos, o mais lento.")
+      ->needs(server);
   app_->add_option("--senha-ficheiro", database.passwordFile,
                    "Ficheiro, legível só por si, com a senha do servidor.")
       ->type_name("FICHEIRO");
@@ -111,7 +115,11 @@ int Calls::Obey(const std::vector<std::string>& arguments) {
     err << InPortuguese(error) << " Veja parvel --help.\n";
     return kUsage;
   }
-  return NamesAreGiven() ? Guard(err, run_) : kUsage;
+  if (!NamesAreGiven()) return kUsage;
+  if (diagnose_) database.traffic = std::make_shared<sqlserver::Traffic>();
+  const int code = Guard(err, run_);
+  if (diagnose_) PrintTraffic(*database.traffic, err);
+  return code;
 }
 
 }  // namespace console

@@ -47,6 +47,7 @@ class Calls {
   void AddCommonOptions();
   bool NamesAreGiven() const;
 
+  bool diagnose_ = false;
   std::unique_ptr<CLI::App> app_;
   std::function<int()> run_;  // of the command that was called
 };

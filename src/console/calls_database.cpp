@@ -22,7 +22,8 @@ struct FiguresOptions {
 
 int Demo(const Calls& calls) {
   const auto database = calls.Open();
-  demo::FillDemo(database);
+  demo::FillDemo(database, calls.database.IsServer() ? "Indique outra base de dados em --ligacao."
+                                                     : "Indique outro ficheiro com --db.");
   calls.out << "Dados de demonstração escritos em " << database->Place() << '\n';
   return kDone;
 }

@@ -1,10 +1,13 @@
 #include "console/server_commands.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 #include <stdexcept>
 
 #include "console/program.h"
+#include "platform/format.h"
+#include "platform/text.h"
 #include "sqlserver/schema/schema_script.h"
 #include "sqlserver/schema/table_check.h"
 #include "sqlserver/schema/transfer.h"
@@ -69,14 +72,36 @@ int RunTransferCommand(const store::DatabaseChoice& choice, const std::string& f
   const auto server = store::OpenServer(choice);
   const auto from = embedded::Database::Open(store::DatabaseFileNamed(file));
   long total = 0;
+  bool whole = true;
   sqlserver::Transfer(*from, *server, [&](const sqlserver::TransferredTable& table) {
+    if (!table.refused.empty()) {
+      out << "Não foi transferida: " << table.refused << std::endl;
+      whole = false;
+      return;
+    }
     out << table.table << ": " << table.rows << (table.rows == 1 ? " registo" : " registos")
         << (table.already ? ", já lá estavam" : "") << std::endl;
     total += table.rows;
   });
   out << "Transferido e conferido: " << total << " registos de " << file << " para " << server->Place()
       << ".\n";
-  return kDone;
+  if (!whole) out << "As tabelas recusadas ficaram vazias: corrija os registos em " << file << " e repita.\n";
+  return whole ? kDone : kRefused;
+}
+
+void PrintTraffic(const sqlserver::Traffic& traffic, std::ostream& out) {
+  constexpr std::size_t kMost = 200;  // characters of the slowest
+  const auto number = [](long value) {
+    return platform::FormatNumber(platform::Currency(static_cast<long long>(value)), "###,###,##0");
+  };
+  const auto seconds = platform::Currency::FromDouble(std::chrono::duration<double>(traffic.slowest).count());
+  std::string slowest = platform::Left(traffic.slowestStatement, kMost);
+  std::replace(slowest.begin(), slowest.end(), '\n', ' ');
+  out << "Servidor: " << number(traffic.statements) << " pedidos, " << number(traffic.trips)
+      << " esperas pela rede, " << number(traffic.rows) << " registos lidos (" << number(traffic.bytes / 1024)
+      << " kB).\n";
+  if (!slowest.empty())
+    out << "O mais lento: " << platform::FormatNumber(seconds, "0.000") << " s, " << slowest << '\n';
 }
 
 }  // namespace console

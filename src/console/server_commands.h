@@ -17,5 +17,7 @@ int RunCheckCommand(const store::DatabaseChoice& choice, std::ostream& out);
 
 /// Copies an embedded database to the server, table by table.
 int RunTransferCommand(const store::DatabaseChoice& choice, const std::string& file, std::ostream& out);
+/// Tells what went to a server and came back.
+void PrintTraffic(const sqlserver::Traffic& traffic, std::ostream& out);
 
 }  // namespace console

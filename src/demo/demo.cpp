@@ -22,9 +22,9 @@ void RequireEmpty(const DataAccessRef& bd, const std::string& elsewhere) {
   }
 }
 
-void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database) {
-  RequireEmpty(database, "Indique outro ficheiro com --db.");
-  zorCrmParvel::Batch batch(*database);
+void FillDemo(const std::shared_ptr<zorCrmParvel::Store>& database, const std::string& elsewhere) {
+  RequireEmpty(database, elsewhere);
+  zorCrmParvel::LargeBatch batch(*database);
   DemoDice dice;
   FillDemoTables(database);
   FillDemoSettings(database);

@@ -51,17 +51,18 @@ SqliteConnection OpenToLookAt(const std::string& file, const OpenOptions& option
 
 }  // namespace
 
-Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::Database(std::shared_ptr<Engine> engine, OpenOptions options)
+    : engine_(std::move(engine)), options_(std::move(options)) {}
 Database::~Database() = default;
 
 std::shared_ptr<Database> Database::Open(const std::string& path, OpenOptions options) {
   Schema tables = SchemaOf(options);
   SqliteConnection connection =
       path == ":memory:" ? OpenDatabaseInMemory(tables) : OpenDatabaseFile(path, tables, options.busyTimeout);
-  Clock clock = options.clock ? std::move(options.clock) : Clock(&platform::SystemTime);
-  auto engine = std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog),
-                                         std::move(clock), LogLimits{options.logLimit, options.busyTimeout});
-  return std::shared_ptr<Database>(new Database(std::move(engine)));
+  const Clock clock = options.clock ? options.clock : Clock(&platform::SystemTime);
+  auto engine = std::make_shared<Engine>(path, std::move(connection), std::move(tables.catalog), clock,
+                                         LogLimits{options.logLimit, options.busyTimeout});
+  return std::shared_ptr<Database>(new Database(std::move(engine), std::move(options)));
 }
 
 std::string Database::Restore(const std::string& path, const std::string& copy, const OpenOptions& options) {
@@ -87,6 +88,11 @@ FileReport Database::Check(const std::string& path, const OpenOptions& options) 
 
 std::map<std::string, std::int64_t> Database::Rows(const std::string& path, const OpenOptions& options) {
   return CountRows(OpenToLookAt(RealPath(path), options));
+}
+
+std::function<std::shared_ptr<zorCrmParvel::Store>()> Database::Opener() const {
+  if (path() == ":memory:") return {};
+  return [path = path(), options = options_] { return Open(path, options); };
 }
 
 const std::string& Database::path() const { return engine_->path(); }

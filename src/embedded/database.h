@@ -68,6 +68,7 @@ class Database : public zorCrmParvel::Store {
   using Batch = zorCrmParvel::Batch;
 
   std::string Place() const override { return path(); }
+  std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override;
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
@@ -82,8 +83,9 @@ class Database : public zorCrmParvel::Store {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
-  explicit Database(std::shared_ptr<Engine> engine);
+  Database(std::shared_ptr<Engine> engine, OpenOptions options);
   std::shared_ptr<Engine> engine_;
+  OpenOptions options_;
 };
 
 }  // namespace embedded

@@ -158,7 +158,7 @@ class ImportReader {
 ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
                        std::ostream& report, std::optional<char> decimal) {
   ImportReader reader(file, target.Columns(), decimal);
-  zorCrmParvel::Batch batch(database);
+  zorCrmParvel::LargeBatch batch(database);
   ImportResult result;
   while (reader.Next()) {
     try {

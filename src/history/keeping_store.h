@@ -43,6 +43,7 @@ class KeepingStore : public zorCrmParvel::Store {
   const Who& who() const { return who_; }
 
   std::string Place() const override { return inner_->Place(); }
+  std::function<std::shared_ptr<Store>()> Opener() const override { return inner_->Opener(); }
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;

@@ -8,12 +8,24 @@ FormCatalog& FormCatalog::Shared() {
 }
 
 void FormCatalog::Register(const std::string& name, Factory factory) {
+  const std::lock_guard lock(mutex_);
   factories_[name] = std::move(factory);
 }
 
+bool FormCatalog::Has(const std::string& name) const {
+  const std::lock_guard lock(mutex_);
+  return factories_.count(name) != 0;
+}
+
 std::unique_ptr<Ficha> FormCatalog::Make(const std::string& name) const {
-  const auto found = factories_.find(name);
-  return found == factories_.end() ? nullptr : found->second();
+  Factory factory;
+  {
+    const std::lock_guard lock(mutex_);
+    const auto found = factories_.find(name);
+    if (found == factories_.end()) return nullptr;
+    factory = found->second;
+  }
+  return factory();
 }
 
 }  // namespace zorCrmParvel

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "host/ficha.h"
@@ -10,7 +11,7 @@
 namespace zorCrmParvel {
 
 /// The fichas by name, so that screens can open one another without knowing one another. There is one in a
-/// process; the entry class fills it, and nobody takes a name out again.
+/// process, for all of its threads; the entry class fills it, and nobody takes a name out again.
 class FormCatalog {
  public:
   using Factory = std::function<std::unique_ptr<Ficha>()>;
@@ -19,11 +20,12 @@ class FormCatalog {
 
   /// The last factory of a name is the one that counts. Names are compared character for character.
   void Register(const std::string& name, Factory factory);
-  bool Has(const std::string& name) const { return factories_.count(name) != 0; }
+  bool Has(const std::string& name) const;
   /// A new ficha, not loaded yet; null when the name is unknown.
   std::unique_ptr<Ficha> Make(const std::string& name) const;
 
  private:
+  mutable std::mutex mutex_;
   std::map<std::string, Factory> factories_;
 };
 

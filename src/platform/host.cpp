@@ -1,23 +1,25 @@
 #include "platform/host.h"
 
-#include <utility>
+#include <atomic>
 
 namespace platform {
 namespace {
 
-Host*& Installed() {
-  static Host* host = nullptr;
+/// Readers on other threads ask it for the time.
+std::atomic<Host*>& Installed() {
+  static std::atomic<Host*> host = nullptr;
   return host;
 }
 
 }  // namespace
 
 Host& Host::Current() {
-  if (Installed() == nullptr) throw RuntimeError(kObjectNotSet, "Host");
-  return *Installed();
+  Host* const host = Installed();
+  if (host == nullptr) throw RuntimeError(kObjectNotSet, "Host");
+  return *host;
 }
 
-HostInstallation::HostInstallation(Host& host) : previous_(std::exchange(Installed(), &host)) {}
+HostInstallation::HostInstallation(Host& host) : previous_(Installed().exchange(&host)) {}
 HostInstallation::~HostInstallation() { Installed() = previous_; }
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include "sqlserver/edit_recordset.h"
 #include "sqlserver/select_recordset.h"
 #include "sqlserver/session.h"
+#include "sqlserver/walk_recordset.h"
 #include "tsql/parser.h"
 
 namespace schema {
@@ -13,21 +14,22 @@ namespace sqlserver {
 namespace {
 
 /// Only one statement of the four kinds goes to the server, whatever stands in the text.
-bool Reads(const std::string& statement) {
-  return std::holds_alternative<tsql::Select>(tsql::ParseStatement(statement));
-}
-
-platform::RecordsetRef Read(Session& session, const std::string& statement) {
-  if (Reads(statement)) return platform::MakeRef<SelectRecordset>(session, statement);
+platform::RecordsetRef Read(const std::shared_ptr<Session>& session, const std::string& statement) {
+  const tsql::StatementNode node = tsql::ParseStatement(statement);
+  if (const auto* select = std::get_if<tsql::Select>(&node)) {
+    const auto walk = session->dialect().batches ? Walk::Of(statement, *select) : std::nullopt;
+    if (walk) return platform::MakeRef<WalkRecordset>(session, *walk);
+    return platform::MakeRef<SelectRecordset>(*session, statement);
+  }
   Parameters none;
-  session.Write(statement, none);
+  session->Write(statement, none);
   return platform::MakeRef<platform::MemoryRecordset>();
 }
 
 class SessionConnection : public platform::Connection {
  public:
   explicit SessionConnection(std::shared_ptr<Session> session) : session_(std::move(session)) {}
-  platform::RecordsetRef Execute(const std::string& statement) override { return Read(*session_, statement); }
+  platform::RecordsetRef Execute(const std::string& statement) override { return Read(session_, statement); }
 
  private:
   std::shared_ptr<Session> session_;
@@ -35,18 +37,25 @@ class SessionConnection : public platform::Connection {
 
 }  // namespace
 
-Database::Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog)
-    : session_(std::move(session)), catalog_(std::move(catalog)) {}
+Database::Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog,
+                   OpenOptions options)
+    : session_(std::move(session)), catalog_(std::move(catalog)), options_(std::move(options)) {}
 
 std::shared_ptr<Database> Database::Open(const OpenOptions& options) {
   auto catalog = std::make_shared<tsql::Catalog>(
       tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str()));
-  auto session =
-      std::make_shared<Session>(ConnectionText(options.connection), options.password, options.limits);
-  return std::shared_ptr<Database>(new Database(std::move(session), std::move(catalog)));
+  auto session = std::make_shared<Session>(ConnectionText(options.connection), options.password,
+                                           options.limits, options.traffic);
+  return std::shared_ptr<Database>(new Database(std::move(session), std::move(catalog), options));
 }
 
 std::string Database::Place() const { return session_->Place(); }
+
+std::function<std::shared_ptr<zorCrmParvel::Store>()> Database::Opener() const {
+  OpenOptions options = options_;
+  options.traffic.reset();  // one thread's
+  return [options] { return Open(options); };
+}
 
 void Database::BeginBatch() { session_->BeginBatch(); }
 void Database::CommitBatch() { session_->CommitBatch(); }
@@ -59,7 +68,7 @@ bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
 }
 
 bool Database::Execute(const std::string& statement) {
-  Read(*session_, statement);
+  Read(session_, statement);
   return true;
 }
 
@@ -68,7 +77,7 @@ zorCrmParvel::RecordsetRef Database::OpenForEditing(const std::string& statement
 }
 
 zorCrmParvel::RecordsetRef Database::OpenForReading(const std::string& statement) {
-  return Read(*session_, statement);
+  return Read(session_, statement);
 }
 
 }  // namespace sqlserver

@@ -5,6 +5,7 @@
 
 #include "sqlserver/limits.h"
 #include "sqlserver/secret.h"
+#include "sqlserver/traffic.h"
 #include "store/store.h"
 
 namespace tsql {
@@ -21,6 +22,8 @@ struct OpenOptions {
   std::string connection;
   Secret password;
   Limits limits;
+  /// Where to count what goes to and fro; empty: nowhere.
+  std::shared_ptr<Traffic> traffic;
   /// The tables that statements may open for editing; empty: the program's own.
   std::string schema;
 };
@@ -34,6 +37,7 @@ class Database : public zorCrmParvel::Store {
 
   /// The database and the server, for people: "frota em servidor".
   std::string Place() const override;
+  std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override;
   const tsql::Catalog& catalog() const { return *catalog_; }
   /// The connection itself, for work on the tables.
   Session& session() { return *session_; }
@@ -50,10 +54,12 @@ class Database : public zorCrmParvel::Store {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
-  Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog);
+  Database(std::shared_ptr<Session> session, std::shared_ptr<const tsql::Catalog> catalog,
+           OpenOptions options);
 
   std::shared_ptr<Session> session_;
   std::shared_ptr<const tsql::Catalog> catalog_;
+  OpenOptions options_;
 };
 
 }  // namespace sqlserver

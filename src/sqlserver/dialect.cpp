@@ -30,6 +30,7 @@ void TranslateSqlite(Diagnostic& diagnostic) {
 
 constexpr Dialect kSqlServer{.sessionSetup = "SET DATEFORMAT ymd",
                              .lastIdentity = "SELECT CAST(SCOPE_IDENTITY() AS int) AS Id",
+                             .rowsHit = "SELECT @@ROWCOUNT AS Linhas",
                              .batches = true,
                              .announcesIdentity = true,
                              .batchTest = "SELECT CAST(XACT_STATE() AS int) AS Estado",
@@ -46,6 +47,7 @@ constexpr Dialect kSqlServer{.sessionSetup = "SET DATEFORMAT ymd",
 
 constexpr Dialect kSqlite{.sessionSetup = "",
                           .lastIdentity = "SELECT last_insert_rowid() AS Id",
+                          .rowsHit = "SELECT changes() AS Linhas",
                           .batches = false,
                           .announcesIdentity = false,
                           .batchTest = "",

@@ -14,6 +14,8 @@ struct Dialect {
   const char* sessionSetup;
   /// Gives the number that the last INSERT of the session made.
   const char* lastIdentity;
+  /// Gives the number of rows that the statement before it hit.
+  const char* rowsHit;
   /// True when `lastIdentity` may be sent in one text with the INSERT.
   bool batches;
   /// True when a row with a number of its own must be announced for an identity column.

@@ -27,17 +27,24 @@ bool AtRows(const OdbcStatement& statement) {
   return true;
 }
 
+/// The number in the last row of a result, which is read to its end.
+std::optional<long> NumberHere(const OdbcStatement& statement) {
+  std::optional<long> found;
+  while (statement.Fetch()) {
+    SQLINTEGER number = 0;
+    SQLLEN length = SQL_NULL_DATA;
+    statement.Get(1, SQL_C_SLONG, &number, sizeof number, &length);
+    if (length != SQL_NULL_DATA) found = number;
+  }
+  return found;
+}
+
 /// The number in the last result that has one; all of them are read to their end, so that no failure behind
 /// them is missed.
 std::optional<long> NumberIn(const OdbcStatement& statement) {
   std::optional<long> found;
   while (AtRows(statement)) {
-    while (statement.Fetch()) {
-      SQLINTEGER number = 0;
-      SQLLEN length = SQL_NULL_DATA;
-      statement.Get(1, SQL_C_SLONG, &number, sizeof number, &length);
-      if (length != SQL_NULL_DATA) found = number;
-    }
+    if (const auto number = NumberHere(statement)) found = number;
     if (!statement.NextResult()) break;
   }
   return found;
@@ -45,11 +52,12 @@ std::optional<long> NumberIn(const OdbcStatement& statement) {
 
 }  // namespace
 
-Session::Session(ConnectionText connection, Secret password, Limits limits)
+Session::Session(ConnectionText connection, Secret password, Limits limits, std::shared_ptr<Traffic> traffic)
     : text_(std::move(connection)),
       password_(std::move(password)),
       limits_(limits),
-      environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
+      environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE),
+      traffic_(traffic ? std::move(traffic) : std::make_shared<Traffic>()) {
   try {
     environment_.Check(
         SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, AsAttribute(SQL_OV_ODBC3), 0));
@@ -67,11 +75,11 @@ void Session::Connect(std::chrono::seconds limit) {
   limits.login = limit;
   try {
     const Secret text(text_.WithPassword(password_.text()));
-    ++traffic_.trips;
+    ++traffic_->trips;
     auto link = std::make_unique<Link>(environment_, text.text(), limits);
     dialect_ = &Dialect::Of(link->Product());
     if (*dialect_->sessionSetup != '\0') {
-      ++traffic_.trips;
+      ++traffic_->trips;
       link->NewStatement()->Execute(dialect_->sessionSetup);
     }
     link_ = std::move(link);
@@ -104,7 +112,7 @@ bool Session::Ready(Work work) {
 /// Error -2147467259 when the time limit passes: the server has gone silent.
 bool Session::Answers() {
   try {
-    ++traffic_.trips;
+    ++traffic_->trips;
     link_->NewStatement()->Execute("SELECT 1");
     return true;
   } catch (const OdbcFailure& failure) {
@@ -146,7 +154,7 @@ void Session::RequireBatchStands() {
   std::optional<long> state;
   try {
     const auto statement = link_->NewStatement();
-    ++traffic_.trips;
+    ++traffic_->trips;
     statement->Execute(dialect_->batchTest);
     state = NumberIn(*statement);
   } catch (const OdbcFailure&) {
@@ -163,8 +171,8 @@ OdbcFailure Session::Translated(const OdbcFailure& failure) const {
 
 std::unique_ptr<OdbcStatement> Session::Run(const Link& link, const std::string& sql, Parameters& parameters,
                                             bool* hit) {
-  ++traffic_.statements;
-  ++traffic_.trips;
+  ++traffic_->statements;
+  ++traffic_->trips;
   auto statement = link.NewStatement();
   parameters.Bind(*statement);
   const bool any = statement->Execute(sql);
@@ -174,9 +182,9 @@ std::unique_ptr<OdbcStatement> Session::Run(const Link& link, const std::string&
 
 void Session::Count(const std::string& sql, steady_clock::time_point begin) {
   const auto time = std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - begin);
-  if (time <= traffic_.slowest) return;
-  traffic_.slowest = time;
-  traffic_.slowestStatement = sql;
+  if (time <= traffic_->slowest) return;
+  traffic_->slowest = time;
+  traffic_->slowestStatement = sql;
 }
 
 void Session::Read(const std::string& sql, const std::function<void(ResultReader&)>& take) {
@@ -186,8 +194,8 @@ void Session::Read(const std::string& sql, const std::function<void(ResultReader
     const auto statement = Run(link, sql, none);
     ResultReader reader(*statement);
     take(reader);
-    traffic_.rows += reader.rows();
-    traffic_.bytes += reader.bytes();
+    traffic_->rows += reader.rows();
+    traffic_->bytes += reader.bytes();
     while (statement->NextResult()) {  // so that a failure further on is not missed
     }
   });
@@ -228,6 +236,24 @@ long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
   return *number;
 }
 
+void Session::WriteTogether(const std::vector<Together>& statements, std::vector<long>& answers) {
+  if (statements.empty()) return;
+  Parameters none;
+  std::string text;
+  for (const Together& each : statements)
+    text += each.sql + "; " + (each.numbered ? dialect_->lastIdentity : dialect_->rowsHit) + ";\n";
+  const auto begin = steady_clock::now();
+  Do(Work::kWrite, [&](const Link& link) {
+    const auto statement = Run(link, text, none);
+    while (AtRows(*statement)) {
+      answers.push_back(NumberHere(*statement).value_or(0));
+      if (!statement->NextResult()) break;
+    }
+  });
+  batchWrote_ = true;
+  Count(statements.front().sql, begin);
+}
+
 void Session::BringNumbers(const std::string& table, bool on) {
   numbersOf_ = on ? table : "";
   if (!dialect_->announcesIdentity) return;
@@ -236,7 +262,7 @@ void Session::BringNumbers(const std::string& table, bool on) {
 }
 
 void Session::BeginBatch() {
-  ++traffic_.trips;
+  ++traffic_->trips;
   Do(Work::kBegin, [](const Link& link) { link.CommitEach(false); });
   batch_ = true;
   batchWrote_ = false;
@@ -252,11 +278,11 @@ void Session::BeginBatch() {
 }
 
 void Session::CommitBatch() {
-  ++traffic_.trips;
+  ++traffic_->trips;
   Do(Work::kCommit, [](const Link& link) { link.End(SQL_COMMIT); });
   batch_ = false;
   try {
-    ++traffic_.trips;
+    ++traffic_->trips;
     link_->CommitEach(true);
   } catch (const OdbcFailure&) {
     link_.reset();  // all is stored, and the next operation connects anew
@@ -267,7 +293,7 @@ void Session::AbandonBatch() {
   batch_ = false;
   if (link_ == nullptr) return;
   try {
-    traffic_.trips += 2;
+    traffic_->trips += 2;
     link_->End(SQL_ROLLBACK);
     link_->CommitEach(true);
   } catch (const OdbcFailure&) {

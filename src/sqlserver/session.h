@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "sqlserver/connection_text.h"
 #include "sqlserver/dialect.h"
@@ -26,15 +27,18 @@ class Session {
  public:
   /// Connects. Error -2147467259 with what to do when that fails, and for a password that the driver would
   /// take for another one.
-  Session(ConnectionText connection, Secret password, Limits limits);
+  /// What goes to and fro is also counted in `traffic`, where it is given.
+  Session(ConnectionText connection, Secret password, Limits limits, std::shared_ptr<Traffic> traffic = {});
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   std::string Place() const { return text_.Place(); }
+  /// A part of the connection string; empty when it has none of the name.
+  std::string Part(const char* name) const { return text_.Get(name); }
   const Dialect& dialect() const { return *dialect_; }
   /// What has gone between the program and the server since the session began.
-  const Traffic& traffic() const { return traffic_; }
+  const Traffic& traffic() const { return *traffic_; }
 
   /// Runs a statement and hands its result to `take`, which may be called a second time when the connection
   /// was lost in between.
@@ -43,6 +47,15 @@ class Session {
   long Write(const std::string& sql, Parameters& parameters);
   /// Runs an INSERT and returns the number that the server gave the row.
   long InsertNumbered(const std::string& sql, Parameters& parameters);
+
+  /// A statement without parameters that writes.
+  struct Together {
+    std::string sql;
+    bool numbered = false;  // an INSERT of which the row's number is wanted
+  };
+  /// Runs statements in one text, where the server takes several. `answers` gets for each the number that its
+  /// row was given, or how many rows it hit; after a failure those before it.
+  void WriteTogether(const std::vector<Together>& statements, std::vector<long>& answers);
 
   // Writes kept together or not at all. A connection that is lost in between loses all of them.
   void BeginBatch();
@@ -76,7 +89,7 @@ class Session {
   bool batchWrote_ = false;
   std::string numbersOf_;
   std::chrono::steady_clock::time_point lastUse_;
-  Traffic traffic_;
+  std::shared_ptr<Traffic> traffic_;
 };
 
 }  // namespace sqlserver

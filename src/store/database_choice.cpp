@@ -19,7 +19,10 @@ std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice) {
 }
 
 std::shared_ptr<zorCrmParvel::Store> Near(std::shared_ptr<sqlserver::Database> server) {
-  return std::make_shared<NearStore>(std::move(server), schema::kTables);
+  return std::make_shared<NearStore>(
+      server, schema::kTables, NearStore::kMostRows, [server](const sqlserver::TableChanges& changes) {
+        return sqlserver::WriteChanges(server->session(), server->catalog(), changes);
+      });
 }
 
 std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice) {
@@ -29,6 +32,7 @@ std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice) {
   const sqlserver::ConnectionText connection(choice.connection);
   sqlserver::OpenOptions options;
   options.connection = choice.connection;
+  options.traffic = choice.traffic;
   options.limits.statement = std::chrono::seconds(choice.timeLimit);
   if (connection.NamesUser()) options.password = PasswordFor(connection.Place(), choice.passwordFile);
   return sqlserver::Database::Open(options);

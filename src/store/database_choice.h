@@ -16,6 +16,9 @@ struct DatabaseChoice {
   std::string passwordFile;  // empty: none
   long timeLimit = 30;       // seconds that a statement may take; 0: for ever
 
+  /// Counts what goes to the server and comes back; empty: nobody wants to know.
+  std::shared_ptr<sqlserver::Traffic> traffic;
+
   bool IsServer() const { return !connection.empty(); }
 };
 

@@ -4,6 +4,7 @@
 
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "store/copied_rows.h"
 #include "tsql/lexer.h"
 #include "tsql/parser.h"
 
@@ -11,27 +12,6 @@ namespace store {
 namespace {
 
 using zorCrmParvel::RecordsetRef;
-
-/// Rows of a recordset that is kept for others who ask the same.
-class SameRows : public platform::Recordset {
- public:
-  explicit SameRows(RecordsetRef rows) : rows_(std::move(rows)) { Opened(rows_->FieldList()); }
-
- protected:
-  bool Reach(std::size_t row) override {
-    while (store().rows() <= row) {
-      const std::size_t next = store().rows();
-      if (next >= rows_->RowsAtHand() && !rows_->FetchMore(1)) return false;
-      store().AddRow();
-      for (std::size_t i = 0; i < fields_.size(); ++i) store().Put(next, i, rows_->CellAt(next, i));
-    }
-    return true;
-  }
-  std::size_t Count() override { return static_cast<std::size_t>(rows_->RecordCount()); }
-
- private:
-  RecordsetRef rows_;
-};
 
 /// The statement with a mark in the place of each literal; nothing when it asks for the server's clock.
 std::optional<std::string> ShapeOf(const std::string& statement) {
@@ -57,8 +37,20 @@ std::vector<std::string> PlainTables(const tsql::Select& select) {
 
 }  // namespace
 
-NearStore::NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema, std::size_t mostRows)
-    : server_(std::move(server)), schema_(std::move(schema)), mostRows_(mostRows) {}
+NearStore::NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema, std::size_t mostRows,
+                     ApplyChanges apply)
+    : ForwardingStore(std::move(server)),
+      schema_(std::move(schema)),
+      mostRows_(mostRows),
+      apply_(std::move(apply)) {}
+
+std::function<std::shared_ptr<zorCrmParvel::Store>()> NearStore::Opener() const {
+  const auto server = inner().Opener();
+  if (!server) return {};
+  return [server, schema = schema_, most = mostRows_] {
+    return std::make_shared<NearStore>(server(), schema, most);
+  };
+}
 
 void NearStore::Forget() {
   asked_.clear();
@@ -74,11 +66,50 @@ void NearStore::Written() {
 
 void NearStore::BeginBatch() {
   Written();
-  server_->BeginBatch();
+  ForwardingStore::BeginBatch();
+  batch_ = true;
 }
 
-bool NearStore::ObterLigacao(platform::Ref<platform::Connection>& connection) {
-  return server_->ObterLigacao(connection);
+void NearStore::BeginLargeBatch() {
+  if (!apply_) return BeginBatch();
+  Written();
+  given_.clear();
+  large_ = std::make_unique<FarBatch>(inner(), schema_);
+}
+
+/// Brings what was done in memory to the server, within a batch of the server's that goes on.
+void NearStore::SendLarge() {
+  const std::unique_ptr<FarBatch> large = std::move(large_);
+  ForwardingStore::BeginBatch();
+  batch_ = true;
+  given_ = large->Send(apply_);
+}
+
+void NearStore::CommitBatch() {
+  if (large_) SendLarge();
+  ForwardingStore::CommitBatch();
+  batch_ = false;
+}
+
+void NearStore::AbandonBatch() {
+  large_.reset();
+  if (std::exchange(batch_, false)) ForwardingStore::AbandonBatch();
+}
+
+long NearStore::NumberGiven(const std::string& table, long number) const {
+  const auto numbers = given_.find(table);
+  if (numbers == given_.end()) return number;
+  const auto found = numbers->second.find(number);
+  return found == numbers->second.end() ? number : found->second;
+}
+
+/// True while a large batch runs a statement in memory. One that it can't take makes all of the batch the
+/// server's.
+bool NearStore::InMemory(const std::string& statement) {
+  if (!large_) return false;
+  if (large_->Covers(statement)) return true;
+  SendLarge();
+  return false;
 }
 
 void NearStore::EndSnapshot() noexcept {
@@ -88,51 +119,58 @@ void NearStore::EndSnapshot() noexcept {
 }
 
 bool NearStore::Execute(const std::string& statement) {
+  if (InMemory(statement)) {
+    large_->Written(statement);
+    return large_->memory().ExecutarSql("", statement.c_str());
+  }
   Written();
-  return server_->ExecutarSql("", statement.c_str());
+  return ForwardingStore::Execute(statement);
 }
 
 RecordsetRef NearStore::OpenForEditing(const std::string& statement) {
+  if (InMemory(statement)) {
+    large_->Written(statement);
+    RecordsetRef rows;
+    large_->memory().AbrirEdicao(statement.c_str(), rows);
+    return rows;
+  }
   Written();
-  RecordsetRef rows;
-  server_->AbrirEdicao(statement.c_str(), rows);
-  return rows;
+  return ForwardingStore::OpenForEditing(statement);
 }
 
 RecordsetRef NearStore::OpenForReading(const std::string& statement) {
-  return snapshots_ == 0 || over_ ? Far(statement) : Near(statement);
-}
-
-RecordsetRef NearStore::Far(const std::string& statement) const {
-  RecordsetRef rows;
-  server_->AbrirLeitura("", statement.c_str(), rows);
-  return rows;
+  if (InMemory(statement)) {
+    RecordsetRef rows;
+    large_->memory().AbrirLeitura("", statement.c_str(), rows);
+    return rows;
+  }
+  return snapshots_ == 0 || over_ ? ForwardingStore::OpenForReading(statement) : Near(statement);
 }
 
 RecordsetRef NearStore::Near(const std::string& statement) {
   if (const auto asked = asked_.find(statement); asked != asked_.end())
-    return platform::MakeRef<SameRows>(asked->second);
+    return platform::MakeRef<CopiedRows>(*asked->second);
   const tsql::StatementNode node = tsql::ParseStatement(statement);
   const auto* select = std::get_if<tsql::Select>(&node);
   if (select == nullptr) {
     Written();
-    return Far(statement);
+    return ForwardingStore::OpenForReading(statement);
   }
   const std::vector<std::string> tables = PlainTables(*select);
   const auto shape = ShapeOf(statement);
   if (!tables.empty() && shape && ++shapes_[*shape] > 1) {
-    if (!tables_) tables_ = std::make_unique<NearTables>(*server_, schema_, mostRows_);
+    if (!tables_) tables_ = std::make_unique<NearTables>(inner(), schema_, mostRows_);
     if (tables_->Take(tables)) try {
         return tables_->Open(statement);
       } catch (const platform::RuntimeError&) {
         // The server says what is wrong with it, in its own words.
       }
   }
-  RecordsetRef rows = Far(statement);
+  RecordsetRef rows = ForwardingStore::OpenForReading(statement);
   kept_ += static_cast<std::size_t>(rows->RecordCount()) + 1;
   if (kept_ > mostRows_) return rows;
   asked_.emplace(statement, rows);
-  return platform::MakeRef<SameRows>(std::move(rows));
+  return platform::MakeRef<CopiedRows>(*rows);
 }
 
 }  // namespace store

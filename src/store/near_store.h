@@ -6,6 +6,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "store/far_batch.h"
+#include "store/forwarding_store.h"
 #include "store/near_tables.h"
 #include "store/store.h"
 
@@ -15,21 +17,23 @@ namespace store {
 /// before is answered by its rows, and one that comes back with another key by the tables that it reads,
 /// which are then taken over whole. Answered so are only plain reads without an order and without the
 /// server's clock, whose rows the two engines give alike. The first write, and rows opened for editing, end
-/// it; outside a snapshot everything goes to the server.
-class NearStore : public zorCrmParvel::Store {
+/// it; outside a snapshot everything goes to the server. A large batch runs in memory (see `FarBatch`) as
+/// long as all of its statements can.
+class NearStore : public ForwardingStore {
  public:
   static constexpr std::size_t kMostRows = 20000;  // of a table that is taken over, and of rows kept
 
   /// `schema`: as of `NearTables`.
-  NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema,
-            std::size_t mostRows = kMostRows);
+  /// `apply`: how a large batch writes; empty: as any other.
+  NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema, std::size_t mostRows = kMostRows,
+            ApplyChanges apply = {});
 
-  std::string Place() const override { return server_->Place(); }
+  std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override;
   void BeginBatch() override;
-  void CommitBatch() override { server_->CommitBatch(); }
-  void AbandonBatch() override { server_->AbandonBatch(); }
-  void BringNumbers(const std::string& table, bool on) override { server_->BringNumbers(table, on); }
-  bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
+  void BeginLargeBatch() override;
+  void CommitBatch() override;
+  void AbandonBatch() override;
+  long NumberGiven(const std::string& table, long number) const override;
   void BeginSnapshot() override { ++snapshots_; }
   void EndSnapshot() noexcept override;
 
@@ -39,12 +43,12 @@ class NearStore : public zorCrmParvel::Store {
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override;
 
  private:
-  zorCrmParvel::RecordsetRef Far(const std::string& statement) const;
   zorCrmParvel::RecordsetRef Near(const std::string& statement);
   void Forget();
   void Written();
+  bool InMemory(const std::string& statement);
+  void SendLarge();
 
-  std::shared_ptr<zorCrmParvel::Store> server_;
   std::string schema_;
   std::size_t mostRows_;
   int snapshots_ = 0;  // asked for, one in another
@@ -53,6 +57,10 @@ class NearStore : public zorCrmParvel::Store {
   std::size_t kept_ = 0;                                               // rows in them
   std::unordered_map<std::string, int> shapes_;                        // how often each was asked
   std::unique_ptr<NearTables> tables_;
+  ApplyChanges apply_;
+  std::unique_ptr<FarBatch> large_;  // while a large batch runs in memory
+  bool batch_ = false;               // the server's is under way
+  GivenNumbers given_;               // of the last large batch
 };
 
 }  // namespace store

@@ -12,14 +12,6 @@ using platform::RuntimeError;
 using zorCrmParvel::fixed;
 using zorCrmParvel::RecordsetRef;
 
-/// The schema with no column that numbers itself: rows keep the numbers that the server gave them.
-std::string Unnumbered(std::string schema) {
-  constexpr std::string_view kIdentity = " IDENTITY(1,1)";
-  for (auto at = schema.find(kIdentity); at != std::string::npos; at = schema.find(kIdentity, at))
-    schema.erase(at, kIdentity.size());
-  return schema;
-}
-
 std::shared_ptr<embedded::Database> InMemory(const std::string& schema) {
   embedded::OpenOptions options;
   options.schema = schema;
@@ -32,13 +24,20 @@ bool Alike(const std::vector<platform::FieldInfo>& a, const std::vector<platform
   });
 }
 
+bool HoldsDocuments(const tsql::Table& table) {
+  return std::any_of(table.columns.begin(), table.columns.end(),
+                     [](const tsql::Column& column) { return column.type.width == tsql::Type::kMax; });
+}
+
 }  // namespace
 
-NearTables::NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows)
+NearTables::NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows,
+                       Keep keep)
     : server_(server),
       mostRows_(mostRows),
+      keep_(keep),
       catalog_(tsql::ParseSchema(schema)),
-      memory_(InMemory(Unnumbered(schema))) {}
+      memory_(InMemory(schema)) {}
 
 bool NearTables::Take(const std::vector<std::string>& tables) {
   return std::all_of(tables.begin(), tables.end(), [this](const std::string& name) {
@@ -46,6 +45,7 @@ bool NearTables::Take(const std::vector<std::string>& tables) {
     if (table == nullptr) return false;
     const auto known = here_.find(table->name);
     if (known != here_.end()) return known->second;
+    if (HoldsDocuments(*table)) return false;
     return here_.emplace(table->name, Bring(table->name)).first->second;
   });
 }
@@ -55,13 +55,17 @@ bool NearTables::Bring(const std::string& table) {
   const std::string most = std::to_string(mostRows_ + 1);
   server_.AbrirLeitura("", {"SELECT TOP ", fixed(most), " * FROM [", fixed(table), "]"}, rows);
   const bool whole = static_cast<std::size_t>(rows->RecordCount()) <= mostRows_ && Fill(table, *rows);
-  rows->Close();
+  if (whole && keep_ == Keep::kRows)
+    taken_[table] = rows;
+  else
+    rows->Close();
   return whole;
 }
 
 bool NearTables::Fill(const std::string& table, platform::Recordset& rows) {
   try {
     zorCrmParvel::Batch batch(*memory_);
+    const zorCrmParvel::OwnNumbers numbers(*memory_, table);
     RecordsetRef copy;
     memory_->AbrirEdicao({"SELECT * FROM [", fixed(table), "]"}, copy);
     if (!Alike(copy->FieldList(), rows.FieldList())) return false;

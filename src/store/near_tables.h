@@ -15,15 +15,23 @@ namespace store {
 /// Whole tables of a server, as they were when they were taken over, in a database in memory.
 class NearTables {
  public:
+  /// Whether the rows are also kept as they were when they were taken over.
+  enum class Keep { kNothing, kRows };
+
   /// `schema`: the tables that there may be, as in `schema/tables.sql`. A table with more rows than
-  /// `mostRows` stays where it is.
-  NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows);
+  /// `mostRows` stays where it is, and so does one with documents or texts of any length.
+  NearTables(zorCrmParvel::Store& server, const std::string& schema, std::size_t mostRows,
+             Keep keep = Keep::kNothing);
 
   /// Takes over those of the tables that are not here yet, each in one statement. False when one can't be:
   /// it is too large, the program does not know it, or its columns are others than the program's.
   bool Take(const std::vector<std::string>& tables);
   /// Runs a SELECT on tables that are here.
   zorCrmParvel::RecordsetRef Open(const std::string& statement);
+  zorCrmParvel::Store& memory() { return *memory_; }
+  const tsql::Catalog& catalog() const { return catalog_; }
+  /// The rows of a table that is here, by the catalogue's spelling, as they were.
+  const zorCrmParvel::RecordsetRef& RowsTaken(const std::string& table) const { return taken_.at(table); }
 
  private:
   bool Bring(const std::string& table);
@@ -31,9 +39,11 @@ class NearTables {
 
   zorCrmParvel::Store& server_;
   std::size_t mostRows_;
+  Keep keep_;
   tsql::Catalog catalog_;
   std::shared_ptr<embedded::Database> memory_;
   std::map<std::string, bool> here_;  // by the catalogue's spelling
+  std::map<std::string, zorCrmParvel::RecordsetRef> taken_;
 };
 
 }  // namespace store

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -14,11 +16,19 @@ class Store : public DataAccess {
  public:
   /// Where the data is, for people.
   virtual std::string Place() const = 0;
+  /// Opens the same database once more, for a reader on another thread, which may be the one that calls it;
+  /// empty where the data can't be reached by a second connection.
+  virtual std::function<std::shared_ptr<Store>()> Opener() const { return {}; }
 
   // Used through `Batch`.
   virtual void BeginBatch() = 0;
   virtual void CommitBatch() = 0;
   virtual void AbandonBatch() = 0;
+  /// A batch that will touch many rows.
+  virtual void BeginLargeBatch() { BeginBatch(); }
+  /// The number that a row of a table has for good, by the one that the last large batch saw: until it is
+  /// kept, a row's number may be another one.
+  virtual long NumberGiven(const std::string& /*table*/, long number) const { return number; }
 
   // Used through `OwnNumbers`.
   virtual void BringNumbers(const std::string& table, bool on) = 0;
@@ -29,7 +39,7 @@ class Store : public DataAccess {
 class Batch {
  public:
   /// Error -2147467259 when another program holds a write.
-  explicit Batch(Store& store) : store_(store) { store_.BeginBatch(); }
+  explicit Batch(Store& store) : Batch(store, &Store::BeginBatch) {}
   ~Batch() {
     if (open_) store_.AbandonBatch();
   }
@@ -40,9 +50,19 @@ class Batch {
     open_ = false;
   }
 
+ protected:
+  Batch(Store& store, void (Store::*begin)()) : store_(store) { (store.*begin)(); }
+
  private:
   Store& store_;
   bool open_ = true;
+};
+
+/// A batch that reads and writes many rows, as an import does. On a server that is far away it runs in memory
+/// and is sent in few pieces: numbers of new rows are final only after `Commit` (see `NumberGiven`).
+class LargeBatch : public Batch {
+ public:
+  explicit LargeBatch(Store& store) : Batch(store, &Store::BeginLargeBatch) {}
 };
 
 /// While it lives, rows added to a table through `AbrirEdicao` bring the value of its identity column along.

@@ -7,6 +7,7 @@
 #include "sqlserver/database.h"
 #include "sqlserver/schema/schema_script.h"
 #include "sqlserver/session.h"
+#include "store/near_store.h"
 
 namespace contract_tests {
 namespace {
@@ -36,6 +37,23 @@ std::shared_ptr<Store> OpenEmbedded(const TemporaryFolder& /*folder*/) {
   embedded::OpenOptions options;
   options.schema = kSchema;
   return embedded::Database::Open(":memory:", options);
+}
+
+/// Asks whatever is read twice within a snapshot, so that the tables taken over into memory answer it.
+class AskedTwice : public store::NearStore {
+ public:
+  using NearStore::NearStore;
+
+ protected:
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override {
+    const zorCrmParvel::Snapshot snapshot(std::shared_ptr<Store>(this, [](Store*) {}));
+    NearStore::OpenForReading(statement + " ");
+    return NearStore::OpenForReading(statement);
+  }
+};
+
+std::shared_ptr<Store> OpenNear(const TemporaryFolder& folder) {
+  return std::make_shared<AskedTwice>(OpenEmbedded(folder), kSchema);
 }
 
 sqlserver::OpenOptions OptionsFor(const std::string& connection) {
@@ -84,6 +102,7 @@ std::vector<Engine> Engines() {
                                    ? "PARVEL_TEST_ODBC names no server: its own dialect is not tested here."
                                    : "";
   return {{"Embedded", true, "", &OpenEmbedded},
+          {"NearMemory", true, "", &OpenNear},
           {"OdbcSqlite", false, "", &OpenSqlite},
           {"OdbcServer", true, noServer, &OpenServer}};
 }

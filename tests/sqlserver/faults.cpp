@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <deque>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -87,12 +88,34 @@ class SilentServer {
 
 std::unique_ptr<SilentServer> silent;
 
-/// The server's texts as SQLite reads them.
-std::u16string Plain(const std::string& text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i)
-    if (text[i] != 'N' || text[i + 1] != '\'') plain += text[i];
-  return sqlserver::ToUtf16(plain);
+/// What is still to run of a text of several statements, by the handle that it was sent on.
+std::map<SQLHSTMT, std::deque<std::string>> pending;
+
+/// The server's statements as SQLite reads them, one by one.
+std::deque<std::string> Plain(const std::string& text) {
+  std::deque<std::string> pieces(1);
+  bool quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\'') quoted = !quoted;
+    if (!quoted && text[i] == ';')
+      pieces.emplace_back();
+    else if (quoted || text[i] != 'N' || text[i + 1] != '\'')
+      pieces.back() += text[i];
+  }
+  if (pieces.back().find_first_not_of(" \n") == std::string::npos) pieces.pop_back();
+  for (std::string& each : pieces)
+    for (const auto& [theirs, ours] :
+         {std::pair{"@@ROWCOUNT", "changes()"}, {"CAST(SCOPE_IDENTITY() AS int)", "last_insert_rowid()"}})
+      if (const auto at = each.find(theirs); at != std::string::npos)
+        each.replace(at, std::strlen(theirs), ours);
+  return pieces;
+}
+
+SQLRETURN RunNext(SQLHSTMT handle) {
+  std::u16string text = sqlserver::ToUtf16(pending[handle].front());
+  pending[handle].pop_front();
+  return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(handle, sqlserver::Wide(text),
+                                                           static_cast<SQLINTEGER>(text.size()));
 }
 
 }  // namespace
@@ -106,6 +129,7 @@ std::string Bindings() { return std::exchange(bindings, ""); }
 std::string Settings() { return std::exchange(settings, ""); }
 void ClearFaults() {
   pretending = false;
+  pending.clear();
   settings.clear();
   statementFaults.clear();
   connectionFaults.clear();
@@ -135,8 +159,16 @@ SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
     return SQL_ERROR;
   }
   if (!pretending) return real(handle, text, length);
-  std::u16string plain = Plain(TextOf(text, length));
-  return real(handle, sqlserver::Wide(plain), static_cast<SQLINTEGER>(plain.size()));
+  pending[handle] = Plain(TextOf(text, length));
+  return RunNext(handle);
+}
+
+SQLRETURN SQLMoreResults(SQLHSTMT handle) {
+  const auto rest = pending.find(handle);
+  if (!pretending || rest == pending.end() || rest->second.empty())
+    return Real<decltype(&SQLMoreResults)>("SQLMoreResults")(handle);
+  SQLFreeStmt(handle, SQL_CLOSE);
+  return RunNext(handle);
 }
 
 SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSMALLINT room,

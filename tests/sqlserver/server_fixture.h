@@ -27,7 +27,7 @@ class ServerTest : public testing::Test, protected testing_support::EngineUser {
     store_.reset();  // before its folder
   }
 
-  static contract_tests::Engine Engine() { return contract_tests::Engines()[1]; }
+  static contract_tests::Engine Engine() { return contract_tests::Engines()[2]; }
   sqlserver::Database& database() { return dynamic_cast<sqlserver::Database&>(*store_); }
   sqlserver::Session& session() { return database().session(); }
   long Count(const std::string& table) const { return Open("SELECT * FROM " + table)->RecordCount(); }

@@ -4,6 +4,8 @@
 
 #include "alerts/alert_builders.h"
 #include "alerts/alert_rules.h"
+#include "events/expense_figures.h"
+#include "events/gastos.h"
 #include "host/sistema.h"
 #include "support/database_test.h"
 #include "support/fleet.h"
@@ -16,7 +18,9 @@ extern const char* const kTables;
 namespace store {
 namespace {
 
+using zorCrmParvel::clGastos;
 using zorCrmParvel::DataAccessRef;
+using zorCrmParvel::RecalcularViatura;
 using zorCrmParvel::RecordsetRef;
 using zorCrmParvel::Snapshot;
 
@@ -83,9 +87,51 @@ class NearStoreTest : public testing_support::DatabaseTest {
     return testing_support::Rows(rows);
   }
 
+  /// Writes the changes of a large batch, a row at a time.
+  std::vector<long> Apply(const sqlserver::TableChanges& changes) const {
+    if (changes.table == refused_) throw platform::RuntimeError(platform::kStatementRefused, "", "não");
+    std::vector<long> numbers;
+    const auto write = [&](const std::string& condition, const sqlserver::RowWriter::Values& values) {
+      RecordsetRef rows;
+      far_->AbrirEdicao(("SELECT * FROM " + changes.table + condition).c_str(), rows);
+      if (condition == kNew) rows->AddNew();
+      for (std::size_t i = 0; i < values.size(); ++i)
+        if (values[i]) rows->Fields(changes.fields[i].name).SetValue(*values[i]);
+      rows->Update();
+      if (changes.numbered && condition == kNew) numbers.push_back(rows->Fields(0).Value().ToLong());
+    };
+    for (const auto& change : changes.changed)
+      write(" WHERE " + changes.fields[0].name + "=N'" + change.key.at(0).ToText() + "'", change.values);
+    for (const auto& row : changes.added) write(kNew, row);
+    for (const auto& key : changes.removed)
+      Run("DELETE FROM " + changes.table + " WHERE " + changes.fields[0].name + "=N'" + key.at(0).ToText() +
+          "'");
+    return numbers;
+  }
+  static constexpr const char* kNew = " WHERE 1=0";
+
+  /// What an import does: rows are added, and the vehicles' figures follow.
+  static void Fills(const DataAccessRef& bd, int rows, int vehicles) {
+    clGastos fill;
+    fill.bd = bd;
+    for (int i = 0; i < rows; ++i) {
+      fill.Codigo = std::to_string(10 + i % vehicles) + "-AA-" + std::to_string(10 + i % vehicles);
+      fill.Data = platform::Date::FromParts(2024, 1, 1).AddDays(i / vehicles);
+      fill.TipoGasto = "G";
+      fill.Qtd = 40;
+      fill.Custo = 60;
+      fill.Km = 1000 + i * 10;
+      fill.Escrever();
+    }
+    for (int i = 0; i < vehicles; ++i)
+      RecalcularViatura(bd, std::to_string(10 + i) + "-AA-" + std::to_string(10 + i));
+  }
+  std::string refused_;  // a table that the server doesn't write
+
   std::shared_ptr<CountedServer> server_ = std::make_shared<CountedServer>();
   DataAccessRef far_ = DataAccessRef(server_);
-  std::shared_ptr<NearStore> store_ = std::make_shared<NearStore>(server_, schema::kTables);
+  std::shared_ptr<NearStore> store_ = std::make_shared<NearStore>(
+      server_, schema::kTables, NearStore::kMostRows, [this](const auto& changes) { return Apply(changes); });
   DataAccessRef near_ = DataAccessRef(store_);
 };
 
@@ -139,6 +185,67 @@ TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
                 testing_support::Table({{"Ana"}}));
     EXPECT_EQ(server_->Asked(), asked);
   }
+}
+
+TEST_F(NearStoreTest, ALargeBatchLeavesWhatItWouldHaveLeftOnTheServer) {
+  const auto both = [&](const auto& act) {
+    act(far_);
+    const auto wanted = testing_support::Rows(far_, "SELECT * FROM zor_PV_Gastos");
+    const auto vehicles = testing_support::Rows(far_, "SELECT * FROM zor_PV_Viaturas");
+    return std::pair(wanted, vehicles);
+  };
+  Fill(0, 4);
+  Run("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel) VALUES ('G', 'Gasóleo', 1)");
+  Run("UPDATE zor_PV_Inspecoes SET Custo=30");
+  server_->BeginBatch();
+  const auto wanted = both([](const DataAccessRef& data) { Fills(data, 30, 4); });
+  server_->AbandonBatch();
+  server_->Asked();
+  {
+    zorCrmParvel::LargeBatch batch(*store_);
+    Fills(near_, 30, 4);
+    EXPECT_EQ(server_->Asked(), 5);  // the tables
+    EXPECT_EQ(testing_support::Rows(far_, "SELECT * FROM zor_PV_Gastos").size(), 0u);
+    batch.Commit();
+  }
+  EXPECT_EQ(both([](const DataAccessRef&) {}), wanted);
+}
+
+TEST_F(NearStoreTest, NumbersAreThoseOfTheServerOnceALargeBatchIsKept) {
+  Run("INSERT INTO zor_PV_Multas (Matricula) VALUES ('A')");
+  Run("INSERT INTO parvel_importacoes (Quem) VALUES ('ana')");
+  zorCrmParvel::LargeBatch batch(*store_);
+  near_->ExecutarSql("", "INSERT INTO parvel_importacoes (Quem) VALUES ('rui')");
+  near_->ExecutarSql("", "INSERT INTO zor_PV_Multas (Matricula) VALUES ('B')");
+  near_->ExecutarSql("", "DELETE FROM zor_PV_Multas WHERE Id=1");
+  near_->ExecutarSql("",
+                     "INSERT INTO parvel_importacoes_linhas (Importacao, Ordem, Tabela, Chave) VALUES "
+                     "(2, 1, 'zor_PV_Multas', '2')");
+  Run("INSERT INTO zor_PV_Multas (Matricula) VALUES ('outro')");
+  Run("INSERT INTO parvel_importacoes (Quem) VALUES ('outro')");
+  batch.Commit();
+  EXPECT_EQ(testing_support::Rows(far_, "SELECT Id, Matricula FROM zor_PV_Multas ORDER BY Id"),
+            testing_support::Table({{"2", "outro"}, {"3", "B"}}));
+  EXPECT_EQ(testing_support::Rows(far_, "SELECT Importacao, Chave FROM parvel_importacoes_linhas"),
+            testing_support::Table({{"3", "3"}}));
+  EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 2), 3);
+  EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 1), 1);
+}
+
+TEST_F(NearStoreTest, ALargeBatchThatFailsKeepsNothing) {
+  Fill(0, 2);
+  refused_ = "zor_PV_Multas";
+  const auto write = [&] {
+    zorCrmParvel::LargeBatch batch(*store_);
+    near_->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Obs='x'");
+    near_->ExecutarSql("", "INSERT INTO zor_PV_Multas (Matricula) VALUES ('B')");
+    batch.Commit();
+  };
+  EXPECT_THROW(write(), platform::RuntimeError);
+  EXPECT_TRUE(testing_support::Rows(near_, "SELECT * FROM zor_PV_Viaturas WHERE Obs='x'").empty());
+  refused_.clear();
+  write();
+  EXPECT_EQ(testing_support::Rows(near_, "SELECT * FROM zor_PV_Viaturas WHERE Obs='x'").size(), 2u);
 }
 
 }  // namespace

@@ -7,7 +7,11 @@ namespace desktop {
 Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Open(path)) {}
 
 Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
-    : store_(std::move(store)), kept_(std::make_shared<history::KeepingStore>(store_)) {
+    : store_(std::move(store)),
+      watch_(std::make_shared<store::TableWatch>(store_)),
+      foreseen_(std::make_shared<store::ForeseenStore>(watch_)),
+      kept_(std::make_shared<history::KeepingStore>(foreseen_)),
+      reader_(store_) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";
   sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(kept_);
@@ -15,7 +19,7 @@ Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
 
 void Workspace::FillDemo() {
   try {
-    demo::FillDemo(store_);
+    demo::FillDemo(watch_);
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kKeyInUse) throw;
   }

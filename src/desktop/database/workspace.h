@@ -3,11 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "desktop/database/background_reader.h"
 #include "embedded/database.h"
 #include "history/keeping_store.h"
 #include "host/sistema.h"
 #include "platform/screen/form.h"
+#include "store/foreseen.h"
 #include "store/store.h"
+#include "store/table_watch.h"
 
 namespace desktop {
 
@@ -22,11 +25,19 @@ class Workspace {
 
   zorCrmParvel::Sistema& sistema() { return sistema_; }
   /// The open database itself, past the history.
-  const std::shared_ptr<zorCrmParvel::Store>& store() const { return store_; }
+  std::shared_ptr<zorCrmParvel::Store> store() const { return watch_; }
   /// The same database as the module writes to it: what is written is remembered.
   const std::shared_ptr<history::KeepingStore>& kept() const { return kept_; }
   /// The file, or the database and its server.
   std::string Place() const { return store_->Place(); }
+  /// Reads it on threads of its own.
+  BackgroundReader& reader() { return reader_; }
+  /// True when a statement waits for a server.
+  bool IsFar() const { return file() == nullptr && store_->Opener(); }
+  /// What the module reads next is answered by these, as far as they do; with none it reads as ever.
+  void Foresee(store::Foreseen answers) { foreseen_->Foresee(std::move(answers)); }
+  /// The tables that may have been written here since the last call.
+  store::TableNames TakeWritten() { return watch_->TakeWritten(); }
   /// The file's engine; null on a server.
   embedded::Database* file() const { return dynamic_cast<embedded::Database*>(store_.get()); }
   /// Fills an empty database with demonstration data; one with data is left alone.
@@ -34,9 +45,12 @@ class Workspace {
 
  private:
   std::shared_ptr<zorCrmParvel::Store> store_;
+  std::shared_ptr<store::TableWatch> watch_;
+  std::shared_ptr<store::ForeseenStore> foreseen_;
   std::shared_ptr<history::KeepingStore> kept_;
   platform::Form window_;  // the main window, as the module sees it
   zorCrmParvel::Sistema sistema_;
+  BackgroundReader reader_;
 };
 
 }  // namespace desktop

@@ -46,11 +46,10 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
   ConnectLook();
   AddEntries();
   Load();
-  memory_.Restore(*table_, IsEventList(entry_));
-  ShowState();
 }
 
 ListPage::~ListPage() {
+  reading_.GiveUp();
   Guarded(this, [this] { list_->ICrmVwList_Terminar(); });
   // The table reads the grid, which goes before it.
   delete table_;
@@ -110,7 +109,7 @@ bool ListPage::Can(StandardCommand command) const {
 }
 
 QString ListPage::CountText() const {
-  if (failure_) return {};
+  if (failure_ || (is_reading_ && table_->grid().order().Count() == 0)) return {};
   const RowOrder& order = table_->grid().order();
   const long all = table_->grid().source().Rows();
   const QString count = order.IsNarrowed()
@@ -124,11 +123,6 @@ QString ListPage::CountText() const {
 
 QString ListPage::SearchText() const { return ToQt(table_->grid().order().search()); }
 
-void ListPage::Load() {
-  failure_.reset();
-  ShowAfter([this] { list_->ICrmVwList_Iniciar(); });
-}
-
 void ListPage::Search(const QString& text) {
   table_->Search(text);
   if (table_->CurrentRow() < 0 && table_->grid().order().Count() > 0)
@@ -138,6 +132,8 @@ void ListPage::Search(const QString& text) {
 
 /// Shows the rows that there are after a change, with the record that was chosen before it.
 void ListPage::ShowAfter(const std::function<void()>& change) {
+  reading_.GiveUp();
+  is_reading_ = false;
   try {
     const long row = table_->CurrentRow();
     const std::string key = KeyOf(row);
@@ -168,6 +164,8 @@ void ListPage::ShowState() {
   if (failure_) {
     message_->Show(QStringLiteral("Não foi possível ler a lista."), WithDetails(*failure_),
                    QStringLiteral("&Tentar de novo"), [this] { Load(); });
+  } else if (is_reading_ && order.Count() == 0) {
+    ShowReading();
   } else if (order.Count() == 0 && !order.search().empty()) {
     message_->Show(QStringLiteral("Nenhum registo corresponde a «%1».").arg(ToQt(order.search())), {},
                    QStringLiteral("&Limpar a procura"), [this] {
@@ -183,7 +181,7 @@ void ListPage::ShowState() {
   }
   for (QAction* action : own_) action->setEnabled(!failure_ && table_->CurrentRow() >= 0);
   // With filters the headings stay, and the fields in which they are typed.
-  const bool rows = !failure_ && (order.Count() > 0 || !order.filters().empty());
+  const bool rows = !failure_ && (order.Count() > 0 || (!is_reading_ && !order.filters().empty()));
   QWidget* shown = rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_);
   const bool moves =
       stack_->currentWidget() != shown && stack_->currentWidget()->isAncestorOf(QApplication::focusWidget());
@@ -191,7 +189,7 @@ void ListPage::ShowState() {
   if (moves) TakeFocus();
   bar_->Show(*table_);
   ShowFooter();
-  count_->setText(failure_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
+  count_->setText(failure_ || is_reading_ ? QString() : CountText().section(QStringLiteral(" · "), 0, 0));
   Q_EMIT Changed();
 }
 

@@ -50,7 +50,8 @@ class ListPage : public Page {
   /// "40 registos · 1 seleccionado", or "12 de 40" while search or filters narrow the rows.
   QString CountText() const override;
 
-  /// Reads the rows anew. A failure is shown in the place of the rows.
+  /// Reads the rows anew, those of a server away from the window's thread: until they come, those that were
+  /// there stay. A failure is shown in the place of the rows.
   void Load() override;
   void New();
   void Edit();
@@ -88,6 +89,9 @@ class ListPage : public Page {
   void Connect();
   void Verb(const QString& name, const std::function<void()>& verb);
   void ShowAfter(const std::function<void()>& change);
+  static store::Foreseen ReadAhead(const std::shared_ptr<zorCrmParvel::Store>& store, const std::string& key);
+  void RestoreOnce();
+  void ShowReading();
   void ShowState();
   void ChooseKey(const std::string& key, long place);
   std::string KeyOf(long row) const;
@@ -116,6 +120,9 @@ class ListPage : public Page {
   std::unique_ptr<zorCrmParvel::ICrmVwList> list_;
   ListCommands commands_;
   std::optional<ErrorText> failure_;
+  ReadTicket reading_;
+  bool is_reading_ = false;  // rows are on their way
+  bool restored_ = false;
   QList<QAction*> own_;
 
   QLabel* title_;

@@ -26,7 +26,7 @@ constexpr char kList[] = "janela/lista";
 void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   CloseDatabase();
   workspace_ = std::move(workspace);
-  alerts_->Watch(&workspace_->sistema());
+  alerts_->Watch(workspace_.get());
   ReadViews();
   const std::string file = OpenFileName();
   copies_->Watch(file);
@@ -68,7 +68,7 @@ void MainWindow::OpenPage(const ListEntry& entry) {
   page_->show();
   if (list_ != nullptr) list_->table().installEventFilter(this);
   connect(page_, &Page::Changed, this, &MainWindow::Update);
-  connect(page_, &Page::Worked, this, &MainWindow::FindAlerts);
+  connect(page_, &Page::Worked, this, [this] { alerts_->RefreshChanged(false); });
   connect(page_, &Page::SearchCleared, actions_->search, &QLineEdit::clear);
   connect(page_, &Page::Told, this, &MainWindow::Tell);
   // Later: the page that asks for another one is still at work.
@@ -106,6 +106,7 @@ void MainWindow::Remember(const char* key) {
 void MainWindow::Update() {
   const bool open = page_ != nullptr;
   const bool searches = open && page_->CanSearch();
+  if (searches && !actions_->search->hasFocus()) actions_->search->setText(page_->SearchText());
   actions_->add->setEnabled(list_ != nullptr && list_->Can(kNewCommand));
   actions_->edit->setEnabled(list_ != nullptr && list_->Can(kEditCommand));
   actions_->remove->setEnabled(list_ != nullptr && list_->Can(kRemoveCommand));

@@ -1,12 +1,13 @@
 #include "desktop/start/alert_board.h"
 
-#include "alerts/alert_list.h"
+#include <algorithm>
+
+#include "desktop/database/workspace.h"
 #include "desktop/look/text.h"
+#include "platform/host.h"
 
 namespace desktop {
 namespace {
-
-using namespace zorCrmParvel;
 
 std::vector<AlertFamily> AllFamilies() {
   std::vector<AlertFamily> families;
@@ -15,48 +16,78 @@ std::vector<AlertFamily> AllFamilies() {
   return families;
 }
 
-RecordsetRef EmptyFeed() {
-  const auto feed = platform::MakeRef<platform::MemoryRecordset>();
-  for (const char* field : {"APLICACAO", "Entidade", "Texto"})
-    feed->Append(field, platform::FieldType::kText, platform::kUnlimitedSize);
-  feed->Open();
-  return feed;
+std::set<std::string> AllParts() {
+  std::set<std::string> parts = {kStepsPart, kFeedPart};
+  for (const ListEntry& entry : AllLists())
+    if (IsAlertList(entry)) parts.insert(entry.key);
+  return parts;
 }
 
-template <typename F>
-std::optional<ErrorText> FailureOf(const F& act) {
+std::optional<ErrorText> Told(const std::exception_ptr& failure) {
+  if (!failure) return {};
   try {
-    act();
-    return {};
+    std::rethrow_exception(failure);
   } catch (const std::exception& error) {
     return Describe(error);
   }
 }
 
-}  // namespace
-
-AlertBoard::AlertBoard(QObject* parent) : QObject(parent), families_(AllFamilies()) {
-  connect(&timer_, &QTimer::timeout, this, &AlertBoard::Step);
+bool Meet(const store::TableNames& some, const store::TableNames& others) {
+  return std::any_of(some.begin(), some.end(),
+                     [&](const std::string& each) { return others.count(each) != 0; });
 }
 
-void AlertBoard::Watch(Sistema* sistema) {
-  timer_.stop();
-  sistema_ = sistema;
+}  // namespace
+
+AlertBoard::AlertBoard(QObject* parent) : QObject(parent), families_(AllFamilies()) {}
+
+void AlertBoard::Watch(Workspace* workspace) {
+  ticket_.GiveUp();
+  busy_ = false;
+  workspace_ = workspace;
   families_ = AllFamilies();
   feed_failure_.reset();
   steps_ = {setup::Step::kFill};
+  tables_.clear();
+  stale_ = AllParts();
   Q_EMIT Changed();
 }
 
 void AlertBoard::Refresh(bool with_feed) {
-  if (sistema_ == nullptr) return;
-  next_ = 0;
+  if (workspace_ == nullptr) return;
+  workspace_->TakeWritten();
+  stale_ = AllParts();
   with_feed_ = with_feed;
-  timer_.start(0);
+  Ask();
+}
+
+void AlertBoard::RefreshChanged(bool with_feed) {
+  if (workspace_ == nullptr) return;
+  const store::TableNames written = workspace_->TakeWritten();
+  if (platform::Today() != day_) stale_ = AllParts();
+  for (const auto& [part, tables] : tables_)
+    if (Meet(tables, written)) stale_.insert(part);
+  with_feed_ = with_feed;
+  Ask();
+}
+
+/// Has the parts found that are wanted; what was asked for before, and has not come, is among them.
+void AlertBoard::Ask() {
+  ticket_.GiveUp();
+  busy_ = false;
+  day_ = platform::Today();
+  std::set<std::string> parts = stale_;
+  if (!with_feed_) parts.erase(kFeedPart);
+  if (parts.empty()) return;
+  busy_ = true;
+  ticket_ = workspace_->reader().Ask(
+      this, [parts](const BackgroundReader::StoreRef& store) { return ReadAlerts(store, parts); },
+      [this](std::map<std::string, AlertPart> found) { Take(std::move(found)); },
+      [this](const ErrorText& failure) { TakeFailure(failure); });
 }
 
 void AlertBoard::Finish() {
-  while (IsBusy()) Step();
+  if (workspace_ != nullptr) workspace_->reader().Finish();
 }
 
 std::optional<long> AlertBoard::Total() const {
@@ -68,42 +99,40 @@ std::optional<long> AlertBoard::Total() const {
   return total;
 }
 
-void AlertBoard::Step() {
-  const std::size_t step = next_++;
-  if (step < families_.size())
-    Count(families_[step]);
-  else if (step == families_.size())
-    ReadSteps();
-  else
-    ReadFeed();
-  if (next_ > families_.size() + (with_feed_ ? 1 : 0)) timer_.stop();
+/// What could not be read is tried again by the next request.
+void AlertBoard::Take(std::map<std::string, AlertPart> found) {
+  busy_ = false;
+  for (auto& [key, part] : found) {
+    if (!part.failure) stale_.erase(key);
+    if (key == kFeedPart) TakeFeed(part);
+    if (key == kStepsPart && !part.failure) steps_ = part.steps;
+    for (AlertFamily& family : families_) {
+      if (key != family.entry->key) continue;
+      family.has_very_soon = part.has_very_soon;
+      family.failure = Told(part.failure);
+      family.counts = part.failure ? std::nullopt : std::optional(part.counts);
+    }
+    tables_[key] = std::move(part.tables);
+  }
   Q_EMIT Changed();
 }
 
-/// What can't be read is told by the families.
-void AlertBoard::ReadSteps() {
-  FailureOf([this] { steps_ = setup::StepsDone(sistema_->ICrmSistema_ZorDataAccess); });
-}
-
-void AlertBoard::ReadFeed() {
-  RecordsetRef feed = EmptyFeed();
-  feed_failure_ = FailureOf([&] { sistema_->ICrmSistema_AlertasAdd(feed); });
+/// No connection could be made: nothing is known.
+void AlertBoard::TakeFailure(const ErrorText& failure) {
+  busy_ = false;
   for (AlertFamily& family : families_) {
-    family.feed.clear();
-    for (feed->MoveFirst(); !feed->Eof(); feed->MoveNext())
-      if (feed->Fields("Entidade").Value().ToText() == family.entry->title)
-        family.feed = ToQt(feed->Fields("Texto").Value().ToText());
+    family.failure = failure;
+    family.counts.reset();
   }
+  Q_EMIT Changed();
 }
 
-void AlertBoard::Count(AlertFamily& family) {
-  family.counts.reset();
-  family.failure = FailureOf([&] {
-    const std::unique_ptr<ICrmVwList> list = sistema_->MostraListas(family.entry->key);
-    auto& alerts = dynamic_cast<AlertList&>(*list);
-    family.has_very_soon = alerts.TemFaixa(Tools::Faixa::kMuitoBreve);
-    family.counts = alerts.Contar();
-  });
+void AlertBoard::TakeFeed(const AlertPart& part) {
+  feed_failure_ = Told(part.failure);
+  for (AlertFamily& family : families_) {
+    const auto text = part.feed.find(family.entry->title);
+    family.feed = text == part.feed.end() ? QString() : ToQt(text->second);
+  }
 }
 
 QString AlertsCounted(long rows) {

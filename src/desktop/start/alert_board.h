@@ -1,18 +1,20 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
+#include <map>
 #include <optional>
 #include <set>
+#include <string>
 #include <vector>
 
-#include "alerts/alert_counts.h"
+#include "desktop/database/background_reader.h"
 #include "desktop/list/list_catalog.h"
-#include "desktop/shell/message_box.h"
-#include "host/sistema.h"
-#include "setup/first_steps.h"
+#include "desktop/start/alert_reading.h"
+#include "platform/date.h"
 
 namespace desktop {
+
+class Workspace;
 
 /// One family of alerts: what the module's feed says of it, and how many rows its list has.
 struct AlertFamily {
@@ -23,22 +25,24 @@ struct AlertFamily {
   std::optional<ErrorText> failure;  // of the last count
 };
 
-/// What is due in the database that is open. It is found anew on request, one family at a time while the
-/// window has nothing else to do; until a family's turn comes, its last numbers stand.
+/// What is due in the database that is open. It is found anew on request, away from the window's thread;
+/// until then the last numbers stand.
 class AlertBoard : public QObject {
   Q_OBJECT
 
  public:
   explicit AlertBoard(QObject* parent);
 
-  /// Looks at another database from now on; null for none. The module outlives the watch.
-  void Watch(zorCrmParvel::Sistema* sistema);
+  /// Looks at another database from now on; null for none. It outlives the watch.
+  void Watch(Workspace* workspace);
   /// Starts to find everything anew, and returns at once. The feed, which may have to look at every record,
   /// is only asked on request.
   void Refresh(bool with_feed);
+  /// The same for what is not known, what may have changed by what was written here, and on another day.
+  void RefreshChanged(bool with_feed);
   /// Finds what is left of the last request before it returns.
   void Finish();
-  bool IsBusy() const { return timer_.isActive(); }
+  bool IsBusy() const { return busy_; }
 
   const std::vector<AlertFamily>& families() const { return families_; }
   /// Why the feed couldn't be read to its end.
@@ -52,15 +56,18 @@ class AlertBoard : public QObject {
   void Changed();
 
  private:
-  void Step();
-  void Count(AlertFamily& family);
-  void ReadFeed();
-  void ReadSteps();
+  void Ask();
+  void Take(std::map<std::string, AlertPart> found);
+  void TakeFailure(const ErrorText& failure);
+  void TakeFeed(const AlertPart& part);
 
-  zorCrmParvel::Sistema* sistema_ = nullptr;
-  QTimer timer_;
-  std::size_t next_ = 0;  // the step to come: the families, the first steps, the feed
+  Workspace* workspace_ = nullptr;
+  ReadTicket ticket_;
+  bool busy_ = false;
   bool with_feed_ = false;
+  platform::Date day_;                               // of the last request
+  std::set<std::string> stale_;                      // parts to be found anew
+  std::map<std::string, store::TableNames> tables_;  // behind each part that was found
   std::vector<AlertFamily> families_;
   std::optional<ErrorText> feed_failure_;
   std::set<setup::Step> steps_ = {setup::Step::kFill};  // until they are read

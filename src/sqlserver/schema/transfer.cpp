@@ -6,6 +6,8 @@
 
 #include "platform/runtime_error.h"
 #include "sqlserver/dialect.h"
+#include "sqlserver/row_text.h"
+#include "sqlserver/row_writer.h"
 #include "sqlserver/schema/schema_script.h"
 #include "sqlserver/session.h"
 #include "tsql/catalog.h"
@@ -39,23 +41,6 @@ long CountOf(DataAccess& data, const tsql::Table& table) {
   return rows->Fields("n").Value().ToLong();
 }
 
-/// Adds a cell to a text that is the same for equal rows alone.
-void Append(const Cell& cell, std::string& text) {
-  const auto raw = [&text](const auto& value) {
-    text.append(reinterpret_cast<const char*>(&value), sizeof value);
-  };
-  text += cell.IsNull() ? '0' : '1';
-  if (cell.IsNull()) return;
-  if (cell.type() == FieldType::kText || cell.type() == FieldType::kBytes) {
-    raw(cell.block().size());
-    text += cell.block();
-  } else if (cell.type() == FieldType::kDouble) {
-    raw(cell.real());
-  } else {
-    raw(cell.integer());
-  }
-}
-
 /// The rows of a table in any order, each by the hash of its values.
 std::vector<std::size_t> Fingerprint(DataAccess& data, const tsql::Table& table) {
   const RecordsetRef rows = RowsOf(data, table);
@@ -63,7 +48,7 @@ std::vector<std::size_t> Fingerprint(DataAccess& data, const tsql::Table& table)
   std::string text;
   for (std::size_t row = 0; row < rows->RowsAtHand() || rows->FetchMore(1); ++row) {
     text.clear();
-    for (std::size_t i = 0; i < table.columns.size(); ++i) Append(rows->CellAt(row, i), text);
+    for (std::size_t i = 0; i < table.columns.size(); ++i) AppendCell(rows->CellAt(row, i), text);
     hashes.push_back(std::hash<std::string>()(text));
   }
   std::sort(hashes.begin(), hashes.end());
@@ -82,17 +67,14 @@ void AllowNumbers(Session& session, const tsql::Table& table, const char* onOrOf
 
 void CopyRows(DataAccess& from, Session& to, const tsql::Table& table) {
   const RecordsetRef rows = RowsOf(from, table);
-  std::string places;
-  for (std::size_t i = 0; i < table.columns.size(); ++i) places += i == 0 ? "?" : ", ?";
-  const std::string sql =
-      "INSERT INTO " + Bracketed(table.name) + " (" + ColumnNames(table) + ") VALUES (" + places + ")";
-  Parameters parameters;
-  for (; !rows->Eof(); rows->MoveNext()) {
-    parameters.Clear();
+  RowWriter writer(to, table, rows->FieldList());
+  for (std::size_t row = 0; row < rows->RowsAtHand() || rows->FetchMore(1); ++row) {
+    RowWriter::Values values;
     for (std::size_t i = 0; i < table.columns.size(); ++i)
-      parameters.Add(rows->FieldList()[i], rows->Fields(i).Value());
-    to.Write(sql, parameters);
+      values.emplace_back(rows->CellAt(row, i).ToVariant());
+    writer.Add(values, false);
   }
+  writer.Finish();
 }
 
 void CopyTable(DataAccess& from, Database& to, const tsql::Table& table) {
@@ -105,6 +87,17 @@ void CopyTable(DataAccess& from, Database& to, const tsql::Table& table) {
                        "Os registos de " + table.name +
                            " não ficaram iguais no servidor: a tabela ficou vazia, como estava.");
   batch.Commit();
+}
+
+/// Copies a table; why it could not be, or nothing. A lost connection ends the transfer.
+std::string RefusalOf(DataAccess& from, Database& to, const tsql::Table& table) {
+  try {
+    CopyTable(from, to, table);
+    return {};
+  } catch (const RuntimeError& error) {
+    if (error.number() == platform::kEngineFailure) throw;
+    return error.description();
+  }
 }
 
 void RequireTables(Database& to) {
@@ -143,8 +136,7 @@ void Transfer(DataAccess& from, Database& to, const std::function<void(const Tra
   for (const tsql::Table& table : to.catalog().tables()) {
     const bool already = std::find(brought.begin(), brought.end(), &table) != brought.end();
     const long rows = CountOf(from, table);
-    if (!already && rows > 0) CopyTable(from, to, table);
-    done({table.name, rows, already});
+    done({table.name, rows, already, already || rows == 0 ? "" : RefusalOf(from, to, table)});
   }
 }
 

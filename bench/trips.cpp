@@ -1,0 +1,234 @@
+// Round trips that the window's and the terminal's actions cost over a server, counted by the session: they
+// are the same whatever the size of the fleet, and each has its limit. The times are those of a server 20 ms
+// away.
+
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+
+#include "alert_fleet.h"
+#include "alerts/alert_list.h"
+#include "demo/demo.h"
+#include "desktop/start/alert_reading.h"
+#include "events/gastos_form.h"
+#include "exchange/import.h"
+#include "host/sistema.h"
+#include "quiet_host.h"
+#include "sqlserver/database.h"
+#include "sqlserver/schema/transfer.h"
+#include "sqlserver/session.h"
+#include "stand_in.h"
+#include "store/database_choice.h"
+#include "vehicles/viaturas_form.h"
+
+namespace {
+
+using namespace zorCrmParvel;
+
+constexpr double kMillisecondsATrip = 20;
+constexpr const char* kPlate = "V100000";
+
+/// A fleet on the server, as the hosts open it.
+class FarFleet {
+ public:
+  FarFleet(const std::string& name, int vehicles)
+      : fleet_(name, {vehicles, vehicles, vehicles, vehicles, true}) {
+    FillEvents();
+    sqlserver::OpenOptions options;
+    options.connection = bench::StandInConnection(fleet_.database()->path());
+    server_ = sqlserver::Database::Open(options);
+    near_ = store::Near(server_);
+  }
+
+  const std::shared_ptr<Store>& store() const { return near_; }
+  sqlserver::Database& server() const { return *server_; }
+  const sqlserver::Traffic& traffic() const { return server_->session().traffic(); }
+
+ private:
+  void Run(const std::string& sql) const {
+    bench::Require(sqlite3_exec(fleet_.connection(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
+  }
+  /// 285 fines and accidents of the first vehicle, and 16,000 expenses.
+  void FillEvents() const {
+    const std::string n = "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < ";
+    const std::string plate = std::string("'") + kPlate + "'";
+    const std::string driver = "'M' || (100000 + i % 90), ";
+    Run(n +
+        "150) INSERT INTO zor_PV_Multas (Matricula, Motorista, Obs, Data, Valor, Responsabilidade) SELECT " +
+        plate + ", " + driver + "'', 3600000000 + i * 86400, 300000, 0 FROM n");
+    Run(n + "135) INSERT INTO zor_PV_Sinistros (Matricula, Motorista, Obs, Data, Custo) SELECT " + plate +
+        ", " + driver + "'', 3600000000 + i * 86400, 0 FROM n");
+    Run("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel, PrecoUn) VALUES ('GASOLEO', 'Gasóleo', "
+        "1, "
+        "16590)");
+    Run(n +
+        "16000) INSERT INTO zor_PV_Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, "
+        "Custo, TipoGasto) SELECT 'V' || (100000 + i % 40), 'M100000', 'Posto', 3600000000 + (i / 40) * "
+        "86400, '', 400000, (i / 40) * 5000000, 16590, 663600, 'GASOLEO' FROM n");
+  }
+
+  bench::AlertFleet fleet_;
+  std::shared_ptr<sqlserver::Database> server_;
+  std::shared_ptr<Store> near_;
+};
+
+struct Counted {
+  std::string what;
+  long trips;
+  long rows;
+};
+
+/// Rows of the table: what an action costs, against its limit and against what it cost on another fleet.
+class Table {
+ public:
+  void Begin(const std::string& fleet) {
+    std::printf("\n%-46s %8s %9s %8s %8s\n", fleet.c_str(), "trips", "seconds", "limit", "rows");
+    row_ = 0;
+  }
+  void Row(const std::string& what, long limit, const FarFleet& fleet, const std::function<void()>& act,
+           bool constant = true) {
+    const sqlserver::Traffic before = fleet.traffic();
+    act();
+    const long trips = fleet.traffic().trips - before.trips;
+    const bool first = row_ == counted_.size();
+    if (first) counted_.push_back(trips);
+    const bool same = !constant || counted_[row_] == trips;
+    ++row_;
+    held_ = held_ && trips <= limit && same;
+    std::printf("%-46s %8ld %9.2f %8ld %8ld%s%s\n", what.c_str(), trips,
+                static_cast<double>(trips) * kMillisecondsATrip / 1000, limit,
+                fleet.traffic().rows - before.rows, trips <= limit ? "" : "  PASSED",
+                same ? "" : "  GROWS WITH THE FLEET");
+  }
+  bool held() const { return held_; }
+
+ private:
+  std::vector<long> counted_;
+  std::size_t row_ = 0;
+  bool held_ = true;
+};
+
+std::set<std::string> Parts(bool feed) {
+  std::set<std::string> parts = {desktop::kStepsPart};
+  for (const desktop::ListEntry& entry : desktop::AllLists())
+    if (desktop::IsAlertList(entry)) parts.insert(entry.key);
+  if (feed) parts.insert(desktop::kFeedPart);
+  return parts;
+}
+
+/// The parts of the board that rows of some tables can change.
+std::set<std::string> PartsOf(const FarFleet& fleet, const store::TableNames& written) {
+  std::set<std::string> parts;
+  for (const auto& [key, part] : desktop::ReadAlerts(fleet.store(), Parts(false)))
+    for (const std::string& table : part.tables)
+      if (written.count(table) != 0) parts.insert(key);
+  return parts;
+}
+
+void Read(const FarFleet& fleet, const std::set<std::string>& parts) {
+  for (const auto& [key, part] : desktop::ReadAlerts(fleet.store(), parts)) bench::Require(!part.failure);
+}
+
+void OpenFicha(const FarFleet& fleet) {
+  Viaturas form;
+  form.Load();
+  form.mybd = fleet.store();
+  form.Edicao = true;
+  form.CarregaViatura(kPlate);
+}
+
+/// A month's file of a fuel company, after the fills that the fleet has.
+std::string Fills(int rows, int vehicles) {
+  std::ostringstream file;
+  file << "Matricula;Data;TipoGasto;Qtd;ValorUn;Km;Obs\n";
+  for (int i = 0; i < rows; ++i)
+    file << 'V' << 100000 + i % vehicles << ';' << 1 + i / vehicles % 28 << "-01-2095 0" << i / vehicles % 10
+         << ":15;GASOLEO;40,5;1,659;" << 1000000 + i / vehicles * 500 << ";Posto d'Aveiras\n";
+  return file.str();
+}
+
+std::string Fines(int rows, int vehicles) {
+  std::ostringstream file;
+  file << "Matricula;Data;Motorista;Valor;Obs\n";
+  for (int i = 0; i < rows; ++i)
+    file << 'V' << 100000 + i % vehicles << ";0" << 1 + i % 9 << "-02-2026 08:" << 10 + i % 50 << ";M100000;"
+         << 30 + i << ";\n";
+  return file.str();
+}
+
+void Import(const FarFleet& fleet, const char* what, const std::string& text, long rows) {
+  std::istringstream file(text);
+  std::ostringstream report;
+  const auto target = exchange::MakeImportTarget(what, fleet.store());
+  const auto result = exchange::ImportCsv(*fleet.store(), *target, file, false, report);
+  if (result.added != rows) std::printf("%s", report.str().c_str());
+  bench::Require(result.added == rows);
+}
+
+void Small(Table& table, const FarFleet& fleet) {
+  const DataAccessRef bd(fleet.store());
+  Sistema sistema;
+  sistema.ICrmSistema_ZorDataAccess = bd;
+  table.Row("start page with feed", 16, fleet, [&] { Read(fleet, Parts(true)); });
+  const auto after = PartsOf(fleet, {"zor_pv_gastos", "zor_pv_viaturas"});
+  table.Row("after the ficha of an expense closes", 10, fleet, [&] { Read(fleet, after); });
+  table.Row("alert list of inspections", 4, fleet, [&] { Read(fleet, {"AlertasInsp"}); });
+  table.Row("alert list of drivers", 4, fleet, [&] { Read(fleet, {"AlertasMot"}); });
+  table.Row("feed", 12, fleet, [&] { Read(fleet, {desktop::kFeedPart}); });
+  table.Row("ficha of a vehicle, 285 fines and accidents", 16, fleet, [&] { OpenFicha(fleet); });
+  Gastos form;
+  form.mybd = bd;
+  form.TipoMostrar = 1;
+  form.Matricula = kPlate;
+  form.Load();
+  form.Carrega(1);
+  table.Row("save of an expense", 6, fleet, [&] { form.UserPresses(form.botoes.btConf); });
+  RecordsetRef rows;
+  bd->AbrirEdicao("SELECT * FROM zor_PV_Multas WHERE Id=0", rows);
+  rows->AddNew();
+  rows->Fields("Matricula").SetValue(kPlate);
+  table.Row("new numbered row", 1, fleet, [&] { rows->Update(); });
+  clGastos expense;
+  expense.bd = bd;
+  expense.Codigo = kPlate;
+  expense.Data = platform::Date::FromParts(2014, 1, 30);
+  table.Row("next of 16,000 expenses", 2, fleet, [&] { expense.LerProximo(); });
+}
+
+void Large(Table& table) {
+  const FarFleet fleet("parvel-bench-trips-import", 500);
+  table.Begin("500 vehicles");
+  const std::string fills = Fills(5000, 500);
+  table.Row("importar gastos, 5,000 rows", 200, fleet, [&] { Import(fleet, "gastos", fills, 5000); });
+  table.Row("importar multas, 500 rows", 200, fleet, [&] { Import(fleet, "multas", Fines(500, 500), 500); });
+  const bench::Folder empty("parvel-bench-trips-transfer");
+  sqlserver::OpenOptions options;
+  options.connection = bench::StandInConnection(empty.File());
+  const auto target = sqlserver::Database::Open(options);
+  const auto from = embedded::Database::Open(fleet.server().session().Part("Database"));
+  long rows = 0;
+  sqlserver::Transfer(*from, *target, [&](const sqlserver::TransferredTable& each) { rows += each.rows; });
+  std::printf("%-46s %8ld %9.2f %8ld %8ld\n", "transferir", target->session().traffic().trips,
+              static_cast<double>(target->session().traffic().trips) * kMillisecondsATrip / 1000, rows / 100,
+              rows);
+}
+
+}  // namespace
+
+int main() {
+  const bench::QuietHost host;
+  Sistema sistema;
+  Table table;
+  for (const int vehicles : {100, 500, 5000}) {
+    const FarFleet fleet("parvel-bench-trips", vehicles);
+    table.Begin(std::to_string(vehicles) + " vehicles");
+    Small(table, fleet);
+  }
+  Table large;
+  Large(large);
+  return table.held() && large.held() ? 0 : 1;
+}

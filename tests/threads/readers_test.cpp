@@ -1,0 +1,91 @@
+// Readers beside the thread that works: run under the thread sanitizer by ./dev check.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+#include "desktop/list/list_catalog.h"
+#include "desktop/start/alert_reading.h"
+#include "embedded/database.h"
+#include "events/gastos_form.h"
+#include "host/sistema.h"
+#include "store/near_store.h"
+#include "support/fleet.h"
+#include "support/scripted_host.h"
+#include "support/temporary_folder.h"
+
+namespace schema {
+extern const char* const kTables;
+}
+
+namespace threads_tests {
+namespace {
+
+using zorCrmParvel::DataAccessRef;
+
+class ReadersTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const DataAccessRef bd(database_);
+    zorCrmParvel::Batch batch(*database_);
+    for (int i = 10; i < 40; ++i) {
+      testing_support::AddVehicle(bd, "AA-" + std::to_string(i) + "-AA");
+      testing_support::AddDriver(bd, "M" + std::to_string(i), "Ana");
+    }
+    bd->ExecutarSql("",
+                    "UPDATE zor_PV_Viaturas SET Categoria='LIGM', DataMatricula='2022.03.15', "
+                    "AnoMatricula=2022, KmActual=1000, KmPrxRev=9000, Inactiva=0");
+    batch.Commit();
+  }
+
+  static std::set<std::string> Parts() {
+    std::set<std::string> parts = {desktop::kStepsPart, desktop::kFeedPart};
+    for (const desktop::ListEntry& entry : desktop::AllLists())
+      if (desktop::IsAlertList(entry)) parts.insert(entry.key);
+    return parts;
+  }
+  static long Due(const std::shared_ptr<zorCrmParvel::Store>& store) {
+    long rows = 0;
+    for (const auto& [key, part] : desktop::ReadAlerts(store, Parts())) {
+      EXPECT_FALSE(part.failure) << key;
+      rows += part.counts.linhas;
+    }
+    return rows;
+  }
+
+  testing_support::ScriptedHost host_;
+  testing_support::TemporaryFolder folder_;
+  std::shared_ptr<embedded::Database> database_ = embedded::Database::Open(folder_.File("frota.db"));
+};
+
+TEST_F(ReadersTest, AlertsAreFoundBesideWork) {
+  const long due = Due(database_);
+  EXPECT_GT(due, 0);
+  std::atomic<bool> over = false;
+  std::vector<std::thread> readers;
+  for (const bool near : {false, true})
+    readers.emplace_back([&, near] {
+      std::shared_ptr<zorCrmParvel::Store> store = database_->Opener()();
+      if (near) store = std::make_shared<store::NearStore>(store, schema::kTables);
+      while (!over) EXPECT_EQ(Due(store), due);
+    });
+  zorCrmParvel::Sistema sistema;
+  sistema.ICrmSistema_ZorDataAccess = DataAccessRef(database_);
+  zorCrmParvel::clGastos fill;
+  fill.bd = sistema.ICrmSistema_ZorDataAccess;
+  for (int i = 0; i < 20; ++i) {
+    fill.Id = 0;
+    fill.Codigo = "AA-10-AA";
+    fill.Data = platform::Date::FromParts(2024, 1, 1 + i);
+    fill.Custo = i;
+    fill.Escrever();
+    EXPECT_NE(sistema.MostraListas("Gastos"), nullptr);
+    EXPECT_NE(zorCrmParvel::FormCatalog::Shared().Make("Gastos"), nullptr);
+  }
+  over = true;
+  for (std::thread& reader : readers) reader.join();
+}
+
+}  // namespace
+}  // namespace threads_tests
