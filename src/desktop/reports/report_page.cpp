@@ -99,7 +99,7 @@ QString ReportPage::Title() const { return QString::fromUtf8(reports::TextosDe(r
 QString ReportPage::CountText() const {
   if (failure_ || result() == nullptr) return {};
   const RowOrder& order = table_->grid().order();
-  if (!order.search().isEmpty()) return QStringLiteral("%1 de %2").arg(order.Count()).arg(source_->Rows());
+  if (!order.search().empty()) return QStringLiteral("%1 de %2").arg(order.Count()).arg(source_->Rows());
   return Counted(source_->Rows(), QStringLiteral("linha"), QStringLiteral("linhas"));
 }
 
@@ -176,8 +176,8 @@ void ReportPage::ShowState() {
   if (failure_) {
     message_->Show(QStringLiteral("Não foi possível calcular o relatório."), WithDetails(*failure_),
                    QStringLiteral("&Tentar de novo"), [this] { Compute(); });
-  } else if (order.Count() == 0 && !order.search().isEmpty()) {
-    message_->Show(QStringLiteral("Nenhuma linha corresponde a «%1».").arg(order.search()), {},
+  } else if (order.Count() == 0 && !order.search().empty()) {
+    message_->Show(QStringLiteral("Nenhuma linha corresponde a «%1».").arg(ToQt(order.search())), {},
                    QStringLiteral("&Limpar a procura"), [this] {
                      Search({});
                      Q_EMIT SearchCleared();
@@ -236,7 +236,7 @@ void ReportPage::TakeFocus() {
     message_->setFocus();  // what is computed takes it over
 }
 
-QString ReportPage::SearchText() const { return table_->grid().order().search(); }
+QString ReportPage::SearchText() const { return ToQt(table_->grid().order().search()); }
 
 void ReportPage::Search(const QString& text) {
   table_->Search(text);

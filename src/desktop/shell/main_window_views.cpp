@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QMenu>
 
 #include "desktop/list/view_dialog.h"
