@@ -88,7 +88,7 @@ TEST_F(ImportCommandsTest, WhatCantBeDoneIsTold) {
       {{"importar", "gastos", File("extracto.csv"), "--perfil", "extracto", "--linhas", File("a.doc")},
        kFailed,
        "xlsx"},
-      {{"importar", "gastos", File("extracto.csv"), "--recusadas", File("r.csv")}, kUsage, "--perfil"},
+      {{"importar", "gastos", File("extracto.csv"), "--recusadas", File("r.csv")}, kUsage, "não se entendem"},
       {{"perfis", "remover", "extracto"}, kDone, ""},
   };
   for (const auto& one : cases) {

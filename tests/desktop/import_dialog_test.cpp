@@ -81,7 +81,8 @@ TEST_F(ImportDialogTest, AFileIsMappedCorrectedStoredTakenBackAndKnownTheNextTim
     EXPECT_TRUE(Cell(dialog, 2, 2).contains("ZZ-99-ZZ")) << Cell(dialog, 2, 2).toStdString();
     auto* model = dialog.findChild<desktop::PlanModel*>();
     EXPECT_TRUE(model->setData(model->index(2, 3), "10-GJ-10", Qt::EditRole));
-    EXPECT_EQ(Cell(dialog, 2, 1), "nova");
+    EXPECT_EQ(Cell(dialog, 2, 1), "aviso");
+    EXPECT_TRUE(Cell(dialog, 2, 2).contains(" km em ")) << Cell(dialog, 2, 2).toStdString();
     ClickButton(dialog, "Guardar 3 registos");
     EXPECT_TRUE(Text(dialog, "Guardadas").contains("Linhas do ficheiro: 3, 100,94 €"))
         << Text(dialog, "Guardadas").toStdString();

@@ -120,6 +120,8 @@ void ImportDialog::GoTo(Page page) {
   title_->setText(QString::fromUtf8(kTitles[page]));
   pages_->setCurrentIndex(page);
   ShowButtons();
+  // Where nothing can be stored yet, Enter must not cancel.
+  if (page == kPreview) (next_->isEnabled() ? static_cast<QWidget*>(next_) : preview_page_)->setFocus();
 }
 
 void ImportDialog::ShowButtons() {

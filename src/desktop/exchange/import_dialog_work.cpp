@@ -86,6 +86,7 @@ void ImportDialog::Check() {
              [&](const exchange::Progress& progress) { plan_->Check(progress); });
   preview_page_->Refresh();
   ShowButtons();
+  if (next_->isEnabled()) next_->setFocus();
 }
 
 void ImportDialog::CreateCodes() {

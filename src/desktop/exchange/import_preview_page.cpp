@@ -63,6 +63,7 @@ ImportPreviewPage::ImportPreviewPage(QWidget* parent)
     foot->addWidget(button);
   }
   column->addLayout(foot);
+  setFocusProxy(codes_);
   connect(codes_, &QPushButton::clicked, this, &ImportPreviewPage::CodesWanted);
   connect(refused_, &QPushButton::clicked, this, &ImportPreviewPage::RefusedWanted);
   connect(export_, &QPushButton::clicked, this, &ImportPreviewPage::TableWanted);
@@ -95,6 +96,8 @@ void ImportPreviewPage::Show(exchange::ImportPlan* plan) {
 
 void ImportPreviewPage::Refresh() {
   model_->Refresh();
+  table_->resizeColumnsToContents();
+  table_->setColumnWidth(2, Em(this) * kReasonWidth);
   ShowCounts();
 }
 

@@ -81,7 +81,9 @@ void Plausibility::Warn() {
     if (found.evento->id >= 0) continue;
     const std::size_t row = expenses_[static_cast<std::size_t>(-1 - found.evento->id)].row;
     Why why = plan_.table.WhyOf(row);
-    why.reason += (why.reason.empty() ? "" : " ") + found.texto + ".";
+    // Of two rows of the file neither has a number yet.
+    const bool again = found.regra == reports::Regra::kRepetido;
+    why.reason += (why.reason.empty() ? "" : " ") + (again ? "Outro gasto igual no mesmo dia." : found.texto);
     plan_.table.SetWhy(row, std::move(why));
     plan_.table.rows[row].state = RowState::kWarning;
   }

@@ -12,7 +12,8 @@ const std::array<ColumnWords, 83> kColumnWords = {{
     {"", "Data", "Data",
      "data hora|data e hora|data|date|fecha|date time|datetime|data transaccao|data transacao|transaction "
      "date|"
-     "data da transaccao|data movimento|data saida|exit date|fecha salida|start date|data documento|dia|day|"
+     "dt transaccao|dt transacao|dt movimento|data da transaccao|data movimento|data saida|exit date|fecha "
+     "salida|start date|data documento|dia|day|"
      "date de transaction|end time|start time|timestamp"},
     {"", "Hora", "Hora",
      "hora|time|heure|hora transaccao|hora transacao|hora saida|exit time|transaction time"},
@@ -93,7 +94,7 @@ const std::array<ColumnWords, 83> kColumnWords = {{
     {"|viaturas|", "DataKmInicial", "Data dos km iniciais", "data km inicial|data km|data dos km"},
     {"|viaturas|", "DataMatricula", "Data da matrícula",
      "data matricula|data da matricula|data de matricula|registration date|primeira matricula|"
-     "first registration|fecha matriculacion|date immatriculation|data 1 matricula"},
+     "first registration|fecha matriculacion|date immatriculation|data 1 matricula|data 1a matricula"},
     {"|viaturas|", "AnoMatricula", "Ano", "ano|ano matricula|ano da matricula|ano de matricula|year|annee"},
     {"|viaturas|", "NoMotor", "N.º do motor", "no motor|n motor|numero motor|engine number|motor"},
     {"|viaturas|", "Cilindrada", "Cilindrada", "cilindrada|engine size|cc|displacement|cylindree|cm3"},
