@@ -173,6 +173,9 @@ void RowOrder::FindWords(std::vector<char>& passing) const {
 void RowOrder::Group() {
   if (!group_) return;
   groups_ = GroupsOf(Read(*group_), rows_);
+  // Groups come in the order of their column, turned round with it.
+  if (sort_ && sort_->column == *group_ && sort_->direction == SortDirection::kDescending)
+    std::reverse(groups_.begin(), groups_.end());
   rows_.clear();
   for (RowGroup& one : groups_) {
     one.open = open_.count(one.title) != 0;

@@ -7,11 +7,12 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QStatusBar>
+#include <tuple>
 
-#include "desktop/list/choice_dialog.h"
-#include "desktop/list/filter_bar.h"
-#include "desktop/list/vehicle_field_dialog.h"
-#include "desktop/list/view_dialog.h"
+#include "desktop/list/tools/choice_dialog.h"
+#include "desktop/list/tools/filter_bar.h"
+#include "desktop/list/tools/vehicle_field_dialog.h"
+#include "desktop/list/tools/view_dialog.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/sidebar.h"
 #include "events/gastos.h"
@@ -27,9 +28,9 @@ namespace {
 using desktop::ListPage;
 using platform::Date;
 
-class ListPageTest : public OpenWindow {
+class ListPagesTest : public OpenWindow {
  protected:
-  ListPageTest() {
+  ListPagesTest() {
     testing_support::AddFleet(bd(), 10000);
     testing_support::AddVehicle(bd(), "99-ZZ-99");
     const std::tuple<const char*, int, const char*, const char*> expenses[] = {
@@ -58,7 +59,7 @@ class ListPageTest : public OpenWindow {
   }
 };
 
-TEST_F(ListPageTest, NewestFirstWithWhatARowIsWorthAndWhatAllComeTo) {
+TEST_F(ListPagesTest, NewestFirstWithWhatARowIsWorthAndWhatAllComeTo) {
   EXPECT_EQ(Shown("Custo"), "80,50 4,00 50,00");
   EXPECT_EQ(Shown("Motorista"), "Ana Ana Ana");
   QTRY_VERIFY(page().FooterText().contains("Custo: soma 134,50, média 44,83"));
@@ -66,7 +67,7 @@ TEST_F(ListPageTest, NewestFirstWithWhatARowIsWorthAndWhatAllComeTo) {
   QTRY_VERIFY(page().FooterText().startsWith("Dos 3 seleccionados"));
 }
 
-TEST_F(ListPageTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey) {
+TEST_F(ListPagesTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey) {
   window.actions().filter->trigger();
   auto& header = table().filters();
   QTest::keyClicks(header.FieldOf(Column("Custo")), "> 10");
@@ -95,7 +96,7 @@ TEST_F(ListPageTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey) 
   EXPECT_EQ(table().model()->rowCount(), 3);
 }
 
-TEST_F(ListPageTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
+TEST_F(ListPagesTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
   table().setCurrentIndex(table().model()->index(0, Column("Matricula")));
   Choose(*window.actions().columns_menu, "Agrupar por «Matrícula»");
   EXPECT_EQ(Shown("Custo"), "54,00 80,50");
@@ -124,7 +125,7 @@ TEST_F(ListPageTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
   EXPECT_EQ(Shown("Custo"), "54,00 80,50");
 }
 
-TEST_F(ListPageTest, SeveralAreRemovedAfterOneQuestionAndComeBackTogether) {
+TEST_F(ListPagesTest, SeveralAreRemovedAfterOneQuestionAndComeBackTogether) {
   table().selectAll();
   desk.script.Answer("Sim");
   window.actions().remove->trigger();
@@ -136,7 +137,7 @@ TEST_F(ListPageTest, SeveralAreRemovedAfterOneQuestionAndComeBackTogether) {
   EXPECT_EQ(table().model()->rowCount(), 3);
 }
 
-TEST_F(ListPageTest, AFieldOfManyVehiclesIsSetAsOneAct) {
+TEST_F(ListPagesTest, AFieldOfManyVehiclesIsSetAsOneAct) {
   testing_support::AddCode<zorCrmParvel::clDepartamentos>(bd(), "COM", "Comercial");
   window.ShowList("Viaturas");
   table().selectAll();
@@ -154,7 +155,7 @@ TEST_F(ListPageTest, AFieldOfManyVehiclesIsSetAsOneAct) {
   EXPECT_EQ(Shown("Departamento").trimmed(), "");
 }
 
-TEST_F(ListPageTest, TypedLettersGoToTheRow) {
+TEST_F(ListPagesTest, TypedLettersGoToTheRow) {
   window.ShowList("Viaturas");
   table().setFocus();
   QTest::keyClicks(&table(), "99z");

@@ -114,7 +114,7 @@ TEST_F(FileTest, RefusesADatabaseOfALaterVersionOrDamaged) {
   Add(Open(Options("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NOT NULL, CONSTRAINT PK PRIMARY "
                    "KEY (Codigo));")),
       "A");
-  ExpectRefused("é da versão 12 e este programa só conhece até à versão 4. Actualize o programa");
+  ExpectRefused("é da versão 12 e este programa só conhece até à versão 3. Actualize o programa");
   WriteContents(file_, Contents(file_).substr(0, 4096 + 100));
   ExpectRefused("danificada", Options("-- versão 12\nCREATE TABLE Codigos (Codigo nvarchar(10) NULL);"));
 }

@@ -87,7 +87,7 @@ TEST_F(EntryTest, LikeTheLastTakesTypeDriverAndPriceOfTheVehiclesLast) {
 }
 
 TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
-  for (int day = 1; day <= 6; ++day)
+  for (int day = 1; day <= 12; ++day)
     AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, day), "GASOLEO", "40", "66,36", 10000 + 600 * day);
   Gastos form;
   Open(form);
@@ -99,7 +99,7 @@ TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
   EXPECT_TRUE(warnings.Of(form).empty()) << warnings.Of(form).front();
   form.Campo[8].Text = "9000";
   ASSERT_FALSE(warnings.Of(form).empty());
-  form.Campo[8].Text = "14200";
+  form.Campo[8].Text = "17800";
   const auto fine = warnings.Of(form);
   EXPECT_TRUE(fine.empty()) << fine.front();
   form.Campo[5].Text = "400";

@@ -161,6 +161,8 @@ TEST(RowOrderTest, GroupsHaveHeadingsAndOpenOneByOne) {
   order.GroupBy(1);
   order.OpenAll(true);
   EXPECT_EQ(Places(order), "[(sem valor) 1] 3 [10-2026 1] 1 [11-2026 2] 0 2");
+  order.Sort(SortBy{1, SortDirection::kDescending});
+  EXPECT_EQ(Places(order), "[11-2026 2] 0 2 [10-2026 1] 1 [(sem valor) 1] 3");
 }
 
 TEST(RowOrderTest, SumsAreExactAndSkipWhatIsNoNumber) {

@@ -2,8 +2,8 @@
 
 #include <QSettings>
 
-#include "desktop/list/list_look.h"
 #include "desktop/list/table_view.h"
+#include "desktop/list/tools/list_look.h"
 #include "desktop/look/text.h"
 
 namespace desktop {

@@ -7,10 +7,10 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
-#include "desktop/list/filter_bar.h"
 #include "desktop/list/list_form.h"
-#include "desktop/list/list_look.h"
 #include "desktop/list/list_source.h"
+#include "desktop/list/tools/filter_bar.h"
+#include "desktop/list/tools/list_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_page.h"
@@ -112,7 +112,7 @@ QString ListPage::CountText() const {
   if (failure_ || (is_reading_ && table_->grid().order().Count() == 0)) return {};
   const RowOrder& order = table_->grid().order();
   const long all = table_->grid().source().Rows();
-  const QString count = order.IsNarrowed()
+  QString count = order.IsNarrowed()
                             ? QStringLiteral("%1 de %2").arg(order.RowCount()).arg(all)
                             : Counted(all, QStringLiteral("registo"), QStringLiteral("registos"));
   const std::size_t marked = WorkRows().size();

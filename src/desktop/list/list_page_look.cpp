@@ -1,11 +1,11 @@
 #include <QLabel>
 #include <QMenu>
 
-#include "desktop/list/choice_dialog.h"
-#include "desktop/list/column_menu.h"
-#include "desktop/list/filter_bar.h"
 #include "desktop/list/list_form.h"
-#include "desktop/list/list_look.h"
+#include "desktop/list/tools/choice_dialog.h"
+#include "desktop/list/tools/column_menu.h"
+#include "desktop/list/tools/filter_bar.h"
+#include "desktop/list/tools/list_look.h"
 #include "desktop/look/text.h"
 #include "lists/condition.h"
 #include "lists/footer.h"

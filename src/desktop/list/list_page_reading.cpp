@@ -52,6 +52,7 @@ void ListPage::Load() {
 void ListPage::RestoreOnce() {
   if (std::exchange(restored_, true)) return;
   memory_.Restore(*table_, IsEventList(entry_));
+  table_->GoToTop();
   ShowState();
 }
 

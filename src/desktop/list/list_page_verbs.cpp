@@ -28,7 +28,8 @@ void ListPage::Verb(const QString& name, const std::function<void()>& verb) {
   ShowAfter([&] { Guarded(window(), [&] { history::ActHere(words, verb); }); });
   const std::optional<history::Operation> last = LastAct();
   if (last && (!before || before->number != last->number)) {
-    const std::string record = last->record.empty() ? std::string() : ", " + last->record;
+    const bool named = last->record.empty() || last->words.ends_with(last->record);
+    const std::string record = named ? std::string() : ", " + last->record;
     Q_EMIT Told(ToQt("Guardado: " + last->words + record + " (Ctrl+Z anula)"));
   }
   Q_EMIT Worked();

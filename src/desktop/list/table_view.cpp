@@ -101,6 +101,12 @@ void TableView::SetCurrentRow(long row) {
   setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
 }
 
+void TableView::GoToTop() {
+  const std::vector<std::size_t> visible = model_->source().VisibleColumns();
+  if (model_->rowCount() > 0 && !visible.empty())
+    setCurrentIndex(model_->index(0, static_cast<int>(visible.front())));
+}
+
 std::vector<long> TableView::MarkedRows() const {
   std::vector<int> places;
   for (const QItemSelectionRange& range : selectionModel()->selection())

@@ -41,6 +41,8 @@ class TableView : public QTableView {
 
   /// The source's rows that are marked, from the top.
   std::vector<long> MarkedRows() const;
+  /// Chooses what stands at the top.
+  void GoToTop();
   /// Puts the rows that are marked on the clipboard. Several are marked with Shift, all with Ctrl+A; the one
   /// that commands work on stays the current one.
   void Copy();

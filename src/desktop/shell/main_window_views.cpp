@@ -1,7 +1,7 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "desktop/list/view_dialog.h"
+#include "desktop/list/tools/view_dialog.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
@@ -11,6 +11,7 @@
 #include "desktop/start/handled_counts.h"
 #include "desktop/start/start_page.h"
 #include "history/who.h"
+#include "platform/runtime_error.h"
 
 namespace desktop {
 
@@ -29,18 +30,22 @@ void MainWindow::ConnectViews() {
 /// What was done about alerts, once all of them are counted.
 void MainWindow::ShowHandled() {
   if (workspace_ == nullptr || page_ != nullptr || alerts_->IsBusy()) return;
-  Guarded(this, [this] {
+  try {
     for (const AlertFamily& family : alerts_->families())
       start_->ShowHandled(family.entry->key, HandledNow(workspace_->sistema(), *family.entry));
-  });
+  } catch (const platform::RuntimeError&) {
+    // the cards say themselves why their alerts can't be read
+  }
 }
 
 void MainWindow::ReadViews() {
   views_.clear();
-  Guarded(this, [this] {
+  try {
     views_ = lists::ViewsOf(zorCrmParvel::DataAccessRef(workspace_->store()),
                             history::Who::OfThisProcess().operador);
-  });
+  } catch (const platform::RuntimeError&) {
+    Tell(QStringLiteral("Não foi possível ler as vistas das listas."));
+  }
   sidebar_->ShowViews(views_);
 }
 

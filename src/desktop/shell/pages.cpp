@@ -26,7 +26,8 @@ Page* MakeReport(Workspace& workspace, QSettings& settings, QWidget* parent) {
 const std::vector<OwnPage>& OwnPages() {
   using reports::TipoDeRelatorio;
   static const std::vector<OwnPage> pages = {
-      {"Calendario", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
+      {"Calendario",
+       [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new MonthPage(workspace, parent);
        }},
       {"Historico", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {

@@ -1,10 +1,10 @@
 #include <string_view>
 
 #include "desktop/history/record_commands.h"
-#include "desktop/list/handling_dialog.h"
 #include "desktop/list/list_page.h"
 #include "desktop/list/row_entry.h"
-#include "desktop/list/vehicle_field_dialog.h"
+#include "desktop/list/tools/handling_dialog.h"
+#include "desktop/list/tools/vehicle_field_dialog.h"
 #include "desktop/look/text.h"
 #include "desktop/reports/evolution_dialog.h"
 

@@ -180,7 +180,8 @@ void MonthPage::ShowDay() {
   list_->setAccessibleName(QStringLiteral("Prazos de %1").arg(day_->text()));
   if (of_day_.empty()) {
     auto* none = new QListWidgetItem(QStringLiteral("Nada vence neste dia."), list_);
-    none->setFlags(Qt::NoItemFlags);
+    none->setFlags(Qt::ItemIsEnabled);
+    none->setForeground(MutedText(palette()));
   } else {
     list_->setCurrentRow(0);
   }

@@ -1,4 +1,4 @@
-#include "desktop/list/filter_bar.h"
+#include "desktop/list/tools/filter_bar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,5 +1,6 @@
-#include "desktop/list/handling_dialog.h"
+#include "desktop/list/tools/handling_dialog.h"
 
+#include <QDate>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLabel>
@@ -82,6 +83,7 @@ HandlingDialog::HandlingDialog(bool puts_off, long alerts, QWidget* parent)
   buttons->addWidget(cancel);
   buttons->addWidget(done);
   column->addLayout(buttons);
+  (puts_off ? static_cast<QWidget*>(until_) : note_)->setFocus();
 }
 
 due::Handling HandlingDialog::Handling() const {

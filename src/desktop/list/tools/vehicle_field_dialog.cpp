@@ -1,4 +1,4 @@
-#include "desktop/list/vehicle_field_dialog.h"
+#include "desktop/list/tools/vehicle_field_dialog.h"
 
 #include <QComboBox>
 #include <QFormLayout>

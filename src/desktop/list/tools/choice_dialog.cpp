@@ -1,4 +1,4 @@
-#include "desktop/list/choice_dialog.h"
+#include "desktop/list/tools/choice_dialog.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -56,6 +56,7 @@ ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std
   buttons->addWidget(cancel);
   buttons->addWidget(choose);
   column->addLayout(buttons);
+  search_->setFocus();
   resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
 }
 

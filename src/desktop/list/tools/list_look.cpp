@@ -1,4 +1,4 @@
-#include "desktop/list/list_look.h"
+#include "desktop/list/tools/list_look.h"
 
 #include "desktop/list/table_view.h"
 #include "desktop/look/text.h"

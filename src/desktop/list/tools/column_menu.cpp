@@ -1,4 +1,4 @@
-#include "desktop/list/column_menu.h"
+#include "desktop/list/tools/column_menu.h"
 
 #include <QMenu>
 #include <algorithm>

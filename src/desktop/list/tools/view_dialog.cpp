@@ -1,4 +1,4 @@
-#include "desktop/list/view_dialog.h"
+#include "desktop/list/tools/view_dialog.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -56,6 +56,7 @@ ViewDialog::ViewDialog(QWidget* parent)
   buttons->addWidget(cancel);
   buttons->addWidget(keep);
   column->addLayout(buttons);
+  name_->setFocus();
 }
 
 QString ViewDialog::Name() const { return name_->text().trimmed(); }
