@@ -146,7 +146,7 @@ const std::vector<Definicao>& Definicoes() {
        {{"Categoria", "a categoria"}},
        {{"Classe", "a classe", Genero::kInteiro}}},
       {"regras",
-       "Regras das excepções: activas (1 ou 0) e limiar",
+       "Regras das excepções: se estão activas, e o limiar",
        "parvel_Regras",
        {{"Regra", "a regra"}},
        {{"Activa", "se está activa", Genero::kInteiro}, {"Limiar", "o limiar", Genero::kNumero}}}};

@@ -66,7 +66,7 @@ TEST_F(ReportCommandTest, WhatCannotBeMeantIsRefusedWithAdvice) {
                         Case{{"custos", "--periodo", "2026-T5"}, "2026-T1"},
                         Case{{"consumos", "--por", "motorista"}, "Pode ser por"},
                         Case{{"quilometros", "--motorista", "1"}, "Tire esse filtro"},
-                        Case{{"custos", "--json", "--xlsx", "f.xlsx"}, "--json"}}) {
+                        Case{{"custos", "--json", "--xlsx", "f.xlsx"}, "não vão juntas"}}) {
     EXPECT_EQ(Report(c.words), kUsage) << c.words.front();
     EXPECT_NE(err.str().find(c.advice), std::string::npos) << err.str();
   }

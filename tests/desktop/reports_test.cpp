@@ -41,7 +41,7 @@ class ReportsTest : public OpenWindow {
   }
 
   void Run(const QString& statement) {
-    bd()->ExecutarSql("", zorCrmParvel::Statement(statement.toUtf8().constData()));
+    window.workspace()->store()->ExecutarSql("", zorCrmParvel::Statement(statement.toUtf8().constData()));
   }
   static void Wait(ReportPage& page) {
     const auto before = page.result();

@@ -7,6 +7,7 @@
 #include <QChartView>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGraphicsLayout>
 #include <QGuiApplication>
 #include <QLegend>
 #include <QLegendMarker>
@@ -20,6 +21,7 @@
 #include <QValueAxis>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -35,6 +37,8 @@ constexpr Qt::BrushStyle kHatches[] = {Qt::SolidPattern,  Qt::BDiagPattern,    Q
                                        Qt::CrossPattern,  Qt::FDiagPattern,    Qt::HorPattern,
                                        Qt::Dense6Pattern, Qt::DiagCrossPattern};
 constexpr double kHeadroom = 1.08;
+constexpr double kLineRoom = 0.3;        // of the span, above and below
+constexpr double kLeastLineRoom = 0.05;  // of the highest
 
 template <typename T, std::size_t n>
 T Styled(const T (&styles)[n], std::size_t series) {
@@ -62,6 +66,18 @@ double Lowest(const reports::Grafico& chart) {
   return lowest;
 }
 
+/// Bars stand on zero; lines are shown where they move.
+std::pair<double, double> RangeOf(const reports::Grafico& chart) {
+  const double highest = Highest(chart);
+  if (chart.forma != reports::Forma::kLinhas)
+    return {Lowest(chart) * kHeadroom, highest > 0 ? highest * kHeadroom : 1};
+  double lowest = highest;
+  for (const reports::Serie& series : chart.series)
+    for (const auto& value : series.valores) lowest = std::min(lowest, value.value_or(lowest));
+  const double room = std::max((highest - lowest) * kLineRoom, std::abs(highest) * kLeastLineRoom);
+  return {std::max(0.0, lowest - room), highest + room};
+}
+
 }  // namespace
 
 ChartPanel::ChartPanel(QWidget* parent) : QWidget(parent), view_(new QChartView(new QChart, this)) {
@@ -82,6 +98,7 @@ void ChartPanel::Show(const reports::Grafico& chart) {
 void ChartPanel::Draw() {
   auto* chart = new QChart;
   chart->setBackgroundRoundness(0);
+  chart->layout()->setContentsMargins(0, 0, 0, 0);
   chart->setBackgroundBrush(palette().color(QPalette::Base));
   chart->setMargins(QMargins(Gap(this), Gap(this), Gap(this), Gap(this)));
   chart->setTitle(ToQt(shown_.titulo + (shown_.unidade.empty() ? "" : " (" + shown_.unidade + ")")));
@@ -92,13 +109,14 @@ void ChartPanel::Draw() {
   chart->legend()->setFont(font());
   chart->legend()->setLabelColor(palette().color(QPalette::Text));
   chart->legend()->setAlignment(Qt::AlignBottom);
-  chart->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
+  const bool lines = shown_.forma == reports::Forma::kLinhas;
+  chart->legend()->setMarkerShape(lines ? QLegend::MarkerShapeFromSeries : QLegend::MarkerShapeRectangle);
   chart->legend()->setVisible(shown_.series.size() > 1);
   if (shown_.Vazio()) {
     chart->setTitle(shown_.titulo.empty() ? QString()
                                           : ToQt(shown_.titulo) + QStringLiteral(": sem valores"));
   } else {
-    if (shown_.forma == reports::Forma::kLinhas)
+    if (lines)
       AddLines(*chart);
     else
       AddBars(*chart);
@@ -167,9 +185,11 @@ void ChartPanel::AddAxes(QChart& chart) {
   for (const std::string& place : shown_.lugares) names << ToQt(place);
   places->append(names);
   auto* values = new QValueAxis;
-  values->setRange(Lowest(shown_) * kHeadroom, Highest(shown_) > 0 ? Highest(shown_) * kHeadroom : 1);
+  const auto [lowest, highest] = RangeOf(shown_);
+  values->setRange(lowest, highest);
   values->applyNiceNumbers();
-  values->setLabelFormat(values->max() < 10 ? QStringLiteral("%.2f") : QStringLiteral("%.0f"));
+  values->setLabelFormat(values->max() - values->min() < 10 ? QStringLiteral("%.2f")
+                                                            : QStringLiteral("%.0f"));
   chart.setLocalizeNumbers(true);
   chart.setLocale(QLocale(QLocale::Portuguese, QLocale::Portugal));
   chart.addAxis(places, Qt::AlignBottom);
@@ -185,7 +205,9 @@ void ChartPanel::AddAxes(QChart& chart) {
     axis->setGridLineColor(LineColor(palette()));
   }
   places->setGridLineVisible(false);
-  if (names.size() > 6) places->setLabelsAngle(-60);
+  int widest = 0;
+  for (const QString& name : names) widest = std::max(widest, fontMetrics().horizontalAdvance(name));
+  if ((widest + Gap(this)) * names.size() > width() - 3 * Em(this)) places->setLabelsAngle(-60);
 }
 
 QString ChartPanel::ValueText(std::size_t series, int place) const {

@@ -10,6 +10,11 @@
 #include "platform/host.h"
 
 namespace desktop {
+namespace {
+
+constexpr std::size_t kContractsShown = 3;
+
+}  // namespace
 
 MonthPanel::MonthPanel(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
   grid_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
@@ -54,12 +59,18 @@ void MonthPanel::Show(const reports::ResumoDoMes& month) {
     AddLabel(ToQt(figure.ano), row++, 3, true);
     lines_ << ToQt(figure.nome + ": " + figure.valor + "; " + figure.antes + "; " + figure.ano);
   }
-  for (const auto& contract : month.leasing) {
-    AddLabel(QStringLiteral("Leasing ") + ToQt(contract.matricula), row, 0);
-    QLabel* text = AddLabel(ToQt(contract.texto), row, 1);
-    grid_->addWidget(text, row++, 1, 1, 3);
+  for (std::size_t i = 0; i < month.leasing.size(); ++i) {
+    const auto& contract = month.leasing[i];
     lines_ << ToQt(contract.matricula + ": " + contract.texto);
+    if (i >= kContractsShown) continue;
+    AddLabel(QStringLiteral("Leasing ") + ToQt(contract.matricula), row, 0);
+    grid_->addWidget(AddLabel(ToQt(contract.texto), row, 1), row, 1, 1, 3);
+    ++row;
   }
+  if (month.leasing.size() > kContractsShown)
+    AddLabel(
+        QStringLiteral("e mais %1, em ANÁLISE > Quilómetros").arg(month.leasing.size() - kContractsShown),
+        row, 0, true);
   grid_->setColumnStretch(4, 1);
   const bool known = std::any_of(month.figuras.begin(), month.figuras.end(),
                                  [](const auto& figure) { return figure.valor != "—"; });

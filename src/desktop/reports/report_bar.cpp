@@ -81,6 +81,7 @@ void ReportBar::ShowDays() {
   const reports::Periodo days = reports::PeriodoDe(choice_.prazo, platform::Today(), choice_.dias);
   for (const auto& [edit, day] : {std::pair(from_, days.de), std::pair(to_, days.ate)}) {
     edit->setEnabled(typed);
+    SetLocked(edit, !typed);
     if (!typed) edit->setDate(ToQt(platform::Date().AddDays(day)).date());
   }
 }

@@ -1,8 +1,15 @@
 #include "desktop/reports/report_source.h"
 
+#include <algorithm>
+
 #include "desktop/look/text.h"
 
 namespace desktop {
+namespace {
+
+constexpr char kTableName[] = "tabela";  // for machines and the terminal
+
+}  // namespace
 
 void ReportSource::Show(ResultRef result, std::size_t table) {
   result_ = std::move(result);
@@ -39,6 +46,17 @@ platform::Variant ReportSource::Value(long row, std::size_t column) const {
   return *date;
 }
 
+/// True for a column of words in which no row has any.
+bool ReportSource::IsBare(std::size_t column) const {
+  const reports::Formato format = Table().colunas[column].formato;
+  if (Table().faz || (format != reports::Formato::kTexto && format != reports::Formato::kLogico))
+    return false;
+  const auto says = [&](const reports::LinhaDaTabela& row) {
+    return !reports::TextoDa(row.celulas[column], format).empty();
+  };
+  return std::none_of(Table().linhas.begin(), Table().linhas.end(), says);
+}
+
 void ReportSource::Refresh() {
   columns_.clear();
   reason_.reset();
@@ -51,7 +69,7 @@ void ReportSource::Refresh() {
     if (column.chave == "l100") reasoned_ = i;
     columns_.push_back({.key = column.chave,
                         .caption = ToQt(column.titulo),
-                        .hidden = column.soParaMaquinas,
+                        .hidden = column.soParaMaquinas || column.chave == kTableName || IsBare(i),
                         .numeric = reports::ENumero(column.formato)});
   }
   if (reason_ && reasoned_) columns_[*reason_].hidden = true;

@@ -26,6 +26,7 @@ class ReportSource : public TableSource {
  private:
   const reports::Tabela& Table() const { return result_->relatorio.tabelas[table_]; }
   const reports::LinhaDaTabela& Line(long row) const;
+  bool IsBare(std::size_t column) const;
 
   ResultRef result_;
   std::size_t table_ = 0;

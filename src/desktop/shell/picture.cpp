@@ -11,6 +11,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/reports/in_background.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/start/alert_board.h"
 
@@ -93,6 +94,7 @@ void UseDarkColors() {
 bool TakePicture(MainWindow& window, const Options& options) {
   window.resize(Em(&window) * kWidth, Em(&window) * kHeight);
   window.alerts().Finish();
+  WaitForReads();
   QImage picture;
   const auto take = [&] {
     TurnToTab(options.tab.toInt());

@@ -58,11 +58,17 @@ Mes MesDe(const Frota& frota, const Periodo& periodo, std::int32_t tipo) {
   return mes;
 }
 
-std::vector<ResumoDoMes::Contrato> ContratosAcima(const zorCrmParvel::DataAccessRef& bd,
-                                                  const Pedido& pedido) {
+/// Of contracts that still run.
+std::vector<ResumoDoMes::Contrato> ContratosAcima(const zorCrmParvel::DataAccessRef& bd, const Pedido& pedido,
+                                                  Date hoje) {
+  Frota frota = Carregar(bd, NecessidadeDe(TipoDeRelatorio::kQuilometros, pedido));
+  for (Viatura& viatura : frota.viaturas)
+    if (viatura.valContrato < hoje) viatura.leasing.reset();
+  std::vector<Projeccao> projeccoes = ProjeccoesDeLeasing(frota, pedido);
+  std::stable_sort(projeccoes.begin(), projeccoes.end(),
+                   [](const auto& a, const auto& b) { return a.custo.value_or(0) > b.custo.value_or(0); });
   std::vector<ResumoDoMes::Contrato> contratos;
-  const Frota frota = Carregar(bd, NecessidadeDe(TipoDeRelatorio::kQuilometros, pedido));
-  for (const Projeccao& p : ProjeccoesDeLeasing(frota, pedido))
+  for (const Projeccao& p : projeccoes)
     if (p.acima10)
       contratos.push_back({p.matricula, Texto(p.previstos, "###,##0", "km") + " previstos para " +
                                             Texto(p.limite, "###,##0", "km") + "; " +
@@ -113,7 +119,7 @@ ResumoDoMes ResumoDe(const zorCrmParvel::DataAccessRef& bd, Date hoje) {
   junta("Custo", &Mes::custo, "###,##0.00", "€");
   junta(nome, &Mes::litros, "###,##0", unidade);
   junta("Consumo", &Mes::l100, "###,##0.00", unidade + "/100 km");
-  if (HaLeasing(frota)) resumo.leasing = ContratosAcima(bd, pedido);
+  if (HaLeasing(frota)) resumo.leasing = ContratosAcima(bd, pedido, hoje);
   return resumo;
 }
 

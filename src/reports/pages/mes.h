@@ -27,7 +27,7 @@ struct ResumoDoMes {
     std::string matricula;
     std::string texto;  // "53.000 km previstos para 40.000; 1.300,00 € a mais"
   };
-  std::vector<Contrato> leasing;
+  std::vector<Contrato> leasing;  // the dearest first
 };
 
 ResumoDoMes ResumoDe(const zorCrmParvel::DataAccessRef& bd, Date hoje);
