@@ -6,6 +6,7 @@
 #include "platform/runtime_error.h"
 #include "sqlserver/errors.h"
 #include "sqlserver/password_check.h"
+#include "sqlserver/result_numbers.h"
 
 namespace sqlserver {
 namespace {
@@ -18,36 +19,6 @@ bool IsTimeout(const OdbcFailure& failure) {
   const auto& all = failure.diagnostics();
   return std::any_of(all.begin(), all.end(),
                      [](const Diagnostic& each) { return each.state.starts_with("HYT"); });
-}
-
-/// Goes to the next result that has rows; false when there is none.
-bool AtRows(const OdbcStatement& statement) {
-  while (statement.Columns() == 0)
-    if (!statement.NextResult()) return false;
-  return true;
-}
-
-/// The number in the last row of a result, which is read to its end.
-std::optional<long> NumberHere(const OdbcStatement& statement) {
-  std::optional<long> found;
-  while (statement.Fetch()) {
-    SQLINTEGER number = 0;
-    SQLLEN length = SQL_NULL_DATA;
-    statement.Get(1, SQL_C_SLONG, &number, sizeof number, &length);
-    if (length != SQL_NULL_DATA) found = number;
-  }
-  return found;
-}
-
-/// The number in the last result that has one; all of them are read to their end, so that no failure behind
-/// them is missed.
-std::optional<long> NumberIn(const OdbcStatement& statement) {
-  std::optional<long> found;
-  while (AtRows(statement)) {
-    if (const auto number = NumberHere(statement)) found = number;
-    if (!statement.NextResult()) break;
-  }
-  return found;
 }
 
 }  // namespace

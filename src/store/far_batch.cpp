@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "platform/text.h"
-#include "sqlserver/row_text.h"
+#include "sqlserver/bulk/row_text.h"
 
 namespace store {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "sqlserver/table_changes.h"
+#include "sqlserver/bulk/table_changes.h"
 #include "store/near_tables.h"
 #include "store/table_watch.h"
 

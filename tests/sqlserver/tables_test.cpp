@@ -51,8 +51,14 @@ TEST_F(TablesTest, AnInterruptedTransferIsRunAgain) {
   EXPECT_EQ(Transfer(), "PT_Tudo 36 already; PT_Codigos 1; ");
   Run("DELETE FROM PT_Tudo");
   FailNextStatement({"42000", 1105, "Could not allocate space.", "INSERT INTO [PT_Tudo]"});
+  EXPECT_NE(ErrorOf([&] { Transfer(); }), "");
+  EXPECT_EQ(Count("PT_Tudo"), 0);
+}
+
+TEST_F(TablesTest, ARefusedRowIsNamedAndTheOtherTablesAreBrought) {
+  FailNextStatement({"23000", 547, "The INSERT statement conflicted.", "INSERT INTO [PT_Tudo]"});
   EXPECT_EQ(Transfer(),
-            "PT_Tudo, registo de Id «5», Nome «Évora»: Could not allocate space.; PT_Codigos 1 already; ");
+            "PT_Tudo, registo de Id «5», Nome «Évora»: The INSERT statement conflicted.; PT_Codigos 1; ");
   EXPECT_EQ(Count("PT_Tudo"), 0);
 }
 
@@ -61,7 +67,8 @@ TEST_F(TablesTest, OneTextOfManyRowsNamesTheRowThatIsRefused) {
   store_ = contract_tests::OpenSqliteFile(folder_.File("contrato.db"));
   sqlserver::Parameters none;
   session().Write("CREATE UNIQUE INDEX um ON PT_Tudo (Nome)", none);
-  EXPECT_NE(Transfer().find("PT_Tudo, registo de Id «6», Nome «Évora»: "), std::string::npos);
+  EXPECT_NE(ErrorOf([&] { Transfer(); }).find("PT_Tudo, registo de Id «6», Nome «Évora»: "),
+            std::string::npos);
   EXPECT_EQ(Count("PT_Tudo"), 0);
 }
 

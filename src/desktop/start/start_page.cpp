@@ -1,6 +1,5 @@
 #include "desktop/start/start_page.h"
 
-#include <QApplication>
 #include <QDate>
 #include <QGridLayout>
 #include <QLabel>
@@ -103,7 +102,7 @@ void StartPage::ShowBoard() {
                            : QString());
   notice_->setVisible(failure.has_value());
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
-  const bool had_focus = stack_->isAncestorOf(QApplication::focusWidget());
+  const bool had_focus = stack_->isAncestorOf(window()->focusWidget());  // also before the window is active
   steps_->Show(board_.steps());
   stack_->setCurrentWidget(ShowsSteps() ? static_cast<QWidget*>(steps_) : scroll_);
   if (had_focus) TakeFocus();

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "platform/runtime_error.h"
+#include "sqlserver/bulk/row_text.h"
+#include "sqlserver/bulk/row_writer.h"
 #include "sqlserver/dialect.h"
-#include "sqlserver/row_text.h"
-#include "sqlserver/row_writer.h"
 #include "sqlserver/schema/schema_script.h"
 #include "sqlserver/session.h"
 #include "tsql/catalog.h"

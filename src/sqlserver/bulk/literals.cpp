@@ -1,4 +1,4 @@
-#include "sqlserver/literals.h"
+#include "sqlserver/bulk/literals.h"
 
 #include <array>
 #include <charconv>

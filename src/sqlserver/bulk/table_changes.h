@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/recordset.h"
-#include "sqlserver/row_writer.h"
+#include "sqlserver/bulk/row_writer.h"
 #include "tsql/catalog.h"
 
 namespace sqlserver {

@@ -1,12 +1,12 @@
-#include "sqlserver/row_writer.h"
+#include "sqlserver/bulk/row_writer.h"
 
 #include <algorithm>
 
 #include "platform/runtime_error.h"
 #include "platform/stored_dates.h"
 #include "platform/text.h"
+#include "sqlserver/bulk/literals.h"
 #include "sqlserver/dialect.h"
-#include "sqlserver/literals.h"
 
 namespace sqlserver {
 namespace {

@@ -1,4 +1,4 @@
-#include "sqlserver/table_changes.h"
+#include "sqlserver/bulk/table_changes.h"
 
 namespace sqlserver {
 

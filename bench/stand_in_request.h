@@ -1,0 +1,279 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <deque>
+#include <map>
+#include <vector>
+
+#include "embedded/database.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "sqlserver/connection_text.h"
+#include "sqlserver/utf16.h"
+#include "sqlserver/values.h"
+#include "tsql/catalog.h"
+#include "tsql/parser.h"
+
+namespace schema {
+extern const char* const kTables;
+}
+
+/// What the stand-in for a server keeps of environments, connections and requests, and how a request runs.
+namespace bench {
+
+using platform::Cell;
+using platform::FieldType;
+using zorCrmParvel::RecordsetRef;
+
+constexpr std::size_t kWidest = 4000;  // of a text that is bound
+inline std::chrono::milliseconds delay{0};
+
+struct Thing {
+  virtual ~Thing() = default;
+  std::string words;  // of the last failure
+};
+
+struct Environment : Thing {};
+
+struct Connection : Thing {
+  std::shared_ptr<embedded::Database> database;
+  std::string numbered;  // the table that got a row last
+  bool batch = false;
+};
+
+struct Binding {
+  SQLSMALLINT type = 0;
+  char* value = nullptr;
+  SQLLEN room = 0;
+  SQLLEN* length = nullptr;
+};
+
+struct Parameter {
+  SQLSMALLINT type;
+  const char* value;
+  const SQLLEN* length;
+};
+
+struct Request : Thing {
+  explicit Request(Connection& owner) : connection(owner) {}
+  Connection& connection;
+  std::vector<Parameter> parameters;
+  std::deque<std::string> statements;  // still to run
+  RecordsetRef rows;                   // of the result in hand
+  std::size_t next = 0;
+  std::map<SQLUSMALLINT, Binding> bindings;
+  std::map<SQLINTEGER, SQLPOINTER> attributes;
+  std::map<SQLUSMALLINT, bool> given;  // long values of this row that were read
+};
+
+template <typename T>
+T& As(SQLHANDLE handle) {
+  return *static_cast<T*>(static_cast<Thing*>(handle));
+}
+
+inline std::string TextOf(const SQLWCHAR* text, SQLINTEGER length) {
+  return sqlserver::ToUtf8({reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(length)});
+}
+
+inline SQLSMALLINT Give(const std::string& text, SQLPOINTER place) {
+  const std::u16string wide = sqlserver::ToUtf16(text);
+  std::memcpy(place, wide.c_str(), (wide.size() + 1) * sizeof(char16_t));
+  return static_cast<SQLSMALLINT>(wide.size());
+}
+
+template <typename F>
+inline SQLRETURN Guarded(Thing& thing, const F& act) {
+  try {
+    return static_cast<SQLRETURN>(act());
+  } catch (const std::exception& error) {
+    thing.words = error.what();
+    return SQL_ERROR;
+  }
+}
+
+inline std::string LiteralOf(const Parameter& parameter) {
+  if (*parameter.length == SQL_NULL_DATA) return "NULL";
+  const auto length = static_cast<std::size_t>(*parameter.length);
+  switch (parameter.type) {
+    case SQL_C_BIT:
+      return *parameter.value != 0 ? "1" : "0";
+    case SQL_C_SSHORT:
+      return std::to_string(*reinterpret_cast<const SQLSMALLINT*>(parameter.value));
+    case SQL_C_SLONG:
+      return std::to_string(*reinterpret_cast<const SQLINTEGER*>(parameter.value));
+    case SQL_C_DOUBLE:
+      return std::to_string(*reinterpret_cast<const double*>(parameter.value));
+    case SQL_C_CHAR:
+      return {parameter.value, length};
+    case SQL_C_TYPE_TIMESTAMP: {
+      const auto& moment = *reinterpret_cast<const SQL_TIMESTAMP_STRUCT*>(parameter.value);
+      char text[64];
+      std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", moment.year, moment.month,
+                    moment.day, moment.hour, moment.minute, moment.second);
+      return text;
+    }
+    default:
+      break;
+  }
+  std::string literal = "N'";
+  for (const char c : TextOf(reinterpret_cast<const SQLWCHAR*>(parameter.value),
+                             static_cast<SQLINTEGER>(length / sizeof(SQLWCHAR))))
+    literal += c == '\'' ? std::string("''") : std::string(1, c);
+  return literal + "'";
+}
+
+/// The statements of a text, with the parameters in their places.
+inline std::deque<std::string> Statements(const std::string& text, const std::vector<Parameter>& parameters) {
+  std::deque<std::string> statements(1);
+  std::size_t next = 0;
+  bool quoted = false;
+  for (const char c : text) {
+    if (c == '\'') quoted = !quoted;
+    if (!quoted && c == ';')
+      statements.emplace_back();
+    else if (!quoted && c == '?')
+      statements.back() += LiteralOf(parameters.at(next++));
+    else if (c != '\n' || quoted || !statements.back().empty())
+      statements.back() += c;
+  }
+  if (statements.back().empty()) statements.pop_back();
+  return statements;
+}
+
+inline RecordsetRef OneNumber(long number) {
+  const auto rows = platform::MakeRef<platform::MemoryRecordset>();
+  rows->Append("Numero", FieldType::kLong, 4);
+  rows->Open();
+  rows->AddNew();
+  rows->Fields(0).SetValue(platform::Variant(static_cast<std::int32_t>(number)));
+  rows->Update();
+  return rows;
+}
+
+inline long LastNumber(Connection& connection) {
+  static const tsql::Catalog catalog = tsql::ParseSchema(schema::kTables);
+  for (const tsql::Column& column : catalog.Get(connection.numbered).columns) {
+    if (!column.identity) continue;
+    RecordsetRef rows;
+    const std::string statement = "SELECT MAX(" + column.name + ") AS n FROM " + connection.numbered;
+    connection.database->AbrirLeitura("", statement.c_str(), rows);
+    return rows->Fields("n").Value().ToLong();
+  }
+  return 0;
+}
+
+inline void Set(Connection& connection, const std::string& statement) {
+  constexpr std::string_view kNumbers = "SET IDENTITY_INSERT [";
+  if (!statement.starts_with(kNumbers)) return;
+  const auto end = statement.find(']');
+  connection.database->BringNumbers(statement.substr(kNumbers.size(), end - kNumbers.size()),
+                                    statement.ends_with("ON"));
+}
+
+inline SQLRETURN RunNext(Request& request) {
+  request.rows.reset();
+  request.next = 0;
+  if (request.statements.empty()) return SQL_NO_DATA;
+  const std::string statement = std::move(request.statements.front());
+  request.statements.pop_front();
+  return Guarded(request, [&] {
+    Connection& connection = request.connection;
+    embedded::Database& database = *connection.database;
+    if (statement.starts_with("SET ") || statement.starts_with("IF ")) {
+      Set(connection, statement);
+    } else if (statement.find("SCOPE_IDENTITY") != std::string::npos) {
+      request.rows = OneNumber(LastNumber(connection));
+    } else if (statement.find("@@ROWCOUNT") != std::string::npos ||
+               statement.find("XACT_STATE") != std::string::npos) {
+      request.rows = OneNumber(1);
+    } else if (platform::EqualsIgnoringCase(platform::Trim(statement).substr(0, 6), "select")) {
+      database.AbrirLeitura("", statement.c_str(), request.rows);
+    } else {
+      database.ExecutarSql("", statement.c_str());
+      if (statement.starts_with("INSERT INTO ["))
+        connection.numbered = statement.substr(13, statement.find(']') - 13);
+    }
+    return SQL_SUCCESS;
+  });
+}
+
+struct Shape {
+  SQLSMALLINT type;
+  SQLULEN width;
+};
+
+inline Shape ShapeOf(const platform::FieldInfo& field) {
+  const bool bound = field.definedSize > 0 && static_cast<std::size_t>(field.definedSize) <= kWidest;
+  switch (field.type) {
+    case FieldType::kBool:
+      return {SQL_BIT, 1};
+    case FieldType::kInteger:
+      return {SQL_SMALLINT, 5};
+    case FieldType::kLong:
+      return {SQL_INTEGER, 10};
+    case FieldType::kDouble:
+      return {SQL_DOUBLE, 15};
+    case FieldType::kCurrency:
+      return {SQL_DECIMAL, 19};
+    case FieldType::kDate:
+      return {SQL_TYPE_TIMESTAMP, 23};
+    case FieldType::kBytes:
+      return {SQL_VARBINARY, bound ? static_cast<SQLULEN>(field.definedSize) : 0};
+    case FieldType::kText:
+      break;
+  }
+  return {SQL_WVARCHAR, bound ? static_cast<SQLULEN>(field.definedSize) : 0};
+}
+
+template <typename T>
+inline SQLLEN Put(const T& value, char* place) {
+  std::memcpy(place, &value, sizeof value);
+  return sizeof value;
+}
+
+inline SQLLEN Put(const Cell& cell, SQLSMALLINT type, char* place) {
+  if (cell.IsNull()) return SQL_NULL_DATA;
+  switch (type) {
+    case SQL_C_BIT:
+      return Put(static_cast<unsigned char>(cell.integer() != 0 ? 1 : 0), place);
+    case SQL_C_SSHORT:
+      return Put(static_cast<SQLSMALLINT>(cell.integer()), place);
+    case SQL_C_SLONG:
+      return Put(static_cast<SQLINTEGER>(cell.integer()), place);
+    case SQL_C_SBIGINT:
+      return Put(static_cast<SQLBIGINT>(cell.integer()), place);
+    case SQL_C_DOUBLE:
+      return Put(cell.real(), place);
+    case SQL_C_TYPE_TIMESTAMP:
+      return Put(sqlserver::MomentOf(cell.ToVariant().ToDate()), place);
+    case SQL_C_CHAR: {
+      const std::string money = sqlserver::MoneyText(cell.ToVariant().ToCurrency());
+      std::memcpy(place, money.c_str(), money.size() + 1);
+      return static_cast<SQLLEN>(money.size());
+    }
+    case SQL_C_WCHAR:
+      return Give(std::string(cell.block()), place) * static_cast<SQLLEN>(sizeof(SQLWCHAR));
+    default:
+      std::memcpy(place, cell.block().data(), cell.block().size());
+      return static_cast<SQLLEN>(cell.block().size());
+  }
+}
+
+inline std::size_t RowsAtOnce(const Request& request) {
+  const auto found = request.attributes.find(SQL_ATTR_ROW_ARRAY_SIZE);
+  return found == request.attributes.end() ? 1 : reinterpret_cast<SQLULEN>(found->second);
+}
+
+/// The place of a row's value in what was bound.
+inline void Fill(Request& request, std::size_t place) {
+  for (auto& [column, binding] : request.bindings)
+    binding.length[place] = Put(request.rows->CellAt(request.next, column - 1U), binding.type,
+                                binding.value + static_cast<SQLLEN>(place) * binding.room);
+}
+
+}  // namespace bench
