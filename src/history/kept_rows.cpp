@@ -4,7 +4,6 @@
 
 namespace history {
 
-using platform::RuntimeError;
 using zorCrmParvel::RecordsetRef;
 
 KeptRows::KeptRows(KeepingStore& store, const tsql::Table& table, RecordsetRef inner)
@@ -76,7 +75,7 @@ bool KeptRows::KnowsWhole(const Assignments& values) const {
 }
 
 Image KeptRows::Before(std::size_t row, const Assignments& values) {
-  const Image read = RowAt(row);
+  Image read = RowAt(row);
   if (KnowsWhole(values)) return read;
   std::vector<const tsql::Column*> columns;
   for (std::size_t i = 0; i < fieldOf_.size(); ++i)
@@ -88,7 +87,7 @@ Image KeptRows::Before(std::size_t row, const Assignments& values) {
                                 KeyCondition(table_, read))
                                    .c_str(),
                                rows);
-  const Image now = rows->Eof() ? read : ImageOf(table_, *rows);  // the write will miss a row that is gone
+  Image now = rows->Eof() ? read : ImageOf(table_, *rows);  // the write will miss a row that is gone
   rows->Close();
   return now;
 }

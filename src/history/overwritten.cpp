@@ -11,8 +11,6 @@
 namespace history {
 namespace {
 
-using platform::Variant;
-
 /// A value of a row: table, folded key, column.
 using Place = std::tuple<const tsql::Table*, std::string, std::size_t>;
 

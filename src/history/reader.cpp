@@ -118,9 +118,10 @@ Slice ReadWriters(KeepingStore& store, const Filter& filter, const std::string& 
   Slice slice;
   long floor = std::max(0L, below - kTableSpan);
   const std::vector<long> numbers = WritersOf(store, filter.table, below, floor);
+  const std::string heads = std::string("SELECT ") + kHead + condition + " AND Id IN (";
   for (const std::string& list : ListsOf(numbers, kMostNumbers)) {
-    const RecordsetRef rows = OpenRows(
-        store, std::string("SELECT ") + kHead + condition + " AND Id IN (" + list + ") ORDER BY Id DESC");
+    std::string statement = heads;
+    const RecordsetRef rows = OpenRows(store, statement.append(list).append(") ORDER BY Id DESC"));
     for (Operation& each : TakeOperations(store, rows)) slice.operations.push_back(std::move(each));
   }
   slice.next = floor;

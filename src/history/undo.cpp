@@ -215,7 +215,7 @@ class Undoing {
           platform::kEngineFailure, "Histórico",
           "O conteúdo de um documento ou fotografia já não está guardado no histórico: a operação "
           "não se pode anular.");
-    const Variant content = rows->Fields("Conteudo").Value();
+    Variant content = rows->Fields("Conteudo").Value();
     rows->Close();
     return content;
   }

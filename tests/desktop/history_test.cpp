@@ -81,7 +81,7 @@ TEST_F(HistoryTest, ThePageShowsWhatWasDoneAndUndoesIt) {
   Confirm("REN", "Renault");
   Confirm("REN", "Renault 2");
   window.ShowList("Historico");
-  Page& page = *window.shown();
+  desktop::Page& page = *window.shown();
   auto& detail = *page.findChild<QTableWidget*>();
   EXPECT_EQ(Line(detail, 0).toStdString(), "Marcas REN|Nome: Renault → Renault 2");
   EXPECT_EQ(page.CountText(), QStringLiteral("2 operações"));

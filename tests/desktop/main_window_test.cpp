@@ -141,7 +141,7 @@ TEST_F(MainWindowTest, HomeEndAndLettersMoveInTheListsAndBesideThem) {
                                    {Qt::Key_M, "Motoristas"},
                                    {Qt::Key_Down, "Gastos"},
                                    {Qt::Key_T, "Tacógrafos"},
-                                   {Qt::Key_End, "Viagens"}}) {
+                                   {Qt::Key_End, "Histórico"}}) {
     QTest::qWait(5);
     Press(window, key);
     EXPECT_EQ(side->currentItem()->text(), title);

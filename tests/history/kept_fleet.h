@@ -80,7 +80,7 @@ class KeptFleetTest : public testing::Test {
   }
 
   std::string FileWith(const std::string& content) {
-    const std::string name = folder.File("f" + std::to_string(content.size()) + ".jpg");
+    std::string name = folder.File("f" + std::to_string(content.size()) + ".jpg");
     std::ofstream(name) << content;
     return name;
   }

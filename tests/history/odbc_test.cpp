@@ -12,6 +12,13 @@ using testing_support::Rows;
 using testing_support::Table;
 using zorCrmParvel::DataAccessRef;
 
+constexpr const char* kHistory =
+    "CREATE TABLE parvel_historico (Id int IDENTITY(1,1) NOT NULL, Operacao int NULL, Momento datetime NULL, "
+    "Operador nvarchar(60) NULL, Posto nvarchar(60) NULL, Texto nvarchar(200) NULL, Registo nvarchar(60) "
+    "NULL, "
+    "Anula int NULL, Tabela nvarchar(60) NULL, Chave nvarchar(100) NULL, Linhas int NULL, Antes "
+    "nvarchar(max) NULL, "
+    "Depois nvarchar(max) NULL, CONSTRAINT PK PRIMARY KEY (Id));";
 constexpr const char* kTables[] = {
     "CREATE TABLE PT_Codigos (Codigo nvarchar(10) NOT NULL PRIMARY KEY, Nome nvarchar(50))",
     "CREATE TABLE parvel_historico (Id INTEGER PRIMARY KEY AUTOINCREMENT, Operacao int, Momento datetime, "
@@ -21,10 +28,12 @@ constexpr const char* kTables[] = {
 /// Over ODBC, as on a server, what is written and its record stand or fall together.
 TEST(OdbcHistory, KeepsAWriteAndItsRecordTogether) {
   const testing_support::TemporaryFolder folder;
-  const auto database = contract_tests::OpenSqliteFile(folder.File("servidor.db"));
+  sqlserver::OpenOptions server;
+  server.connection = contract_tests::SqliteConnection(folder.File("servidor.db"));
+  server.schema = kSchema + kHistory;
+  const auto database = sqlserver::Database::Open(server);
   sqlserver::Parameters none;
-  for (const char* table : kTables)
-    dynamic_cast<sqlserver::Database&>(*database).session().Write(table, none);
+  for (const char* table : kTables) database->session().Write(table, none);
   Options options;
   options.who = {"ana", "posto 1"};
   options.schema = kSchema;

@@ -124,7 +124,7 @@ class Erasure {
         columns.push_back(column.name);
     if (columns.empty()) return;
     std::string keys;
-    for (const std::string& key : table.primaryKey) keys += Bracketed(key) + ", ";
+    for (const std::string& key : table.primaryKey) keys.append(Bracketed(key)).append(", ");
     for (const std::string& text : texts_.all()) {
       std::string names;
       std::string condition;
@@ -133,7 +133,9 @@ class Erasure {
         names.append(names.empty() ? "" : ", ").append(Bracketed(column));
         condition.append(joint).append(Bracketed(column)).append(" LIKE ").append(Anywhere(text));
       }
-      Clear("SELECT " + keys + names + " FROM " + Bracketed(table.name) + " WHERE " + condition, columns);
+      std::string statement = "SELECT ";
+      statement.append(keys).append(names).append(" FROM ").append(Bracketed(table.name));
+      Clear(statement.append(" WHERE ").append(condition), columns);
     }
   }
 

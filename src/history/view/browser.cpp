@@ -14,6 +14,7 @@ void Tell(const Step& step, std::size_t row, std::vector<DetailLine>& lines) {
   const tsql::Table& table = *step.table;
   const Image* before = row < step.before.size() ? &step.before[row] : nullptr;
   const Image* after = row < step.after.size() ? &step.after[row] : nullptr;
+  if (before == nullptr && after == nullptr) return;
   const std::string record =
       NameOfTable(table.name) + " " + KeyText(table, before != nullptr ? *before : *after);
   if (before == nullptr || after == nullptr)
