@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextTable>
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -11,7 +12,7 @@
 namespace desktop {
 namespace {
 
-constexpr int kPictureWidth = 38;  // at most, in lines of text
+constexpr int kPictureWidth = 36;  // at most, in lines of text
 
 /// Small letters without accents, as many as there were.
 QString Unaccented(const QString& text) {
@@ -30,13 +31,29 @@ ManualBrowser::ManualBrowser(QWidget* parent) : QTextBrowser(parent) {
   setFrameShape(QFrame::NoFrame);
   setAccessibleName(QStringLiteral("Página do manual"));
   document()->setDocumentMargin(WideGap(this));
+  connect(this, &QTextBrowser::sourceChanged, this, &ManualBrowser::DrawTablesFlat);
 }
 
 void ManualBrowser::ShowPage(const manual::Page& page) {
   setSource(QUrl(ToQt(page.name) + QStringLiteral(".md")), QTextDocument::MarkdownResource);
 }
 
-QString ManualBrowser::PageName() const { return source().path().section(QLatin1Char('.'), 0, 0); }
+QString ManualBrowser::NameOf(const QUrl& page) { return page.path().section(QLatin1Char('.'), 0, 0); }
+
+void ManualBrowser::DrawTablesFlat() {
+  for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(LineColor(palette()));
+    format.setCellSpacing(0);
+    format.setCellPadding(Gap(this) / 2.0);
+    table->setFormat(format);
+  }
+}
 
 QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
   const QString file = name.fileName();

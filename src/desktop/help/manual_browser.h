@@ -20,12 +20,14 @@ class ManualBrowser : public QTextBrowser {
   /// first place that has all of them, or else to the first that has one.
   void MarkWords(const QStringList& words);
   /// The name of the page shown; empty for none.
-  QString PageName() const;
+  QString PageName() const { return NameOf(source()); }
+  static QString NameOf(const QUrl& page);
 
   QVariant loadResource(int type, const QUrl& name) override;
 
  private:
   QVariant Picture(const QString& file) const;
+  void DrawTablesFlat();
 };
 
 }  // namespace desktop

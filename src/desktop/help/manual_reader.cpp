@@ -38,6 +38,7 @@ ManualReader::ManualReader(QWidget* parent)
   Build();
   Connect();
   Fill();
+  browser_->setFocus();
   resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
 }
 
@@ -94,7 +95,9 @@ void ManualReader::Connect() {
   connect(pages_, &QListWidget::itemActivated, browser_, [this] { browser_->setFocus(); });
   connect(back_, &QPushButton::clicked, browser_, &QTextBrowser::backward);
   connect(browser_, &QTextBrowser::backwardAvailable, back_, &QWidget::setEnabled);
-  connect(browser_, &QTextBrowser::sourceChanged, this, &ManualReader::MarkShown);
+  // The browser tells before it knows itself what it shows.
+  connect(browser_, &QTextBrowser::sourceChanged, this,
+          [this](const QUrl& page) { Mark(ManualBrowser::NameOf(page)); });
 }
 
 /// The pages, or those that the search finds, each with what it says of the words.
@@ -112,7 +115,7 @@ void ManualReader::Fill() {
   for (const manual::Hit& hit : manual::Search(FromQt(words))) add(*hit.page, hit.paragraph);
   nothing_->setVisible(pages_->count() == 0);
   if (words.isEmpty()) browser_->MarkWords({});
-  MarkShown();
+  Mark(browser_->PageName());
 }
 
 void ManualReader::ShowChosen() {
@@ -125,9 +128,8 @@ void ManualReader::ShowChosen() {
 }
 
 /// The list follows the links of the pages.
-void ManualReader::MarkShown() {
+void ManualReader::Mark(const QString& shown) {
   const QSignalBlocker quiet(pages_);
-  const QString shown = browser_->PageName();
   pages_->setCurrentRow(-1);
   for (int row = 0; row < pages_->count(); ++row)
     if (pages_->item(row)->data(Qt::UserRole).toString() == shown) pages_->setCurrentRow(row);

@@ -37,7 +37,7 @@ class ManualReader : public QDialog {
   void Connect();
   void Fill();
   void ShowChosen();
-  void MarkShown();
+  void Mark(const QString& shown);
 
   QLineEdit* search_;
   QListWidget* pages_;
