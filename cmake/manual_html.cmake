@@ -11,4 +11,5 @@ if(CMARK_GFM)
     DEPENDS ${MANUAL_SOURCES} ${CMAKE_SOURCE_DIR}/cmake/write_manual_html.cmake ${CMAKE_SOURCE_DIR}/cmake/manual_page.html.in
     VERBATIM)
   add_custom_target(manual_html ALL DEPENDS ${MANUAL_HTML}/index.html)
+  install(DIRECTORY ${MANUAL_HTML}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/parvel-desktop/manual COMPONENT parvel-desktop)
 endif()
