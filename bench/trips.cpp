@@ -11,8 +11,7 @@
 #include <string>
 
 #include "alert_fleet.h"
-#include "alerts/alert_list.h"
-#include "demo/demo.h"
+#include "desktop/list/list_catalog.h"
 #include "desktop/start/alert_reading.h"
 #include "events/gastos_form.h"
 #include "exchange/import.h"
