@@ -7,7 +7,9 @@
 #include "console/calls.h"
 #include "console/kept_store.h"
 #include "console/program.h"
+#include "exchange/imports/take_back.h"
 #include "history/figures.h"
+#include "history/outside.h"
 #include "history/retention.h"
 #include "history/undo.h"
 #include "history/view/browser.h"
@@ -100,7 +102,21 @@ int Settle(const Calls& calls, const HistoryOptions& options) {
   return kDone;
 }
 
+/// An import is undone by its taking back.
+void KnowImports() {
+  history::SetUndoing(
+      "parvel_importacoes", [](const auto& inner, const std::string& key, const auto& beforeCommit) {
+        std::vector<std::string> lines;
+        for (const exchange::KeptRow& kept : exchange::TakeBackImport(inner, std::stol(key), [&] {
+                                               beforeCommit("Anular: Importação " + key);
+                                             }).kept)
+          lines.push_back(kept.table + " " + kept.key + " " + kept.why);
+        return lines;
+      });
+}
+
 int UndoOne(const Calls& calls, const HistoryOptions& options) {
+  KnowImports();
   const auto store = OpenKept(calls);
   const auto conflicts = history::Conflicts(*store, options.number);
   if (!conflicts.empty() && !options.overwrite) {

@@ -15,12 +15,21 @@
 #include "exchange/plan/import_plan.h"
 #include "exchange/profile/profile_store.h"
 #include "exchange/shape/profile_guess.h"
+#include "history/outside.h"
 
 namespace console {
 namespace {
 
 using exchange::ImportPlan;
 using exchange::RowState;
+
+constexpr const char* kImports = "parvel_importacoes";
+
+/// What the history calls an import.
+std::string ImportWords(long number, const std::string& file, long rows) {
+  return "Importação " + std::to_string(number) + ": " + file + " (" + std::to_string(rows) +
+         (rows == 1 ? " linha)" : " linhas)");
+}
 
 std::string UserName() {
   const char* user = std::getenv("USER");
@@ -115,7 +124,11 @@ int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
     plan.Check();
     stored.rows = plan.Sums();
   } else {
-    stored = plan.Store(std::filesystem::path(import.file).filename().string(), checksum, UserName());
+    const std::string name = std::filesystem::path(import.file).filename().string();
+    const history::KeepingStore kept(database);
+    stored = plan.Store(name, checksum, UserName(), {}, [&](long number, long rows) {
+      history::NoteIn(*database, ImportWords(number, name, rows), kImports, std::to_string(number));
+    });
   }
   TellRows(plan, calls.out);
   TellSums(stored.rows, import.simulate, calls.out);
@@ -173,7 +186,11 @@ int RunImports(const Calls& calls, const std::vector<std::string>& words) {
     calls.err << "Use: parvel importacoes [anular NÚMERO].\n";
     return kUsage;
   }
-  const exchange::TakenBack back = exchange::TakeBackImport(calls.Open(), std::stol(words[1]));
+  const auto database = calls.Open();
+  const history::KeepingStore noting(database);
+  const exchange::TakenBack back = exchange::TakeBackImport(database, std::stol(words[1]), [&] {
+    history::NoteUndoneIn(*database, "Anular: Importação " + words[1], kImports, words[1]);
+  });
   for (const exchange::KeptRow& kept : back.kept) {
     calls.out << "fica: " << kept.table << " " << kept.key;
     if (kept.line > 0) calls.out << " (linha " << kept.line << ")";

@@ -17,6 +17,18 @@ std::map<std::string, OutsideUndoing>& Undoings() {
 
 void SetUndoing(const std::string& table, OutsideUndoing undoing) { Undoings()[table] = std::move(undoing); }
 
+void NoteIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+            const std::string& key) {
+  for (KeepingStore* store : OpenStores())
+    if (store->inner().get() == &inner) store->Note(words, table, key);
+}
+
+void NoteUndoneIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+                  const std::string& key) {
+  for (KeepingStore* store : OpenStores())
+    if (store->inner().get() == &inner) store->NoteUndone(words, table, key);
+}
+
 std::optional<Noted> NotedBy(KeepingStore& store, long operation) {
   const auto rows = OpenRows(store,
                              "SELECT Tabela, Chave FROM parvel_historico WHERE Linhas = 0 AND Tabela IS NOT "

@@ -20,6 +20,13 @@ using OutsideUndoing = std::function<std::vector<std::string>(
 /// Hosts say how what is noted under a table (see `KeepingStore::Note`) is undone.
 void SetUndoing(const std::string& table, OutsideUndoing undoing);
 
+/// Notes, in the history of a database that is open here, what is written past it, or that it was taken back:
+/// see `KeepingStore::Note`.
+void NoteIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+            const std::string& key);
+void NoteUndoneIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+                  const std::string& key);
+
 /// What an operation noted.
 struct Noted {
   std::string table;

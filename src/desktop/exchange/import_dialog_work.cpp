@@ -6,10 +6,12 @@
 #include <sstream>
 
 #include "desktop/exchange/import_dialog.h"
+
 #include "desktop/exchange/import_preview_page.h"
 #include "desktop/exchange/new_codes_dialog.h"
 #include "desktop/exchange/plan_model.h"
 #include "desktop/exchange/work_bar.h"
+#include "desktop/history/undo_dialog.h"
 #include "desktop/list/table_export.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/file_dialog.h"
@@ -18,6 +20,7 @@
 #include "exchange/imports/import_log.h"
 #include "exchange/imports/row_mark.h"
 #include "exchange/imports/take_back.h"
+#include "history/outside.h"
 #include "platform/files.h"
 #include "platform/host.h"
 
@@ -143,7 +146,11 @@ void ImportDialog::Store() {
   const std::string name = FromQt(QFileInfo(ToQt(session_->file())).fileName());
   const std::string who = FromQt(qEnvironmentVariable("USER"));
   const bool done = work_->Run(QStringLiteral("A guardar"), [&](const exchange::Progress& progress) {
-    stored_ = plan_->Store(name, checksum, who, progress);
+    stored_ = plan_->Store(name, checksum, who, progress, [&](long number, long rows) {
+      const std::string words = "Importação " + std::to_string(number) + ": " + name + " (" +
+                                std::to_string(rows) + (rows == 1 ? " linha)" : " linhas)");
+      history::NoteIn(*store_, words, "parvel_importacoes", std::to_string(number));
+    });
   });
   if (!done) return;
   written_ = true;
@@ -177,7 +184,7 @@ void ImportDialog::ShowEnd() {
 
 void ImportDialog::TakeBack() {
   exchange::TakenBack taken;
-  if (!Guarded(this, [&] { taken = exchange::TakeBackImport(store_, stored_.number); })) return;
+  if (!Guarded(this, [&] { taken = TakeBackNoted(store_, std::to_string(stored_.number)); })) return;
   QStringList lines = {
       QStringLiteral("A importação foi anulada: %1 saíram.")
           .arg(Counted(taken.removed, QStringLiteral("registo"), QStringLiteral("registos")))};

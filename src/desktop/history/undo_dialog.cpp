@@ -11,9 +11,12 @@
 #include "desktop/history/side_by_side.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/shell/message_box.h"
+#include "history/outside.h"
 #include "history/undo.h"
 #include "history/view/browser.h"
 #include "history/view/table_names.h"
+#include "platform/host.h"
 
 namespace desktop {
 namespace {
@@ -21,6 +24,8 @@ namespace {
 constexpr int kWidth = 42;  // in lines of text
 constexpr int kHeight = 20;
 constexpr std::size_t kMostShown = 200;
+constexpr std::size_t kMostTold = 12;
+constexpr const char* kImports = "parvel_importacoes";
 
 bool AskAbout(const std::vector<history::Conflict>& conflicts, const QString& words, QWidget* parent) {
   QDialog dialog(parent);
@@ -64,8 +69,28 @@ bool AskAndUndo(const std::shared_ptr<history::KeepingStore>& store, const histo
                 QWidget* parent) {
   const std::vector<history::Conflict> conflicts = history::Conflicts(*store, operation.number);
   if (!conflicts.empty() && !AskAbout(conflicts, ToQt(history::ShownWords(operation)), parent)) return false;
-  history::Undo(store, operation.number);
+  history::SetUndoing(kImports, [](const auto& inner, const std::string& key, const auto&) {
+    std::vector<std::string> lines;
+    for (const exchange::KeptRow& kept : TakeBackNoted(inner, key).kept)
+      lines.push_back(history::NameOfTable(kept.table) + " " + kept.key + " " + kept.why);
+    return lines;
+  });
+  std::vector<std::string> kept;
+  history::Undo(store, operation.number, &kept);
+  if (kept.empty()) return true;
+  QStringList lines = {QStringLiteral("Isto ficou como está:"), QString()};
+  for (std::size_t i = 0; i < kept.size() && i < kMostTold; ++i) lines << ToQt(kept[i]);
+  if (kept.size() > kMostTold) lines << QStringLiteral("… e mais %1").arg(kept.size() - kMostTold);
+  ShowMessage(parent, lines.join(QLatin1Char('\n')), platform::kOkOnly | platform::kInformation,
+              QStringLiteral("Anular"));
   return true;
+}
+
+exchange::TakenBack TakeBackNoted(const std::shared_ptr<zorCrmParvel::Store>& store,
+                                  const std::string& import) {
+  return exchange::TakeBackImport(store, std::stol(import), [&] {
+    history::NoteUndoneIn(*store, "Anular: Importação " + import, kImports, import);
+  });
 }
 
 }  // namespace desktop
