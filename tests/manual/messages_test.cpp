@@ -63,7 +63,7 @@ std::vector<Text> Advice() {
       ")(Veja|Escolha|Corrija|Feche|Peça|Repita|Confirme|Indique|Tente|Preencha|Verifique|Use"
       "|Abra|Ligue|Guarde|Dê|Ponha|Crie|Mude|Espere|Instale|Retire|Apague|Diga|Escreva|Introduza|Anexe|"
       "Reponha"
-      "|Actualize|Comunique|Deve|Exporte|Recarregue|Avise|Encurte|Remova|Divida)[ -,.]");
+      "|Actualize|Comunique|Deve|Exporte|Recarregue|Avise|Encurte|Remova|Divida)[- ,.]");
   const std::regex english(" (the|is not) ");
   std::vector<Text> advice;
   const fs::path src = fs::path(PARVEL_SOURCE_DIR) / "src";
