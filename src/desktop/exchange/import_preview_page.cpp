@@ -63,7 +63,6 @@ ImportPreviewPage::ImportPreviewPage(QWidget* parent)
     foot->addWidget(button);
   }
   column->addLayout(foot);
-  setFocusProxy(codes_);
   connect(codes_, &QPushButton::clicked, this, &ImportPreviewPage::CodesWanted);
   connect(refused_, &QPushButton::clicked, this, &ImportPreviewPage::RefusedWanted);
   connect(export_, &QPushButton::clicked, this, &ImportPreviewPage::TableWanted);
@@ -125,6 +124,7 @@ void ImportPreviewPage::ShowCounts() {
   }
   refused_->setEnabled(sums.refused.rows > 0);
   codes_->setEnabled(sums.refused.rows > 0);
+  setFocusProxy(codes_->isEnabled() ? static_cast<QWidget*>(codes_) : table_);
   sums_->setText(exchange::KindOf(plan_->profile().kind)->amount == nullptr
                      ? QString()
                      : QStringLiteral("A guardar %1 de %2").arg(Money(sums.stored), Money(sums.file)));

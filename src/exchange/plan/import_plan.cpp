@@ -30,17 +30,18 @@ void PlanData::UnpackInto(std::size_t row, std::vector<TableCell>& cells) const 
 
 ImportPlan::ImportPlan(platform::Ref<zorCrmParvel::Store> bd, Profile profile) {
   const ImportKind& kind = KnownKind(profile.kind);
-  data_ = std::unique_ptr<PlanData>(new PlanData{.bd = bd,
-                                                 .profile = std::move(profile),
-                                                 .kind = kind,
-                                                 .table = LoadedTable(),
-                                                 .reading = {},
-                                                 .codes = CodeFinder(bd),
-                                                 .mapper = {},
-                                                 .corrections = {},
-                                                 .added = {},
-                                                 .ownerOf = {},
-                                                 .created = {}});
+  CodeFinder codes(bd);
+  data_ = std::make_unique<PlanData>(PlanData{.bd = std::move(bd),
+                                              .profile = std::move(profile),
+                                              .kind = kind,
+                                              .table = LoadedTable(),
+                                              .reading = {},
+                                              .codes = std::move(codes),
+                                              .mapper = {},
+                                              .corrections = {},
+                                              .added = {},
+                                              .ownerOf = {},
+                                              .created = {}});
 }
 
 ImportPlan::~ImportPlan() = default;

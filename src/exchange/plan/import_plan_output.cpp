@@ -49,6 +49,7 @@ std::vector<std::string> ImportPlan::Cells(std::size_t row) const {
   std::vector<TableCell> cells;
   data_->UnpackInto(row, cells);
   std::vector<std::string> texts;
+  texts.reserve(cells.size());
   for (const TableCell& cell : cells) texts.push_back(cell.text);
   return texts;
 }
