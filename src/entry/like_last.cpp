@@ -6,7 +6,6 @@
 namespace entry {
 namespace {
 
-using zorCrmParvel::fixed;
 using zorCrmParvel::Gastos;
 using zorCrmParvel::Statement;
 using zorCrmParvel::value;

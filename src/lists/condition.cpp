@@ -20,6 +20,7 @@ bool IsChoice(const std::string& text) { return text.starts_with('='); }
 
 std::vector<std::string> AllFolded(const std::vector<std::string>& texts) {
   std::vector<std::string> folded;
+  folded.reserve(texts.size());
   for (const std::string& text : texts) folded.push_back(Folded(text));
   return folded;
 }

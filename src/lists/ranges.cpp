@@ -1,6 +1,7 @@
 #include "lists/ranges.h"
 
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -23,7 +24,7 @@ using platform::Trim;
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
 constexpr int kMonths = 12;
 constexpr int kThirtyDays = 30;
-constexpr int kWeek = 7;
+constexpr std::int64_t kWeek = 7;
 
 NumberSpan Days(Date from, Date to) {
   return {static_cast<double>(from.DayOnly().seconds()), static_cast<double>(to.DayOnly().seconds())};

@@ -143,7 +143,8 @@ std::vector<char> RowOrder::Passing() const {
     try {
       Column& read = Read(column);
       const std::vector<char> met = Condition(text, read.kind(), platform::Today()).Met(read);
-      for (std::size_t row = 0; row < passing.size(); ++row) passing[row] &= met[row];
+      for (std::size_t row = 0; row < passing.size(); ++row)
+        if (met[row] == 0) passing[row] = 0;
     } catch (const platform::RuntimeError& error) {
       if (error.source() != kFilterSource) throw;  // what can't be read was told when it was set
     }
@@ -164,9 +165,12 @@ void RowOrder::FindWords(std::vector<char>& passing) const {
       holds.reserve(read.texts().size());
       for (const std::string& text : read.texts())
         holds.push_back(static_cast<char>(Folded(text).find(word) != std::string::npos));
-      for (std::size_t row = 0; row < found.size(); ++row) found[row] |= holds[read.codes()[row]];
+      const std::vector<std::uint32_t>& codes = read.codes();
+      for (std::size_t row = 0; row < found.size(); ++row)
+        if (holds[codes[row]] != 0) found[row] = 1;
     }
-    for (std::size_t row = 0; row < passing.size(); ++row) passing[row] &= found[row];
+    for (std::size_t row = 0; row < passing.size(); ++row)
+      if (found[row] == 0) passing[row] = 0;
   }
 }
 
@@ -201,6 +205,7 @@ std::vector<std::pair<std::string, long>> RowOrder::Occurring(std::size_t column
   const std::vector<std::uint32_t>& ranks = read.ranks();
   std::sort(order.begin(), order.end(), [&ranks](auto a, auto b) { return ranks[a] < ranks[b]; });
   std::vector<std::pair<std::string, long>> occurring;
+  occurring.reserve(order.size());
   for (std::uint32_t code : order) occurring.emplace_back(read.texts()[code], counts[code]);
   return occurring;
 }

@@ -26,6 +26,7 @@ namespace {
 /// A hundred expenses.
 Sheet Expenses() {
   std::vector<Sheet::Line> lines;
+  lines.reserve(100);
   for (int i = 0; i < 100; ++i)
     lines.push_back({{i == 50 ? QString(150, 'x') + " fim" : QString("Gasto %1").arg(i), "1.234,50"}, {}});
   return {{{.key = "Nome", .caption = "Designação", .width = 4000},

@@ -8,7 +8,6 @@
 namespace {
 
 using lists::Condition;
-using lists::Kind;
 using platform::Currency;
 using platform::Date;
 using platform::Variant;

@@ -112,9 +112,8 @@ QString ListPage::CountText() const {
   if (failure_ || (is_reading_ && table_->grid().order().Count() == 0)) return {};
   const RowOrder& order = table_->grid().order();
   const long all = table_->grid().source().Rows();
-  QString count = order.IsNarrowed()
-                            ? QStringLiteral("%1 de %2").arg(order.RowCount()).arg(all)
-                            : Counted(all, QStringLiteral("registo"), QStringLiteral("registos"));
+  QString count = order.IsNarrowed() ? QStringLiteral("%1 de %2").arg(order.RowCount()).arg(all)
+                                     : Counted(all, QStringLiteral("registo"), QStringLiteral("registos"));
   const std::size_t marked = WorkRows().size();
   if (marked == 0) return count;
   return count + QStringLiteral(" · ") +

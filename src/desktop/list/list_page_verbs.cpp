@@ -88,6 +88,7 @@ void ListPage::Remove() {
 bool ListPage::RemoveRows(std::vector<long> rows) {
   std::sort(rows.begin(), rows.end(), std::greater<>());
   std::vector<std::string> keys;
+  keys.reserve(rows.size());
   for (long row : rows) keys.push_back(KeyOf(row));
   bool all = true;
   for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -51,7 +51,11 @@ double LayOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
 
 TablePrinter::TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title,
                            QDate date, QStringList notes)
-    : source_(source), rows_(std::move(rows)), title_(std::move(title)), date_(date), notes_(std::move(notes)) {
+    : source_(source),
+      rows_(std::move(rows)),
+      title_(std::move(title)),
+      date_(date),
+      notes_(std::move(notes)) {
   text_font_ = QApplication::font();
   text_font_.setPointSizeF(kTextSize);
   // Any spacing turns ligatures off, which programs that search a PDF don't read as letters.
@@ -78,6 +82,7 @@ std::vector<ColumnWish> TablePrinter::Wishes() const {
   const QFontMetricsF heading = measured(heading_font_);
   const std::vector<std::size_t> visible = source_.VisibleColumns();
   std::vector<double> widest;
+  widest.reserve(visible.size());
   for (std::size_t i : visible) widest.push_back(heading.horizontalAdvance(source_.Columns()[i].caption));
   bool marked = false;
   for (long place = 0; place < Count(); ++place) {
