@@ -88,7 +88,9 @@ TEST_F(ImportCommandsTest, WhatCantBeDoneIsTold) {
       {{"importar", "gastos", File("extracto.csv"), "--perfil", "extracto", "--linhas", File("a.doc")},
        kFailed,
        "xlsx"},
-      {{"importar", "gastos", File("extracto.csv"), "--recusadas", File("r.csv")}, kUsage, "não se entendem"},
+      {{"importar", "gastos", File("extracto.csv"), "--recusadas", File("r.csv")},
+       kUsage,
+       "precisa de outra"},
       {{"perfis", "remover", "extracto"}, kDone, ""},
   };
   for (const auto& one : cases) {

@@ -44,10 +44,9 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"console", {"platform", "tsql",    "host",      "host/sistema", "masterdata",  "vehicles", "drivers",
                  "events",   "alerts",  "documents", "store",        "store/store", "embedded", "sqlserver",
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
-    {"desktop",
-     {"platform", "host", "host/sistema", "vehicles", "drivers", "events", "alerts", "store", "store/store",
-      "embedded", "sqlserver", "exchange", "reports", "lists", "entry", "due", "setup", "demo", "history",
-      "manual"}},
+    {"desktop", {"platform", "host",        "host/sistema", "vehicles",  "drivers",  "events",  "alerts",
+                 "store",    "store/store", "embedded",     "sqlserver", "exchange", "reports", "lists",
+                 "entry",    "due",         "setup",        "demo",      "history",  "manual"}},
 };
 
 std::string RoomOf(const std::string& path) {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QSettings>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -55,6 +56,11 @@ ReportPage::ReportPage(Workspace& workspace, QSettings& settings, reports::TipoD
   connect(bar_, &ReportBar::FiltersWanted, this, &ReportPage::ChooseFilters);
   connect(table_, &TableView::RowChosen, this, &ReportPage::ShowChart);
   connect(table_, &TableView::RowOpened, this, &ReportPage::OpenRow);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* enter = new QShortcut(key, table_);
+    enter->setContext(Qt::WidgetShortcut);
+    connect(enter, &QShortcut::activated, this, &ReportPage::OpenRow);
+  }
   connect(table_, &QWidget::customContextMenuRequested, this, &ReportPage::RowMenu);
   connect(tabs_, &QTabBar::tabBarClicked, this, [this](int tab) {
     if (tab >= 0) ShowTable(tables_[static_cast<std::size_t>(tab)]);
@@ -254,8 +260,9 @@ QStringList ReportPage::Notes() const {
 
 void ReportPage::Print() {
   if (!CanPrint()) return;
-  Guarded(window(),
-          [this] { ReportDialog(*source_, Title(), window(), table_->grid().order().Rows(), Notes()).exec(); });
+  Guarded(window(), [this] {
+    ReportDialog(*source_, Title(), window(), table_->grid().order().Rows(), Notes()).exec();
+  });
 }
 
 void ReportPage::Export() {

@@ -100,6 +100,7 @@ void ReportPage::OpenEvent(const reports::Alvo& target) {
     const auto made = zorCrmParvel::FormCatalog::Shared().Make(kind.ficha);
     auto* const ficha = dynamic_cast<zorCrmParvel::EventForm*>(made.get());
     if (ficha == nullptr) return;
+    ficha->Load();
     ficha->mybd = workspace_.sistema().ICrmSistema_ZorDataAccess;
     ficha->Matricula = target.matricula;
     ficha->Carrega(target.id);

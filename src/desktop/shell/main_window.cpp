@@ -1,5 +1,5 @@
-#include "desktop/reports/month_panel.h"
 #include "desktop/shell/main_window.h"
+#include "desktop/reports/month_panel.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

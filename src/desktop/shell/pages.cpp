@@ -30,7 +30,8 @@ const std::vector<OwnPage>& OwnPages() {
        [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new MonthPage(workspace, parent);
        }},
-      {"Historico", [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
+      {"Historico",
+       [](Workspace& workspace, QSettings&, QWidget* parent) -> Page* {
          return new HistoryPage(workspace, parent);
        }},
       {"RelConsumos", &MakeReport<TipoDeRelatorio::kConsumos>},
