@@ -15,8 +15,11 @@
 #include "desktop/reports/report_window.h"
 #include "desktop/reports/settings_dialog.h"
 #include "desktop/start/start_page.h"
+#include "masterdata/code_table.h"
 #include "open_window.h"
 #include "pdf.h"
+#include "platform/host.h"
+#include "support/fleet.h"
 
 namespace desktop_test {
 namespace {
@@ -26,23 +29,17 @@ using desktop::ReportPage;
 class ReportsTest : public OpenWindow {
  protected:
   ReportsTest() {
-    Run("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel) VALUES (N'G', N'Gasóleo', 1)");
-    Run("INSERT INTO zor_PV_Departamentos (Codigo, Nome) VALUES (N'D', N'Distribuição')");
-    Run("INSERT INTO zor_PV_Viaturas (Matricula, Departamento) VALUES (N'AA', N'D')");
-    Run("INSERT INTO zor_PV_Viaturas (Matricula) VALUES (N'BB')");
-    const QDate today = QDate::currentDate();
-    for (const auto& [plate, litres, km] : {std::tuple("AA", 30, 1000), {"AA", 40, 1500}, {"BB", 20, 900}})
-      Run(QString(
-              "INSERT INTO zor_PV_Gastos (Matricula, Data, TipoGasto, Qtd, Custo, Km) VALUES (N'%1', '%2', "
-              "N'G', %3, 60, %4)")
-              .arg(plate, today.toString("yyyy.MM.dd"))
-              .arg(litres)
-              .arg(km));
+    const zorCrmParvel::DataAccessRef store(window.workspace()->store());
+    testing_support::AddExpenseTypes(store);
+    testing_support::AddDriver(store, "1", "Ana");
+    testing_support::AddCode<zorCrmParvel::clDepartamentos>(store, "D", "Distribuição");
+    for (const char* plate : {"AA", "BB"}) testing_support::AddVehicle(store, plate);
+    store->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Departamento=N'D' WHERE Matricula=N'AA'");
+    for (const auto& [plate, litres, km] :
+         {std::tuple("AA", "30", 1000), {"AA", "40", 1500}, {"BB", "20", 900}})
+      testing_support::AddExpense(store, plate, platform::Today(), "GASOLEO", litres, "60", km);
   }
 
-  void Run(const QString& statement) {
-    window.workspace()->store()->ExecutarSql("", zorCrmParvel::Statement(statement.toUtf8().constData()));
-  }
   static void Wait(ReportPage& page) {
     const auto before = page.result();
     QTRY_VERIFY(page.result() != nullptr && (before == nullptr || page.result() != before));
@@ -67,9 +64,9 @@ TEST_F(ReportsTest, ARowShowsItsChartAndOpensWhatItIsMadeOfDownToTheFicha) {
   ASSERT_EQ(page.CountText(), "2 linhas");
   EXPECT_EQ(Cell(page, 0, "Aos 100 km"), "8,00");
   EXPECT_EQ(Cell(page, 1, "Aos 100 km"), "só um abastecimento");
-  EXPECT_TRUE(page.TotalsText().startsWith("G: 90 L"));
+  EXPECT_TRUE(page.TotalsText().startsWith("GASOLEO: 90 L"));
   page.table().SetCurrentRow(0);
-  EXPECT_EQ(page.chart().shown().titulo, "Consumo de G, AA");
+  EXPECT_EQ(page.chart().shown().titulo, "Consumo de GASOLEO, AA");
   page.chart().CopyPicture();
   EXPECT_FALSE(QGuiApplication::clipboard()->pixmap().isNull());
   QString ficha;
