@@ -21,7 +21,7 @@ class RecordedReads : public ForwardingStore {
 
  protected:
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override {
-    const auto rows = ForwardingStore::OpenForReading(statement);
+    zorCrmParvel::RecordsetRef rows = ForwardingStore::OpenForReading(statement);
     answers_.insert_or_assign(statement, platform::MakeRef<CopiedRows>(*rows));
     return rows;
   }

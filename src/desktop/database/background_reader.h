@@ -55,14 +55,14 @@ class BackgroundReader : public QObject {
   /// Runs `read` (it takes a data-access object) and hands what it gives to `done`, or its error to `failed`;
   /// both on the window's thread, and neither once `whom` has gone.
   template <typename Read, typename Done>
-  ReadTicket Ask(QObject* whom, Read read, Done done, Failed failed) {
+  ReadTicket Ask(QObject* whom, Read read, Done done, const Failed& failed) {
     using Result = std::invoke_result_t<Read&, const StoreRef&>;
     auto result = std::make_shared<std::optional<Result>>();
     return Add({.wanted = {},
                 .whom = whom,
                 .read = [read, result](const StoreRef& bd) { result->emplace(read(bd)); },
                 .done = [done, result] { done(std::move(**result)); },
-                .failed = std::move(failed),
+                .failed = failed,
                 .failure = {}});
   }
   /// Waits for all that was asked for, and delivers it before it returns.

@@ -30,7 +30,7 @@ reports::LinhaDaTabela ReportSource::RowAt(long row) const { return Line(row); }
 
 QString ReportSource::Text(long row, std::size_t column) const {
   const auto& cells = Line(row).celulas;
-  const QString text = ToQt(reports::TextoDa(cells[column], Table().colunas[column].formato));
+  QString text = ToQt(reports::TextoDa(cells[column], Table().colunas[column].formato));
   if (!text.isEmpty() || column != reasoned_ || !reason_) return text;
   return ToQt(reports::TextoDa(cells[*reason_], reports::Formato::kTexto));
 }
