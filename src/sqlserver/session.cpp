@@ -23,9 +23,10 @@ bool IsTimeout(const OdbcFailure& failure) {
 
 }  // namespace
 
-Session::Session(ConnectionText connection, Secret password, Limits limits, std::shared_ptr<Traffic> traffic)
+Session::Session(ConnectionText connection, const Secret& password, Limits limits,
+                 std::shared_ptr<Traffic> traffic)
     : text_(std::move(connection)),
-      password_(std::move(password)),
+      password_(password),
       limits_(limits),
       environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE),
       traffic_(traffic ? std::move(traffic) : std::make_shared<Traffic>()) {

@@ -28,7 +28,8 @@ class Session {
   /// Connects. Error -2147467259 with what to do when that fails, and for a password that the driver would
   /// take for another one.
   /// What goes to and fro is also counted in `traffic`, where it is given.
-  Session(ConnectionText connection, Secret password, Limits limits, std::shared_ptr<Traffic> traffic = {});
+  Session(ConnectionText connection, const Secret& password, Limits limits,
+          std::shared_ptr<Traffic> traffic = {});
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;

@@ -1,6 +1,7 @@
 #include "store/database_choice.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "sqlserver/connection_text.h"
 #include "store/near_store.h"
@@ -19,10 +20,12 @@ std::shared_ptr<zorCrmParvel::Store> OpenStore(const DatabaseChoice& choice) {
 }
 
 std::shared_ptr<zorCrmParvel::Store> Near(std::shared_ptr<sqlserver::Database> server) {
-  return std::make_shared<NearStore>(
-      server, schema::kTables, NearStore::kMostRows, [server](const sqlserver::TableChanges& changes) {
-        return sqlserver::WriteChanges(server->session(), server->catalog(), changes);
-      });
+  const std::shared_ptr<zorCrmParvel::Store> far = server;
+  return std::make_shared<NearStore>(far, schema::kTables, NearStore::kMostRows,
+                                     [server = std::move(server)](const sqlserver::TableChanges& changes) {
+                                       return sqlserver::WriteChanges(server->session(), server->catalog(),
+                                                                      changes);
+                                     });
 }
 
 std::shared_ptr<sqlserver::Database> OpenServer(const DatabaseChoice& choice) {

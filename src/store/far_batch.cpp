@@ -17,6 +17,7 @@ using zorCrmParvel::RecordsetRef;
 
 std::vector<std::size_t> KeyOf(const tsql::Table& table, const Recordset& rows) {
   std::vector<std::size_t> key;
+  key.reserve(table.primaryKey.size());
   for (const std::string& name : table.primaryKey) key.push_back(rows.FindField(name).value());
   return key;
 }
@@ -29,6 +30,7 @@ std::string TextOf(Recordset& rows, std::size_t row, const std::vector<std::size
 
 std::vector<Variant> ValuesOf(Recordset& rows, std::size_t row, const std::vector<std::size_t>& columns) {
   std::vector<Variant> values;
+  values.reserve(columns.size());
   for (const std::size_t column : columns) values.push_back(rows.CellAt(row, column).ToVariant());
   return values;
 }

@@ -64,10 +64,10 @@ class SilentServer {
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t length = sizeof address;
     auto* any = reinterpret_cast<sockaddr*>(&address);
-    bind(server_, any, length);
-    listen(server_, 1);
-    getsockname(server_, any, &length);
-    connect(client_, any, length);
+    static_cast<void>(bind(server_, any, length));
+    static_cast<void>(listen(server_, 1));
+    static_cast<void>(getsockname(server_, any, &length));
+    static_cast<void>(connect(client_, any, length));
   }
   ~SilentServer() {
     close(client_);

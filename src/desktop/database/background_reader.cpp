@@ -124,7 +124,7 @@ void BackgroundReader::Deliver() {
   const auto next = [this]() -> JobRef {
     const std::scoped_lock lock(mutex_);
     if (finished_.empty()) return nullptr;
-    const JobRef job = finished_.front();
+    JobRef job = finished_.front();
     finished_.pop_front();
     return job;
   };

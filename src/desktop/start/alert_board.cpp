@@ -82,7 +82,7 @@ void AlertBoard::Ask() {
   busy_ = true;
   ticket_ = workspace_->reader().Ask(
       this, [parts](const BackgroundReader::StoreRef& store) { return ReadAlerts(store, parts); },
-      [this](std::map<std::string, AlertPart> found) { Take(std::move(found)); },
+      [this](const std::map<std::string, AlertPart>& found) { Take(found); },
       [this](const ErrorText& failure) { TakeFailure(failure); });
 }
 
@@ -100,9 +100,9 @@ std::optional<long> AlertBoard::Total() const {
 }
 
 /// What could not be read is tried again by the next request.
-void AlertBoard::Take(std::map<std::string, AlertPart> found) {
+void AlertBoard::Take(const std::map<std::string, AlertPart>& found) {
   busy_ = false;
-  for (auto& [key, part] : found) {
+  for (const auto& [key, part] : found) {
     if (!part.failure) stale_.erase(key);
     if (key == kFeedPart) TakeFeed(part);
     if (key == kStepsPart && !part.failure) steps_ = part.steps;
@@ -112,7 +112,7 @@ void AlertBoard::Take(std::map<std::string, AlertPart> found) {
       family.failure = Told(part.failure);
       family.counts = part.failure ? std::nullopt : std::optional(part.counts);
     }
-    tables_[key] = std::move(part.tables);
+    tables_[key] = part.tables;
   }
   Q_EMIT Changed();
 }

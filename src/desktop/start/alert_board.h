@@ -57,7 +57,7 @@ class AlertBoard : public QObject {
 
  private:
   void Ask();
-  void Take(std::map<std::string, AlertPart> found);
+  void Take(const std::map<std::string, AlertPart>& found);
   void TakeFailure(const ErrorText& failure);
   void TakeFeed(const AlertPart& part);
 

@@ -15,8 +15,6 @@
 namespace sqlserver {
 namespace {
 
-using platform::Cell;
-using platform::FieldType;
 using platform::RuntimeError;
 using zorCrmParvel::DataAccess;
 using zorCrmParvel::fixed;
