@@ -200,6 +200,7 @@ void ChartPanel::AddAxes(QChart& chart) {
   }
   for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(places), static_cast<QAbstractAxis*>(values)}) {
     axis->setLabelsFont(font());
+    axis->setTruncateLabels(false);
     axis->setLabelsColor(palette().color(QPalette::Text));
     axis->setLinePenColor(LineColor(palette()));
     axis->setGridLineColor(LineColor(palette()));
