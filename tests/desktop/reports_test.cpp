@@ -41,8 +41,8 @@ class ReportsTest : public OpenWindow {
   }
 
   static void Wait(ReportPage& page) {
-    const auto before = page.result();
-    QTRY_VERIFY(page.result() != nullptr && (before == nullptr || page.result() != before));
+    const void* before = page.result().get();  // still held when the next one is made
+    QTRY_VERIFY(page.result() != nullptr && page.result().get() != before);
   }
   ReportPage& Open(const char* key) {
     window.ShowList(key);
