@@ -40,7 +40,7 @@ void Tell(const BackgroundRead& job, const QPointer<QObject>& whom, const Outcom
 
 }  // namespace
 
-void StartRead(Workspace& workspace, QObject* whom, BackgroundRead job) {
+void StartRead(Workspace& workspace, QObject* whom, const BackgroundRead& job) {
   const QPointer<QObject> listener(whom);
   const std::string path = workspace.file() != nullptr ? workspace.Place() : std::string();
   if (path.empty() || path == ":memory:") {

@@ -22,7 +22,7 @@ struct BackgroundRead {
 /// Runs a read on a thread with a connection of its own. A database in memory and one on a server have one
 /// connection: there it runs on the window's thread, when that has nothing else to do. Nothing is told once
 /// `whom` has gone, nor of a read that ends with `Cancelado`.
-void StartRead(Workspace& workspace, QObject* whom, BackgroundRead job);
+void StartRead(Workspace& workspace, QObject* whom, const BackgroundRead& job);
 /// Waits until no read holds a database any more; what they found is still told.
 void WaitForReads();
 
