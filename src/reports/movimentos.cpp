@@ -63,7 +63,7 @@ Movimentos MovimentosDaFrota(const Frota& frota, const Pedido& pedido) {
       if (!seleccao.Passa(*evento) || !tipos.Passa(*evento)) continue;
       if (SemData(evento->data)) ++movimentos.semData;
       if (!pedido.periodo.Tem(evento->data)) continue;
-      (porMotorista ? motoristas[static_cast<std::size_t>(evento->motorista + 1)] : grupo).push_back(evento);
+      (porMotorista ? motoristas[static_cast<std::size_t>(evento->motorista) + 1] : grupo).push_back(evento);
     }
     if (!porMotorista) Acumula(frota, grupo, movimentos);
   }

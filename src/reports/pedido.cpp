@@ -56,9 +56,9 @@ Seleccao::Seleccao(const Frota& frota, const Pedido& pedido) {
   }
   if (pedido.motoristas.empty()) return;
   const auto motoristas = Dobrados(pedido.motoristas);
-  motoristas_.push_back(motoristas.count("") != 0);
+  motoristas_.push_back(motoristas.count("") != 0 ? 1 : 0);
   for (const Motorista& motorista : frota.motoristas)
-    motoristas_.push_back(motoristas.count(Dobrado(motorista.codigo)) != 0);
+    motoristas_.push_back(motoristas.count(Dobrado(motorista.codigo)) != 0 ? 1 : 0);
 }
 
 const std::string& GrupoDaViatura(const Viatura& viatura, Por por) {

@@ -35,7 +35,9 @@ std::string Contado(const Tabela& tabela, const LinhaDaTabela& linha, const std:
       unidade = palavra.depois;
     else if (std::string_view(palavra.chave) == "litros")
       unidade = TextoDaChave(tabela, linha, "unidade");
-    texto += (texto.empty() ? "" : " · ") + valor + (unidade.empty() ? "" : " ") + unidade;
+    if (!texto.empty()) texto += " · ";
+    texto += valor;
+    if (!unidade.empty()) texto.append(" ").append(unidade);
   }
   return texto;
 }
