@@ -43,8 +43,6 @@ std::string Folded(std::string_view text) {
     const auto byte = static_cast<unsigned char>(text[i]);
     if (byte >= 'A' && byte <= 'Z') {
       add(static_cast<char>(byte - 'A' + 'a'));
-    } else if ((byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9')) {
-      add(static_cast<char>(byte));
     } else if (byte == 0xC2 || byte == 0xC3) {
       const char plain =
           i + 1 < text.size() ? PlainLetter(byte, static_cast<unsigned char>(text[i + 1])) : '\0';
@@ -56,7 +54,8 @@ std::string Folded(std::string_view text) {
     } else if (byte == 0xE2) {  // dashes, quotes and signs
       gap = true;
       i += 2;
-    } else if (byte >= 0x80) {  // other scripts stay as they are
+    } else if ((byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') || byte >= 0x80) {
+      // letters of other scripts as they are
       add(static_cast<char>(byte));
     } else {
       gap = true;
