@@ -11,8 +11,6 @@
 namespace sqlserver {
 namespace {
 
-using platform::FieldType;
-
 struct FoundColumn {
   platform::FieldInfo field;
   bool numbered;
