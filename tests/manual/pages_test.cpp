@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
 #include <set>
 
 #include "host/form_catalog.h"
@@ -35,6 +38,24 @@ TEST(Pages, EveryListAndEveryFichaHasItsPage) {
     EXPECT_NE(PageAbout(subject).name, kIndex) << "no page names " << subject << " in its first line";
   EXPECT_EQ(PageAbout("Gastos").name, "abastecimento");
   EXPECT_EQ(PageAbout("outra coisa").name, kIndex);
+}
+
+TEST(Pages, EveryDialogNamesASubjectThatHasAPage) {
+  const std::regex dialog(": QDialog\\(|\\bQDialog dialog\\(");
+  const std::regex name("setObjectName\\(QStringLiteral\\(\"([^\"]*)\"\\)|setObjectName\\((ToQt\\(form)");
+  int dialogs = 0;
+  const std::filesystem::path desktop = std::filesystem::path(PARVEL_SOURCE_DIR) / "src/desktop";
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(desktop)) {
+    if (entry.path().extension() != ".cpp" || entry.path().stem() == "manual_reader") continue;
+    std::ifstream in(entry.path());
+    const std::string source(std::istreambuf_iterator<char>(in), {});
+    if (!std::regex_search(source, dialog)) continue;
+    ++dialogs;
+    std::smatch named;
+    ASSERT_TRUE(std::regex_search(source, named, name)) << entry.path();
+    EXPECT_TRUE(named[2].matched || PageAbout(named[1].str()).name != kIndex) << entry.path();
+  }
+  EXPECT_GT(dialogs, 15);
 }
 
 TEST(Pages, NoSubjectHasTwoPagesAndNoneIsShown) {

@@ -6,16 +6,26 @@
 
 #include "desktop/help/manual_reader.h"
 #include "desktop/look/text.h"
+#include "manual/pages.h"
 
 namespace desktop {
 namespace {
 
 constexpr char kMessages[] = "mensagens";
 
+/// A dialog of no subject of its own, a file's or one question, belongs to what it was opened from.
+std::string SubjectOf(const QWidget& window) {
+  for (const QWidget* widget = &window; widget != nullptr; widget = widget->parentWidget()) {
+    const std::string name = FromQt(widget->objectName());
+    if (manual::PageAbout(name).name != manual::kIndex) return name;
+  }
+  return {};
+}
+
 void ShowHelpOn(QWidget& window) {
   const auto* box = qobject_cast<QMessageBox*>(&window);
   if (box == nullptr) {
-    ShowManual(&window, FromQt(window.objectName()));
+    ShowManual(&window, SubjectOf(window));
     return;
   }
   ShowManual(&window, kMessages).ShowMessage(box->text());

@@ -94,6 +94,7 @@ QuietDriversDialog::QuietDriversDialog(Workspace& workspace, QWidget* parent)
       table_(SideBySide({"Código", "Nome", "Último gasto, multa ou sinistro"}, this)),
       export_(new QPushButton(QStringLiteral("&Exportar dados pessoais…"), this)),
       erase_(new QPushButton(QStringLiteral("&Apagar dados pessoais…"), this)) {
+  setObjectName(QStringLiteral("motoristas-inactivos"));
   setWindowTitle(QStringLiteral("Motoristas inactivos"));
   Build();
   years_->setValue(history::ReadSettings(zorCrmParvel::DataAccessRef(workspace_.store())).driverYears);

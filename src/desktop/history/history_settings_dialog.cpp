@@ -41,6 +41,7 @@ HistorySettingsDialog::HistorySettingsDialog(Workspace& workspace, QWidget* pare
       document_years_(Years(this)),
       size_(new QLabel(this)),
       before_(new QDateEdit(this)) {
+  setObjectName(QStringLiteral("guardar-historico"));
   setWindowTitle(QStringLiteral("Guardar o histórico"));
   Build();
   const history::Settings settings = history::ReadSettings(zorCrmParvel::DataAccessRef(workspace_.store()));

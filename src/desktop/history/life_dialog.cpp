@@ -37,6 +37,7 @@ LifeDialog::LifeDialog(std::shared_ptr<history::KeepingStore> store, const std::
 }
 
 void LifeDialog::Build(const QString& name) {
+  setObjectName(QStringLiteral("vida-do-registo"));
   setWindowTitle(QStringLiteral("Histórico: %1").arg(name));
   auto* column = new QVBoxLayout(this);
   column->setSpacing(Gap(this));

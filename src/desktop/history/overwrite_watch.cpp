@@ -45,6 +45,7 @@ void AddValue(QTableWidget& table, history::KeepingStore& store, const history::
 
 void Tell(history::KeepingStore& store, const std::vector<history::Overwritten>& values, QWidget* parent) {
   QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("alterado-entretanto"));
   dialog.setWindowTitle(QStringLiteral("Alterado entretanto"));
   auto* column = new QVBoxLayout(&dialog);
   column->setSpacing(Gap(&dialog));

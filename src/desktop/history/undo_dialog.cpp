@@ -29,6 +29,7 @@ constexpr const char* kImports = "parvel_importacoes";
 
 bool AskAbout(const std::vector<history::Conflict>& conflicts, const QString& words, QWidget* parent) {
   QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("anular"));
   dialog.setWindowTitle(QStringLiteral("Anular"));
   auto* column = new QVBoxLayout(&dialog);
   column->setSpacing(Gap(&dialog));

@@ -30,6 +30,7 @@ EvolutionDialog::EvolutionDialog(Workspace& workspace, const QString& plate, QWi
       plate_(plate),
       title_(new QLabel(plate, this)),
       notice_(new QLabel(this)) {
+  setObjectName(QStringLiteral("evolucao"));
   setWindowTitle(QStringLiteral("Evolução de ") + plate);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   auto* column = new QVBoxLayout(this);

@@ -22,6 +22,7 @@ constexpr int kCode = Qt::UserRole;
 FilterDialog::FilterDialog(const std::vector<reports::Filtro>& filters, const reports::Escolhidos& chosen,
                            QWidget* parent)
     : QDialog(parent), search_(new QLineEdit(this)), tree_(new QTreeWidget(this)) {
+  setObjectName(QStringLiteral("filtros-do-relatorio"));
   setWindowTitle(QStringLiteral("Filtros"));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(WideGap(this), WideGap(this), WideGap(this), WideGap(this));

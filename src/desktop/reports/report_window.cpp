@@ -14,6 +14,7 @@ ReportWindow::ReportWindow(Workspace& workspace, QSettings& settings, const repo
                            QWidget* parent)
     : QDialog(parent),
       page_(new ReportPage(workspace, settings, closer.tipo, reports::Escolha::De(closer.pedido), this)) {
+  setObjectName(QStringLiteral("relatorio"));
   setWindowTitle(ToQt(closer.titulo));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   auto* column = new QVBoxLayout(this);

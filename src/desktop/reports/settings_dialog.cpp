@@ -30,6 +30,7 @@ SettingsDialog::SettingsDialog(zorCrmParvel::DataAccessRef database, QWidget* pa
       source_(new ReportSource),
       table_(new TableView(std::unique_ptr<TableSource>(source_), true, this)),
       remove_(new QPushButton(QStringLiteral("&Tirar"), this)) {
+  setObjectName(QStringLiteral("definicoes-dos-relatorios"));
   setWindowTitle(QStringLiteral("Definições dos relatórios"));
   Build();
   Load();

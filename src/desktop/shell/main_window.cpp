@@ -87,8 +87,7 @@ void MainWindow::Build() {
 
 void MainWindow::Connect() {
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
-  connect(actions_->manual, &QAction::triggered, this,
-          [this] { ShowManual(this, entry_ != nullptr ? entry_->key : kStartPage); });
+  connect(actions_->manual, &QAction::triggered, this, [this] { ShowManual(this, FromQt(objectName())); });
   new HelpKey(this);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });

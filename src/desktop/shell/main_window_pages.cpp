@@ -96,9 +96,11 @@ void MainWindow::ShowStart(bool to_work) {
   Update();
 }
 
-/// What is as it was isn't written: a write waits for the disk.
+/// By its name the window tells the manual what it is about. What is as it was isn't written: a write waits
+/// for the disk.
 void MainWindow::Remember(const char* key) {
   const QString shown = QString::fromUtf8(key);
+  setObjectName(shown);
   if (settings_.value(kList) != shown) settings_.setValue(kList, shown);
 }
 

@@ -23,6 +23,7 @@ constexpr int kHeight = 28;
 ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std::string, long>>& occurring,
                            const std::vector<std::string>& ticked, QWidget* parent)
     : QDialog(parent), search_(new QLineEdit(this)), list_(new QListWidget(this)) {
+  setObjectName(QStringLiteral("escolher-valores"));
   setWindowTitle(title);
   auto* column = new QVBoxLayout(this);
   const int margin = WideGap(this);

@@ -51,6 +51,7 @@ void Ask(ListPage& page, bool puts_off) {
 
 HandlingDialog::HandlingDialog(bool puts_off, long alerts, QWidget* parent)
     : QDialog(parent), until_(new QDateEdit(this)), note_(new QLineEdit(this)), puts_off_(puts_off) {
+  setObjectName(QStringLiteral("tratar-alertas"));
   setWindowTitle(puts_off ? QStringLiteral("Adiar") : QStringLiteral("Tratado"));
   auto* column = new QVBoxLayout(this);
   const int margin = WideGap(this);

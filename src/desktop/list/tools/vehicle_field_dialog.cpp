@@ -39,6 +39,7 @@ VehicleFieldDialog::VehicleFieldDialog(zorCrmParvel::DataAccessRef bd, std::vect
       rows_(new QTreeWidget(this)),
       sum_(new QLabel(this)),
       change_(new QPushButton(this)) {
+  setObjectName(QStringLiteral("alterar-campo"));
   setWindowTitle(QStringLiteral("Alterar campo de várias viaturas"));
   Build();
   ShowField();

@@ -21,6 +21,7 @@ ViewDialog::ViewDialog(QWidget* parent)
     : QDialog(parent),
       name_(new QLineEdit(this)),
       all_(new QCheckBox(QStringLiteral("Para &todo o escritório"), this)) {
+  setObjectName(QStringLiteral("guardar-vista"));
   setWindowTitle(QStringLiteral("Guardar vista"));
   auto* column = new QVBoxLayout(this);
   const int margin = WideGap(this);
