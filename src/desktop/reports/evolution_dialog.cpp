@@ -9,7 +9,6 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/reports/chart_panel.h"
-#include "desktop/reports/in_background.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -74,15 +73,13 @@ void EvolutionDialog::Compute() {
   const reports::Periodo years{reports::Periodo::Ano(today.year() - kYearsBack + 1).de,
                                reports::Periodo::Mes(today.year(), today.month()).ate};
   const reports::Periodo period = reports::PeriodoDe(period_, today, years);
-  const int asked = ++asked_;
-  InBackground(
-      workspace_, this,
-      [plate = FromQt(plate_), period](const auto& database) {
-        return reports::EvolucaoDa(database, plate, period);
+  reading_.GiveUp();
+  reading_ = workspace_.reader().Ask(
+      this,
+      [plate = FromQt(plate_), period](const auto& store) {
+        return reports::EvolucaoDa(zorCrmParvel::DataAccessRef(store), plate, period);
       },
-      [this, asked](const reports::Evolucao& shown) {
-        if (asked == asked_) Show(shown);
-      },
+      [this](const reports::Evolucao& shown) { Show(shown); },
       [this](const ErrorText& failure) {
         notice_->setText(WithDetails(failure));
         notice_->show();

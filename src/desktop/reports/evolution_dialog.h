@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <vector>
 
+#include "desktop/database/background_reader.h"
 #include "desktop/database/workspace.h"
 #include "reports/pages/escolha.h"
 #include "reports/pages/evolucao.h"
@@ -33,7 +34,7 @@ class EvolutionDialog : public QDialog {
   QLabel* title_;
   QLabel* notice_;
   std::vector<ChartPanel*> charts_;
-  int asked_ = 0;  // what comes for an earlier question is too late
+  ReadTicket reading_;
 };
 
 void ShowEvolution(Workspace& workspace, const QString& plate, QWidget* parent);

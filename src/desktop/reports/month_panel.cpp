@@ -6,7 +6,6 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
-#include "desktop/reports/in_background.h"
 #include "platform/host.h"
 
 namespace desktop {
@@ -24,15 +23,14 @@ MonthPanel::MonthPanel(QWidget* parent) : QWidget(parent), grid_(new QGridLayout
 }
 
 void MonthPanel::Refresh(Workspace* workspace) {
-  const int asked = ++asked_;
+  reading_.GiveUp();
   if (workspace == nullptr) return hide();
-  InBackground(
-      *workspace, this,
-      [today = platform::Today()](const auto& database) { return reports::ResumoDe(database, today); },
-      [this, asked](const reports::ResumoDoMes& month) {
-        if (asked == asked_) Show(month);
+  reading_ = workspace->reader().Ask(
+      this,
+      [today = platform::Today()](const auto& store) {
+        return reports::ResumoDe(zorCrmParvel::DataAccessRef(store), today);
       },
-      [this](const ErrorText&) { hide(); });
+      [this](const reports::ResumoDoMes& month) { Show(month); }, [this](const ErrorText&) { hide(); });
 }
 
 QLabel* MonthPanel::AddLabel(const QString& text, int row, int column, bool muted) {

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "desktop/database/background_reader.h"
 #include "desktop/database/workspace.h"
 #include "reports/pages/mes.h"
 
@@ -29,7 +30,7 @@ class MonthPanel : public QWidget {
 
   QGridLayout* grid_;
   QStringList lines_;
-  int asked_ = 0;
+  ReadTicket reading_;
 };
 
 }  // namespace desktop

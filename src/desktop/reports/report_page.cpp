@@ -15,7 +15,6 @@
 #include "desktop/print/report_dialog.h"
 #include "desktop/reports/chart_panel.h"
 #include "desktop/reports/filter_dialog.h"
-#include "desktop/reports/in_background.h"
 #include "desktop/reports/report_bar.h"
 #include "desktop/shell/message_page.h"
 #include "platform/host.h"
@@ -114,6 +113,7 @@ QString ReportPage::TotalsText() const { return totals_->text(); }
 void ReportPage::Load() { Compute(); }
 
 void ReportPage::GiveUp() {
+  reading_.GiveUp();
   if (given_up_) *given_up_ = true;
 }
 
@@ -128,18 +128,19 @@ void ReportPage::Compute() {
   reports::Pedido request = bar_->choice().PedidoEm(platform::Today());
   request.cancelar = [given_up = given_up_] { return given_up->load(); };
   slow_.start(kSlow);
-  const auto read = [report = report_, request, seen = bar_->choice().vistos](const auto& database) {
-    return reports::Calcular(database, report, request, seen);
+  const auto read = [report = report_, request, seen = bar_->choice().vistos](const auto& store) {
+    try {
+      return std::optional(reports::Calcular(zorCrmParvel::DataAccessRef(store), report, request, seen));
+    } catch (const reports::Cancelado&) {
+      return std::optional<reports::Resultado>();  // of a question that nobody waits for
+    }
   };
-  const auto mine = [this, given_up = given_up_] { return !*given_up && given_up == given_up_; };
-  InBackground(
-      workspace_, this, read,
-      [this, mine](reports::Resultado result) {
-        if (mine()) Computed(std::move(result));
+  reading_ = workspace_.reader().Ask(
+      this, read,
+      [this](std::optional<reports::Resultado> result) {
+        if (result) Computed(std::move(*result));
       },
-      [this, mine](const ErrorText& failure) {
-        if (mine()) Failed(failure);
-      });
+      [this](const ErrorText& failure) { Failed(failure); });
 }
 
 void ReportPage::Computed(reports::Resultado result) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "desktop/database/background_reader.h"
 #include "desktop/database/workspace.h"
 #include "desktop/list/table_view.h"
 #include "desktop/reports/report_source.h"
@@ -82,7 +83,8 @@ class ReportPage : public Page {
   QSettings& settings_;
   reports::TipoDeRelatorio report_;
   bool keeps_;  // what is chosen is kept for the next time
-  std::shared_ptr<std::atomic<bool>> given_up_;
+  ReadTicket reading_;
+  std::shared_ptr<std::atomic<bool>> given_up_;  // heard by what computes
   std::optional<ErrorText> failure_;
   std::vector<std::size_t> tables_;
   QTimer slow_;

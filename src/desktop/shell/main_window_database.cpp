@@ -13,7 +13,6 @@
 #include "desktop/database/database_dialogs.h"
 #include "desktop/exchange/import_dialog.h"
 #include "desktop/look/text.h"
-#include "desktop/reports/in_background.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
@@ -92,7 +91,6 @@ void MainWindow::CloseDatabase() {
   ClosePage();
   alerts_->Watch(nullptr);
   copies_->Watch({});
-  WaitForReads();
   workspace_.reset();
 }
 

@@ -11,7 +11,6 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
-#include "desktop/reports/in_background.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/start/alert_board.h"
 
@@ -94,7 +93,6 @@ void UseDarkColors() {
 bool TakePicture(MainWindow& window, const Options& options) {
   window.resize(Em(&window) * kWidth, Em(&window) * kHeight);
   window.alerts().Finish();
-  WaitForReads();
   QImage picture;
   const auto take = [&] {
     TurnToTab(options.tab.toInt());
