@@ -24,12 +24,6 @@ std::string MessageId(const std::string& address, const std::vector<NewsItem>& i
          "@parvel";
 }
 
-std::string TextIn(const reports::Tabela& table, const reports::LinhaDaTabela& row, const char* key) {
-  for (std::size_t i = 0; i < table.colunas.size(); ++i)
-    if (table.colunas[i].chave == key) return reports::TextoDa(row.celulas[i], table.colunas[i].formato);
-  return {};
-}
-
 }  // namespace
 
 Round::Round(std::shared_ptr<zorCrmParvel::Store> store, std::string sender)
@@ -58,12 +52,13 @@ void Round::GatherOddities() {
   for (std::size_t i = 0; i < table.Quantas(); ++i) {
     const reports::LinhaDaTabela row = table.Linha(i);
     NewsItem item;
-    item.uid = "excepcao-" + TextIn(table, row, "regra") + "-" + TextIn(table, row, "tabela") + "-" +
-               TextIn(table, row, "id") + "@parvel";
-    item.text = TextIn(table, row, "viatura") + ", " + TextIn(table, row, "data") + ": " +
-                TextIn(table, row, "texto");
+    item.uid = "excepcao-" + reports::TextoDaChave(table, row, "regra") + "-" +
+               reports::TextoDaChave(table, row, "tabela") + "-" + reports::TextoDaChave(table, row, "id") +
+               "@parvel";
+    item.text = reports::TextoDaChave(table, row, "viatura") + ", " +
+                reports::TextoDaChave(table, row, "data") + ": " + reports::TextoDaChave(table, row, "texto");
     item.odd = true;
-    pieces_.push_back({item, TextIn(table, row, "viatura"), ""});
+    pieces_.push_back({item, reports::TextoDaChave(table, row, "viatura"), ""});
   }
 }
 

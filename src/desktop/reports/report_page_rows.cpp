@@ -20,17 +20,8 @@
 
 // What is done with the rows of a report.
 namespace desktop {
-namespace {
 
 using zorCrmParvel::DataAccessRef;
-
-std::string CellText(const reports::Tabela& table, const reports::LinhaDaTabela& row, const char* key) {
-  for (std::size_t i = 0; i < table.colunas.size(); ++i)
-    if (table.colunas[i].chave == key) return reports::TextoDa(row.celulas[i], table.colunas[i].formato);
-  return {};
-}
-
-}  // namespace
 
 QWidget* ReportPage::Heading() {
   auto* heading = new QWidget(this);
@@ -63,7 +54,8 @@ void ReportPage::AddOwnButtons(QWidget* heading) {
     connect(this, &Page::Changed, this, [this] {
       const auto chosen = Chosen();
       seen_->setEnabled(chosen.has_value());
-      const bool back = chosen && CellText(result()->relatorio.tabelas[0], *chosen, "visto") == "sim";
+      const bool back =
+          chosen && reports::TextoDaChave(result()->relatorio.tabelas[0], *chosen, "visto") == "sim";
       seen_->setText(back ? QStringLiteral("&Tornar a pôr na lista") : QStringLiteral("&Dar por vista…"));
     });
   }
@@ -114,17 +106,18 @@ void ReportPage::SwitchSeen() {
   const auto row = Chosen();
   if (!row || !row->alvo.especie) return;
   const reports::Tabela& table = result()->relatorio.tabelas[source_->table()];
-  const std::string rule = CellText(table, *row, "regra");
+  const std::string rule = reports::TextoDaChave(table, *row, "regra");
   const DataAccessRef database(workspace_.store());
   const std::string events = reports::TextosDe(*row->alvo.especie).tabela;
-  if (CellText(table, *row, "visto") == "sim") {
+  if (reports::TextoDaChave(table, *row, "visto") == "sim") {
     Guarded(window(), [&] { reports::DesmarcarVisto(database, rule, events, row->alvo.id); });
     return Compute();
   }
   bool given = false;
-  const QString note = QInputDialog::getText(
-      window(), QStringLiteral("Dar por vista"),
-      ToQt(CellText(table, *row, "texto")) + QStringLiteral("\n\nNota:"), QLineEdit::Normal, {}, &given);
+  const QString note =
+      QInputDialog::getText(window(), QStringLiteral("Dar por vista"),
+                            ToQt(reports::TextoDaChave(table, *row, "texto")) + QStringLiteral("\n\nNota:"),
+                            QLineEdit::Normal, {}, &given);
   if (!given) return;
   Guarded(window(), [&] { reports::MarcarVisto(database, rule, events, row->alvo.id, FromQt(note)); });
   Compute();

@@ -8,12 +8,6 @@
 namespace reports {
 namespace {
 
-std::string TextoDaChave(const Tabela& tabela, const LinhaDaTabela& linha, const char* chave) {
-  for (std::size_t i = 0; i < tabela.colunas.size(); ++i)
-    if (tabela.colunas[i].chave == chave) return TextoDa(linha.celulas[i], tabela.colunas[i].formato);
-  return {};
-}
-
 /// A total that stands in words: amounts with what they count, from the columns that are worth telling.
 std::string Contado(const Tabela& tabela, const LinhaDaTabela& linha, const std::string& unidadeDoTotal) {
   struct Palavra {

@@ -37,4 +37,17 @@ bool ENumero(Formato formato) {
   return formato != Formato::kTexto && formato != Formato::kData && formato != Formato::kLogico;
 }
 
+std::string TextoDaChave(const Tabela& tabela, const LinhaDaTabela& linha, std::string_view chave) {
+  for (std::size_t i = 0; i < tabela.colunas.size(); ++i)
+    if (tabela.colunas[i].chave == chave) return TextoDa(linha.celulas[i], tabela.colunas[i].formato);
+  return {};
+}
+
+std::vector<std::size_t> ColunasParaPessoas(const Tabela& tabela) {
+  std::vector<std::size_t> colunas;
+  for (std::size_t i = 0; i < tabela.colunas.size(); ++i)
+    if (!tabela.colunas[i].soParaMaquinas) colunas.push_back(i);
+  return colunas;
+}
+
 }  // namespace reports

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -70,5 +71,9 @@ Celula DoValor(const Valor& valor);
 std::string TextoDa(const Celula& celula, Formato formato);
 /// True when cells of the column stand at the right.
 bool ENumero(Formato formato);
+/// The cell of a row under a key, as a person reads it; empty where the table has no such column.
+std::string TextoDaChave(const Tabela& tabela, const LinhaDaTabela& linha, std::string_view chave);
+/// The columns that stand in print, by number.
+std::vector<std::size_t> ColunasParaPessoas(const Tabela& tabela);
 
 }  // namespace reports
