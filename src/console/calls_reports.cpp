@@ -8,6 +8,7 @@
 #include "console/calls.h"
 #include "console/program.h"
 #include "console/report_printer.h"
+#include "exchange/export/report_table.h"
 #include "platform/host.h"
 #include "platform/runtime_error.h"
 #include "reports/definicoes.h"
@@ -125,7 +126,8 @@ void Write(const Calls& calls, const reports::Relatorio& report, const ReportOpt
                        options.json  ? Output::kJson
                        : options.csv ? Output::kCsv
                                      : Output::kTable);
-  exchange::WriteTable(ExportTableOf(table, report.titulo), options.file, exchange::ExportFormat::kXlsx);
+  exchange::WriteTable(exchange::ExportTableOf(table, report.titulo), options.file,
+                       exchange::ExportFormat::kXlsx);
   calls.out << (table.Quantas() == 1 ? "1 linha" : std::to_string(table.Quantas()) + " linhas") << " em "
             << options.file << ".\n";
 }

@@ -20,13 +20,6 @@ using reports::ColunaDaTabela;
 using reports::LinhaDaTabela;
 using reports::Tabela;
 
-std::vector<std::size_t> ForPeople(const Tabela& table) {
-  std::vector<std::size_t> columns;
-  for (std::size_t i = 0; i < table.colunas.size(); ++i)
-    if (!table.colunas[i].soParaMaquinas) columns.push_back(i);
-  return columns;
-}
-
 /// A date for other programs: the day alone when the time is midnight.
 std::string IsoDate(Date date) {
   if (reports::SemData(date)) return {};
@@ -83,34 +76,6 @@ std::string CsvOf(const Celula& cell) {
   return date == nullptr ? std::string() : IsoDate(*date);
 }
 
-exchange::ExportCell ExportCellOf(const Celula& cell) {
-  if (const auto* text = std::get_if<std::string>(&cell)) return *text;
-  if (const auto* money = std::get_if<Currency>(&cell)) return *money;
-  if (const auto* whole = std::get_if<std::int64_t>(&cell)) return static_cast<double>(*whole);
-  if (const auto* truth = std::get_if<bool>(&cell)) return *truth;
-  const auto* date = std::get_if<Date>(&cell);
-  if (date == nullptr || reports::SemData(*date)) return std::string();
-  return *date;
-}
-
-exchange::ExportColumn ExportColumnOf(const ColunaDaTabela& column) {
-  using exchange::ExportKind;
-  switch (column.formato) {
-    case reports::Formato::kTexto:
-      return {column.titulo};
-    case reports::Formato::kData:
-      return {column.titulo, ExportKind::kDate};
-    case reports::Formato::kLogico:
-      return {column.titulo, ExportKind::kTruth};
-    case reports::Formato::kInteiro:
-      return {column.titulo, ExportKind::kNumber, 0, 0};
-    case reports::Formato::kPorUnidade:
-      return {column.titulo, ExportKind::kMoney, 0, 4};
-    default:
-      return {column.titulo, ExportKind::kMoney};
-  }
-}
-
 void PrintCsv(std::ostream& out, const Tabela& table) {
   for (std::size_t i = 0; i < table.colunas.size(); ++i)
     out << (i == 0 ? "" : ";") << exchange::CsvField(table.colunas[i].chave);
@@ -125,7 +90,7 @@ void PrintCsv(std::ostream& out, const Tabela& table) {
 }  // namespace
 
 void PrintReportTable(std::ostream& out, const Tabela& table) {
-  const auto columns = ForPeople(table);
+  const std::vector<std::size_t> columns = reports::ColunasParaPessoas(table);
   std::vector<std::vector<std::string>> rows(1);
   for (const std::size_t column : columns) rows[0].push_back(table.colunas[column].titulo);
   for (std::size_t i = 0; i < table.Quantas(); ++i) {
@@ -149,18 +114,6 @@ void PrintReportTable(std::ostream& out, const Tabela& table) {
     line.erase(line.find_last_not_of(' ') + 1);
     out << line << '\n';
   }
-}
-
-exchange::ExportTable ExportTableOf(const Tabela& table, const std::string& title) {
-  exchange::ExportTable out{.title = title, .columns = {}, .rows = {}};
-  const auto columns = ForPeople(table);
-  for (const std::size_t column : columns) out.columns.push_back(ExportColumnOf(table.colunas[column]));
-  for (std::size_t i = 0; i < table.Quantas(); ++i) {
-    const LinhaDaTabela row = table.Linha(i);
-    auto& cells = out.rows.emplace_back();
-    for (const std::size_t column : columns) cells.push_back(ExportCellOf(row.celulas[column]));
-  }
-  return out;
 }
 
 void PrintReport(std::ostream& out, const reports::Relatorio& report, Output format) {

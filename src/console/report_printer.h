@@ -3,7 +3,6 @@
 #include <iosfwd>
 
 #include "console/list_printer.h"
-#include "exchange/export/export_table.h"
 #include "reports/tables/tabela.h"
 
 namespace console {
@@ -11,8 +10,6 @@ namespace console {
 /// Prints a report: aligned tables one below the other; its first table as CSV (semicolons); or all as JSON,
 /// whose numbers have a point and whose absent figures are null.
 void PrintReport(std::ostream& out, const reports::Relatorio& report, Output format);
-/// A table on its way to a file; columns for machines alone are left out.
-exchange::ExportTable ExportTableOf(const reports::Tabela& table, const std::string& title);
 void PrintReportTable(std::ostream& out, const reports::Tabela& table);
 
 }  // namespace console
