@@ -22,6 +22,7 @@ constexpr std::int32_t kCalendarDays = 365;
 struct NoticeOptions {
   bool simulate = false;
   bool install = false;
+  bool calendar = false;
   bool remove = false;
   std::string passwordFile;
   notice::MailSettings settings;
@@ -54,12 +55,24 @@ void Print(const notice::Outcome& outcome, bool simulated, std::ostream& out) {
         << outcome.result.reason << '\n';
 }
 
-/// Where calendar programs find the due dates: beside the usual database.
-void WriteCalendarFile(const zorCrmParvel::DataAccessRef& bd) {
+/// Where calendar programs find the due dates: beside the usual database. The path.
+std::string WriteCalendarFile(const std::shared_ptr<zorCrmParvel::Store>& store) {
+  const zorCrmParvel::DataAccessRef bd{std::shared_ptr<zorCrmParvel::DataAccess>(store)};
   const std::string database = store::DefaultDatabasePath();
+  const std::string folder = database.substr(0, database.rfind('/'));
+  store::CreatePrivateFolders(folder);
+  const std::string file = folder + "/alertas.ics";
   platform::WritePrivateFile(
-      database.substr(0, database.rfind('/')) + "/alertas.ics",
+      file,
       exchange::WriteCalendar(notice::CalendarOf(notice::DueDatesOf(bd, kCalendarDays)), platform::Now()));
+  return file;
+}
+
+int TellCalendar(const Calls& calls) {
+  const std::string file = WriteCalendarFile(calls.Open());
+  calls.out << "Calendário escrito em " << file << "\nOs programas de calendário assinam-no por file://"
+            << file << '\n';
+  return kDone;
 }
 
 /// From a file, else from the environment.
@@ -72,7 +85,7 @@ std::optional<std::string> MailPassword(const std::string& file) {
 int SendNotices(const Calls& calls, const NoticeOptions& options) {
   const auto store = calls.Open();
   const notice::NoticeBook book = BookOf(store);
-  WriteCalendarFile(zorCrmParvel::DataAccessRef(std::shared_ptr<zorCrmParvel::DataAccess>(store)));
+  WriteCalendarFile(store);
   const notice::MailSettings settings = book.Settings();
   if (book.Recipients().empty())
     return Refuse(calls, "Ninguém está para ser avisado. Junte alguém com parvel aviso juntar ENDEREÇO.");
@@ -100,9 +113,10 @@ int SendNotices(const Calls& calls, const NoticeOptions& options) {
 }
 
 int RunNotices(const Calls& calls, const NoticeOptions& options) {
-  if (options.install) return InstallTimer(calls.database, options.passwordFile, calls.out, calls.err);
+  if (options.install)
+    return InstallTimer({calls.database, options.passwordFile, options.calendar}, calls.out, calls.err);
   if (options.remove) return RemoveTimer(calls.out, calls.err);
-  return SendNotices(calls, options);
+  return options.calendar ? TellCalendar(calls) : SendNotices(calls, options);
 }
 
 int SetServer(const Calls& calls, const NoticeOptions& options) {
@@ -176,6 +190,7 @@ void AddNoticeCalls(Calls& calls) {
   CLI::App& aviso = calls.Add("aviso", "Avisa por correio do que está a vencer e do que é estranho.",
                               [&calls, options] { return RunNotices(calls, *options); });
   aviso.add_flag("--simular", options->simulate, "Mostra as mensagens, sem as enviar.");
+  aviso.add_flag("--calendario", options->calendar, "Só escreve o calendário dos prazos, e diz onde está.");
   auto* install = aviso.add_flag("--instalar", options->install, "Avisa todos os dias, por si.");
   aviso.add_flag("--retirar", options->remove, "Deixa de avisar por si.")->excludes(install);
   aviso

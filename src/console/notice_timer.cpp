@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kTimer = "parvel-aviso.timer";
+constexpr const char* kService = "parvel-aviso.service";
 
 fs::path UnitFolder() {
   const char* config = std::getenv("XDG_CONFIG_HOME");
@@ -30,7 +31,7 @@ fs::path UnitFolder() {
 std::string ThisProgram() { return fs::read_symlink("/proc/self/exe").string(); }
 
 /// What the timer calls: this program on that database.
-std::string ServiceUnit(const store::DatabaseChoice& database, const std::string& passwordFile) {
+std::string ServiceUnit(const TimedNotice& notice) {
   std::string call = UnitWord(ThisProgram());
   const auto add = [&call](const char* option, const std::string& value) {
     if (!value.empty()) call += std::string(" ") + option + " " + UnitWord(value);
@@ -38,13 +39,15 @@ std::string ServiceUnit(const store::DatabaseChoice& database, const std::string
   const auto whole = [](const std::string& file) {
     return file.empty() ? file : fs::absolute(file).string();
   };
-  add("--db", whole(database.file));
-  add("--ligacao", database.connection);
-  add("--senha-ficheiro", whole(database.passwordFile));
-  call += " aviso";
-  add("--senha-correio-ficheiro", whole(passwordFile));
-  return "[Unit]\nDescription=Avisos da frota por correio\n\n[Service]\nType=oneshot\nExecStart=" + call +
-         "\n";
+  add("--db", whole(notice.database.file));
+  add("--ligacao", notice.database.connection);
+  add("--senha-ficheiro", whole(notice.database.passwordFile));
+  call += notice.calendarOnly ? " aviso --calendario" : " aviso";
+  add("--senha-correio-ficheiro", whole(notice.passwordFile));
+  // Where the network isn't there yet it is tried again, for some hours; what is set wrong stays so.
+  return "[Unit]\nDescription=Avisos da frota por correio\nStartLimitIntervalSec=6h\nStartLimitBurst=8\n\n"
+         "[Service]\nType=oneshot\nExecStart=" +
+         call + "\nRestart=on-failure\nRestartSec=15min\nRestartPreventExitStatus=1 2\n";
 }
 
 constexpr const char* kTimerUnit =
@@ -54,6 +57,11 @@ constexpr const char* kTimerUnit =
 bool SystemDoes(const std::string& words) {
   const int status = std::system(("systemctl --user " + words + " >/dev/null 2>&1").c_str());
   return status != -1 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void RemoveUnits() {
+  fs::remove(UnitFolder() / kTimer);
+  fs::remove(UnitFolder() / kService);
 }
 
 int TellRefusal(std::ostream& err) {
@@ -75,27 +83,27 @@ std::string UnitWord(const std::string& word) {
   return quoted + "\"";
 }
 
-int InstallTimer(const store::DatabaseChoice& database, const std::string& passwordFile, std::ostream& out,
-                 std::ostream& err) {
+int InstallTimer(const TimedNotice& notice, std::ostream& out, std::ostream& err) {
   const fs::path folder = UnitFolder();
   store::CreatePrivateFolders(folder.string());
-  platform::WritePrivateFile((folder / "parvel-aviso.service").string(), ServiceUnit(database, passwordFile));
+  platform::WritePrivateFile((folder / kService).string(), ServiceUnit(notice));
   platform::WritePrivateFile((folder / kTimer).string(), kTimerUnit);
-  if (!SystemDoes("daemon-reload") || !SystemDoes(std::string("enable --now ") + kTimer))
+  if (!SystemDoes("daemon-reload") || !SystemDoes(std::string("enable --now ") + kTimer)) {
+    RemoveUnits();
     return TellRefusal(err);
-  out << "Avisa todos os dias às 8 horas. Para deixar: parvel aviso --retirar.\n";
+  }
+  out << (notice.calendarOnly ? "Escreve o calendário" : "Avisa")
+      << " todos os dias às 8 horas. Para deixar: parvel aviso --retirar.\n";
   return kDone;
 }
 
 int RemoveTimer(std::ostream& out, std::ostream& err) {
-  const fs::path folder = UnitFolder();
-  if (!fs::exists(folder / kTimer)) {
+  if (!fs::exists(UnitFolder() / kTimer)) {
     out << "Não estava instalado.\n";
     return kDone;
   }
   const bool done = SystemDoes(std::string("disable --now ") + kTimer);
-  fs::remove(folder / kTimer);
-  fs::remove(folder / "parvel-aviso.service");
+  RemoveUnits();
   SystemDoes("daemon-reload");
   if (!done) return TellRefusal(err);
   out << "Deixa de avisar por si.\n";

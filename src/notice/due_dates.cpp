@@ -31,7 +31,8 @@ std::string Cells(const SGGrid& grid, long row, const std::vector<const char*>& 
 /// The dates of one list by their identifiers, in the order of its rows.
 class Gathering {
  public:
-  Gathering(const AlertFamily& family, const SGGrid& grid) : family_(family), grid_(grid) {}
+  Gathering(const AlertFamily& family, const SGGrid& grid, const due::Handlings& handlings)
+      : family_(family), grid_(grid), handlings_(handlings) {}
 
   void Add(long row, const Term& term, std::int32_t days) {
     const platform::Date day = platform::Today().AddDays(days);
@@ -60,8 +61,10 @@ class Gathering {
       all_.back().summary = std::string(term.name) + ":" + Cells(grid_, row, family_.summary, " ");
       all_.back().plate = Text(row, family_.plate);
       all_.back().driver = Text(row, family_.driver);
+      all_.back().handled = true;
     }
     DueDate& due = all_[place->second];
+    due.handled = due.handled && IsHandled(row);
     const std::string notes = grid_.CellText(row, grid_.ColumnIndex("Notas"));
     if (!notes.empty() && due.notes.find(notes) == std::string::npos)
       due.notes += (due.notes.empty() ? "" : "\n") + notes;
@@ -72,8 +75,15 @@ class Gathering {
     return column == nullptr ? "" : grid_.CellText(row, grid_.ColumnIndex(column));
   }
 
+  bool IsHandled(long row) const {
+    std::vector<std::string> texts;
+    for (const char* column : due::AlertColumns(family_.list)) texts.push_back(Text(row, column));
+    return handlings_.count(due::AlertOf(texts)) != 0;
+  }
+
   const AlertFamily& family_;
   const SGGrid& grid_;
+  const due::Handlings& handlings_;
   std::vector<DueDate> all_;
   std::map<std::string, std::size_t> places_;
 };
@@ -123,8 +133,9 @@ const std::vector<AlertFamily>& AlertFamilies() {
   return families;
 }
 
-std::vector<DueDate> DueDatesIn(const AlertFamily& family, const SGGrid& grid, std::int32_t within) {
-  Gathering gathering(family, grid);
+std::vector<DueDate> DueDatesIn(const AlertFamily& family, const SGGrid& grid, std::int32_t within,
+                                const due::Handlings& handlings) {
+  Gathering gathering(family, grid, handlings);
   for (long row = 0; row < grid.RowCount(); ++row) {
     for (const Term& term : family.terms)
       if (const Variant days = grid.CellValue(row, grid.ColumnIndex(term.column));
@@ -148,7 +159,8 @@ std::vector<DueDate> DueDatesOf(const zorCrmParvel::DataAccessRef& bd, std::int3
     UnseenForm form;
     list->ICrmVwList_GridMaster(&form.Grelha);
     list->ICrmVwList_Iniciar();
-    for (DueDate& due : DueDatesIn(family, form.Grelha, within)) all.push_back(std::move(due));
+    const due::Handlings handlings = due::HandlingsOf(bd, family.list, platform::Today());
+    for (DueDate& due : DueDatesIn(family, form.Grelha, within, handlings)) all.push_back(std::move(due));
     list->ICrmVwList_Terminar();
   }
   std::stable_sort(all.begin(), all.end(), MoreUrgent);

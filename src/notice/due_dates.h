@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "due/handled.h"
 #include "exchange/calendar_file.h"
 #include "host/data_access.h"
 #include "platform/date.h"
@@ -43,13 +44,15 @@ struct DueDate {
   std::string notes;                 // each on a line
   std::string plate;                 // empty for a driver's
   std::string driver;                // his code; empty for a vehicle's
+  bool handled = false;              // somebody has dealt with it or put it off
 
   bool Overdue() const { return days.value_or(kilometres) < 0; }
 };
 
 /// What stands in the grid of an alert list that has been started and is due within so many days. One date of
-/// one thing is one entry, with all that there is to say.
-std::vector<DueDate> DueDatesIn(const AlertFamily& family, const platform::SGGrid& grid, std::int32_t within);
+/// one thing is one entry, with all that there is to say. It is dealt with when all its rows are.
+std::vector<DueDate> DueDatesIn(const AlertFamily& family, const platform::SGGrid& grid, std::int32_t within,
+                                const due::Handlings& handlings = {});
 
 /// The same of all alert lists of a database, the most urgent first. A failure of a list goes to the caller.
 std::vector<DueDate> DueDatesOf(const zorCrmParvel::DataAccessRef& bd, std::int32_t within);

@@ -39,7 +39,7 @@ void Round::Gather() {
     vehicles_[row.text("Matricula")] = {row.textOrEmpty("Departamento"), row.textOrEmpty("Responsavel")};
   rows->Close();
   for (const DueDate& due : DueDatesOf(bd_, kDaysAhead))
-    pieces_.push_back({NewsOf(due), due.plate, due.driver});
+    if (!due.handled) pieces_.push_back({NewsOf(due), due.plate, due.driver});
   GatherOddities();
 }
 

@@ -9,6 +9,7 @@
 
 #include "desktop/shell/main_actions.h"
 #include "desktop/start/alert_card.h"
+#include "desktop/start/due_notifier.h"
 #include "open_window.h"
 #include "platform/format.h"
 #include "platform/host.h"
@@ -67,6 +68,25 @@ class StartPageTest : public OpenWindow {
     return texts.join(" | ");
   }
 };
+
+TEST_F(StartPageTest, WhatBecomesDueWhileTheWindowIsOpenIsSaid) {
+  QStringList said;
+  QObject::connect(&window.due(), &desktop::DueNotifier::BecameDue,
+                   [&](const QString& title, const QString& text) { said << title + ": " + text; });
+  const auto look = [&] {
+    window.due().Look();
+    window.workspace()->reader().Finish();
+  };
+  Vehicle();
+  look();
+  const QStringList before = said;
+  Policy(3);
+  look();
+  ASSERT_EQ(said.size(), before.size() + 1);
+  EXPECT_TRUE(said.back().startsWith("Frota: 1 prazo: Apólice: P-1 AA-00-01")) << said.back().toStdString();
+  look();
+  EXPECT_EQ(said.size(), before.size() + 1);
+}
 
 TEST_F(StartPageTest, AnEmptyDatabaseOffersTheFirstStepsWhichTickThemselves) {
   window.alerts().Finish();

@@ -32,7 +32,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
     {"exchange",
      {"platform", "host", "store/store", "masterdata", "vehicles", "drivers", "events", "alerts", "reports"}},
     {"reports", {"platform", "host", "store/store"}},
-    {"notice", {"platform", "host", "host/sistema", "store/store", "alerts", "exchange", "reports"}},
+    {"notice", {"platform", "host", "host/sistema", "store/store", "alerts", "due", "exchange", "reports"}},
     {"lists", {"platform", "host"}},
     {"due", {"platform", "host"}},
     {"entry", {"platform", "host", "masterdata", "vehicles", "drivers", "events", "reports", "lists"}},
@@ -46,7 +46,7 @@ const std::map<std::string, std::set<std::string>> kBelow = {
                  "exchange", "reports", "notice",    "setup",        "demo",        "history"}},
     {"desktop", {"platform", "host",        "host/sistema", "vehicles",  "drivers",  "events",  "alerts",
                  "store",    "store/store", "embedded",     "sqlserver", "exchange", "reports", "lists",
-                 "entry",    "due",         "setup",        "demo",      "history",  "manual"}},
+                 "entry",    "due",         "setup",        "demo",      "history",  "manual",  "notice"}},
 };
 
 std::string RoomOf(const std::string& path) {

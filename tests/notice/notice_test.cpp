@@ -1,3 +1,5 @@
+#include "due/handled.h"
+#include "notice/due_watch.h"
 #include "notice/mail_server.h"
 #include "notice/round.h"
 #include "platform/format.h"
@@ -49,6 +51,39 @@ TEST(DigestTest, WordsOfOthersStayWordsInHtml) {
       << digest.html;
   EXPECT_NE(digest.text.find("Vencido (1)\n- <b>Selo & cia\n  uma\n  duas\n"), std::string::npos)
       << digest.text;
+}
+
+TEST(DueWatchTest, WhatComesNearerIsNewsAndTheFirstLookIsNot) {
+  const auto due = [](int days, bool handled = false) {
+    notice::DueDate date;
+    date.thing = "AlertasAp-Dias-10-GJ-10";
+    date.days = days;
+    date.handled = handled;
+    return std::vector{date};
+  };
+  struct Case {
+    const char* what;
+    std::vector<notice::DueDate> before;
+    std::vector<notice::DueDate> now;
+    bool news;
+  };
+  const Case cases[] = {
+      {"comes near", {}, due(30), true},
+      {"nearer, not there yet", due(30), due(1), false},
+      {"its day", due(1), due(0), true},
+      {"the same day", due(0), due(0), false},
+      {"past", due(0), due(-1), true},
+      {"long past", due(-1), due(-9), false},
+      {"renewed", due(-1), due(20), false},
+      {"dealt with", {}, due(-1, true), false},
+      {"no longer put off", due(-1, true), due(-1), true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    notice::DueWatch watch;
+    EXPECT_TRUE(watch.Look(c.before).empty());
+    EXPECT_EQ(watch.Look(c.now).size(), c.news ? 1U : 0U);
+  }
 }
 
 class RoundTest : public DatabaseTest {
@@ -107,6 +142,20 @@ TEST_F(RoundTest, EveryoneHearsOfHisOwnAndNothingTwice) {
   Run();
   ASSERT_EQ(mails.size(), 5U);  // the one that is past, to whom it concerns
   EXPECT_EQ(mails[4].text.find("56-CD-78"), std::string::npos) << mails[4].text;
+}
+
+TEST_F(RoundTest, WhatIsPutOffWaits) {
+  Tell("todos@x.pt");
+  const std::string day = platform::FormatDate(host.clock.AddDays(-3), "dd-mm-yyyy");
+  due::Handle(bd, "AlertasViat", due::AlertOf({"12-AB-34", "Data de Pagamento do Selo ultrapassada!", day}),
+              {host.clock.AddDays(2).DayOnly(), "na oficina", "ANA", host.clock});
+  Run();
+  ASSERT_EQ(mails.size(), 1U);
+  EXPECT_EQ(mails[0].text.find("Selo: 12-AB-34"), std::string::npos) << mails[0].text;
+  host.clock = host.clock.AddDays(2);
+  Run();
+  ASSERT_EQ(mails.size(), 2U);
+  EXPECT_NE(mails[1].text.find("Selo: 12-AB-34"), std::string::npos) << mails[1].text;
 }
 
 TEST_F(RoundTest, WhatWasRenewedIsNewsAgain) {

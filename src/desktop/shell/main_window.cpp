@@ -1,6 +1,7 @@
 #include "desktop/shell/main_window.h"
 #include "desktop/reports/month_panel.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,10 +16,12 @@
 #include "desktop/help/manual_reader.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/shell/desktop_notices.h"
 #include "desktop/shell/help_page.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/sidebar.h"
 #include "desktop/start/alert_board.h"
+#include "desktop/start/due_notifier.h"
 #include "desktop/start/start_page.h"
 #include "host/form_catalog.h"
 #include "platform/host.h"
@@ -38,6 +41,7 @@ MainWindow::MainWindow(QSettings& settings)
       splitter_(new QSplitter(this)),
       place_(new QWidget(this)),
       alerts_(new AlertBoard(this)),
+      due_(new DueNotifier(this)),
       copies_(new CopyKeeper(settings, this)),
       start_(new StartPage(*alerts_, place_)),
       count_(new QLabel(this)),
@@ -51,6 +55,7 @@ MainWindow::MainWindow(QSettings& settings)
   ConnectList();
   ConnectPage();
   ConnectAlerts();
+  ConnectNotices();
   ConnectViews();
   FillFichas();
   Update();
@@ -113,6 +118,19 @@ void MainWindow::ConnectAlerts() {
   connect(start_, &StartPage::CodesWanted, this, &MainWindow::WriteBaseCodes);
   connect(start_, &StartPage::ImportWanted, this, [this] { Import({}); });
   connect(start_, &StartPage::DemoWanted, this, &MainWindow::OpenDemo);
+}
+
+/// What has become due is said on the desktop, since this window may be behind others; one press leads here.
+void MainWindow::ConnectNotices() {
+  auto* notices = new DesktopNotices(this);
+  connect(due_, &DueNotifier::BecameDue, notices, &DesktopNotices::Show);
+  connect(due_, &DueNotifier::BecameDue, this, &MainWindow::FindAlerts);
+  connect(notices, &DesktopNotices::Pressed, this, [this] {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    if (QApplication::activeModalWidget() == nullptr) ShowStart(true);
+  });
 }
 
 void MainWindow::ConnectList() {

@@ -17,6 +17,7 @@ namespace desktop {
 
 class AlertBoard;
 class CopyKeeper;
+class DueNotifier;
 class MainActions;
 class Sidebar;
 class StartPage;
@@ -42,6 +43,7 @@ class MainWindow : public QMainWindow {
   Page* shown() const { return page_; }
   StartPage& start() const { return *start_; }
   AlertBoard& alerts() const { return *alerts_; }
+  DueNotifier& due() const { return *due_; }
   Workspace* workspace() const { return workspace_.get(); }
   const MainActions& actions() const { return *actions_; }
   CopyKeeper& copies() const { return *copies_; }
@@ -58,6 +60,7 @@ class MainWindow : public QMainWindow {
   void ConnectList();
   void ConnectPage();
   void ConnectAlerts();
+  void ConnectNotices();
   void Show(const ListEntry& entry, bool to_work);
   void ShowStart(bool to_work);
   void OpenPage(const ListEntry& entry);
@@ -109,6 +112,7 @@ class MainWindow : public QMainWindow {
   QSplitter* splitter_;
   QWidget* place_;
   AlertBoard* alerts_;
+  DueNotifier* due_;
   CopyKeeper* copies_;
   QTimer* rest_;
   StartPage* start_;

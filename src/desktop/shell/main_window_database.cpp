@@ -18,6 +18,7 @@
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/start_up.h"
 #include "desktop/start/alert_board.h"
+#include "desktop/start/due_notifier.h"
 #include "platform/host.h"
 #include "setup/base_codes.h"
 
@@ -90,6 +91,7 @@ void MainWindow::AskAndCopy() {
 void MainWindow::CloseDatabase() {
   ClosePage();
   alerts_->Watch(nullptr);
+  due_->Watch(nullptr);
   copies_->Watch({});
   workspace_.reset();
 }

@@ -14,6 +14,7 @@
 #include "desktop/shell/pages.h"
 #include "desktop/shell/sidebar.h"
 #include "desktop/start/alert_board.h"
+#include "desktop/start/due_notifier.h"
 #include "desktop/start/start_page.h"
 
 namespace desktop {
@@ -27,6 +28,7 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   CloseDatabase();
   workspace_ = std::move(workspace);
   alerts_->Watch(workspace_.get());
+  due_->Watch(workspace_.get());
   ReadViews();
   const std::string file = OpenFileName();
   copies_->Watch(file);
