@@ -50,5 +50,20 @@ TEST(ColumnWidthsTest, ATableShowsItsNotesWholeWhereAnotherColumnHasTheRoom) {
   EXPECT_LT(table.columnWidth(1), table.fontMetrics().horizontalAdvance(note));
 }
 
+TEST(ColumnWidthsTest, ADateIsNeverCut) {
+  const QString note = QStringLiteral("Posto de abastecimento ").repeated(4);
+  desktop::TableView table(
+      std::make_unique<Sheet>(
+          std::vector<desktop::TableColumn>{{.key = "Data", .caption = "Data", .width = 300},
+                                            {.key = "Notas", .caption = "Notas", .width = 300},
+                                            {.key = "Id", .caption = "Id", .width = 300}},
+          std::vector<Sheet::Line>{{{"02-01-2026 13:37:00", note, "1"}, {}}}),
+      true, nullptr);
+  table.resize(desktop::Em(&table) * 20, 300);
+  table.show();
+  EXPECT_GT(table.columnWidth(0), table.fontMetrics().horizontalAdvance("02-01-2026 13:37:00"));
+  EXPECT_LT(table.columnWidth(1), table.fontMetrics().horizontalAdvance(note));
+}
+
 }  // namespace
 }  // namespace desktop_test

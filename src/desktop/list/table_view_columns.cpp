@@ -11,6 +11,7 @@ namespace desktop {
 void TableView::ConnectHeader(bool sortable) {
   header_->setStretchLastSection(true);
   header_->setHighlightSections(false);
+  header_->setTextElideMode(Qt::ElideRight);
   header_->setMinimumSectionSize(Em(this) * 2);
   header_->setSectionsClickable(sortable);
   header_->setSectionsMovable(sortable);
@@ -65,9 +66,12 @@ void TableView::ApplyColumns() {
   ShareColumns();
 }
 
+/// Columns give way down to what their source gives them; those that are as short as a date never do, for
+/// half a date or half a figure would be another one.
 void TableView::MeasureColumns() {
   const std::vector<std::size_t> visible = model_->source().VisibleColumns();
   const std::vector<int> widest = WidestCells(visible);
+  const double date = fontMetrics().horizontalAdvance(QStringLiteral("00-00-0000 00:00:00")) + 4 * Em(this);
   wishes_.clear();
   for (std::size_t i = 0; i < visible.size(); ++i) {
     const TableColumn& column = model_->source().Columns()[visible[i]];
@@ -80,7 +84,8 @@ void TableView::MeasureColumns() {
     const int heading = fontMetrics().horizontalAdvance(column.caption) + 2 * Em(this);
     const double given = FromTwips(column.width, this);
     const double holds = std::max(heading, widest[i]);
-    wishes_.push_back({.given = given, .holds = holds, .least = std::min(given, holds)});
+    wishes_.push_back(
+        {.given = given, .holds = holds, .least = holds <= date ? holds : std::min(given, holds)});
   }
 }
 

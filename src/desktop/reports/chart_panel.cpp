@@ -14,6 +14,7 @@
 #include <QLineSeries>
 #include <QLocale>
 #include <QMenu>
+#include <QResizeEvent>
 #include <QScatterSeries>
 #include <QStackedBarSeries>
 #include <QToolTip>
@@ -37,6 +38,7 @@ constexpr Qt::BrushStyle kHatches[] = {Qt::SolidPattern,  Qt::BDiagPattern,    Q
                                        Qt::CrossPattern,  Qt::FDiagPattern,    Qt::HorPattern,
                                        Qt::Dense6Pattern, Qt::DiagCrossPattern};
 constexpr double kHeadroom = 1.08;
+constexpr int kLongestName = 5;          // of a place along the axis, in lines' heights
 constexpr double kLineRoom = 0.3;        // of the span, above and below
 constexpr double kLeastLineRoom = 0.05;  // of the highest
 
@@ -108,7 +110,8 @@ void ChartPanel::Draw() {
   chart->setTitleBrush(palette().color(QPalette::Text));
   chart->legend()->setFont(font());
   chart->legend()->setLabelColor(palette().color(QPalette::Text));
-  chart->legend()->setAlignment(Qt::AlignBottom);
+  chart->legend()->setAlignment(LegendFits() ? Qt::AlignBottom : Qt::AlignRight);
+  chart->legend()->setShowToolTips(true);
   const bool lines = shown_.forma == reports::Forma::kLinhas;
   chart->legend()->setMarkerShape(lines ? QLegend::MarkerShapeFromSeries : QLegend::MarkerShapeRectangle);
   chart->legend()->setVisible(shown_.series.size() > 1);
@@ -182,7 +185,10 @@ void ChartPanel::AddBars(QChart& chart) {
 void ChartPanel::AddAxes(QChart& chart) {
   auto* places = new QBarCategoryAxis;
   QStringList names;
-  for (const std::string& place : shown_.lugares) names << ToQt(place);
+  for (const std::string& place : shown_.lugares) {
+    const QString short_name = fontMetrics().elidedText(ToQt(place), Qt::ElideRight, Em(this) * kLongestName);
+    names << (names.contains(short_name) ? ToQt(place) : short_name);
+  }
   places->append(names);
   auto* values = new QValueAxis;
   const auto [lowest, highest] = RangeOf(shown_);
@@ -208,7 +214,16 @@ void ChartPanel::AddAxes(QChart& chart) {
   places->setGridLineVisible(false);
   int widest = 0;
   for (const QString& name : names) widest = std::max(widest, fontMetrics().horizontalAdvance(name));
-  if ((widest + Gap(this)) * names.size() > width() - 3 * Em(this)) places->setLabelsAngle(-60);
+  // Upright a name keeps within its place; at any other angle the first and the last would be left out.
+  if ((widest + Gap(this)) * names.size() > width() - 3 * Em(this)) places->setLabelsAngle(-90);
+}
+
+/// One line below the chart holds the names of all series.
+bool ChartPanel::LegendFits() const {
+  int needed = 0;
+  for (const reports::Serie& series : shown_.series)
+    needed += fontMetrics().horizontalAdvance(ToQt(series.nome)) + 3 * Em(this);
+  return needed < width();
 }
 
 QString ChartPanel::ValueText(std::size_t series, int place) const {
@@ -242,6 +257,12 @@ void ChartPanel::CopyPicture() { QGuiApplication::clipboard()->setPixmap(view_->
 void ChartPanel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Draw();
+}
+
+/// What fits is another matter now.
+void ChartPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (event->size().width() != event->oldSize().width()) Draw();
 }
 
 void ChartPanel::contextMenuEvent(QContextMenuEvent* event) {

@@ -25,12 +25,14 @@ class ChartPanel : public QWidget {
  protected:
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Draw();
   void AddLines(QChart& chart);
   void AddBars(QChart& chart);
   void AddAxes(QChart& chart);
+  bool LegendFits() const;
   QString ValueText(std::size_t series, int place) const;
   void Point(std::size_t series, int place, bool in);
   QColor SeriesColor(std::size_t series) const;

@@ -32,6 +32,7 @@ FilterDialog::FilterDialog(const std::vector<reports::Filtro>& filters, const re
   connect(search_, &QLineEdit::textChanged, this, &FilterDialog::Search);
   column->addWidget(search_);
   tree_->header()->hide();
+  tree_->setUniformRowHeights(true);
   Fill(filters, chosen);
   column->addWidget(tree_, 1);
   auto* buttons = new QDialogButtonBox(this);
@@ -49,6 +50,7 @@ FilterDialog::FilterDialog(const std::vector<reports::Filtro>& filters, const re
 void FilterDialog::Fill(const std::vector<reports::Filtro>& filters, const reports::Escolhidos& chosen) {
   for (const reports::Filtro& filter : filters) {
     auto* group = new QTreeWidgetItem(tree_, {QString::fromUtf8(filter.titulo)});
+    group->setSizeHint(0, QSize(0, Em(this) * 7 / 4));
     group->setData(0, kCode, QString::fromUtf8(filter.chave));
     const auto found = chosen.find(filter.chave);
     bool any = false;
