@@ -26,6 +26,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "platform/format.h"
 
 namespace desktop {
 namespace {
@@ -88,6 +89,7 @@ ChartPanel::ChartPanel(QWidget* parent) : QWidget(parent), view_(new QChartView(
   column->addWidget(view_);
   view_->setFrameShape(QFrame::NoFrame);
   view_->setRenderHint(QPainter::Antialiasing);
+  view_->viewport()->installEventFilter(this);
   setMinimumSize(Em(this) * 14, Em(this) * 10);
   Draw();
 }
@@ -232,14 +234,20 @@ QString ChartPanel::ValueText(std::size_t series, int place) const {
   if (!value) return {};
   return QStringLiteral("%1\n%2: %3 %4")
       .arg(ToQt(shown_.lugares[static_cast<std::size_t>(place)]), ToQt(shown_.series[series].nome),
-           QLocale(QLocale::Portuguese, QLocale::Portugal).toString(*value, 'f', 2), ToQt(shown_.unidade));
+           ToQt(platform::FormatNumber(platform::Variant(*value), "###,##0.00")), ToQt(shown_.unidade));
 }
 
 void ChartPanel::Point(std::size_t series, int place, bool in) {
+  pointed_ = in;
   if (in)
     QToolTip::showText(QCursor::pos(), PlainToolTip(ValueText(series, place)), this);
   else
     QToolTip::hideText();
+}
+
+/// When the pointer rests the scene would put the tip of its item, which has none, in place of the value.
+bool ChartPanel::eventFilter(QObject* watched, QEvent* event) {
+  return (pointed_ && event->type() == QEvent::ToolTip) || QWidget::eventFilter(watched, event);
 }
 
 /// The accent, then the text's colour, then shades between them: told apart in grey, too.

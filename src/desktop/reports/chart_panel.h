@@ -26,6 +26,7 @@ class ChartPanel : public QWidget {
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Draw();
@@ -39,6 +40,7 @@ class ChartPanel : public QWidget {
 
   reports::Grafico shown_;
   QChartView* view_;
+  bool pointed_ = false;  // at a value
 };
 
 }  // namespace desktop
