@@ -53,7 +53,6 @@ int RunWindow(QApplication& application, const Options& options) {
 
 /// Nobody is there to answer: a database that can't be used is an error, and nothing is remembered.
 int RunPicture(const Options& options) {
-  if (options.dark) UseDarkColors();
   QTemporaryDir forgotten;
   QSettings settings(forgotten.filePath(QStringLiteral("retrato.ini")), QSettings::IniFormat);
   DesktopHost host(settings);
@@ -93,6 +92,7 @@ int main(int argc, char** argv) {
   QApplication::setStyle(new HouseStyle);
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
   SpeakPortuguese();
+  if (options.dark) UseDarkColors();
   try {
     return options.picture.isEmpty() ? RunWindow(application, options) : RunPicture(options);
   } catch (const std::exception& error) {

@@ -1,11 +1,15 @@
 #include "desktop/exchange/import_dialog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTest>
 #include <fstream>
 
 #include "desktop/exchange/import_preview_page.h"
@@ -104,8 +108,20 @@ TEST_F(ImportDialogTest, WhatIsNoTableIsToldAndWhatLacksIsAsked) {
   desk.script.Next([this](QWidget& opened) {
     auto& dialog = dynamic_cast<desktop::ImportDialog&>(opened);
     desk.script.Answer("OK");
-    dialog.OpenFile(desk.folder.filePath("imagem.xlsx"));
-    dialog.OpenFile(file);
+    auto& name = *dialog.findChild<QLineEdit*>("ficheiro");
+    name.setFocus();
+    QTest::keyClicks(&name, desk.folder.filePath("imagem.xlsx"));
+    QTest::keyClick(&name, Qt::Key_Return);
+    EXPECT_TRUE(name.text().endsWith("imagem.xlsx")) << "what was typed can be corrected";
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent over({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&dialog, &over);
+    EXPECT_TRUE(over.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&dialog, &drop);
+    QApplication::processEvents();
+    EXPECT_EQ(name.text(), file);
     ClickButton(dialog, "Continuar >");
     desk.script.Answer("OK");
     ClickButton(dialog, "Continuar >");

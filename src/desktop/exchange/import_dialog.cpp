@@ -1,10 +1,13 @@
 #include "desktop/exchange/import_dialog.h"
 
+#include <QDragEnterEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include "desktop/exchange/import_pages.h"
 #include "desktop/exchange/import_preview_page.h"
@@ -26,6 +29,11 @@ constexpr const char* kTitles[] = {"1. O ficheiro e o que tem", "2. As colunas",
 
 }  // namespace
 
+QString DroppedFile(const QDropEvent& event) {
+  const QList<QUrl> files = event.mimeData()->urls();
+  return files.size() == 1 ? files[0].toLocalFile() : QString();
+}
+
 ImportDialog::ImportDialog(std::shared_ptr<zorCrmParvel::Store> store, QWidget* parent)
     : QDialog(parent),
       store_(std::move(store)),
@@ -42,7 +50,7 @@ ImportDialog::ImportDialog(std::shared_ptr<zorCrmParvel::Store> store, QWidget* 
       close_(new QPushButton(this)) {
   setObjectName(QStringLiteral("importar"));
   setWindowTitle(QStringLiteral("Importar"));
-  setAcceptDrops(false);
+  setAcceptDrops(true);
   Build();
   resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
   GoTo(kFile);
@@ -71,6 +79,7 @@ void ImportDialog::Build() {
   next_->setDefault(true);
   column->addLayout(buttons);
   connect(file_page_, &ImportFilePage::FileWanted, this, &ImportDialog::AskForFile);
+  connect(file_page_, &ImportFilePage::NameTyped, this, &ImportDialog::ShowButtons);
   connect(preview_page_, &ImportPreviewPage::CodesWanted, this, &ImportDialog::CreateCodes);
   connect(preview_page_, &ImportPreviewPage::RefusedWanted, this, &ImportDialog::WriteRefused);
   connect(preview_page_, &ImportPreviewPage::TableWanted, this, &ImportDialog::Export);
@@ -104,6 +113,17 @@ void ImportDialog::AskForFile() {
   if (!file.isEmpty()) OpenFile(file);
 }
 
+/// Another file may take the first one's place as long as nothing was told about its columns.
+void ImportDialog::dragEnterEvent(QDragEnterEvent* event) {
+  const bool asked = pages_->currentIndex() == kFile && !work_->IsBusy();
+  if (asked && !DroppedFile(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void ImportDialog::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, file = DroppedFile(*event)] { OpenFile(file); });
+}
+
 void ImportDialog::OpenFile(const QString& file) {
   const auto open = [&] {
     auto session = std::make_unique<exchange::ImportSession>(store_, FromQt(file));
@@ -131,7 +151,7 @@ void ImportDialog::ShowButtons() {
   take_back_->setVisible(page == kEnd && stored_.number != 0);
   close_->setText(page == kEnd ? QStringLiteral("&Fechar") : QStringLiteral("Ca&ncelar"));
   next_->setText(QStringLiteral("&Continuar >"));
-  next_->setEnabled(session_ != nullptr);
+  next_->setEnabled(session_ != nullptr || !file_page_->Named().isEmpty());
   if (page != kPreview || plan_ == nullptr) return;
   const long rows = plan_->Sums().stored.rows;
   next_->setText(QStringLiteral("&Guardar ") +
@@ -142,6 +162,7 @@ void ImportDialog::ShowButtons() {
 void ImportDialog::Next() {
   switch (pages_->currentIndex()) {
     case kFile: {
+      if (!file_page_->Named().isEmpty()) return OpenFile(file_page_->Named());
       columns_page_->Show(session_.get());
       const bool recognised = !session_->profile().name.empty();
       if (recognised && MakePlan()) return GoTo(kPreview);

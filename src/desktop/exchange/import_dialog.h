@@ -6,11 +6,15 @@
 
 #include "exchange/assistant/import_session.h"
 
+class QDropEvent;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
 
 namespace desktop {
+
+/// The one file that is dragged here; empty for anything else.
+QString DroppedFile(const QDropEvent& event);
 
 class ImportColumnsPage;
 class ImportFilePage;
@@ -31,6 +35,10 @@ class ImportDialog : public QDialog {
   /// True once something was stored or taken back.
   bool HasWritten() const { return written_; }
   void reject() override;
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   enum Page : int { kFile, kColumns, kPreview, kEnd };

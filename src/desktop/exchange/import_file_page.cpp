@@ -22,8 +22,11 @@ ImportFilePage::ImportFilePage(QWidget* parent)
   form->setVerticalSpacing(Gap(this) * 2);
   auto* row = new QHBoxLayout;
   auto* choose = new QPushButton(QStringLiteral("&Procurar…"), this);
-  file_->setReadOnly(true);
+  file_->setObjectName(QStringLiteral("ficheiro"));
+  file_->setAcceptDrops(false);  // they are the dialog's
+  file_->setPlaceholderText(QStringLiteral("Escreva o nome, procure, ou largue aqui um ficheiro"));
   file_->setAccessibleName(QStringLiteral("Ficheiro"));
+  connect(file_, &QLineEdit::textEdited, this, &ImportFilePage::NameTyped);
   row->addWidget(file_, 1);
   row->addWidget(choose);
   SetMuted(facts_);
@@ -56,6 +59,11 @@ ImportFilePage::ImportFilePage(QWidget* parent)
     ShowChoices();
   });
   Show(nullptr);
+}
+
+QString ImportFilePage::Named() const {
+  const QString name = file_->text().trimmed();
+  return session_ != nullptr && name == ToQt(session_->file()) ? QString() : name;
 }
 
 void ImportFilePage::Show(exchange::ImportSession* session) {

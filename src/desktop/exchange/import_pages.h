@@ -23,9 +23,12 @@ class ImportFilePage : public QWidget {
   explicit ImportFilePage(QWidget* parent);
   /// Shows what the session has; null before there is a file.
   void Show(exchange::ImportSession* session);
+  /// The file that was typed and is not open yet; empty when there is none.
+  QString Named() const;
 
  Q_SIGNALS:
   void FileWanted();
+  void NameTyped();
 
  private:
   void ShowChoices();

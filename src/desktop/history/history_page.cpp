@@ -56,7 +56,7 @@ HistoryPage::HistoryPage(Workspace& workspace, QWidget* parent)
       kind_(Choice("O quê", this)),
       count_(new QLabel(this)),
       note_(new QLabel(this)),
-      undo_(new QPushButton(QStringLiteral("&Anular…"), this)) {
+      undo_(new QPushButton(QStringLiteral("An&ular…"), this)) {
   reading_.setInterval(0);
   Build();
   connect(&reading_, &QTimer::timeout, this, &HistoryPage::ReadOn);

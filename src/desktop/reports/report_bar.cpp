@@ -132,9 +132,9 @@ void ReportBar::ShowFilters() {
     for (const std::string& code : codes) names << ToQt(code);
     words << ToQt(key) + QStringLiteral(": ") + names.join(QStringLiteral(", "));
   }
-  filters_->setText(set == 0   ? QStringLiteral("&Filtros…")
+  filters_->setText(set == 0   ? QStringLiteral("Fi&ltros…")
                     : set == 1 ? fontMetrics().elidedText(words.front(), Qt::ElideRight, Em(this) * 16)
-                               : QStringLiteral("%1 &filtros…").arg(set));
+                               : QStringLiteral("%1 fi&ltros…").arg(set));
   filters_->setToolTip(PlainToolTip(set == 0
                                         ? QStringLiteral("Só algumas viaturas, departamentos, categorias, …")
                                         : words.join(QLatin1Char('\n'))));

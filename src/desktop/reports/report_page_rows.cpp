@@ -46,7 +46,7 @@ void ReportPage::AddOwnButtons(QWidget* heading) {
     return button;
   };
   if (report_ == reports::TipoDeRelatorio::kExcepcoes) {
-    auto* all = new QCheckBox(QStringLiteral("Mostrar &vistas"), heading);
+    auto* all = new QCheckBox(QStringLiteral("Mostrar vis&tas"), heading);
     heading->layout()->addWidget(all);
     connect(all, &QCheckBox::toggled, this, [this](bool on) { bar_->ShowSeen(on); });
     seen_ = add(QStringLiteral("&Dar por vista…"), QStringLiteral("Tira a excepção da lista, com uma nota"));

@@ -2,7 +2,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
-#include <QMimeData>
 #include <QStatusBar>
 #include <QTimer>
 #include <utility>
@@ -174,15 +173,13 @@ void MainWindow::Import(const QString& file) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  const QList<QUrl> files = event->mimeData()->urls();
-  if (files.size() == 1 && files[0].isLocalFile()) event->acceptProposedAction();
+  if (!DroppedFile(*event).isEmpty()) event->acceptProposedAction();
 }
 
 /// Later: whoever dragged the file waits for the drop to end.
 void MainWindow::dropEvent(QDropEvent* event) {
-  const QString file = event->mimeData()->urls().value(0).toLocalFile();
   event->acceptProposedAction();
-  QTimer::singleShot(0, this, [this, file] { Import(file); });
+  QTimer::singleShot(0, this, [this, file = DroppedFile(*event)] { Import(file); });
 }
 
 void MainWindow::FillRecent() {

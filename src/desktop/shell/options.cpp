@@ -18,7 +18,7 @@ Uso: parvel-desktop [opções] [FICHEIRO]
   --ficha NOME        No retrato: com esta ficha aberta, vazia.
   --registo           No retrato: com a ficha do primeiro registo aberta.
   --separador N       No retrato: com este separador da ficha, a contar de 1.
-  --escuro            No retrato: com as cores escuras.
+  --escuro            Com as cores escuras, sejam quais forem as do sistema.
   --help              Mostra esta ajuda.
   --version           Mostra a versão.
 

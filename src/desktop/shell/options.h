@@ -19,7 +19,7 @@ struct Options {
   QString ficha;
   QString tab;                 // the picture shows this tab of the ficha, counted from 1
   bool first_record = false;   // the picture shows the ficha of the first row
-  bool dark = false;           // the picture is in the dark colours
+  bool dark = false;           // in the dark colours, whatever the desktop's
   bool until_painted = false;  // the program ends when the window has been painted once
 };
 

@@ -12,7 +12,7 @@ class MainWindow;
 /// reads what the screen is like from the folder.
 void UseScreenOfItsOwn(const QTemporaryDir& folder);
 
-/// Colours of a dark desktop, for pictures.
+/// Colours of a dark desktop.
 void UseDarkColors();
 
 /// Paints the window, with the ficha that the options ask for open over it, into the options' file. False

@@ -67,8 +67,8 @@ void MonthPage::Build() {
     });
     heading->addWidget(button);
   };
-  add(QStringLiteral("&Anterior"), QStringLiteral("Mês anterior (PgUp)"), -1);
-  add(QStringLiteral("&Hoje"), QStringLiteral("O mês em que estamos"), 0);
+  add(QStringLiteral("Ant&erior"), QStringLiteral("Mês anterior (PgUp)"), -1);
+  add(QStringLiteral("Ho&je"), QStringLiteral("O mês em que estamos"), 0);
   add(QStringLiteral("&Seguinte"), QStringLiteral("Mês seguinte (PgDn)"), 1);
   column->addLayout(heading);
 
