@@ -153,8 +153,12 @@ SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQL
   return SQL_SUCCESS;
 }
 
-SQLRETURN SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT) {
-  As<Request>(handle).rows.reset();
+SQLRETURN SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT what) {
+  auto& request = As<Request>(handle);
+  if (what == SQL_UNBIND)
+    request.bindings.clear();
+  else
+    request.rows.reset();
   return SQL_SUCCESS;
 }
 

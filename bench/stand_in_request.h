@@ -138,7 +138,7 @@ inline std::deque<std::string> Statements(const std::string& text, const std::ve
       statements.emplace_back();
     else if (!quoted && c == '?')
       statements.back() += LiteralOf(parameters.at(next++));
-    else if (c != '\n' || quoted || !statements.back().empty())
+    else if ((c != '\n' && c != ' ') || quoted || !statements.back().empty())
       statements.back() += c;
   }
   if (statements.back().empty()) statements.pop_back();
@@ -184,7 +184,13 @@ inline SQLRETURN RunNext(Request& request) {
   return Guarded(request, [&] {
     Connection& connection = request.connection;
     embedded::Database& database = *connection.database;
-    if (statement.starts_with("SET ") || statement.starts_with("IF ")) {
+    if (statement.starts_with("BEGIN TRANSACTION")) {
+      database.BeginBatch();
+    } else if (statement.starts_with("COMMIT TRANSACTION")) {
+      database.CommitBatch();
+    } else if (statement.starts_with("IF @@TRANCOUNT")) {
+      database.AbandonBatch();
+    } else if (statement.starts_with("SET ") || statement.starts_with("IF ")) {
       Set(connection, statement);
     } else if (statement.find("SCOPE_IDENTITY") != std::string::npos) {
       request.rows = OneNumber(LastNumber(connection));

@@ -2,84 +2,32 @@
 // are the same whatever the size of the fleet, and each has its limit. The times are those of a server 20 ms
 // away.
 
-#include <sqlite3.h>
-
 #include <cstdio>
 #include <fstream>
 #include <functional>
 #include <sstream>
 #include <string>
 
-#include "alert_fleet.h"
 #include "desktop/list/list_catalog.h"
 #include "desktop/start/alert_reading.h"
 #include "events/gastos_form.h"
 #include "exchange/import.h"
+#include "far_fleet.h"
+#include "history/act.h"
+#include "history/keeping_store.h"
+#include "history/settings.h"
 #include "host/sistema.h"
 #include "quiet_host.h"
-#include "sqlserver/database.h"
 #include "sqlserver/schema/transfer.h"
-#include "sqlserver/session.h"
-#include "stand_in.h"
-#include "store/database_choice.h"
 #include "vehicles/viaturas_form.h"
 
 namespace {
 
 using namespace zorCrmParvel;
+using bench::FarFleet;
+using bench::kPlate;
 
 constexpr double kMillisecondsATrip = 20;
-constexpr const char* kPlate = "V100000";
-
-/// A fleet on the server, as the hosts open it.
-class FarFleet {
- public:
-  FarFleet(const std::string& name, int vehicles)
-      : fleet_(name, {vehicles, vehicles, vehicles, vehicles, true}) {
-    FillEvents();
-    sqlserver::OpenOptions options;
-    options.connection = bench::StandInConnection(fleet_.database()->path());
-    server_ = sqlserver::Database::Open(options);
-    near_ = store::Near(server_);
-  }
-
-  const std::shared_ptr<Store>& store() const { return near_; }
-  sqlserver::Database& server() const { return *server_; }
-  const sqlserver::Traffic& traffic() const { return server_->session().traffic(); }
-
- private:
-  void Run(const std::string& sql) const {
-    bench::Require(sqlite3_exec(fleet_.connection(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-  }
-  /// 285 fines and accidents of the first vehicle, and 16,000 expenses.
-  void FillEvents() const {
-    const std::string n = "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < ";
-    const std::string plate = std::string("'") + kPlate + "'";
-    const std::string driver = "'M' || (100000 + i % 90), ";
-    Run(n +
-        "150) INSERT INTO zor_PV_Multas (Matricula, Motorista, Obs, Data, Valor, Responsabilidade) SELECT " +
-        plate + ", " + driver + "'', 3600000000 + i * 86400, 300000, 0 FROM n");
-    Run(n + "135) INSERT INTO zor_PV_Sinistros (Matricula, Motorista, Obs, Data, Custo) SELECT " + plate +
-        ", " + driver + "'', 3600000000 + i * 86400, 0 FROM n");
-    Run("INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel, PrecoUn) VALUES ('GASOLEO', 'Gasóleo', "
-        "1, "
-        "16590)");
-    Run(n +
-        "16000) INSERT INTO zor_PV_Gastos (Matricula, Motorista, Obs, Data, Viagem, Qtd, Km, ValorUn, "
-        "Custo, TipoGasto) SELECT 'V' || (100000 + i % 40), 'M100000', 'Posto', 3600000000 + (i / 40) * "
-        "86400, '', 400000, (i / 40) * 5000000, 16590, 663600, 'GASOLEO' FROM n");
-  }
-
-  bench::AlertFleet fleet_;
-  std::shared_ptr<sqlserver::Database> server_;
-  std::shared_ptr<Store> near_;
-};
-
-struct Counted {
-  std::string what;
-  long trips;
-  long rows;
-};
 
 /// Rows of the table: what an action costs, against its limit and against what it cost on another fleet.
 class Table {
@@ -152,7 +100,7 @@ std::string Fills(int rows, int vehicles) {
 
 std::string Fines(int rows, int vehicles) {
   std::ostringstream file;
-  file << "Matricula;Data;Motorista;Valor;Obs\n";
+  file << "Matricula;Data;Motorista;ValorMulta;Obs\n";
   for (int i = 0; i < rows; ++i)
     file << 'V' << 100000 + i % vehicles << ";0" << 1 + i % 9 << "-02-2026 08:" << 10 + i % 50 << ";M100000;"
          << 30 + i << ";\n";
@@ -179,13 +127,22 @@ void Small(Table& table, const FarFleet& fleet) {
   table.Row("alert list of drivers", 4, fleet, [&] { Read(fleet, {"AlertasMot"}); });
   table.Row("feed", 12, fleet, [&] { Read(fleet, {desktop::kFeedPart}); });
   table.Row("ficha of a vehicle, 285 fines and accidents", 16, fleet, [&] { OpenFicha(fleet); });
+  const auto kept = std::make_shared<history::KeepingStore>(fleet.store());
   Gastos form;
-  form.mybd = bd;
+  form.mybd = DataAccessRef(kept);
   form.TipoMostrar = 1;
   form.Matricula = kPlate;
   form.Load();
   form.Carrega(1);
-  table.Row("save of an expense", 6, fleet, [&] { form.UserPresses(form.botoes.btConf); });
+  const auto save = [&] {
+    form.Carrega(1);
+    kept->LookAtSettings();
+    return
+        [&] { history::Act(kept.get(), "Gastos: Confirmar", [&] { form.UserPresses(form.botoes.btConf); }); };
+  };
+  table.Row("save of an expense, recorded in the history", 8, fleet, save());
+  history::WriteSettings(bd, {.records = false});
+  table.Row("save of an expense, no history", 6, fleet, save());
   RecordsetRef rows;
   bd->AbrirEdicao("SELECT * FROM zor_PV_Multas WHERE Id=0", rows);
   rows->AddNew();

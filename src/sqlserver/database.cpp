@@ -46,6 +46,7 @@ std::shared_ptr<Database> Database::Open(const OpenOptions& options) {
       tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str()));
   auto session = std::make_shared<Session>(ConnectionText(options.connection), options.password,
                                            options.limits, options.traffic);
+  session->Expect(options.expected);
   return std::shared_ptr<Database>(new Database(std::move(session), std::move(catalog), options));
 }
 
@@ -54,6 +55,7 @@ std::string Database::Place() const { return session_->Place(); }
 std::function<std::shared_ptr<zorCrmParvel::Store>()> Database::Opener() const {
   OpenOptions options = options_;
   options.traffic.reset();  // one thread's
+  options.expected = {};    // it writes nothing
   return [options] { return Open(options); };
 }
 

@@ -7,6 +7,7 @@
 #include "sqlserver/secret.h"
 #include "sqlserver/traffic.h"
 #include "store/store.h"
+#include "store/store_reads.h"
 
 namespace tsql {
 class Catalog;
@@ -24,6 +25,8 @@ struct OpenOptions {
   Limits limits;
   /// Where to count what goes to and fro; empty: nowhere.
   std::shared_ptr<Traffic> traffic;
+  /// What is read after a write in a batch; empty: nothing is read ahead.
+  store::ReadsAfterWrite expected;
   /// The tables that statements may open for editing; empty: the program's own.
   std::string schema;
 };

@@ -16,7 +16,7 @@ struct Dialect {
   const char* lastIdentity;
   /// Gives the number of rows that the statement before it hit.
   const char* rowsHit;
-  /// True when `lastIdentity` may be sent in one text with the INSERT.
+  /// True when several statements may be sent in one text. A batch is then begun and ended by statements.
   bool batches;
   /// True when a row with a number of its own must be announced for an identity column.
   bool announcesIdentity;
@@ -26,7 +26,7 @@ struct Dialect {
   const char* numberedColumns;
   /// Gives two truth values: whether the database's texts ignore case, and accents. Empty: no such choice.
   const char* collationTest;
-  /// The first statement of a batch: it waits until no other batch is under way, so that sums which a batch
+  /// The first statement in a batch: it waits until no other batch is under way, so that sums which a batch
   /// reads stay as they are until it ends. Empty: nothing.
   const char* takeTurn;
   /// Brings a diagnostic into the server's numbers.

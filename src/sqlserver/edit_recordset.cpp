@@ -22,12 +22,15 @@ EditRecordset::EditRecordset(std::shared_ptr<Session> session, std::shared_ptr<c
     : session_(std::move(session)),
       catalog_(std::move(catalog)),
       rows_(EditableRows::Of(statement, *catalog_)) {
-  session_->Read(rows_.statement, [this](ResultReader& result) { Read(result); });
+  session_->ReadRows(rows_.statement,
+                     [this](const std::vector<platform::FieldInfo>& fields) -> platform::RowStore& {
+                       Opened(fields);
+                       return store();
+                     });
+  TakeFields();
 }
 
-void EditRecordset::Read(ResultReader& result) {
-  Opened(result.fields());
-  result.ReadAll(store());
+void EditRecordset::TakeFields() {
   columns_ = rows_.columns;
   if (columns_.empty())
     for (const platform::FieldInfo& field : fields_) columns_.push_back(field.name);
@@ -65,6 +68,17 @@ void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& 
   for (const std::size_t field : fields) store().Put(row, field, fields_[field].type, *values[field]);
 }
 
+/// What may be read next, when a row has been written; `row` is behind the last for a new one.
+Session::Ahead EditRecordset::Expected(std::size_t row, const Assignments& values) {
+  return session_->Expected(rows_.table->name, [&](const char* column) -> std::string {
+    const auto place = FindField(column);
+    if (!place) return {};
+    if (values[*place]) return values[*place]->IsNull() ? std::string() : values[*place]->ToText();
+    if (row >= store().rows() || store().At(row, *place).IsNull()) return {};
+    return store().At(row, *place).ToVariant().ToText();
+  });
+}
+
 void EditRecordset::Insert(const Assignments& values) {
   const bool brings = session_->TakesNumbers(rows_.table->name);
   const std::vector<std::size_t> fields = AssignedFields(values, brings);
@@ -85,7 +99,7 @@ void EditRecordset::Insert(const Assignments& values) {
   if (numbered == columns.end() || brings)
     session_->Write(sql, parameters);
   else
-    number = session_->InsertNumbered(sql, parameters);
+    number = session_->InsertNumbered(sql, parameters, Expected(store().rows(), values));
 
   const std::size_t row = store().AddRow();
   KeepValues(row, fields, values);
@@ -107,7 +121,7 @@ void EditRecordset::Change(std::size_t row, const Assignments& values) {
            " = ?";
     parameters.Add(keys_[i].field, store().At(row, keys_[i].place).ToVariant());
   }
-  if (session_->Write(sql, parameters) == 0)
+  if (session_->Write(sql, parameters, Expected(row, values)) == 0)
     throw RuntimeError(
         kRowVanished, rows_.table->name,
         "Row cannot be located for updating. Some values may have been changed since it was last read.");

@@ -31,7 +31,8 @@ class EditRecordset : public platform::Recordset {
     platform::FieldInfo field;
   };
 
-  void Read(ResultReader& result);
+  void TakeFields();
+  Session::Ahead Expected(std::size_t row, const Assignments& values);
   std::vector<std::size_t> AssignedFields(const Assignments& values, bool numbers) const;
   void KeepValues(std::size_t row, const std::vector<std::size_t>& fields, const Assignments& values);
 

@@ -147,6 +147,12 @@ bool IsConnectionLost(const OdbcFailure& failure) {
   });
 }
 
+bool IsTimeout(const OdbcFailure& failure) {
+  const auto& all = failure.diagnostics();
+  return std::any_of(all.begin(), all.end(),
+                     [](const Diagnostic& each) { return each.state.starts_with("HYT"); });
+}
+
 void RaiseNotConnected(const OdbcFailure& failure, const std::string& place) {
   const auto& all = failure.diagnostics();
   for (const Meaning& meaning : kOfConnecting) {

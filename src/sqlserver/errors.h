@@ -9,6 +9,9 @@ namespace sqlserver {
 /// True when the connection is gone, so that nothing can be done on it any more.
 bool IsConnectionLost(const OdbcFailure& failure);
 
+/// True when the time limit passed without an answer.
+bool IsTimeout(const OdbcFailure& failure);
+
 /// Raises the module's error for a connection that could not be made: -2147467259, what to do about it, and
 /// what the server or the driver said.
 [[noreturn]] void RaiseNotConnected(const OdbcFailure& failure, const std::string& place);

@@ -106,6 +106,13 @@ SQLLEN OdbcStatement::RowsHit() const {
   return rows;
 }
 
+void OdbcStatement::Unbind() const {
+  SQLFreeStmt(get(), SQL_UNBIND);
+  SQLSetStmtAttr(get(), SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
+  SQLSetStmtAttr(get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+  SQLSetStmtAttr(get(), SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);  // NOLINT: ODBC's way
+}
+
 SQLSMALLINT OdbcStatement::Columns() const {
   SQLSMALLINT columns = 0;
   Check(SQLNumResultCols(get(), &columns));

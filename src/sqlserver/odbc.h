@@ -74,6 +74,8 @@ class OdbcStatement : public Handle {
   bool NextResult() const;
   /// The number of rows hit, -1 when the server did not tell.
   SQLLEN RowsHit() const;
+  /// Lets go of the places that rows of a result were read into.
+  void Unbind() const;
   /// Of the result; 0 when the statement gave none.
   SQLSMALLINT Columns() const;
   /// A numeric property of a result column, 0 when the driver does not know it.

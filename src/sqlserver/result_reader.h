@@ -13,6 +13,9 @@ namespace sqlserver {
 class ResultReader {
  public:
   explicit ResultReader(const OdbcStatement& statement);
+  ~ResultReader() { statement_.Unbind(); }
+  ResultReader(const ResultReader&) = delete;
+  ResultReader& operator=(const ResultReader&) = delete;
 
   const std::vector<platform::FieldInfo>& fields() const { return fields_; }
   /// True for a column that the server numbers itself.

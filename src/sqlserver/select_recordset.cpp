@@ -3,9 +3,9 @@
 namespace sqlserver {
 
 SelectRecordset::SelectRecordset(Session& session, const std::string& statement) {
-  session.Read(statement, [this](ResultReader& result) {
-    Opened(result.fields());
-    result.ReadAll(store());
+  session.ReadRows(statement, [this](const std::vector<platform::FieldInfo>& fields) -> platform::RowStore& {
+    Opened(fields);
+    return store();
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/runtime_error.h"
 #include "sqlserver/errors.h"
@@ -15,10 +16,10 @@ using std::chrono::steady_clock;
 
 SQLPOINTER AsAttribute(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }  // NOLINT: ODBC's way
 
-bool IsTimeout(const OdbcFailure& failure) {
-  const auto& all = failure.diagnostics();
-  return std::any_of(all.begin(), all.end(),
-                     [](const Diagnostic& each) { return each.state.starts_with("HYT"); });
+/// The statement, and behind it what is read ahead.
+std::string WithReads(std::string sql, const Session::Ahead& ahead) {
+  for (const std::string& read : ahead) sql += "; " + read;
+  return sql;
 }
 
 }  // namespace
@@ -97,6 +98,7 @@ bool Session::Answers() {
 void Session::Do(Work work, const std::function<void(const Link&)>& action) {
   for (bool again = false;; again = true) {
     const bool fresh = Ready(work);
+    const std::string begin = begin_;
     try {
       action(*link_);
       lastUse_ = steady_clock::now();
@@ -109,7 +111,10 @@ void Session::Do(Work work, const std::function<void(const Link&)>& action) {
       }
       const bool lost = IsConnectionLost(failure) || link_->IsDead();
       if (!lost) {
-        if (batch_ && work == Work::kWrite) RequireBatchStands();
+        if (begin_ != begin)
+          NotBegun(begin);
+        else if (batch_ && work == Work::kWrite)
+          RequireBatchStands();
         RaiseRefused(failure);
       }
       link_.reset();
@@ -117,22 +122,6 @@ void Session::Do(Work work, const std::function<void(const Link&)>& action) {
         RaiseLost(failure, Place(), work == Work::kCommit || (work == Work::kWrite && !batch_));
     }
   }
-}
-
-/// Some failures of one statement make the server undo everything before it. Nothing may be written after
-/// that as if it were still there: the connection goes, and the batch with it.
-void Session::RequireBatchStands() {
-  if (*dialect_->batchTest == '\0' || !batchWrote_) return;
-  std::optional<long> state;
-  try {
-    const auto statement = link_->NewStatement();
-    ++traffic_->trips;
-    statement->Execute(dialect_->batchTest);
-    state = NumberIn(*statement);
-  } catch (const OdbcFailure&) {
-    state.reset();
-  }
-  if (state != 1) link_.reset();
 }
 
 OdbcFailure Session::Translated(const OdbcFailure& failure) const {
@@ -163,7 +152,9 @@ void Session::Read(const std::string& sql, const std::function<void(ResultReader
   Parameters none;
   const auto begin = steady_clock::now();
   Do(Work::kRead, [&](const Link& link) {
-    const auto statement = Run(link, sql, none);
+    const std::string begun = std::exchange(begin_, "");
+    const auto statement = Run(link, begun + sql, none);
+    if (!begun.empty()) AtRows(*statement);
     ResultReader reader(*statement);
     take(reader);
     traffic_->rows += reader.rows();
@@ -174,11 +165,27 @@ void Session::Read(const std::string& sql, const std::function<void(ResultReader
   Count(sql, begin);
 }
 
-long Session::Write(const std::string& sql, Parameters& parameters) {
+void Session::ReadRows(const std::string& sql, const RowsPlace& place) {
+  if (batch_ && link_ != nullptr && known_.Give(sql, place)) return;
+  Read(sql, [&](ResultReader& result) {
+    platform::RowStore& rows = place(result.fields());
+    result.ReadAll(rows);
+    if (batch_ && dialect_->batches) known_.Keep(sql, result.fields(), rows);
+  });
+}
+
+long Session::Write(const std::string& sql, Parameters& parameters, const Ahead& ahead) {
+  BeginAlone();
   SQLLEN rows = 0;
+  known_.Forget();
   const auto begin = steady_clock::now();
   Do(Work::kWrite, [&](const Link& link) {
     bool hit = false;
+    if (!ahead.empty()) {
+      const auto statement = Run(link, WithReads(sql + "; " + dialect_->rowsHit, ahead), parameters);
+      rows = AtRows(*statement) ? NumberHere(*statement).value_or(0) : 0;
+      return TakeAhead(*statement, ahead);
+    }
     const auto statement = Run(link, sql, parameters, &hit);
     if (hit) rows = statement->RowsHit();
     // A trigger counts its own rows before the statement's.
@@ -189,15 +196,24 @@ long Session::Write(const std::string& sql, Parameters& parameters) {
   return static_cast<long>(rows);
 }
 
-long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
+long Session::InsertNumbered(const std::string& sql, Parameters& parameters, const Ahead& ahead) {
+  BeginAlone();
   std::optional<long> number;
+  known_.Forget();
   const auto begin = steady_clock::now();
   Do(Work::kWrite, [&](const Link& link) {
-    auto statement = Run(link, dialect_->batches ? sql + "; " + dialect_->lastIdentity : sql, parameters);
-    if (!dialect_->batches) {
-      statement = link.NewStatement();
-      statement->Execute(dialect_->lastIdentity);
+    if (dialect_->batches) {
+      const auto statement = Run(link, WithReads(sql + "; " + dialect_->lastIdentity, ahead), parameters);
+      if (ahead.empty()) {
+        number = NumberIn(*statement);
+        return;
+      }
+      if (AtRows(*statement)) number = NumberHere(*statement);
+      return TakeAhead(*statement, ahead);
     }
+    Run(link, sql, parameters);
+    const auto statement = link.NewStatement();
+    statement->Execute(dialect_->lastIdentity);
     number = NumberIn(*statement);
   });
   batchWrote_ = true;
@@ -211,12 +227,14 @@ long Session::InsertNumbered(const std::string& sql, Parameters& parameters) {
 void Session::WriteTogether(const std::vector<Together>& statements, std::vector<long>& answers) {
   if (statements.empty()) return;
   Parameters none;
+  known_.Forget();
   std::string text;
   for (const Together& each : statements)
     text += each.sql + "; " + (each.numbered ? dialect_->lastIdentity : dialect_->rowsHit) + ";\n";
   const auto begin = steady_clock::now();
   Do(Work::kWrite, [&](const Link& link) {
-    const auto statement = Run(link, text, none);
+    const std::string begun = std::exchange(begin_, "");
+    const auto statement = Run(link, begun + text, none);
     while (AtRows(*statement)) {
       answers.push_back(NumberHere(*statement).value_or(0));
       if (!statement->NextResult()) break;
@@ -231,46 +249,6 @@ void Session::BringNumbers(const std::string& table, bool on) {
   if (!dialect_->announcesIdentity) return;
   Parameters none;
   Write("SET IDENTITY_INSERT " + Bracketed(table) + (on ? " ON" : " OFF"), none);
-}
-
-void Session::BeginBatch() {
-  ++traffic_->trips;
-  Do(Work::kBegin, [](const Link& link) { link.CommitEach(false); });
-  batch_ = true;
-  batchWrote_ = false;
-  if (*dialect_->takeTurn == '\0') return;
-  try {
-    Parameters none;
-    Write(dialect_->takeTurn, none);
-    batchWrote_ = false;  // nothing is lost yet
-  } catch (...) {
-    AbandonBatch();
-    throw;
-  }
-}
-
-void Session::CommitBatch() {
-  ++traffic_->trips;
-  Do(Work::kCommit, [](const Link& link) { link.End(SQL_COMMIT); });
-  batch_ = false;
-  try {
-    ++traffic_->trips;
-    link_->CommitEach(true);
-  } catch (const OdbcFailure&) {
-    link_.reset();  // all is stored, and the next operation connects anew
-  }
-}
-
-void Session::AbandonBatch() {
-  batch_ = false;
-  if (link_ == nullptr) return;
-  try {
-    traffic_->trips += 2;
-    link_->End(SQL_ROLLBACK);
-    link_->CommitEach(true);
-  } catch (const OdbcFailure&) {
-    link_.reset();  // the server undoes what a closed connection left
-  }
 }
 
 }  // namespace sqlserver

@@ -8,6 +8,7 @@
 
 #include "sqlserver/connection_text.h"
 #include "sqlserver/dialect.h"
+#include "sqlserver/known_rows.h"
 #include "sqlserver/limits.h"
 #include "sqlserver/link.h"
 #include "sqlserver/odbc.h"
@@ -15,6 +16,7 @@
 #include "sqlserver/result_reader.h"
 #include "sqlserver/secret.h"
 #include "sqlserver/traffic.h"
+#include "store/store_reads.h"
 
 namespace sqlserver {
 
@@ -44,10 +46,20 @@ class Session {
   /// Runs a statement and hands its result to `take`, which may be called a second time when the connection
   /// was lost in between.
   void Read(const std::string& sql, const std::function<void(ResultReader&)>& take);
+  /// Runs a SELECT and puts its rows where `place` says. Within a batch, what is known of it since the last
+  /// write is not asked again.
+  void ReadRows(const std::string& sql, const RowsPlace& place);
+  /// Reads that may follow a write. `ahead` of a write is sent with it where that costs no trip.
+  using Ahead = std::vector<std::string>;
   /// Runs a statement that writes; the number of rows hit, -1 when the server did not tell.
-  long Write(const std::string& sql, Parameters& parameters);
+  long Write(const std::string& sql, Parameters& parameters, const Ahead& ahead = {});
   /// Runs an INSERT and returns the number that the server gave the row.
-  long InsertNumbered(const std::string& sql, Parameters& parameters);
+  long InsertNumbered(const std::string& sql, Parameters& parameters, const Ahead& ahead = {});
+  /// From now on tells what is read after a write, see `Expected`.
+  void Expect(store::ReadsAfterWrite reads) { expect_ = std::move(reads); }
+  /// What is likely to be read next in the batch, once a row of a table has these values; nothing outside a
+  /// batch, where such answers would not hold.
+  Ahead Expected(const std::string& table, const store::WrittenValue& value) const;
 
   /// A statement without parameters that writes.
   struct Together {
@@ -58,7 +70,8 @@ class Session {
   /// row was given, or how many rows it hit; after a failure those before it.
   void WriteTogether(const std::vector<Together>& statements, std::vector<long>& answers);
 
-  // Writes kept together or not at all. A connection that is lost in between loses all of them.
+  // Writes kept together or not at all. A connection that is lost in between loses all of them. It begins on
+  // the server with its first statement, in the same text.
   void BeginBatch();
   void CommitBatch();
   void AbandonBatch();
@@ -75,6 +88,10 @@ class Session {
   bool Answers();
   void Do(Work work, const std::function<void(const Link&)>& action);
   void RequireBatchStands();
+  void BeginAlone();
+  void NotBegun(const std::string& begin);
+  void RunAlone(Work work, const std::string& sql);
+  void TakeAhead(const OdbcStatement& statement, const Ahead& ahead);
   OdbcFailure Translated(const OdbcFailure& failure) const;
   std::unique_ptr<OdbcStatement> Run(const Link& link, const std::string& sql, Parameters& parameters,
                                      bool* hit = nullptr);
@@ -88,6 +105,9 @@ class Session {
   const Dialect* dialect_ = nullptr;
   bool batch_ = false;
   bool batchWrote_ = false;
+  std::string begin_;  // of a batch that has not begun on the server
+  KnownRows known_;    // within a batch
+  store::ReadsAfterWrite expect_;
   std::string numbersOf_;
   std::chrono::steady_clock::time_point lastUse_;
   std::shared_ptr<Traffic> traffic_;

@@ -35,6 +35,23 @@ std::vector<std::string> PlainTables(const tsql::Select& select) {
   return tables;
 }
 
+/// Names the rows that a read is about, when they are those of one table that have one text in one column;
+/// empty for any other.
+std::string PartOf(const tsql::Select& select) {
+  const std::vector<std::string> tables = PlainTables(select);
+  if (tables.size() != 1) return {};
+  const auto* equal = std::get_if<tsql::Binary>(&select.cores.front().where->node);
+  if (equal == nullptr || equal->op != tsql::Operator::kEqual) return {};
+  const auto* column = std::get_if<tsql::ColumnRef>(&equal->left->node);
+  const auto* literal = std::get_if<tsql::Literal>(&equal->right->node);
+  if (column == nullptr || literal == nullptr) return {};
+  if (literal->kind != tsql::Literal::Kind::kString && literal->kind != tsql::Literal::Kind::kNationalString)
+    return {};
+  std::string value = literal->value;
+  value.erase(value.find_last_not_of(' ') + 1);  // as texts are compared
+  return tables.front() + '\x1F' + column->name + '\x1F' + value;
+}
+
 }  // namespace
 
 NearStore::NearStore(std::shared_ptr<zorCrmParvel::Store> server, std::string schema, std::size_t mostRows,
@@ -54,6 +71,7 @@ std::function<std::shared_ptr<zorCrmParvel::Store>()> NearStore::Opener() const 
 
 void NearStore::Forget() {
   asked_.clear();
+  parts_.clear();
   kept_ = 0;
   shapes_.clear();
   tables_.reset();
@@ -156,20 +174,37 @@ RecordsetRef NearStore::Near(const std::string& statement) {
     Written();
     return ForwardingStore::OpenForReading(statement);
   }
-  const std::vector<std::string> tables = PlainTables(*select);
-  const auto shape = ShapeOf(statement);
-  if (!tables.empty() && shape && ++shapes_[*shape] > 1) {
-    if (!tables_) tables_ = std::make_unique<NearTables>(inner(), schema_, mostRows_);
-    if (tables_->Take(tables)) try {
-        return tables_->Open(statement);
-      } catch (const platform::RuntimeError&) {
-        // The server says what is wrong with it, in its own words.
-      }
+  try {
+    if (RecordsetRef rows = OfMemory(*select, statement)) return rows;
+  } catch (const platform::RuntimeError&) {
+    // The server says what is wrong with it, in its own words.
   }
+  return OfServer(*select, statement);
+}
+
+/// Null when memory can't answer it.
+RecordsetRef NearStore::OfMemory(const tsql::Select& select, const std::string& statement) {
+  const std::vector<std::string> tables = PlainTables(select);
+  const auto shape = ShapeOf(statement);
+  if (tables.empty() || !shape) return {};
+  if (++shapes_[*shape] > 1) {
+    if (!tables_) tables_ = std::make_unique<NearTables>(inner(), schema_, mostRows_);
+    return tables_->Take(tables) ? tables_->Open(statement) : RecordsetRef();
+  }
+  const auto part = parts_.find(PartOf(select));
+  if (part == parts_.end()) return {};
+  NearTables only(inner(), schema_, mostRows_);
+  return only.TakeOnly(tables.front(), *part->second) ? only.Open(statement) : RecordsetRef();
+}
+
+RecordsetRef NearStore::OfServer(const tsql::Select& select, const std::string& statement) {
   RecordsetRef rows = ForwardingStore::OpenForReading(statement);
   kept_ += static_cast<std::size_t>(rows->RecordCount()) + 1;
-  if (kept_ > mostRows_) return rows;
+  if (kept_ > kMostKept) return rows;
   asked_.emplace(statement, rows);
+  const tsql::SelectCore& core = select.cores.front();
+  if (std::string part = PartOf(select); !part.empty() && core.items.size() == 1 && core.items.front().star)
+    parts_.emplace(std::move(part), rows);
   return platform::MakeRef<CopiedRows>(*rows);
 }
 

@@ -10,18 +10,20 @@
 #include "store/forwarding_store.h"
 #include "store/near_tables.h"
 #include "store/store.h"
+#include "tsql/ast.h"
 
 namespace store {
 
 /// A server's database for which a loop costs no waiting. Within a `Snapshot`, a statement that was asked
-/// before is answered by its rows, and one that comes back with another key by the tables that it reads,
-/// which are then taken over whole. Answered so are only plain reads without an order and without the
-/// server's clock, whose rows the two engines give alike. The first write, and rows opened for editing, end
-/// it; outside a snapshot everything goes to the server. A large batch runs in memory (see `FarBatch`) as
-/// long as all of its statements can.
+/// before is answered by its rows, one on rows that were read before by those, and one that comes back with
+/// another key by the tables that it reads, which are then taken over whole. Answered so are only plain reads
+/// without an order and without the server's clock, whose rows the two engines give alike. The first write,
+/// and rows opened for editing, end it; outside a snapshot everything goes to the server. A large batch runs
+/// in memory (see `FarBatch`) as long as all of its statements can.
 class NearStore : public ForwardingStore {
  public:
-  static constexpr std::size_t kMostRows = 20000;  // of a table that is taken over, and of rows kept
+  static constexpr std::size_t kMostRows = 20000;   // of a table that is taken over
+  static constexpr std::size_t kMostKept = 100000;  // rows of answers
 
   /// `schema`: as of `NearTables`.
   /// `apply`: how a large batch writes; empty: as any other.
@@ -44,6 +46,8 @@ class NearStore : public ForwardingStore {
 
  private:
   zorCrmParvel::RecordsetRef Near(const std::string& statement);
+  zorCrmParvel::RecordsetRef OfMemory(const tsql::Select& select, const std::string& statement);
+  zorCrmParvel::RecordsetRef OfServer(const tsql::Select& select, const std::string& statement);
   void Forget();
   void Written();
   bool InMemory(const std::string& statement);
@@ -54,6 +58,7 @@ class NearStore : public ForwardingStore {
   int snapshots_ = 0;  // asked for, one in another
   bool over_ = false;  // something was written since the outermost began
   std::unordered_map<std::string, zorCrmParvel::RecordsetRef> asked_;  // answers of the server, by statement
+  std::unordered_map<std::string, zorCrmParvel::RecordsetRef> parts_;  // rows of a table that have a value
   std::size_t kept_ = 0;                                               // rows in them
   std::unordered_map<std::string, int> shapes_;                        // how often each was asked
   std::unique_ptr<NearTables> tables_;

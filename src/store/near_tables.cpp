@@ -50,6 +50,11 @@ bool NearTables::Take(const std::vector<std::string>& tables) {
   });
 }
 
+bool NearTables::TakeOnly(const std::string& name, platform::Recordset& rows) {
+  const tsql::Table* table = catalog_.Find(name);
+  return table != nullptr && !HoldsDocuments(*table) && Fill(table->name, rows);
+}
+
 bool NearTables::Bring(const std::string& table) {
   RecordsetRef rows;
   const std::string most = std::to_string(mostRows_ + 1);

@@ -26,6 +26,8 @@ class NearTables {
   /// Takes over those of the tables that are not here yet, each in one statement. False when one can't be:
   /// it is too large, the program does not know it, or its columns are others than the program's.
   bool Take(const std::vector<std::string>& tables);
+  /// Takes rows of a table for all of it, when only they matter. False as of `Take`.
+  bool TakeOnly(const std::string& table, platform::Recordset& rows);
   /// Runs a SELECT on tables that are here.
   zorCrmParvel::RecordsetRef Open(const std::string& statement);
   zorCrmParvel::Store& memory() { return *memory_; }

@@ -26,6 +26,7 @@ std::deque<Fault> batchFaults;
 std::vector<Fault> current;  // what the failing handle has to say
 std::string silentOn;
 bool pretending = false;
+bool begun = false;  // a batch
 std::string settings;
 std::string bindings;
 int statements = 0;
@@ -102,16 +103,23 @@ std::deque<std::string> Plain(const std::string& text) {
     else if (quoted || text[i] != 'N' || text[i + 1] != '\'')
       pieces.back() += text[i];
   }
-  if (pieces.back().find_first_not_of(" \n") == std::string::npos) pieces.pop_back();
+  for (std::string& each : pieces) each.erase(0, each.find_first_not_of(" \n"));
+  std::erase_if(pieces,
+                [](const std::string& each) { return each.empty() || each.starts_with("IF OBJECT"); });
   for (std::string& each : pieces)
     for (const auto& [theirs, ours] :
-         {std::pair{"@@ROWCOUNT", "changes()"}, {"CAST(SCOPE_IDENTITY() AS int)", "last_insert_rowid()"}})
+         {std::pair{"@@ROWCOUNT", "changes()"},
+          {"CAST(SCOPE_IDENTITY() AS int)", "last_insert_rowid()"},
+          {"IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION", begun ? "ROLLBACK" : "PRAGMA user_version = 0"}})
       if (const auto at = each.find(theirs); at != std::string::npos)
         each.replace(at, std::strlen(theirs), ours);
   return pieces;
 }
 
 SQLRETURN RunNext(SQLHSTMT handle) {
+  const std::string& piece = pending[handle].front();
+  if (piece.starts_with("BEGIN")) begun = true;
+  if (piece.starts_with("COMMIT") || piece.starts_with("ROLLBACK")) begun = false;
   std::u16string text = sqlserver::ToUtf16(pending[handle].front());
   pending[handle].pop_front();
   return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(handle, sqlserver::Wide(text),
@@ -128,7 +136,7 @@ void PretendServer() { pretending = true; }
 std::string Bindings() { return std::exchange(bindings, ""); }
 std::string Settings() { return std::exchange(settings, ""); }
 void ClearFaults() {
-  pretending = false;
+  pretending = begun = false;
   pending.clear();
   settings.clear();
   statementFaults.clear();
@@ -144,9 +152,8 @@ extern "C" {
 
 SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
   ++statements;
-  if (const std::string sent = TextOf(text, length);
-      pretending && (sent.starts_with("SET ") || sent.starts_with("IF "))) {
-    if (sent.starts_with("SET ")) settings += sent + "; ";
+  if (const std::string sent = TextOf(text, length); pretending && sent.starts_with("SET ")) {
+    settings += sent + "; ";
     std::u16string nothing = u"PRAGMA user_version = 0";
     return Real<decltype(&SQLExecDirectW)>("SQLExecDirectW")(
         handle, reinterpret_cast<SQLWCHAR*>(nothing.data()), static_cast<SQLINTEGER>(nothing.size()));

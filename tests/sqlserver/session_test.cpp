@@ -9,8 +9,12 @@ class SessionTest : public ServerTest {
  protected:
   static constexpr std::chrono::seconds kLimit{1};
 
-  std::shared_ptr<sqlserver::Database> Reopened() const {
+  std::shared_ptr<sqlserver::Database> Reopened(const char* ahead = nullptr) const {
     sqlserver::OpenOptions options;
+    if (ahead != nullptr)
+      options.expected = [ahead](const std::string& table, const store::WrittenValue& value) {
+        return std::vector<std::string>{ahead + value(table == "PT_Codigos" ? "Codigo" : "Km") + "'"};
+      };
     options.connection = contract_tests::SqliteConnection(folder_.File("contrato.db"));
     options.schema = kSchema;
     options.limits.statement = kLimit;
@@ -142,6 +146,68 @@ TEST_F(SessionTest, RoundTripsAreFew) {
   rows->Fields("Nome").SetValue("dois");
   rows->Update();
   EXPECT_EQ(StatementsSent(), 2);
+}
+
+TEST_F(SessionTest, ABatchComesWithItsStatementsAndReadsAheadWithItsWrites) {
+  Run("INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('A', 'um')");
+  PretendServer();
+  store_ = Reopened("SELECT Nome FROM PT_Codigos WHERE Codigo = '");
+  const auto sent = [](int wanted) { EXPECT_EQ(StatementsSent(), wanted); };
+  const auto named = [&](const char* name) {
+    EXPECT_EQ(testing_support::Rows(store_, "SELECT Nome FROM PT_Codigos WHERE Codigo = 'A'"),
+              Table({{name}}));
+  };
+  StatementsSent();
+  zorCrmParvel::Batch batch(*store_);
+  sent(0);
+  auto rows = Edit("SELECT * FROM PT_Codigos WHERE Codigo = 'A'");
+  sent(1);
+  rows->Fields("Nome").SetValue("dois");
+  rows->Update();
+  sent(1);
+  named("dois");
+  named("dois");
+  sent(0);
+  Run("UPDATE PT_Codigos SET Nome = 'três'");
+  named("três");
+  sent(2);
+  rows = Edit("SELECT * FROM PT_Tudo WHERE Id = 0");
+  rows->AddNew();
+  rows->Fields("Km").SetValue(7);
+  rows->Update();
+  EXPECT_EQ(rows->Fields("Id").Value().ToLong(), 1);
+  sent(2);
+  batch.Commit();
+  sent(1);
+  named("três");
+  named("três");
+  sent(2);
+  EXPECT_EQ(Count("PT_Tudo"), 1);
+}
+
+TEST_F(SessionTest, WhatFailsAheadIsToldWhenItIsAsked) {
+  Run("INSERT INTO PT_Codigos (Codigo, Nome) VALUES ('A', 'um')");
+  PretendServer();
+  const std::string lacking = "SELECT * FROM PT_Nada WHERE Codigo = '";
+  store_ = Reopened(lacking.c_str());
+  zorCrmParvel::Batch batch(*store_);
+  const auto rows = Edit("SELECT * FROM PT_Codigos WHERE Codigo = 'A'");
+  rows->Fields("Nome").SetValue("dois");
+  rows->Update();
+  EXPECT_NE(ErrorOf([&] { Open(lacking + "A'"); }), "");
+}
+
+TEST_F(SessionTest, ABatchThatCouldNotBeginBeginsWithTheNextStatement) {
+  PretendServer();
+  store_ = Reopened();
+  {
+    zorCrmParvel::Batch batch(*store_);
+    FailNextStatement({"42000", 1222, "Lock request time out.", "BEGIN TRANSACTION"});
+    EXPECT_EQ(NumberOf([&] { Count("PT_Tudo"); }), platform::kEngineFailure);
+    Write();
+    EXPECT_EQ(Count("PT_Tudo"), 1);
+  }
+  EXPECT_EQ(Count("PT_Tudo"), 0);
 }
 
 TEST_F(SessionTest, FailuresOfStatementsSayWhatToDo) {

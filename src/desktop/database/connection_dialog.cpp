@@ -15,6 +15,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
+#include "entry/reads_after.h"
 #include "sqlserver/connection_text.h"
 #include "sqlserver/database.h"
 #include "store/database_choice.h"
@@ -46,6 +47,7 @@ std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection, const
   sqlserver::OpenOptions options;
   options.connection = FromQt(connection);
   options.password = FromQt(password);
+  options.expected = &entry::ReadsAfterEvent;
   return store::Near(sqlserver::Database::Open(options));
 }
 

@@ -8,6 +8,7 @@
 #include "desktop/database/database_dialogs.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
+#include "entry/reads_after.h"
 #include "sqlserver/connection_text.h"
 #include "sqlserver/database.h"
 #include "store/database_choice.h"
@@ -61,6 +62,7 @@ std::unique_ptr<Workspace> OpenServer(const QString& connection, const Options& 
   sqlserver::OpenOptions server;
   server.connection = FromQt(connection);
   server.password = KnownPassword(options).value_or("");
+  server.expected = &entry::ReadsAfterEvent;
   return std::make_unique<Workspace>(store::Near(sqlserver::Database::Open(server)));
 }
 
