@@ -61,7 +61,7 @@ std::string WriteCalendarFile(const std::shared_ptr<zorCrmParvel::Store>& store)
   const std::string database = store::DefaultDatabasePath();
   const std::string folder = database.substr(0, database.rfind('/'));
   store::CreatePrivateFolders(folder);
-  const std::string file = folder + "/alertas.ics";
+  std::string file = folder + "/alertas.ics";
   platform::WritePrivateFile(
       file,
       exchange::WriteCalendar(notice::CalendarOf(notice::DueDatesOf(bd, kCalendarDays)), platform::Now()));

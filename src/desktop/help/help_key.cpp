@@ -16,7 +16,7 @@ constexpr char kMessages[] = "mensagens";
 /// A dialog of no subject of its own, a file's or one question, belongs to what it was opened from.
 std::string SubjectOf(const QWidget& window) {
   for (const QWidget* widget = &window; widget != nullptr; widget = widget->parentWidget()) {
-    const std::string name = FromQt(widget->objectName());
+    std::string name = FromQt(widget->objectName());
     if (manual::PageAbout(name).name != manual::kIndex) return name;
   }
   return {};
