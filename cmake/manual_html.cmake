@@ -1,4 +1,5 @@
 # The manual as pages for a browser, in build/.../manual, where the machine has cmark-gfm.
+include(GNUInstallDirs)
 find_program(CMARK_GFM cmark-gfm)
 if(CMARK_GFM)
   set(MANUAL_SOURCE ${CMAKE_SOURCE_DIR}/docs/manual)

@@ -43,6 +43,7 @@ int RunWindow(QApplication& application, const Options& options) {
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);
   host.SetMainWindow(&window);
+  host.AskRights([&window](const std::string& ficha) { return window.WhyNotConfirm(ficha); });
   window.Open(std::move(workspace));
   if (!options.list.isEmpty()) window.ShowList(FromQt(options.list).c_str());
   UntilPainted until_painted;
@@ -62,6 +63,7 @@ int RunPicture(const Options& options) {
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);
   host.SetMainWindow(&window);
+  host.AskRights([&window](const std::string& ficha) { return window.WhyNotConfirm(ficha); });
   window.Open(std::move(workspace));
   window.ShowList(options.list.isEmpty() ? "Marcas" : FromQt(options.list).c_str());
   window.show();

@@ -106,6 +106,16 @@ std::int64_t Database::BytesOf(const std::vector<std::string>& tables) const {
   return engine_->BytesOf(tables);
 }
 
+/// Of a file that can't be written, all tables are only for reading.
+zorCrmParvel::Refusals Database::Refused() {
+  using zorCrmParvel::TableUse;
+  zorCrmParvel::Refusals refusals;
+  if (!engine_->ReadsOnly()) return refusals;
+  for (const tsql::Table& table : engine_->catalog().tables())
+    refusals[table.name] = {TableUse::kAdd, TableUse::kChange, TableUse::kRemove};
+  return refusals;
+}
+
 void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }
 void Database::AbandonBatch() { engine_->AbandonBatch(); }

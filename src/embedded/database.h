@@ -69,6 +69,7 @@ class Database : public zorCrmParvel::Store {
 
   std::string Place() const override { return path(); }
   std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override;
+  zorCrmParvel::Refusals Refused() override;
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;

@@ -1,6 +1,7 @@
 #include "sqlserver/database.h"
 
 #include "sqlserver/edit_recordset.h"
+#include "sqlserver/schema/refusals.h"
 #include "sqlserver/select_recordset.h"
 #include "sqlserver/session.h"
 #include "sqlserver/walk_recordset.h"
@@ -58,6 +59,8 @@ std::function<std::shared_ptr<zorCrmParvel::Store>()> Database::Opener() const {
   options.expected = {};    // it writes nothing
   return [options] { return Open(options); };
 }
+
+zorCrmParvel::Refusals Database::Refused() { return RefusedBy(*session_, *catalog_); }
 
 void Database::BeginBatch() { session_->BeginBatch(); }
 void Database::CommitBatch() { session_->CommitBatch(); }

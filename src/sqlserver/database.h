@@ -41,6 +41,7 @@ class Database : public zorCrmParvel::Store {
   /// The database and the server, for people: "frota em servidor".
   std::string Place() const override;
   std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override;
+  zorCrmParvel::Refusals Refused() override;
   const tsql::Catalog& catalog() const { return *catalog_; }
   /// The connection itself, for work on the tables.
   Session& session() { return *session_; }

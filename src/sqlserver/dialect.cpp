@@ -40,6 +40,7 @@ constexpr Dialect kSqlServer{.sessionSetup = "SET DATEFORMAT ymd",
                              .collationTest =
                                  "SELECT CASE WHEN N'a' = N'A' THEN 1 ELSE 0 END AS c, "
                                  "CASE WHEN N'a' = N'á' THEN 1 ELSE 0 END AS a",
+                             .tellsRights = true,
                              .takeTurn =
                                  "IF OBJECT_ID(N'parvel_vez') IS NOT NULL "
                                  "UPDATE parvel_vez WITH (TABLOCKX) SET Vez = 0",
@@ -53,6 +54,7 @@ constexpr Dialect kSqlite{.sessionSetup = "",
                           .batchTest = "",
                           .numberedColumns = "",
                           .collationTest = "",
+                          .tellsRights = false,
                           .takeTurn = "",
                           .translate = &TranslateSqlite};
 

@@ -26,6 +26,8 @@ struct Dialect {
   const char* numberedColumns;
   /// Gives two truth values: whether the database's texts ignore case, and accents. Empty: no such choice.
   const char* collationTest;
+  /// True when it tells beforehand what a user may do with a table.
+  bool tellsRights;
   /// The first statement in a batch: it waits until no other batch is under way, so that sums which a batch
   /// reads stay as they are until it ends. Empty: nothing.
   const char* takeTurn;

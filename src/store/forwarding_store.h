@@ -15,6 +15,7 @@ class ForwardingStore : public zorCrmParvel::Store {
 
   std::string Place() const override { return inner_->Place(); }
   std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override { return inner_->Opener(); }
+  zorCrmParvel::Refusals Refused() override { return inner_->Refused(); }
   void BeginBatch() override { inner_->BeginBatch(); }
   void BeginLargeBatch() override { inner_->BeginLargeBatch(); }
   long NumberGiven(const std::string& table, long number) const override {

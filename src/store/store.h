@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -9,6 +11,11 @@
 #include "platform/runtime_error.h"
 
 namespace zorCrmParvel {
+
+/// What may be done with the rows of a table.
+enum class TableUse { kRead, kAdd, kChange, kRemove };
+/// By table, what is refused to the user of a connection. Of a table that isn't named nothing is.
+using Refusals = std::map<std::string, std::set<TableUse>>;
 
 /// A data-access object with what the programs around the module need as well. Both engines are one; programs
 /// hold it by shared pointer, and recordsets that are still open keep the engine behind it alive.
@@ -19,6 +26,9 @@ class Store : public DataAccess {
   /// Opens the same database once more, for a reader on another thread, which may be the one that calls it;
   /// empty where the data can't be reached by a second connection.
   virtual std::function<std::shared_ptr<Store>()> Opener() const { return {}; }
+
+  /// What its user may not do, as far as that can be told beforehand.
+  virtual Refusals Refused() { return {}; }
 
   // Used through `Batch`.
   virtual void BeginBatch() = 0;

@@ -25,6 +25,7 @@ std::deque<Fault> connectionFaults;
 std::deque<Fault> batchFaults;
 std::vector<Fault> current;  // what the failing handle has to say
 std::string silentOn;
+std::pair<std::string, std::string> instead;  // what a statement contains, and what is sent in its place
 bool pretending = false;
 bool begun = false;  // a batch
 std::string settings;
@@ -129,6 +130,7 @@ SQLRETURN RunNext(SQLHSTMT handle) {
 }  // namespace
 
 void FailAfterBatch(const Fault& fault) { batchFaults.push_back(fault); }
+void AnswerInstead(const std::string& in, const std::string& sql) { instead = {in, sql}; }
 void GoSilentOn(const std::string& text) { silentOn = text; }
 void FailNextStatement(const Fault& fault) { statementFaults.push_back(fault); }
 void FailNextConnection(const Fault& fault) { connectionFaults.push_back(fault); }
@@ -143,6 +145,7 @@ void ClearFaults() {
   connectionFaults.clear();
   batchFaults.clear();
   silentOn.clear();
+  instead = {};
   silent.reset();
 }
 int StatementsSent() { return std::exchange(statements, 0); }
@@ -164,6 +167,10 @@ SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
     silent->Wait();
     current = {{"08S01", 20006, "Write to the server failed", ""}};
     return SQL_ERROR;
+  }
+  if (!instead.first.empty() && TextOf(text, length).find(instead.first) != std::string::npos) {
+    std::u16string other = sqlserver::ToUtf16(instead.second);
+    return real(handle, sqlserver::Wide(other), static_cast<SQLINTEGER>(other.size()));
   }
   if (!pretending) return real(handle, text, length);
   pending[handle] = Plain(TextOf(text, length));

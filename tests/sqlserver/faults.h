@@ -25,6 +25,8 @@ void FailNextConnection(const Fault& fault);
 void FailAfterBatch(const Fault& fault);
 /// Connections made from here on are to a server that never answers a statement with this text.
 void GoSilentOn(const std::string& text);
+/// From here on statements with this text are answered by another one.
+void AnswerInstead(const std::string& in, const std::string& sql);
 /// No fault is due any more.
 void ClearFaults();
 

@@ -149,6 +149,27 @@ TEST_F(TablesTest, DifferencesAreTold) {
                 "PT_Tudo.Km: a base de dados não numera a coluna, que devia ser IDENTITY(1,1)"}));
 }
 
+TEST_F(TablesTest, WhatTheUserMayNotDoIsAskedInOneStatement) {
+  using zorCrmParvel::TableUse;
+  EXPECT_TRUE(database().Refused().empty()) << "nothing tells";
+  sqlserver::Parameters none;
+  for (const char* statement :
+       {"CREATE TABLE direitos (Tabela text, Ler int, Juntar int, Mudar int, Tirar int)",
+        "INSERT INTO direitos VALUES ('PT_Tudo', 0, 1, 1, 1), ('PT_Codigos', 0, 0, 0, 0), ('PT_Nada', 1, 0, "
+        "0, 1)"})
+    session().Write(statement, none);
+  PretendServer();
+  AnswerInstead("HAS_PERMS_BY_NAME", "SELECT * FROM direitos");
+  store_ = contract_tests::OpenSqliteFile(folder_.File("contrato.db"));
+  StatementsSent();
+  EXPECT_EQ(database().Refused(),
+            (zorCrmParvel::Refusals{{"PT_Tudo", {TableUse::kAdd, TableUse::kChange, TableUse::kRemove}},
+                                    {"PT_Nada", {TableUse::kRead, TableUse::kRemove}}}));
+  EXPECT_EQ(StatementsSent(), 1);
+  FailNextStatement({"42000", 195, "'HAS_PERMS_BY_NAME' is not a recognized function.", ""});
+  EXPECT_TRUE(database().Refused().empty());
+}
+
 TEST_F(TablesTest, NumberedColumnsAreThoseOfTheServersCatalogue) {
   PretendServer();
   sqlserver::Session posing(

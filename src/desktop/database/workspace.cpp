@@ -17,6 +17,16 @@ Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
   sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(kept_);
 }
 
+void Workspace::FindRights(QObject* whom, const std::function<void()>& found) {
+  reader_.Ask(
+      whom, [](const BackgroundReader::StoreRef& store) { return store->Refused(); },
+      [this, found](const zorCrmParvel::Refusals& refusals) {
+        rights_ = Rights(refusals, file() != nullptr);
+        found();
+      },
+      [](const ErrorText&) {});  // each act is refused when it comes
+}
+
 void Workspace::FillDemo() {
   try {
     demo::FillDemo(watch_);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desktop/database/background_reader.h"
+#include "desktop/database/rights.h"
 #include "embedded/database.h"
 #include "history/keeping_store.h"
 #include "host/sistema.h"
@@ -40,6 +41,10 @@ class Workspace {
   store::TableNames TakeWritten() { return watch_->TakeWritten(); }
   /// The file's engine; null on a server.
   embedded::Database* file() const { return dynamic_cast<embedded::Database*>(store_.get()); }
+  /// What the user may do, which is everything until `FindRights` has found out, away from the window's
+  /// thread.
+  const Rights& rights() const { return rights_; }
+  void FindRights(QObject* whom, const std::function<void()>& found);
   /// Fills an empty database with demonstration data; one with data is left alone.
   void FillDemo();
 
@@ -50,6 +55,7 @@ class Workspace {
   std::shared_ptr<history::KeepingStore> kept_;
   platform::Form window_;  // the main window, as the module sees it
   zorCrmParvel::Sistema sistema_;
+  Rights rights_;
   BackgroundReader reader_;
 };
 

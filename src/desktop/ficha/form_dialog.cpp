@@ -93,7 +93,12 @@ FormDialog::~FormDialog() {
 void FormDialog::Sync() {
   const bool outer = std::exchange(syncing_, true);
   setWindowTitle(ToQt(TitleOf(form_)));
-  for (const auto& view : views_) view->Sync();
+  for (const auto& view : views_) {
+    view->Sync();
+    if (!IsDenied(&view->control())) continue;
+    view->widget()->setEnabled(false);
+    view->widget()->setToolTip(PlainToolTip(why_not_));
+  }
   ShowFocus();
   syncing_ = outer;
 }
@@ -102,6 +107,20 @@ QWidget* FormDialog::WidgetOf(const platform::Control& control) const {
   for (const auto& view : views_)
     if (&view->control() == &control) return view->focusWidget();
   return nullptr;
+}
+
+void FormDialog::ShowOnly(const QString& why_not) {
+  why_not_ = why_not;
+  Sync();
+  ShowNotice();
+}
+
+/// What confirms or removes the record.
+bool FormDialog::IsDenied(const platform::Control* control) const {
+  const std::vector<platform::PushButton*>& removing = form_.layout.destructive;
+  return !why_not_.isEmpty() && control != nullptr &&
+         (control == form_.layout.accent ||
+          std::find(removing.begin(), removing.end(), control) != removing.end());
 }
 
 QString FormDialog::NoticeText() const { return notice_->text(); }
@@ -113,7 +132,7 @@ void FormDialog::reject() {
 
 /// What was typed is lost with the window; "Sair" is the module's own way out and asks nothing.
 bool FormDialog::MayClose() {
-  if (IsSyncing() || form_.IsClosed() || !contents_.Changed()) return true;
+  if (IsSyncing() || form_.IsClosed() || !contents_.Changed() || !why_not_.isEmpty()) return true;
   return ShowMessage(this,
                      QStringLiteral("Há alterações que não foram confirmadas.\n\nFechar sem as guardar?"),
                      platform::kYesNo | platform::kQuestion | platform::kDefaultButton2,
@@ -162,6 +181,7 @@ void FormDialog::Act(const std::function<void()>& act) {
 void FormDialog::Notice(const QString& text) { notice_->setText(text); }
 
 void FormDialog::ShowNotice() {
+  if (!why_not_.isEmpty()) return Notice(why_not_);
   const std::string& notice = form_.Notice();
   Notice(ToQt(notice.empty() ? HintFor(form_.ActiveControl()) : notice));
 }
@@ -231,6 +251,7 @@ bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
     if (notes != nullptr) notes->insertPlainText(QStringLiteral("\n"));
     return true;
   }
+  if (key == platform::kKeyEnter && IsDenied(form_.ActiveControl())) return true;
   const bool shift = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
   const bool leaves = key == platform::kKeyTab || key == platform::kKeyEnter;
   const bool opens = key == platform::kKeyF4;

@@ -36,6 +36,9 @@ class FormDialog : public QDialog, private UserActs {
   QString NoticeText() const;
   FichaAids& aids() const { return *aids_; }
 
+  /// The record can only be looked at, for this reason; empty when it may be confirmed.
+  void ShowOnly(const QString& why_not);
+
   /// Escape never gets here; the window's close button does. Asks when there is something unconfirmed.
   void reject() override;
 
@@ -55,6 +58,7 @@ class FormDialog : public QDialog, private UserActs {
   void ShowNotice();
   void AddNewButtons();
   void OpenNew();
+  bool IsDenied(const platform::Control* control) const;
   bool AidKey(const QKeyEvent& event);
   std::string ActWords() const;
   bool MayClose();
@@ -71,6 +75,7 @@ class FormDialog : public QDialog, private UserActs {
   platform::Form& form_;
   QSettings& settings_;
   QLabel* notice_;
+  QString why_not_;
   std::vector<std::unique_ptr<ControlView>> views_;
   FichaContents contents_;
   FichaAids* aids_;

@@ -105,7 +105,18 @@ bool ListPage::Can(StandardCommand command) const {
   if (failure_) return false;
   // Printing is the window's own affair, whether or not the list offers it in its menu.
   if (command == kPrintCommand) return table_->grid().order().Count() > 0;
-  return commands_.Has(command) && (command == kNewCommand || table_->CurrentRow() >= 0);
+  return commands_.Has(command) && WhyNot(command).isEmpty() &&
+         (command == kNewCommand || table_->CurrentRow() >= 0);
+}
+
+/// "Editar" also shows a record that may not be changed.
+QString ListPage::WhyNot(long command) const {
+  using zorCrmParvel::TableUse;
+  if (command == kPrintCommand || command == kEditCommand) return {};
+  const TableUse use = command == kNewCommand      ? TableUse::kAdd
+                       : command == kRemoveCommand ? TableUse::kRemove
+                                                   : TableUse::kChange;
+  return workspace_.rights().WhyNot(use, entry_);
 }
 
 QString ListPage::CountText() const {
@@ -178,7 +189,7 @@ void ListPage::ShowState() {
   } else if (order.Count() == 0) {
     message_->Show(QStringLiteral("A lista está vazia."), QStringLiteral("Não há nada a tratar."), {}, {});
   }
-  for (QAction* action : own_) action->setEnabled(!failure_ && table_->CurrentRow() >= 0);
+  ShowOwnCommands();
   // With filters the headings stay, and the fields in which they are typed.
   const bool rows = !failure_ && (order.Count() > 0 || (!is_reading_ && !order.filters().empty()));
   QWidget* shown = rows ? static_cast<QWidget*>(table_) : static_cast<QWidget*>(message_);
@@ -212,7 +223,7 @@ void ListPage::RowChosen(long row) {
   Guarded(window(), [&] {
     if (row >= 0 && row < form_->master.RowCount()) form_->master.SetRow(row);
   });
-  for (QAction* action : own_) action->setEnabled(row >= 0);
+  ShowOwnCommands();
   Q_EMIT Changed();
 }
 

@@ -47,6 +47,10 @@ class ListPage : public Page {
   std::vector<long> WorkRows() const;
   /// True when a command of the list can run now: it is offered, and has a row when it needs one.
   bool Can(StandardCommand command) const;
+  /// Why the user has no right to a command of the list; empty when he has.
+  QString WhyNot(long command) const;
+  /// Enables the window's own commands that can run now, and that the user has a right to.
+  void ShowOwnCommands();
   /// "40 registos · 1 seleccionado", or "12 de 40" while search or filters narrow the rows.
   QString CountText() const override;
 

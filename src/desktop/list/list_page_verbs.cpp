@@ -174,7 +174,9 @@ void ListPage::RowMenu(const QPoint& place) {
   Guarded(window(), [this] { commands_ = ListCommands(list_.get()); });
   QMenu menu(this);
   std::optional<long> chosen;
-  FillMenu(menu, commands_.menu(), [&](long command) { chosen = command; });
+  FillMenu(
+      menu, commands_.menu(), [&](long command) { chosen = command; },
+      [this](long command) { return WhyNot(command); });
   if (!own_.isEmpty()) menu.addSeparator();
   menu.addActions(own_);
   menu.exec(table_->viewport()->mapToGlobal(place));
@@ -206,8 +208,18 @@ void ListPage::AddEntries() {
     connect(action, &QAction::triggered, this, [this, run = entry.run] {
       if (table_->CurrentRow() >= 0) Guarded(window(), [&] { run(*this, Marked()); });
     });
+    if (entry.writes != nullptr) action->setData(QString::fromUtf8(entry.writes));
     addAction(action);
     own_ << action;
+  }
+  ShowOwnCommands();
+}
+
+void ListPage::ShowOwnCommands() {
+  const bool can = !failure_ && table_->CurrentRow() >= 0;
+  for (QAction* action : own_) {
+    const std::string table = FromQt(action->data().toString());
+    Allow(*action, can, workspace_.rights().WhyNot(zorCrmParvel::TableUse::kChange, table));
   }
 }
 

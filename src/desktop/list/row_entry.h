@@ -24,6 +24,7 @@ struct RowEntry {
   bool (*suits)(const ListEntry& list);
   /// A row is chosen when it runs. Errors are shown by the page.
   void (*run)(ListPage& page, const MarkedRows& rows);
+  const char* writes = nullptr;  // the table that it changes; null for none
 };
 
 /// All of them in their order, see `shell/row_entries.cpp`.

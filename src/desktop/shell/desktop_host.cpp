@@ -81,6 +81,7 @@ std::optional<std::string> DesktopHost::OpenFile(const platform::FileDialog& ask
 void DesktopHost::ShowModal(platform::Form& form, platform::Form*) {
   if (form.IsClosed()) return;
   FormDialog dialog(form, settings_, Front());
+  if (why_not_) dialog.ShowOnly(why_not_(form.Name));
   open_.push_back(&dialog);
   dialog.exec();
   open_.pop_back();

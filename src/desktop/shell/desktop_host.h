@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QTemporaryDir>
 #include <functional>
 #include <memory>
@@ -24,6 +25,10 @@ class DesktopHost : public platform::Host {
   /// The window that everything opens over; null while there is none.
   void SetMainWindow(QWidget* window) { main_window_ = window; }
 
+  /// Asks of each ficha that is opened, by its name, why it can only be looked at; empty when it may be
+  /// confirmed.
+  void AskRights(std::function<QString(const std::string& ficha)> why_not) { why_not_ = std::move(why_not); }
+
   int MsgBox(const std::string& text, int style, const std::string& title) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& initial) override;
@@ -43,6 +48,7 @@ class DesktopHost : public platform::Host {
 
   QSettings& settings_;
   QWidget* main_window_ = nullptr;
+  std::function<QString(const std::string& ficha)> why_not_;
   std::vector<FormDialog*> open_;
   std::unique_ptr<QTemporaryDir> temporary_;
 };

@@ -86,6 +86,7 @@ void MainActions::BuildMenus() {
   file->addSeparator();
   file->addAction(quit);
   record_menu = bar->addMenu(QStringLiteral("&Registo"));
+  for (QMenu* menu : {file, record_menu}) menu->setToolTipsVisible(true);  // why a command is disabled
   QMenu* view = bar->addMenu(QStringLiteral("&Ver"));
   view->addActions({reload, find, switch_side});
   view->addSeparator();

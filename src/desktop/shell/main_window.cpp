@@ -14,6 +14,7 @@
 #include "desktop/database/copy_keeper.h"
 #include "desktop/help/help_key.h"
 #include "desktop/help/manual_reader.h"
+#include "desktop/list/context_menu.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/desktop_notices.h"
@@ -47,7 +48,8 @@ MainWindow::MainWindow(QSettings& settings)
       count_(new QLabel(this)),
       file_(new QLabel(this)),
       copy_(new QLabel(this)),
-      alert_count_(new QLabel(this)) {
+      alert_count_(new QLabel(this)),
+      only_reads_(new QLabel(QStringLiteral("Só leitura"), this)) {
   setWindowTitle(QStringLiteral("Gestão de frota"));
   Build();
   Connect();
@@ -82,7 +84,8 @@ void MainWindow::Build() {
   for (QLabel* label : {count_, file_, copy_, alert_count_}) label->setTextFormat(Qt::PlainText);
   count_->setContentsMargins(WideGap(this), 0, 0, 0);
   statusBar()->addWidget(count_);
-  for (QLabel* label : {copy_, file_, alert_count_}) {
+  only_reads_->hide();
+  for (QLabel* label : {only_reads_, copy_, file_, alert_count_}) {
     label->setContentsMargins(0, 0, WideGap(this), 0);
     statusBar()->addPermanentWidget(label);
   }
@@ -196,7 +199,7 @@ void MainWindow::UpdateRecordMenu() {
   for (const platform::MenuItem& item : list_->commands().menu().Items()) {
     if (IsStandard(item.id) || !item.visible) continue;
     QAction* action = menu.addAction(ToQt(item.caption));
-    action->setEnabled(item.enabled && list_->table().CurrentRow() >= 0);
+    Allow(*action, item.enabled && list_->table().CurrentRow() >= 0, list_->WhyNot(item.id));
     connect(action, &QAction::triggered, list_, [this, id = item.id] { list_->Run(id); });
   }
 }

@@ -46,6 +46,8 @@ class MainWindow : public QMainWindow {
   DueNotifier& due() const { return *due_; }
   Workspace* workspace() const { return workspace_.get(); }
   const MainActions& actions() const { return *actions_; }
+  /// Why a ficha can only be looked at; empty when it may be confirmed.
+  QString WhyNotConfirm(const std::string& ficha) const;
   CopyKeeper& copies() const { return *copies_; }
 
  protected:
@@ -75,6 +77,8 @@ class MainWindow : public QMainWindow {
   void ShowAlertCount();
   void UpdateRecordMenu();
   void UpdateUndo();
+  void FindRights();
+  void UpdateRights();
   void Undo();
   void ForgetOldHistory();
   void FillFichas();
@@ -124,6 +128,7 @@ class MainWindow : public QMainWindow {
   QLabel* file_;
   QLabel* copy_;
   QLabel* alert_count_;
+  QLabel* only_reads_;
 };
 
 }  // namespace desktop

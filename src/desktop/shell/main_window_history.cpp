@@ -21,7 +21,6 @@ void MainWindow::UpdateUndo() {
                                : QStringLiteral("A&nular a última operação"));
 }
 
-/// What is older than the office keeps goes when a database is opened.
 void MainWindow::ForgetOldHistory() {
   try {
     history::KeepWithin(*workspace_->kept(),

@@ -29,6 +29,7 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   workspace_ = std::move(workspace);
   alerts_->Watch(workspace_.get());
   due_->Watch(workspace_.get());
+  FindRights();
   ReadViews();
   const std::string file = OpenFileName();
   copies_->Watch(file);
@@ -39,7 +40,6 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   else
     ShowStart(true);
   FindAlerts();
-  ForgetOldHistory();
 }
 
 void MainWindow::ShowList(const char* key) {
@@ -111,16 +111,15 @@ void MainWindow::Update() {
   const bool open = page_ != nullptr;
   const bool searches = open && page_->CanSearch();
   if (searches && !actions_->search->hasFocus()) actions_->search->setText(page_->SearchText());
-  actions_->add->setEnabled(list_ != nullptr && list_->Can(kNewCommand));
+  UpdateRights();
   actions_->edit->setEnabled(list_ != nullptr && list_->Can(kEditCommand));
-  actions_->remove->setEnabled(list_ != nullptr && list_->Can(kRemoveCommand));
   for (QAction* action : {actions_->print, actions_->export_list})
     action->setEnabled(open && page_->CanPrint());
   actions_->find->setEnabled(searches);
   for (QAction* action : {actions_->reset_columns, actions_->filter, actions_->columns_menu->menuAction(),
                           actions_->views_menu->menuAction()})
     action->setEnabled(list_ != nullptr);
-  for (QAction* action : {actions_->reload, actions_->import_file}) action->setEnabled(workspace_ != nullptr);
+  actions_->reload->setEnabled(workspace_ != nullptr);
   for (QAction* action : {actions_->copy, actions_->restore, actions_->check})
     action->setEnabled(workspace_ != nullptr && workspace_->file() != nullptr);
   actions_->search->setEnabled(searches);

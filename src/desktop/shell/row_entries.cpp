@@ -24,13 +24,13 @@ void Evolution(ListPage& page, const MarkedRows& rows) {
 const std::vector<RowEntry>& RowEntries() {
   static const std::vector<RowEntry> entries = {
       {"&Evolução…", "", &HasPlates, &Evolution},
-      {"Alterar &campo…", "", &IsVehicles, &ChangeVehicles},
-      {"&Adiar até…", "Ctrl+D", &IsAlertList, &PutOffAlerts},
-      {"&Tratado…", "Ctrl+T", &IsAlertList, &SettleAlerts},
-      {"De novo &por tratar", "", &IsAlertList, &ReopenAlerts},
+      {"Alterar &campo…", "", &IsVehicles, &ChangeVehicles, "zor_PV_Viaturas"},
+      {"&Adiar até…", "Ctrl+D", &IsAlertList, &PutOffAlerts, "parvel_tratados"},
+      {"&Tratado…", "Ctrl+T", &IsAlertList, &SettleAlerts, "parvel_tratados"},
+      {"De novo &por tratar", "", &IsAlertList, &ReopenAlerts, "parvel_tratados"},
       {"&Histórico do registo…", "Ctrl+H", &HasLife, &ShowLife},
       {"E&xportar dados pessoais…", "", &ListsDrivers, &ExportMarkedDriver},
-      {"Apagar dados &pessoais…", "", &ListsDrivers, &EraseMarkedDriver},
+      {"Apagar dados &pessoais…", "", &ListsDrivers, &EraseMarkedDriver, "zor_Funcionarios"},
       {"Motoristas &inactivos…", "", &ListsDrivers, &ShowQuietDrivers},
   };
   return entries;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include "desktop/database/rights.h"
 #include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -74,6 +75,17 @@ void Sidebar::Choose(const QListWidgetItem* item, bool to_work) {
   if (item != nullptr && item == this->item(0)) Q_EMIT StartChosen(to_work);
   const QVariant view = item != nullptr ? item->data(kViewRole) : QVariant();
   if (view.isValid() && view.toInt() >= 0) Q_EMIT ViewChosen(view.toInt(), to_work);
+}
+
+void Sidebar::ShowRights(const Rights& rights) {
+  for (int row = 0; row < count(); ++row) {
+    const ListEntry* entry = EntryOf(item(row));
+    if (entry == nullptr) continue;
+    const QString why_not = rights.WhyNot(zorCrmParvel::TableUse::kRead, *entry);
+    item(row)->setToolTip(PlainToolTip(why_not));
+    const Qt::ItemFlags usual = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    item(row)->setFlags(why_not.isEmpty() ? usual : Qt::NoItemFlags);
+  }
 }
 
 void Sidebar::RemoveViews() {

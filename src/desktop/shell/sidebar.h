@@ -11,6 +11,7 @@
 namespace desktop {
 
 class AlertBoard;
+class Rights;
 
 /// The start page, and the lists of the program under their groups. A list that the module doesn't have is
 /// left out, and so is a group without any.
@@ -26,6 +27,8 @@ class Sidebar : public QListWidget {
   void ShowViews(const std::vector<lists::ListView>& views);
   /// Shows the number of rows behind each alert list.
   void ShowCounts(const AlertBoard& board);
+  /// Disables the lists that the user has no right to see.
+  void ShowRights(const Rights& rights);
   QSize sizeHint() const override;
 
  Q_SIGNALS:

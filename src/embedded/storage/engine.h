@@ -36,6 +36,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
          const LogLimits& limits);
 
   const std::string& path() const { return path_; }
+  const tsql::Catalog& catalog() const { return catalog_; }
+  /// True for a file that can't be written.
+  bool ReadsOnly() const { return sqlite3_db_readonly(connection_.get(), "main") == 1; }
 
   platform::RecordsetRef Open(const std::string& statement, Plan::Use use);
   void Run(const std::string& statement);
