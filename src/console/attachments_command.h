@@ -7,9 +7,12 @@
 
 namespace console {
 
-/// Prints the files attached to a record, by the kind and code of the record; before that, attaches `file` by
-/// its full path unless it is empty. A path that isn't there is kept as it is.
+/// Attaches a file to the record of a kind and code, by its full path. A path that isn't there is kept as it
+/// is.
+void Attach(const zorCrmParvel::DataAccessRef& bd, std::int16_t kind, const std::string& code,
+            const std::string& file);
+/// Prints the files attached to a record.
 void PrintAttachments(const zorCrmParvel::DataAccessRef& bd, std::int16_t kind, const std::string& code,
-                      const std::string& file, std::ostream& out);
+                      std::ostream& out);
 
 }  // namespace console

@@ -1,64 +1,23 @@
 #include <CLI/CLI.hpp>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <optional>
-#include <ostream>
-#include <stdexcept>
 #include <string>
 
 #include "console/calls.h"
 #include "console/import_commands.h"
-#include "console/program.h"
 #include "exchange/import.h"
 
 namespace console {
 namespace {
 
 struct ImportOptions {
-  std::string what;
-  std::string file;
-  bool simulate = false;
-  std::string decimal;    // empty: found out
-  ProfileImport profile;  // without a name: the file has our own columns
+  ProfileImport import;
+  std::string decimal;  // empty: found out
 };
 
-/// Others may read meanwhile, but wait to write: who starts a long import knows it before.
-void TellOfLongImport(const std::string& name, std::ostream& err) {
-  constexpr std::uintmax_t kLong = 2'000'000;  // bytes, some seconds
-  std::error_code unknown;
-  const std::uintmax_t bytes = std::filesystem::file_size(name, unknown);
-  if (!unknown && bytes > kLong)
-    err << "O ficheiro é grande: até ao fim da importação, que entra toda junta ou não entra, os outros "
-           "programas só podem ler esta base de dados, e o que quiserem gravar é recusado.\n";
-}
-
-int Import(const Calls& calls, const ImportOptions& options) {
-  if (!options.profile.profile.empty()) {
-    ProfileImport import = options.profile;
-    import.kind = options.what;
-    import.file = options.file;
-    import.simulate = options.simulate;
-    TellOfLongImport(options.file, calls.err);
-    return ImportWithProfile(calls, import);
-  }
-  std::ifstream file(options.file, std::ios::binary);
-  if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + options.file);
-  const auto database = calls.Open();
-  const auto target = exchange::MakeImportTarget(options.what, database);
-  if (!target) {
-    calls.err << "Não se importa «" << options.what << "». Pode importar: " << exchange::ImportTargetNames()
-              << ".\n";
-    return kUsage;
-  }
-  TellOfLongImport(options.file, calls.err);
-  const exchange::ImportResult result =
-      exchange::ImportCsv(*database, *target, file, options.simulate, calls.out,
-                          options.decimal.empty() ? std::nullopt : std::optional(options.decimal[0]));
-  calls.out << result.added << (options.simulate ? " entrariam, " : " novos, ") << result.known
-            << " já existiam, " << result.refused << " recusados\n";
-  return result.refused == 0 ? kDone : kRefused;
+int Import(const Calls& calls, ImportOptions& options) {
+  ProfileImport& import = options.import;
+  if (!options.decimal.empty()) import.decimal = options.decimal[0];
+  return import.profile.empty() ? ImportOwnColumns(calls, import) : ImportWithProfile(calls, import);
 }
 
 }  // namespace
@@ -67,19 +26,21 @@ void AddExchangeCalls(Calls& calls) {
   const auto options = std::make_shared<ImportOptions>();
   auto& importar = calls.Add("importar", "Importa um ficheiro CSV; diz cada linha recusada e porquê.",
                              [&calls, options] { return Import(calls, *options); });
-  importar.add_option("o-quê", options->what, "Um de: " + exchange::ImportTargetNames() + ".")
+  importar.add_option("o-quê", options->import.kind, "Um de: " + exchange::ImportTargetNames() + ".")
       ->type_name("")
       ->required();
-  importar.add_option("ficheiro", options->file, "Ficheiro CSV; a primeira linha tem os nomes das colunas.")
+  importar
+      .add_option("ficheiro", options->import.file,
+                  "Ficheiro CSV; a primeira linha tem os nomes das colunas.")
       ->type_name("")
       ->required();
-  importar.add_flag("--simular", options->simulate, "Verifica e conta, sem gravar.");
+  importar.add_flag("--simular", options->import.simulate, "Verifica e conta, sem gravar.");
   importar
       .add_option("--decimal", options->decimal,
                   "Sinal dos decimais no ficheiro, vírgula ou ponto, em vez do que os números mostram.")
       ->type_name("SINAL")
       ->check(CLI::Validator(CLI::IsMember({",", "."})).description(""));
-  ProfileImport& profile = options->profile;
+  ProfileImport& profile = options->import;
   auto* named = importar.add_option(
       "--perfil", profile.profile, "Perfil com que se lê um ficheiro de outros: CSV, XLSX, ODS, XLS, texto.");
   named->type_name("NOME");

@@ -8,10 +8,12 @@
 #include "console/alerts_command.h"
 #include "console/attachments_command.h"
 #include "console/calls.h"
+#include "console/kept_store.h"
 #include "console/list_printer.h"
 #include "console/program.h"
 #include "console/record_command.h"
 #include "exchange/export/export_table.h"
+#include "history/act.h"
 #include "host/sistema.h"
 
 namespace console {
@@ -108,7 +110,12 @@ void AddAlerts(Calls& calls) {
 void AddAttachments(Calls& calls) {
   const auto options = std::make_shared<AttachmentOptions>();
   auto& anexos = calls.Add("anexos", "Mostra os ficheiros anexados a um registo.", [&calls, options] {
-    PrintAttachments(calls.Open(), options->kind, options->key, options->file, calls.out);
+    if (!options->file.empty()) {
+      const auto kept = OpenKept(calls);
+      history::Act(kept.get(), "Anexos: Juntar",
+                   [&] { Attach(kept, options->kind, options->key, options->file); });
+    }
+    PrintAttachments(calls.Open(), options->kind, options->key, calls.out);
     return kDone;
   });
   anexos.add_option("tipo", options->kind, "Tipo do registo, um número.")->type_name("")->required();

@@ -25,10 +25,12 @@ using exchange::RowState;
 
 constexpr const char* kImports = "parvel_importacoes";
 
-/// What the history calls an import.
-std::string ImportWords(long number, const std::string& file, long rows) {
-  return "Importação " + std::to_string(number) + ": " + file + " (" + std::to_string(rows) +
-         (rows == 1 ? " linha)" : " linhas)");
+/// Puts an import into the history.
+void NoteImport(const zorCrmParvel::Store& database, long number, const std::string& file, long rows) {
+  history::NoteIn(database,
+                  "Importação " + std::to_string(number) + ": " + file + " (" + std::to_string(rows) +
+                      (rows == 1 ? " linha)" : " linhas)"),
+                  kImports, std::to_string(number));
 }
 
 std::string UserName() {
@@ -43,6 +45,22 @@ exchange::TableOptions OptionsOf(const exchange::Profile& profile) {
                               exchange::TextEncoding::kUtf16BigEndian, exchange::TextEncoding::kWindows1252})
     if (profile.encoding == exchange::NameOf(encoding)) options.encoding = encoding;
   return options;
+}
+
+std::string NameOf(const std::string& file) { return std::filesystem::path(file).filename().string(); }
+
+/// Others may read meanwhile, but wait to write: who starts a long import knows it before.
+void TellOfLongImport(const std::string& name, std::ostream& err) {
+  constexpr std::uintmax_t kLong = 2'000'000;  // bytes, some seconds
+  std::error_code unknown;
+  const std::uintmax_t bytes = std::filesystem::file_size(name, unknown);
+  if (!unknown && bytes > kLong)
+    err << "O ficheiro é grande: até ao fim da importação, que entra toda junta ou não entra, os outros "
+           "programas só podem ler esta base de dados, e o que quiserem gravar é recusado.\n";
+}
+
+void TellNumber(long number, std::ostream& out) {
+  out << "Importação " << number << "; anula-se com «parvel importacoes anular " << number << "».\n";
 }
 
 /// The rows of which there is something to tell.
@@ -103,8 +121,37 @@ exchange::Profile Required(const Calls& calls, const std::string& name) {
 
 }  // namespace
 
+int ImportOwnColumns(const Calls& calls, const ProfileImport& import) {
+  std::ifstream file(import.file, std::ios::binary);
+  if (!file) throw std::runtime_error("Não é possível ler o ficheiro " + import.file);
+  const auto database = calls.Open();
+  const auto target = exchange::MakeImportTarget(import.kind, database);
+  if (!target) {
+    calls.err << "Não se importa «" << import.kind << "». Pode importar: " << exchange::ImportTargetNames()
+              << ".\n";
+    return kUsage;
+  }
+  TellOfLongImport(import.file, calls.err);
+  exchange::ImportResult result;
+  if (import.simulate) {
+    result = exchange::ImportCsv(*database, *target, file, true, calls.out, import.decimal);
+  } else {
+    const history::KeepingStore noting(database);
+    const std::string name = NameOf(import.file);
+    const auto note = [&](long number, long rows) { NoteImport(*database, number, name, rows); };
+    result = exchange::ImportCsvToLog(
+        database, {import.kind, name, exchange::ChecksumOfFile(import.file), UserName(), note}, file,
+        calls.out, import.decimal);
+  }
+  calls.out << result.added << (import.simulate ? " entrariam, " : " novos, ") << result.known
+            << " já existiam, " << result.refused << " recusados\n";
+  if (result.number != 0) TellNumber(result.number, calls.out);
+  return result.refused == 0 ? kDone : kRefused;
+}
+
 int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
   if (!import.rows.empty()) exchange::FormatOf(import.rows);  // told before anything is done
+  TellOfLongImport(import.file, calls.err);
   const auto database = calls.Open();
   exchange::Profile profile = Required(calls, import.profile);
   if (profile.kind != import.kind)
@@ -124,17 +171,14 @@ int ImportWithProfile(const Calls& calls, const ProfileImport& import) {
     plan.Check();
     stored.rows = plan.Sums();
   } else {
-    const std::string name = std::filesystem::path(import.file).filename().string();
+    const std::string name = NameOf(import.file);
     const history::KeepingStore kept(database);
-    stored = plan.Store(name, checksum, UserName(), {}, [&](long number, long rows) {
-      history::NoteIn(*database, ImportWords(number, name, rows), kImports, std::to_string(number));
-    });
+    stored = plan.Store(name, checksum, UserName(), {},
+                        [&](long number, long rows) { NoteImport(*database, number, name, rows); });
   }
   TellRows(plan, calls.out);
   TellSums(stored.rows, import.simulate, calls.out);
-  if (!import.simulate)
-    calls.out << "Importação " << stored.number << "; anula-se com «parvel importacoes anular "
-              << stored.number << "».\n";
+  if (!import.simulate) TellNumber(stored.number, calls.out);
   if (!import.refused.empty()) WriteRefused(plan, import.refused);
   if (!import.rows.empty())
     exchange::WriteTable(exchange::PreviewTable(plan), import.rows, exchange::FormatOf(import.rows));

@@ -6,6 +6,11 @@
 
 #include "exchange/csv_number.h"
 #include "exchange/csv_text.h"
+#include "exchange/imports/import_log.h"
+#include "exchange/imports/stored_rows.h"
+#include "exchange/profile/import_kinds.h"
+#include "platform/host.h"
+#include "platform/runtime_error.h"
 #include "platform/text.h"
 
 namespace exchange {
@@ -57,6 +62,7 @@ class ImportReader {
   }
 
   bool Next() { return reader_.Next(values_); }
+  long line() const { return static_cast<long>(reader_.line()); }
   /// Where the row read last stands.
   std::string Place() const {
     const std::string first = std::to_string(reader_.line());
@@ -155,15 +161,18 @@ class ImportReader {
   ImportRow row_;
 };
 
-ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
-                       std::ostream& report, std::optional<char> decimal) {
-  ImportReader reader(file, target.Columns(), decimal);
-  zorCrmParvel::LargeBatch batch(database);
+namespace {
+
+using Stored = std::function<void(const ImportRow& row, long line)>;
+
+ImportResult Take(ImportReader& reader, ImportTarget& target, std::ostream& report, const Stored& stored) {
   ImportResult result;
   while (reader.Next()) {
     try {
-      const Outcome outcome = target.Store(reader.Checked());
+      const ImportRow& row = reader.Checked();
+      const Outcome outcome = target.Store(row);
       ++(outcome == Outcome::kAdded ? result.added : result.known);
+      if (outcome == Outcome::kAdded && stored) stored(row, reader.line());
     } catch (const Refusal& refusal) {
       ++result.refused;
       report << reader.Place();
@@ -171,10 +180,74 @@ ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std:
       report << ": " << refusal.reason << '\n';
     }
   }
-  target.Finish();
+  return result;
+}
+
+/// Nothing is imported of which nobody is told what was refused.
+void Told(std::ostream& report) {
   if (!report.flush())
     throw std::runtime_error("Não foi possível escrever que linhas são recusadas: nada foi importado.");
+}
+
+bool HasLog(const zorCrmParvel::DataAccessRef& bd) {
+  zorCrmParvel::RecordsetRef rows;
+  try {
+    bd->AbrirLeitura("", "SELECT Numero FROM parvel_importacoes WHERE Numero=0", rows);
+    rows->Close();
+    return true;
+  } catch (const platform::RuntimeError& error) {
+    if (error.number() != platform::kInvalidObject) throw;
+    return false;
+  }
+}
+
+/// The key by which a row is found again.
+std::string KeyOf(const ImportKind& kind, const ImportRow& row) {
+  if (kind.numbered) return {};
+  const std::string& key = row.text(kind.key);
+  const bool licence = std::string_view(kind.name) == "cartas";
+  return licence ? key + "|" + std::to_string(row.integer("TipoCarta")) : key;
+}
+
+}  // namespace
+
+ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
+                       std::ostream& report, std::optional<char> decimal) {
+  ImportReader reader(file, target.Columns(), decimal);
+  zorCrmParvel::LargeBatch batch(database);
+  const ImportResult result = Take(reader, target, report, {});
+  target.Finish();
+  Told(report);
   if (!simulate) batch.Commit();
+  return result;
+}
+
+ImportResult ImportCsvToLog(const platform::Ref<zorCrmParvel::Store>& database, const ImportedFile& about,
+                            std::istream& file, std::ostream& report, std::optional<char> decimal) {
+  const ImportKind& kind = *KindOf(about.kind);
+  if (!HasLog(database))
+    return ImportCsv(*database, *MakeImportTarget(about.kind, database), file, false, report, decimal);
+  ImportReader reader(file, ColumnsOfKind(about.kind), decimal);
+  zorCrmParvel::LargeBatch batch(*database);
+  ImportLog log(database, {.when = platform::Host::Current().Now(),
+                           .who = about.who,
+                           .kind = about.kind,
+                           .file = about.name,
+                           .profile = {},
+                           .checksum = about.checksum,
+                           .takenBack = {}});
+  StoredRows rows(database, kind, log);
+  const auto target = MakeImportTarget(about.kind, rows.through());
+  ImportResult result = Take(reader, *target, report,
+                             [&](const ImportRow& row, long line) { rows.Add(KeyOf(kind, row), line, {}); });
+  rows.Finish();
+  target->Finish();
+  log.Finish();
+  Told(report);
+  if (result.added == 0) return result;
+  if (about.beforeCommit) about.beforeCommit(log.number(), log.rows());
+  batch.Commit();
+  result.number = database->NumberGiven("parvel_importacoes", log.number());
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -102,6 +103,17 @@ struct ImportResult {
   long added = 0;
   long known = 0;
   long refused = 0;
+  long number = 0;  // of the table of imports; 0: it isn't there
+};
+
+/// What an import is called in the table of imports.
+struct ImportedFile {
+  std::string kind;  // as `MakeImportTarget` knows it
+  std::string name;
+  std::string checksum;
+  std::string who;
+  /// Writes what is to be kept with it, within its batch, after the last row.
+  std::function<void(long number, long rows)> beforeCommit;
 };
 
 /// Imports a CSV file: all rows that pass their rules at once, or nothing when the file can't be read, the
@@ -110,5 +122,10 @@ struct ImportResult {
 /// std::runtime_error thrown when a number can be read in two ways.
 ImportResult ImportCsv(zorCrmParvel::Store& database, ImportTarget& target, std::istream& file, bool simulate,
                        std::ostream& report, std::optional<char> decimal = std::nullopt);
+/// As `ImportCsv` does, and writes into the table of imports what was stored: from there it can be taken
+/// back. A database without that table, and a file without a row that is new, leave nothing to take back.
+ImportResult ImportCsvToLog(const platform::Ref<zorCrmParvel::Store>& database, const ImportedFile& about,
+                            std::istream& file, std::ostream& report,
+                            std::optional<char> decimal = std::nullopt);
 
 }  // namespace exchange

@@ -50,7 +50,7 @@ TEST_F(ImportCommandsTest, AFileIsMappedLookedAtStoredAndTakenBack) {
   EXPECT_NE(Content("linhas.csv").find("\n3;recusada;"), std::string::npos) << Content("linhas.csv");
   EXPECT_EQ(Import({"--criar-codigos", "--recusadas", File("recusadas.csv")}), kRefused);
   EXPECT_NE(out.str().find("Novas: 1 (75,94)"), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find("Importação 1; anula-se"), std::string::npos);
+  EXPECT_NE(out.str().find("Importação 2; anula-se"), std::string::npos);
   EXPECT_EQ(Content("recusadas.csv"),
             "Matrícula;Data;Produto;Litros;Valor c/ IVA;Odómetro\n10GJ10;14/11/2025;Diesel Plus;40;70;1400\n"
             "ZZ-99-ZZ;15/11/2025;Diesel Plus;10;17;900\n");
@@ -59,10 +59,31 @@ TEST_F(ImportCommandsTest, AFileIsMappedLookedAtStoredAndTakenBack) {
   EXPECT_NE(out.str().find("Novas: 0 (0)\nJá existiam: 1"), std::string::npos) << out.str();
   EXPECT_EQ(OnDatabase({"importacoes"}), kDone);
   EXPECT_NE(out.str().find("gastos  2 linhas  extracto.csv  extracto"), std::string::npos) << out.str();
-  EXPECT_EQ(OnDatabase({"importacoes", "anular", "1"}), kDone) << out.str();
+  EXPECT_EQ(OnDatabase({"importacoes", "anular", "2"}), kDone) << out.str();
   EXPECT_EQ(out.str(), "2 linhas tiradas, 0 ficam, 0 já não existiam\n");
-  EXPECT_EQ(OnDatabase({"importacoes", "anular", "1"}), kFailed);
+  EXPECT_EQ(OnDatabase({"importacoes", "anular", "2"}), kFailed);
   EXPECT_NE(err.str().find("já foi anulada"), std::string::npos);
+}
+
+TEST_F(ImportCommandsTest, WhatIsImportedAndAttachedStandsInTheHistory) {
+  Put("v.csv", "Matricula\n10-GJ-10\n20-GJ-20\n");
+  EXPECT_EQ(OnDatabase({"importar", "viaturas", File("v.csv")}), kDone);
+  EXPECT_EQ(OnDatabase({"importar", "viaturas", File("v.csv")}), kDone) << "nothing of it is new";
+  EXPECT_EQ(OnDatabase({"anexos", "5", "10-GJ-10", "--juntar", File("a.pdf")}), kDone);
+  EXPECT_EQ(OnDatabase({"historico"}), kDone);
+  std::istringstream told(out.str());
+  std::vector<std::string> ends;
+  for (std::string line; std::getline(told, line);) ends.push_back(line.substr(line.find("root") + 6));
+  EXPECT_EQ(ends, (std::vector<std::string>{"Anexos: Juntar, 10-GJ-10", "Importação 2: v.csv (1 linha)",
+                                            "Importação 1: v.csv (1 linha)"}))
+      << out.str();
+  EXPECT_EQ(OnDatabase({"anular", "3"}), kDone);
+  EXPECT_EQ(OnDatabase({"anexos", "5", "10-GJ-10"}), kDone);
+  EXPECT_EQ(out.str(), "Sem ficheiros anexados.\n");
+  EXPECT_EQ(OnDatabase({"anular", "2"}), kDone) << err.str();
+  EXPECT_EQ(OnDatabase({"lista", "Viaturas", "--csv"}), kDone);
+  EXPECT_EQ(out.str().find("20-GJ-20"), std::string::npos);
+  EXPECT_NE(out.str().find("10-GJ-10"), std::string::npos);
 }
 
 TEST_F(ImportCommandsTest, WhatCantBeDoneIsTold) {
