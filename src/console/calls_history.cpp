@@ -78,7 +78,7 @@ int Clear(const Calls& calls, const HistoryOptions& options) {
 int PrintSize(const Calls& calls) {
   const auto store = OpenKept(calls);
   calls.out << history::ShownSize(history::SizeOf(*store)) << '\n';
-  if (const auto* file = dynamic_cast<const embedded::Database*>(store->inner().get()))
+  if (const embedded::Database* file = store->file())
     calls.out << "Ocupa " << (file->BytesOf(history::OwnTables()) + 1023) / 1024 << " KB do ficheiro.\n";
   return kDone;
 }

@@ -32,7 +32,7 @@ Image FiguresOf(KeepingStore& store, const tsql::Table& vehicles, const std::str
   for (const char* name : kFigures) names += (names.empty() ? "" : ", ") + std::string(name);
   const auto rows =
       OpenRows(store, "SELECT " + names + " FROM zor_PV_Viaturas WHERE Matricula = " + Quoted(plate));
-  return ImageOf(vehicles, *rows);
+  return ImageAt(vehicles, *rows, 0, PlacesOf(vehicles, *rows));
 }
 
 }  // namespace

@@ -1,183 +1,26 @@
 #include "history/image.h"
 
-#include <array>
-#include <charconv>
-#include <cstdio>
-#include <nlohmann/json.hpp>
-
 #include "history/digest.h"
+#include "history/json.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
 namespace history {
 namespace {
 
-using platform::Currency;
-using platform::Date;
 using platform::FieldType;
 using platform::Variant;
-
-void AppendNumber(std::int64_t number, std::string& text) {
-  std::array<char, 24> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  text.append(digits.data(), end);
-}
-
-void AppendPadded(int number, int width, std::string& text) {
-  std::array<char, 24> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  for (auto missing = width - (end - digits.data()); missing > 0; --missing) text += '0';
-  text.append(digits.data(), end);
-}
-
-std::string DateText(Date date) {
-  std::string text;
-  AppendPadded(date.year(), 4, text);
-  for (const auto& [mark, part] : {std::pair{'-', date.month()},
-                                   {'-', date.day()},
-                                   {' ', date.hour()},
-                                   {':', date.minute()},
-                                   {':', date.second()}}) {
-    text += mark;
-    AppendPadded(part, 2, text);
-  }
-  return text;
-}
-
-std::string RealText(double value) {
-  std::array<char, 32> digits{};
-  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
-}
-
-void AppendQuoted(std::string_view text, std::string& json) {
-  json += '"';
-  for (const char c : text) {
-    if (c == '"' || c == '\\') {
-      json += '\\';
-      json += c;
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      std::array<char, 8> escape{};
-      std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(c));
-      json += escape.data();
-    } else {
-      json += c;
-    }
-  }
-  json += '"';
-}
-
-[[noreturn]] void Unreadable(const std::string& words) {
-  throw platform::RuntimeError(platform::kEngineFailure, "Histórico",
-                               "Um registo do histórico não se lê: " + words);
-}
-
-Currency MoneyOf(std::string_view text) {
-  const bool negative = text.starts_with('-');
-  std::string digits(negative ? text.substr(1) : text);
-  const std::size_t point = std::min(digits.find('.'), digits.size());
-  const std::size_t decimals = digits.size() - std::min(point + 1, digits.size());
-  if (decimals > 4) Unreadable(std::string(text));
-  if (point < digits.size()) digits.erase(point, 1);
-  digits.append(4 - decimals, '0');
-  if (negative) digits.insert(0, 1, '-');
-  std::int64_t units = 0;
-  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), units);
-  if (read.ec != std::errc{} || read.ptr != digits.data() + digits.size()) Unreadable(std::string(text));
-  return Currency::FromTenThousandths(units);
-}
-
-Variant ValueOf(const tsql::Column& column, const nlohmann::json& json) {
-  if (json.is_null()) return Variant::Null{};
-  switch (tsql::FieldTypeOf(column.type.base)) {
-    case FieldType::kBool:
-      return json.get<bool>();
-    case FieldType::kInteger:
-      return json.get<std::int16_t>();
-    case FieldType::kLong:
-      return json.get<std::int32_t>();
-    case FieldType::kDouble:
-      return json.get<double>();
-    case FieldType::kCurrency:
-      return MoneyOf(json.get_ref<const std::string&>());
-    case FieldType::kDate: {
-      Date date;
-      if (!Date::TryParse(json.get_ref<const std::string&>(), date)) Unreadable(json.dump());
-      return date;
-    }
-    case FieldType::kText:
-    case FieldType::kBytes:
-      return json.get_ref<const std::string&>();
-  }
-  return {};
-}
-
-Image RowOf(const tsql::Table& table, const nlohmann::json& object) {
-  Image image(table.columns.size());
-  for (std::size_t i = 0; i < image.size(); ++i)
-    if (const auto found = object.find(table.columns[i].name); found != object.end())
-      image[i] = ValueOf(table.columns[i], *found);
-  return image;
-}
 
 const Variant& KeyValue(const tsql::Table& table, const std::string& key, const Image& image) {
   for (std::size_t i = 0; i < image.size(); ++i)
     if (image[i] && platform::EqualsIgnoringCase(table.columns[i].name, key)) return *image[i];
-  Unreadable(table.name + "." + key);
+  throw platform::RuntimeError(platform::kEngineFailure, "Histórico",
+                               "Um registo do histórico não se lê: " + table.name + "." + key);
 }
 
 }  // namespace
 
 bool HoldsBytes(const tsql::Column& column) { return column.type.base == tsql::BaseType::kVarBinary; }
-
-void AppendJson(const tsql::Column& column, const Variant& value, std::string& json) {
-  if (value.IsNull()) {
-    json += "null";
-    return;
-  }
-  switch (tsql::FieldTypeOf(column.type.base)) {
-    case FieldType::kBool:
-      json += value.ToBool() ? "true" : "false";
-      return;
-    case FieldType::kInteger:
-    case FieldType::kLong:
-      return AppendNumber(value.ToLong(), json);
-    case FieldType::kDouble:
-      json += RealText(value.ToDouble());
-      return;
-    case FieldType::kCurrency:
-      return AppendQuoted(value.ToCurrency().ToText('.'), json);
-    case FieldType::kDate:
-      return AppendQuoted(DateText(value.ToDate()), json);
-    case FieldType::kText:
-      return AppendQuoted(value.ToText(), json);
-    case FieldType::kBytes:
-      return AppendQuoted(value.As<std::string>() ? value.ToText() : Digest(value.ToBytes()), json);
-  }
-}
-
-std::string ToJson(const tsql::Table& table, const Image& image) {
-  std::string json = "{";
-  for (std::size_t i = 0; i < image.size(); ++i) {
-    if (!image[i]) continue;
-    if (json.size() > 1) json += ',';
-    AppendQuoted(table.columns[i].name, json);
-    json += ':';
-    AppendJson(table.columns[i], *image[i], json);
-  }
-  return json += '}';
-}
-
-std::vector<Image> FromJson(const tsql::Table& table, std::string_view text) {
-  std::vector<Image> images;
-  try {
-    const nlohmann::json json = nlohmann::json::parse(text);
-    if (json.is_object()) return {RowOf(table, json)};
-    for (const nlohmann::json& each : json) images.push_back(RowOf(table, each));
-  } catch (const nlohmann::json::exception& error) {
-    Unreadable(error.what());
-  }
-  return images;
-}
 
 std::string KeyText(const tsql::Table& table, const Image& image) {
   std::string text;
@@ -240,13 +83,30 @@ std::string Bracketed(std::string_view name) {
   return text + "]";
 }
 
-Image ImageOf(const tsql::Table& table, platform::Recordset& rows) {
-  Image image(table.columns.size());
+Places PlacesOf(const tsql::Table& table, const platform::Recordset& rows) {
+  Places places;
+  places.reserve(table.columns.size());
+  for (const tsql::Column& column : table.columns) places.push_back(rows.FindField(column.name));
+  return places;
+}
+
+Image ImageAt(const tsql::Table& table, platform::Recordset& rows, std::size_t row, const Places& places) {
+  Image image(places.size());
   for (std::size_t i = 0; i < image.size(); ++i)
-    if (const auto field = rows.FindField(table.columns[i].name))
-      image[i] =
-          platform::ConvertTo(tsql::FieldTypeOf(table.columns[i].type.base), rows.Fields(*field).Value());
+    if (places[i])
+      image[i] = platform::ConvertTo(tsql::FieldTypeOf(table.columns[i].type.base),
+                                     rows.CellAt(row, *places[i]).ToVariant());
   return image;
+}
+
+std::vector<Image> ImagesOf(const tsql::Table& table, platform::Recordset& rows) {
+  const Places places = PlacesOf(table, rows);
+  std::vector<Image> images;
+  while (rows.FetchMore(kRowsATime)) continue;
+  images.reserve(rows.RowsAtHand());
+  for (std::size_t row = 0; row < rows.RowsAtHand(); ++row)
+    images.push_back(ImageAt(table, rows, row, places));
+  return images;
 }
 
 bool SameValue(const tsql::Column& column, const Variant& a, const Variant& b) {

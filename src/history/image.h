@@ -18,14 +18,6 @@ using Image = std::vector<std::optional<platform::Variant>>;
 
 bool HoldsBytes(const tsql::Column& column);
 
-/// A value as JSON: money with a point, dates as "2026-11-24 10:12:00", bytes as the digest of their content.
-void AppendJson(const tsql::Column& column, const platform::Variant& value, std::string& json);
-/// `{"Coluna": valor, …}` of the columns recorded.
-std::string ToJson(const tsql::Table& table, const Image& image);
-/// The rows of one such object or of a list of them. Columns that the table no longer has are left out.
-/// Error -2147467259 when the text is none.
-std::vector<Image> FromJson(const tsql::Table& table, std::string_view json);
-
 /// The values of the primary key as one text.
 std::string KeyText(const tsql::Table& table, const Image& image);
 /// The same, equal for keys that the database takes as one: ASCII case and blanks at the end don't count.
@@ -38,8 +30,15 @@ std::string SqlLiteral(const tsql::Column& column, const platform::Variant& valu
 std::string NamesOf(const std::vector<const tsql::Column*>& columns);
 std::string Bracketed(std::string_view name);
 
-/// Copies the current row of a recordset; its fields are found by the names of the columns.
-Image ImageOf(const tsql::Table& table, platform::Recordset& rows);
+/// The field of a recordset for each column of a table; nothing where it has none of the name.
+using Places = std::vector<std::optional<std::size_t>>;
+Places PlacesOf(const tsql::Table& table, const platform::Recordset& rows);
+/// Copies a row of a recordset.
+Image ImageAt(const tsql::Table& table, platform::Recordset& rows, std::size_t row, const Places& places);
+/// Copies all of them.
+std::vector<Image> ImagesOf(const tsql::Table& table, platform::Recordset& rows);
+/// Rows to ask a recordset for in one go.
+inline constexpr std::size_t kRowsATime = 256;
 
 /// True when two values are the same; bytes and their digest are.
 bool SameValue(const tsql::Column& column, const platform::Variant& a, const platform::Variant& b);

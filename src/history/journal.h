@@ -1,12 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "history/image.h"
+#include "history/json.h"
 #include "history/who.h"
 #include "platform/date.h"
 #include "store/store.h"
@@ -19,6 +20,7 @@ struct Alteration {
   std::string key;
   std::string before;  // JSON
   std::string after;   // JSON; of a row that was changed the columns that are different now
+  long rows = 1;       // several of a key "*" stand together
 };
 
 /// What an act of the user is remembered by.
@@ -34,15 +36,19 @@ class Journal {
  public:
   Journal(std::shared_ptr<zorCrmParvel::Store> store, Who who, std::function<platform::Date()> clock);
 
-  /// False when the database has no table for it: then nothing is recorded.
+  /// False when the database has no table for it, or it may not be read.
   bool Exists() const { return exists_; }
-  /// False, too, when the office turned the history off.
+  /// False, too, when the office turned the history off; true for one that may not be read: then every write
+  /// is refused.
   bool Keeps() const { return keeps_; }
-  /// Looks for the table and the office's setting anew. Error as the database's when it is there and may not
-  /// be read.
+  /// Looks for the table and the office's setting anew.
   void Look();
 
   void Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after);
+  /// Rows of a table that a statement took away.
+  void AddRemoved(ActRecord& act, const tsql::Table& table, platform::Recordset& rows);
+  /// Rows that were put back as they were.
+  void AddPutBack(ActRecord& act, const tsql::Table& table, const std::vector<const Image*>& rows);
   /// Stores what was collected as part of an act.
   void Flush(ActRecord& act);
   void Forget();
@@ -51,13 +57,35 @@ class Journal {
   long Note(const std::string& words, long undoes, const std::string& table, const std::string& key);
 
  private:
-  void Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows,
-             const std::string& before, const std::string& after);
+  void Collect(ActRecord& act, Alteration row);
+  void CollectList(ActRecord& act, const tsql::Table& table, JsonList& list, std::string Alteration::*side);
+  void Store(ActRecord& act, const tsql::Table& table, const std::string& key, long rows, std::string before,
+             std::string after);
+  void StorePending(ActRecord& act);
   void KeepContents(const tsql::Table& table, const Image& image);
+  void KeepContent(const std::string& digest, const platform::Variant& content);
+  /// Columns of the history's table, in the order of `kColumns`.
+  enum Column {
+    kId,
+    kHead,
+    kMoment,
+    kWho,
+    kWhere,
+    kWords,
+    kAbout,
+    kUndoes,
+    kTable,
+    kKey,
+    kRows,
+    kBefore,
+    kAfter
+  };
+  static const std::array<const char*, kAfter + 1> kColumns;
   void Open();
   void PutHead(const std::string& words, const std::string& about, long undoes);
-  void Put(const char* column, const platform::Variant& value);
-  void Cut(const char* column, const std::string& text);
+  void Put(Column column, platform::Variant value);
+  void Cut(Column column, const std::string& text);
+  platform::Recordset::Field FieldOf(Column column) { return rows_->Fields(places_.at(column)); }
 
   std::shared_ptr<zorCrmParvel::Store> store_;
   Who who_;
@@ -67,7 +95,8 @@ class Journal {
   std::vector<Alteration> pending_;
   std::size_t pendingBytes_ = 0;
   zorCrmParvel::RecordsetRef rows_;
-  int stored_ = 0;  // through `rows_`
+  std::array<std::size_t, kAfter + 1> places_{};  // the fields of `rows_`
+  int stored_ = 0;                                // through `rows_`
 };
 
 }  // namespace history

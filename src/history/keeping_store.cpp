@@ -7,6 +7,7 @@
 #include "history/kept_rows.h"
 #include "history/outside.h"
 #include "history/rows.h"
+#include "history/rows_by_key.h"
 #include "platform/runtime_error.h"
 #include "tsql/parser.h"
 
@@ -33,6 +34,7 @@ const std::vector<KeepingStore*>& OpenStores() { return Stores(); }
 
 KeepingStore::KeepingStore(std::shared_ptr<Store> inner, Options options)
     : inner_(std::move(inner)),
+      file_(options.file ? std::move(options.file) : std::dynamic_pointer_cast<embedded::Database>(inner_)),
       who_(std::move(options.who)),
       catalog_(tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str())),
       journal_(inner_, who_, std::move(options.clock)) {
@@ -84,7 +86,7 @@ void KeepingStore::Need() {
 
 /// Once an act, before its first read. Within a unit nobody else writes.
 void KeepingStore::SetMark() {
-  if (act_.depth == 0 || act_.marked || open_ || !Keeps()) return;
+  if (act_.depth == 0 || act_.marked || open_ || !Keeps() || !HasHistory()) return;
   act_.marked = true;
   mark_ = NewestNumber(*this);
 }
@@ -139,10 +141,9 @@ void KeepingStore::NoteUndone(const std::string& words, const std::string& table
 /// What a short act writes goes to the disk at once, its record with it, though it is kept only at the end: a
 /// disk that is full is told while the ficha still shows what was to be written.
 void KeepingStore::WriteThrough() {
-  auto* file = dynamic_cast<embedded::Database*>(inner_.get());
-  if (batch_ || file == nullptr || ++writes_ > kShort) return;
+  if (batch_ || file_ == nullptr || ++writes_ > kShort) return;
   journal_.Flush(act_.record);
-  file->WriteThrough();
+  file_->WriteThrough();
 }
 
 void KeepingStore::Within(const std::function<void()>& write) {
@@ -186,19 +187,24 @@ void KeepingStore::Run(const WriteTarget& target, const std::string& statement) 
     inner_->ExecutarSql("", statement.c_str());
     return RecordInserted(target);
   }
-  const std::vector<Image> before = Read(target);
-  inner_->ExecutarSql("", statement.c_str());
-  for (const Image& row : before) {
-    if (target.kind == WriteTarget::Kind::kDelete) {
-      Changed(*target.table, &row, nullptr);
-    } else if (const auto after = ReadAgain(*target.table, row)) {
-      Changed(*target.table, &row, &*after);
-    }
+  const RecordsetRef rows = Read(target);
+  if (target.kind == WriteTarget::Kind::kDelete) {
+    while (rows->FetchMore(kRowsATime)) continue;
+    inner_->ExecutarSql("", statement.c_str());
+    return journal_.AddRemoved(act_.record, *target.table, *rows);
   }
+  const std::vector<Image> before = ImagesOf(*target.table, *rows);
+  inner_->ExecutarSql("", statement.c_str());
+  std::vector<const Image*> keys;
+  for (const Image& row : before) keys.push_back(&row);
+  const std::map<std::string, Image> after = RowsByKey(*this, *target.table, keys);
+  for (const Image& row : before)
+    if (const auto found = after.find(FoldedKey(*target.table, row)); found != after.end())
+      Changed(*target.table, &row, &found->second);
 }
 
 /// The rows that a statement is about to write. Bytes that it leaves alone are not read.
-std::vector<Image> KeepingStore::Read(const WriteTarget& target) {
+RecordsetRef KeepingStore::Read(const WriteTarget& target) {
   std::vector<const tsql::Column*> columns;
   for (const tsql::Column& column : target.table->columns) {
     const bool assigned = std::any_of(target.assigned.begin(), target.assigned.end(),
@@ -210,27 +216,7 @@ std::vector<Image> KeepingStore::Read(const WriteTarget& target) {
   inner_->AbrirLeitura(
       "", ("SELECT " + NamesOf(columns) + " FROM " + Bracketed(target.name) + target.condition).c_str(),
       rows);
-  std::vector<Image> images;
-  for (; !rows->Eof(); rows->MoveNext()) images.push_back(ImageOf(*target.table, *rows));
-  rows->Close();
-  return images;
-}
-
-/// The columns of a row as they are now; nothing when it is gone.
-std::optional<Image> KeepingStore::ReadAgain(const tsql::Table& table, const Image& row) {
-  std::vector<const tsql::Column*> columns;
-  for (std::size_t i = 0; i < row.size(); ++i)
-    if (row[i]) columns.push_back(&table.columns[i]);
-  RecordsetRef rows;
-  inner_->AbrirLeitura(
-      "",
-      ("SELECT " + NamesOf(columns) + " FROM " + Bracketed(table.name) + " WHERE " + KeyCondition(table, row))
-          .c_str(),
-      rows);
-  std::optional<Image> image;
-  if (!rows->Eof()) image = ImageOf(table, *rows);
-  rows->Close();
-  return image;
+  return rows;
 }
 
 /// A row that a statement put in is found by the number that it got; without numbers by its key, which the
@@ -245,7 +231,7 @@ void KeepingStore::RecordInserted(const WriteTarget& target) {
         ("SELECT TOP 1 * FROM " + Bracketed(table.name) + " ORDER BY " + Bracketed(column.name) + " DESC")
             .c_str(),
         rows);
-    const Image after = ImageOf(table, *rows);
+    const Image after = ImageAt(table, *rows, 0, PlacesOf(table, *rows));
     rows->Close();
     return Changed(table, nullptr, &after);
   }

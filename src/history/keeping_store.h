@@ -14,6 +14,10 @@
 #include "store/store.h"
 #include "tsql/catalog.h"
 
+namespace embedded {
+class Database;
+}
+
 namespace history {
 
 struct Options {
@@ -21,6 +25,8 @@ struct Options {
   std::function<platform::Date()> clock = &platform::SystemTime;
   /// The tables that are recorded; empty: the program's own.
   std::string schema;
+  /// The file of the database, where other stores stand before it; otherwise it is found.
+  std::shared_ptr<embedded::Database> file;
 };
 
 /// A database that remembers: every statement goes on as it stands, and of each row that a write touches the
@@ -33,6 +39,8 @@ class KeepingStore : public zorCrmParvel::Store {
   ~KeepingStore() override;
 
   const std::shared_ptr<Store>& inner() const { return inner_; }
+  /// The file of the database; null for a server's.
+  embedded::Database* file() const { return file_.get(); }
   const tsql::Catalog& catalog() const { return catalog_; }
   /// True when what is written is remembered: the database has a history, and the office did not turn it off.
   bool Keeps() const { return journal_.Keeps(); }
@@ -84,6 +92,10 @@ class KeepingStore : public zorCrmParvel::Store {
   /// Runs a write and the recording of it within the unit.
   void Within(const std::function<void()>& write);
   void Changed(const tsql::Table& table, const Image* before, const Image* after);
+  /// Rows that were written past the recording, as they stood before.
+  void PutBack(const tsql::Table& table, const std::vector<const Image*>& rows) {
+    journal_.AddPutBack(act_.record, table, rows);
+  }
   /// Counts the units: rows that were read in an earlier one may have changed since.
   long unit() const { return units_; }
   bool InUnit() const { return open_; }
@@ -107,11 +119,11 @@ class KeepingStore : public zorCrmParvel::Store {
   void Keep();
   void Abandon();
   void Run(const WriteTarget& target, const std::string& statement);
-  std::vector<Image> Read(const WriteTarget& target);
-  std::optional<Image> ReadAgain(const tsql::Table& table, const Image& row);
+  zorCrmParvel::RecordsetRef Read(const WriteTarget& target);
   void RecordInserted(const WriteTarget& target);
 
   std::shared_ptr<Store> inner_;
+  std::shared_ptr<embedded::Database> file_;
   Who who_;
   tsql::Catalog catalog_;
   Journal journal_;

@@ -7,8 +7,11 @@ namespace history {
 using zorCrmParvel::RecordsetRef;
 
 KeptRows::KeptRows(KeepingStore& store, const tsql::Table& table, RecordsetRef inner)
-    : store_(store), table_(table), inner_(std::move(inner)), readIn_(store.InUnit() ? store.unit() : 0) {
-  for (const tsql::Column& column : table_.columns) fieldOf_.push_back(inner_->FindField(column.name));
+    : store_(store),
+      table_(table),
+      inner_(std::move(inner)),
+      fieldOf_(PlacesOf(table_, *inner_)),
+      readIn_(store.InUnit() ? store.unit() : 0) {
   Opened(inner_->FieldList());
 }
 
@@ -44,14 +47,7 @@ void KeptRows::GoTo(std::size_t row) {
   for (; innerRow_ < row; ++innerRow_) inner_->MoveNext();
 }
 
-Image KeptRows::RowAt(std::size_t row) const {
-  Image image(table_.columns.size());
-  for (std::size_t i = 0; i < image.size(); ++i)
-    if (fieldOf_[i])
-      image[i] = platform::ConvertTo(tsql::FieldTypeOf(table_.columns[i].type.base),
-                                     inner_->CellAt(row, *fieldOf_[i]).ToVariant());
-  return image;
-}
+Image KeptRows::RowAt(std::size_t row) const { return ImageAt(table_, *inner_, row, fieldOf_); }
 
 void KeptRows::Insert(const Assignments& values) {
   store_.Within([&] {
@@ -87,7 +83,8 @@ Image KeptRows::Before(std::size_t row, const Assignments& values) {
                                 KeyCondition(table_, read))
                                    .c_str(),
                                rows);
-  Image now = rows->Eof() ? read : ImageOf(table_, *rows);  // the write will miss a row that is gone
+  // The write will miss a row that is gone.
+  Image now = rows->Eof() ? std::move(read) : ImageAt(table_, *rows, 0, PlacesOf(table_, *rows));
   rows->Close();
   return now;
 }

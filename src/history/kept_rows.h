@@ -28,8 +28,8 @@ class KeptRows : public platform::Recordset {
   KeepingStore& store_;
   const tsql::Table& table_;
   zorCrmParvel::RecordsetRef inner_;
-  std::vector<std::optional<std::size_t>> fieldOf_;  // the field of each column of the table
-  long readIn_;                                      // the unit; 0: in none
+  Places fieldOf_;
+  long readIn_;  // the unit; 0: in none
   std::size_t innerRow_ = 0;
 };
 

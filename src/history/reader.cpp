@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "history/json.h"
 #include "history/rows.h"
 #include "platform/text.h"
 
@@ -87,8 +88,8 @@ std::string ConditionOf(const Filter& filter) {
   if (filter.to) condition += " AND Momento < " + DayLiteral(filter.to->AddDays(1));
   if (!filter.text.empty()) {
     const std::string pattern = Anywhere(filter.text);
-    condition +=
-        " AND (Texto LIKE " + pattern + " OR Registo LIKE " + pattern + " OR Operador LIKE " + pattern + ")";
+    // The words end with the record.
+    condition += " AND (Texto LIKE " + pattern + " OR Operador LIKE " + pattern + ")";
   }
   return condition;
 }

@@ -7,7 +7,7 @@
 namespace history {
 namespace {
 
-constexpr std::size_t kMostKeys = 100;  // of one statement
+constexpr std::size_t kMostKeys = 1000;  // of one statement
 
 /// Conditions that find the rows of all keys, as few as may be.
 std::vector<std::string> ConditionsOf(const tsql::Table& table, const std::vector<const Image*>& keys) {
@@ -42,10 +42,7 @@ std::map<std::string, Image> RowsByKey(KeepingStore& store, const tsql::Table& t
   for (const std::string& condition : ConditionsOf(table, keys)) {
     zorCrmParvel::RecordsetRef rows;
     store.inner()->AbrirLeitura("", (head + condition).c_str(), rows);
-    for (; !rows->Eof(); rows->MoveNext()) {
-      Image row = ImageOf(table, *rows);
-      found.emplace(FoldedKey(table, row), std::move(row));
-    }
+    for (Image& row : ImagesOf(table, *rows)) found.emplace(FoldedKey(table, row), std::move(row));
     rows->Close();
   }
   return found;

@@ -7,6 +7,7 @@
 #include "events/expense_figures.h"
 #include "history/act.h"
 #include "history/figures.h"
+#include "history/net_rows.h"
 #include "history/outside.h"
 #include "history/reader.h"
 #include "history/rows_by_key.h"
@@ -19,57 +20,6 @@ namespace {
 using platform::RuntimeError;
 using platform::Variant;
 using zorCrmParvel::RecordsetRef;
-
-/// What all writes of an operation made of one row.
-struct Net {
-  std::optional<Image> before;  // nothing: the operation put the row in
-  std::optional<Image> after;   // nothing: it took the row away
-};
-
-using Nets = std::map<std::string, Net>;                                // by the folded key
-using NetsOfTables = std::vector<std::pair<const tsql::Table*, Nets>>;  // in the order of the writes
-
-Nets& Of(NetsOfTables& all, const tsql::Table* table) {
-  for (auto& [each, nets] : all)
-    if (each == table) return nets;
-  return all.emplace_back(table, Nets()).second;
-}
-
-/// The row before with what a change made of it.
-Image Merged(Image row, const Image& changes) {
-  for (std::size_t i = 0; i < row.size(); ++i)
-    if (changes[i]) row[i] = changes[i];
-  return row;
-}
-
-void Add(Nets& nets, const tsql::Table& table, const Image* before, const Image* after) {
-  const Image& known = before != nullptr ? *before : *after;
-  const auto [place, fresh] = nets.try_emplace(FoldedKey(table, known));
-  Net& net = place->second;
-  if (fresh && before != nullptr) net.before = *before;
-  if (before != nullptr && after != nullptr) {
-    // Bytes are recorded by the change that takes them away.
-    if (net.before)
-      for (std::size_t i = 0; i < before->size(); ++i)
-        if (!(*net.before)[i]) (*net.before)[i] = (*before)[i];
-    net.after = Merged(net.after ? *net.after : *before, *after);
-  } else {
-    net.after = after != nullptr ? std::optional(*after) : std::nullopt;
-  }
-}
-
-NetsOfTables NetOf(KeepingStore& store, long operation) {
-  NetsOfTables all;
-  for (const Step& step : ReadSteps(store, operation)) {
-    if (step.table == nullptr) continue;
-    Nets& nets = Of(all, step.table);
-    const std::size_t rows = std::max(step.before.size(), step.after.size());
-    for (std::size_t i = 0; i < rows; ++i)
-      Add(nets, *step.table, step.before.empty() ? nullptr : &step.before[i],
-          step.after.empty() ? nullptr : &step.after[i]);
-  }
-  return all;
-}
 
 /// One operation on its way back.
 class Undoing {
@@ -178,12 +128,14 @@ class Undoing {
     if (rows.empty()) return;
     const zorCrmParvel::OwnNumbers numbers(store_, table.name);
     RecordsetRef to;
-    store_.AbrirEdicao(("SELECT * FROM " + Bracketed(table.name) + " WHERE 1 = 0").c_str(), to);
+    store_.inner()->AbrirEdicao(("SELECT * FROM " + Bracketed(table.name) + " WHERE 1 = 0").c_str(), to);
+    const Places places = PlacesOf(table, *to);
     for (const Image* row : rows) {
       to->AddNew();
-      Assign(table, *to, *row);
+      Assign(table, *to, places, *row);
       to->Update();
     }
+    store_.PutBack(table, rows);
     to->Close();
   }
 
@@ -193,16 +145,17 @@ class Undoing {
     RecordsetRef rows;
     store_.AbrirEdicao(
         ("SELECT * FROM " + Bracketed(table.name) + " WHERE " + KeyCondition(table, key)).c_str(), rows);
-    Assign(table, *rows, values);
+    Assign(table, *rows, PlacesOf(table, *rows), values);
     rows->Update();
     rows->Close();
   }
 
-  void Assign(const tsql::Table& table, platform::Recordset& rows, const Image& values) {
+  void Assign(const tsql::Table& table, platform::Recordset& rows, const Places& places,
+              const Image& values) {
     for (std::size_t i = 0; i < values.size(); ++i) {
-      if (!values[i]) continue;
+      if (!values[i] || !places[i]) continue;
       const bool digest = HoldsBytes(table.columns[i]) && !values[i]->IsNull();
-      rows.Fields(table.columns[i].name).SetValue(digest ? Content(values[i]->ToText()) : *values[i]);
+      rows.Fields(*places[i]).SetValue(digest ? Content(values[i]->ToText()) : *values[i]);
     }
   }
 

@@ -56,11 +56,21 @@ std::optional<WriteTarget> WriteTarget::Of(const std::string& statement, const t
   return target;
 }
 
+/// The first table behind FROM; a list of columns may nest another statement.
 const tsql::Table* EditedTable(const std::string& statement, const tsql::Catalog& catalog) {
-  const tsql::StatementNode node = tsql::ParseStatement(statement);
-  const auto* select = std::get_if<tsql::Select>(&node);
-  if (select == nullptr || !select->cores.front().from) return nullptr;
-  return Recorded(select->cores.front().from->name, catalog);
+  tsql::Lexer lexer(statement);
+  int depth = 0;
+  bool behindFrom = false;
+  for (tsql::Token token = lexer.Next(); token.kind != tsql::TokenKind::kEnd; token = lexer.Next()) {
+    if (behindFrom) return Recorded(std::string(token.text), catalog);
+    if (token.kind == tsql::TokenKind::kSymbol) {
+      depth += token.text == "(" ? 1 : 0;
+      depth -= token.text == ")" ? 1 : 0;
+    }
+    const bool word = token.kind == tsql::TokenKind::kName && !token.delimited;
+    behindFrom = word && depth == 0 && platform::EqualsIgnoringCase(token.text, "FROM");
+  }
+  return nullptr;
 }
 
 }  // namespace history

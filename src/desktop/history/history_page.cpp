@@ -92,7 +92,7 @@ void HistoryPage::Build() {
   table_->horizontalHeader()->setHighlightSections(false);
   table_->horizontalHeader()->setStretchLastSection(true);
   const int letter = fontMetrics().averageCharWidth();
-  const int widths[] = {9, 18, 14, 14, 44};
+  const int widths[] = {9, 24, 16, 16, 44};
   for (int i = 0; i < 5; ++i) table_->setColumnWidth(i, letter * widths[i]);
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &HistoryPage::ShowDetail);
   connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryPage::WantMore);

@@ -48,7 +48,7 @@ void LifeDialog::Build(const QString& name) {
   table_->setAccessibleName(QStringLiteral("Histórico do registo"));
   table_->setWordWrap(true);
   const int letter = fontMetrics().averageCharWidth();
-  const int widths[] = {kWords, 14, 18, 36};
+  const int widths[] = {kWords, 16, 24, 36};
   for (int i = 0; i < 4; ++i) table_->setColumnWidth(i, letter * widths[i]);
   column->addWidget(table_, 1);
   auto* buttons = new QDialogButtonBox(this);

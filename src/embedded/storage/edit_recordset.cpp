@@ -88,21 +88,28 @@ void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& 
   for (const std::size_t field : fields) store().Put(row, field, fields_[field].type, *values[field]);
 }
 
-void EditRecordset::Insert(const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values, engine_->TakesNumbers(table_));
+std::string EditRecordset::InsertOf(const std::vector<std::size_t>& fields) const {
   std::string names;
   std::string places;
   for (const std::size_t field : fields) {
     names += (names.empty() ? "" : ", ") + QuotedName(columns_[field]->name);
     places += places.empty() ? "?" : ", ?";
   }
-  const std::string sql = "INSERT INTO " + QuotedName(table_.name) +
-                          (fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
-  engine_->Write(sql, [&](sqlite3_stmt* statement) { BindValues(statement, fields, values); });
+  return "INSERT INTO " + QuotedName(table_.name) +
+         (fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
+}
+
+void EditRecordset::Insert(const Assignments& values) {
+  std::vector<std::size_t> fields = AssignedFields(values, engine_->TakesNumbers(table_));
+  if (insert_.empty() || fields != inserted_) {
+    inserted_ = std::move(fields);
+    insert_ = InsertOf(inserted_);
+  }
+  engine_->Write(insert_, [&](sqlite3_stmt* statement) { BindValues(statement, inserted_, values); });
 
   rowIds_.push_back(engine_->LastRowId());
   const std::size_t row = store().AddRow();
-  KeepValues(row, fields, values);
+  KeepValues(row, inserted_, values);
   for (std::size_t i = 0; i < columns_.size(); ++i)
     if (columns_[i] != nullptr && columns_[i]->identity)
       store().Put(row, i, platform::Cell::Number(fields_[i].type, rowIds_.back()));

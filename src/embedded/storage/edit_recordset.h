@@ -23,6 +23,7 @@ class EditRecordset : public SelectRecordset {
 
  private:
   std::vector<std::size_t> AssignedFields(const Assignments& values, bool numbers) const;
+  std::string InsertOf(const std::vector<std::size_t>& fields) const;
   void BindValues(sqlite3_stmt* statement, const std::vector<std::size_t>& fields,
                   const Assignments& values) const;
   void KeepValues(std::size_t row, const std::vector<std::size_t>& fields, const Assignments& values);
@@ -31,6 +32,8 @@ class EditRecordset : public SelectRecordset {
   const tsql::Table& table_;
   std::vector<const tsql::Column*> columns_;  // behind the fields; null for an expression
   std::vector<std::int64_t> rowIds_;
+  std::vector<std::size_t> inserted_;  // the fields of the row added last
+  std::string insert_;                 // and its statement
 };
 
 }  // namespace embedded

@@ -66,7 +66,7 @@ void Engine::Run(const Plan& plan) {
 
 int Engine::Write(const std::string& sql, const std::function<void(sqlite3_stmt*)>& bind) {
   SettleToWrite();
-  RequireInPlace();
+  if (!batch_) RequireInPlace();  // a batch looks at its beginning and its end
   auto found = writes_.find(sql);
   if (found == writes_.end()) {
     if (writes_.size() == kMostWrites) writes_.clear();
@@ -110,6 +110,7 @@ void Engine::BeginBatch() {
 
 void Engine::CommitBatch() {
   RequireBatch();
+  RequireInPlace();
   Settle();
   batch_->Commit();
   batch_.reset();

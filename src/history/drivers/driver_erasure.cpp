@@ -177,7 +177,7 @@ class Erasure {
 
 Erased EraseDriver(const std::shared_ptr<KeepingStore>& store, const std::string& code) {
   Erased erased = Erasure(*store, code).Run();
-  if (auto* file = dynamic_cast<embedded::Database*>(store->inner().get())) erased.fromFile = file->Compact();
+  if (store->file() != nullptr) erased.fromFile = store->file()->Compact();
   return erased;
 }
 

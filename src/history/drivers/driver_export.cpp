@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "history/drivers/driver_tables.h"
+#include "history/json.h"
 #include "history/view/browser.h"
 #include "history/view/life.h"
 #include "platform/files.h"

@@ -1,5 +1,6 @@
 #include "history/drivers/driver_history.h"
 
+#include "history/json.h"
 #include "history/reader.h"
 #include "history/rows.h"
 #include "platform/text.h"

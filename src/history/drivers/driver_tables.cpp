@@ -39,11 +39,7 @@ std::vector<Image> ReadDriverRows(KeepingStore& store, const DriverTable& from, 
   std::string statement =
       "SELECT * FROM " + Bracketed(table.name) + " WHERE " + from.column + " = " + Quoted(code);
   if (*from.condition != '\0') statement += std::string(" AND ") + from.condition;
-  std::vector<Image> images;
-  const auto rows = OpenRows(store, statement);
-  for (; !rows->Eof(); rows->MoveNext()) images.push_back(ImageOf(table, *rows));
-  rows->Close();
-  return images;
+  return ImagesOf(table, *OpenRows(store, statement));
 }
 
 bool IsOf(const DriverTable& from, const tsql::Table& table, const Image& image, const std::string& code) {

@@ -51,16 +51,17 @@ namespace {
 /// What a step did to the row with a key; nothing when it did nothing to it.
 std::optional<std::string> WordsAbout(const Step& step, const std::string& key) {
   const tsql::Table& table = *step.table;
-  const auto find = [&](const std::vector<Image>& images) -> const Image* {
-    for (const Image& image : images)
-      if (platform::EqualsIgnoringCase(KeyText(table, image), key)) return &image;
-    return nullptr;
+  const auto find = [&](const std::vector<Image>& images) {
+    return static_cast<std::size_t>(
+        std::find_if(
+            images.begin(), images.end(),
+            [&](const Image& image) { return platform::EqualsIgnoringCase(KeyText(table, image), key); }) -
+        images.begin());
   };
-  const Image* before = find(step.before);
-  // The columns that a change left behind have no key: they belong to the row before.
-  const Image* after = before != nullptr && !step.after.empty() ? &step.after.front()
-                       : step.before.empty()                    ? find(step.after)
-                                                                : nullptr;
+  // The columns that a change left behind have no key: they stand beside the row before.
+  const std::size_t place = find(step.before.empty() ? step.after : step.before);
+  const Image* before = place < step.before.size() ? &step.before[place] : nullptr;
+  const Image* after = place < step.after.size() ? &step.after[place] : nullptr;
   if (before == nullptr && after == nullptr) return {};
   std::string words = before == nullptr ? "Criado: " : after == nullptr ? "Removido: " : "";
   bool first = true;
