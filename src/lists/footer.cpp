@@ -18,4 +18,12 @@ std::string FooterText(const RowOrder& order, const std::vector<SummedColumn>& c
   return text;
 }
 
+std::string SubtotalText(const RowOrder& order, const SummedColumn& column, const std::vector<long>& rows) {
+  if (column.summed == Summed::kNo) return {};
+  const Figures figures = order.FiguresOf(column.column, rows);
+  if (figures.count == 0) return {};
+  if (column.summed == Summed::kSumAndMean) return platform::FormatNumber(figures.sum, column.mask);
+  return "⌀ " + platform::FormatNumber(figures.Mean(), column.mask);
+}
+
 }  // namespace lists

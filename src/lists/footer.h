@@ -21,4 +21,7 @@ struct SummedColumn {
 std::string FooterText(const RowOrder& order, const std::vector<SummedColumn>& columns,
                        const std::vector<long>& rows);
 
+/// What a column comes to over the rows of a group: its sum, or "⌀ 12.000", its mean. Empty without a number.
+std::string SubtotalText(const RowOrder& order, const SummedColumn& column, const std::vector<long>& rows);
+
 }  // namespace lists

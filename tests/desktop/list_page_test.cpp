@@ -13,12 +13,14 @@
 #include "desktop/list/tools/filter_bar.h"
 #include "desktop/list/tools/vehicle_field_dialog.h"
 #include "desktop/list/tools/view_dialog.h"
+#include "desktop/print/report_dialog.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/sidebar.h"
 #include "events/gastos.h"
 #include "host/sistema.h"
 #include "masterdata/code_table.h"
 #include "open_window.h"
+#include "pdf.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"
 
@@ -104,6 +106,18 @@ TEST_F(ListPagesTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
   table().setCurrentIndex(table().model()->index(0, Column("Matricula")));
   Press(window, Qt::Key_Return);
   EXPECT_EQ(Shown("Custo"), "54,00 4,00 50,00 80,50");
+  page().Search("gasoleo");
+  const QString file = desk.folder.filePath("lista.pdf");
+  desk.script.Next(
+      [&](QWidget& report) { EXPECT_TRUE(dynamic_cast<desktop::ReportDialog&>(report).WritePdf(file)); });
+  window.actions().print->trigger();
+  const QString paper = PdfText(file).simplified();
+  for (const char* text : {"Só «gasoleo»", "Agrupado por Matrícula", "12-AB-34 (1)", "99-ZZ-99 (1)",
+                           "Total (2)", "130,50", "2 registos"})
+    EXPECT_TRUE(paper.contains(text)) << text << " in " << paper.toStdString();
+  EXPECT_EQ(paper.count("50,00"), 2) << "of the open group its row as well";
+  EXPECT_EQ(paper.count("80,50"), 1);
+  page().Search({});
   table().setCurrentIndex(table().model()->index(1, Column("Km")));
   Choose(*window.actions().columns_menu, "Esconder «Km»");
   EXPECT_TRUE(table().isColumnHidden(Column("Km")));

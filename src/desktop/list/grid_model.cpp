@@ -5,7 +5,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "lists/condition.h"
-#include "platform/format.h"
+#include "lists/footer.h"
 #include "platform/runtime_error.h"
 
 namespace desktop {
@@ -115,11 +115,7 @@ QString GridModel::Subtotal(const lists::RowGroup& group, std::size_t column) co
   if (shown.summed == lists::Summed::kNo) return {};
   const auto [kept, missing] = subtotals_.try_emplace({group.title, column});
   if (!missing) return kept->second;
-  const lists::Figures figures = order_.FiguresOf(column, group.rows);
-  const bool sum = shown.summed == lists::Summed::kSumAndMean;
-  if (figures.count > 0)
-    kept->second = (sum ? QString() : QStringLiteral("⌀ ")) +
-                   ToQt(platform::FormatNumber(sum ? figures.sum : figures.Mean(), shown.mask));
+  kept->second = ToQt(lists::SubtotalText(order_, {column, {}, shown.mask, shown.summed}, group.rows));
   return kept->second;
 }
 

@@ -8,6 +8,7 @@
 #include "desktop/list/list_form.h"
 #include "desktop/list/row_entry.h"
 #include "desktop/list/table_export.h"
+#include "desktop/list/tools/list_paper.h"
 #include "desktop/look/text.h"
 #include "desktop/print/report_dialog.h"
 #include "history/act.h"
@@ -140,11 +141,8 @@ void ListPage::Run(long command) {
 
 void ListPage::Print() {
   if (!Can(kPrintCommand)) return;
-  const std::vector<long> marked = WorkRows();
   Guarded(window(), [&] {
-    ReportDialog(table_->grid().source(), Title(), window(),
-                 marked.size() > 1 ? marked : table_->grid().order().Rows())
-        .exec();
+    ReportDialog(table_->grid().source(), Title(), window(), PaperOf(*table_, WorkRows())).exec();
   });
 }
 

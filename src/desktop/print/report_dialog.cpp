@@ -29,11 +29,10 @@ QDate Today() {
 
 }  // namespace
 
-ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* parent,
-                           std::optional<std::vector<long>> rows, const QStringList& notes)
+ReportDialog::ReportDialog(const TableSource& source, QString title, QWidget* parent, PaperTable paper)
     : QDialog(parent),
       title_(std::move(title)),
-      table_(source, std::move(rows), title_, Today(), notes),
+      table_(source, std::move(paper), title_, Today()),
       printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)),
       preview_(new QPrintPreviewWidget(printer_.get(), this)),
       page_(new QLabel(this)),

@@ -17,10 +17,8 @@ class ReportDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// The source, and the order if there is one, outlive the dialog.
-  /// `notes` stand below the title: what the rows were chosen by.
-  ReportDialog(const TableSource& source, QString title, QWidget* parent,
-               std::optional<std::vector<long>> rows = {}, const QStringList& notes = {});
+  /// The source outlives the dialog.
+  ReportDialog(const TableSource& source, QString title, QWidget* parent, PaperTable paper = {});
   ~ReportDialog() override;
 
   /// Writes the report as a PDF. False when the file can't be written; it is then as it was.

@@ -7,55 +7,26 @@
 #include <QTextLayout>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
-#include "desktop/look/icons.h"
-#include "desktop/look/text.h"
+#include "desktop/print/print_measures.h"
 
 namespace desktop {
 namespace {
 
 constexpr double kTwipsPerPoint = 20;
 constexpr double kMarginMm = 15;
-// Points.
-constexpr double kTitleSize = 15;
-constexpr double kTextSize = 9;
-constexpr double kCellPadding = 4;
-constexpr double kRule = 0.5;
-constexpr double kMarkSide = 6;
-constexpr double kMarkRoom = 9;
+constexpr double kTitleSize = 15;      // points
 constexpr double kNoLigatures = 0.02;  // pixels of the device
 // Texts are measured in a large font, in which a pixel is too small to matter, with a little to spare.
 constexpr int kMeasuredPixels = 200;
 constexpr double kSlack = 1.01;
 
-const QColor kRuleColor(190, 190, 190);
-const QColor kSideText(90, 90, 90);
-
-/// Breaks a text into lines of a width and gives their height.
-double LayOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
-  QTextOption option(alignment);
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  layout.setTextOption(option);
-  layout.beginLayout();
-  double height = 0;
-  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-    line.setLineWidth(width);
-    line.setPosition({0, height});
-    height += line.height();
-  }
-  layout.endLayout();
-  return height;
-}
-
 }  // namespace
 
-TablePrinter::TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title,
-                           QDate date, QStringList notes)
-    : source_(source),
-      rows_(std::move(rows)),
-      title_(std::move(title)),
-      date_(date),
-      notes_(std::move(notes)) {
+TablePrinter::TablePrinter(const TableSource& source, PaperTable paper, QString title, QDate date)
+    : source_(source), paper_(std::move(paper)), title_(std::move(title)), date_(date) {
+  PlaceLines();
   text_font_ = QApplication::font();
   text_font_.setPointSizeF(kTextSize);
   // Any spacing turns ligatures off, which programs that search a PDF don't read as letters.
@@ -67,9 +38,27 @@ TablePrinter::TablePrinter(const TableSource& source, std::optional<std::vector<
   wishes_ = Wishes();
 }
 
-long TablePrinter::Count() const { return rows_ ? static_cast<long>(rows_->size()) : source_.Rows(); }
-long TablePrinter::RowAt(long place) const {
-  return rows_ ? (*rows_)[static_cast<std::size_t>(place)] : place;
+void TablePrinter::PlaceLines() {
+  const long count = paper_.rows ? static_cast<long>(paper_.rows->size()) : source_.Rows();
+  if (!paper_.counted) paper_.counted = count;
+  long heading = 0;
+  const auto add_headings = [&](long before) {
+    for (; heading < static_cast<long>(paper_.headings.size()); ++heading) {
+      if (paper_.headings[static_cast<std::size_t>(heading)].before > before) return;
+      lines_.push_back(~heading);
+    }
+  };
+  for (long place = 0; place < count; ++place) {
+    add_headings(place);
+    lines_.push_back(paper_.rows ? (*paper_.rows)[static_cast<std::size_t>(place)] : place);
+  }
+  add_headings(count);
+}
+
+/// Null where a row stands.
+const PaperTable::Heading* TablePrinter::HeadingAt(long place) const {
+  const long line = lines_[static_cast<std::size_t>(place)];
+  return line < 0 ? &paper_.headings[static_cast<std::size_t>(~line)] : nullptr;
 }
 
 /// What each column is given and holds, all rows looked at.
@@ -85,12 +74,17 @@ std::vector<ColumnWish> TablePrinter::Wishes() const {
   widest.reserve(visible.size());
   for (std::size_t i : visible) widest.push_back(heading.horizontalAdvance(source_.Columns()[i].caption));
   bool marked = false;
-  for (long place = 0; place < Count(); ++place) {
-    const long row = RowAt(place);
+  for (long row : lines_) {
+    if (row < 0) continue;
     marked = marked || source_.BandOf(row).has_value();
     for (std::size_t i = 0; i < visible.size(); ++i)
       widest[i] = std::max(widest[i], text.horizontalAdvance(source_.Text(row, visible[i])));
   }
+  // Sums are wider than what they sum up; a heading's title has the room of others.
+  for (const PaperTable::Heading& line : paper_.headings)
+    for (std::size_t i = 1; i < visible.size(); ++i)
+      widest[i] = std::max(widest[i],
+                           heading.horizontalAdvance(line.texts.value(static_cast<qsizetype>(visible[i]))));
   std::vector<ColumnWish> wishes;
   for (std::size_t i = 0; i < visible.size(); ++i)
     wishes.push_back({.given = source_.Columns()[visible[i]].width / kTwipsPerPoint,
@@ -150,19 +144,22 @@ void TablePrinter::PlaceColumns() {
     columns_.back().width = page_.width() - columns_.back().left;
 }
 
-/// The first row of each page, and the number of rows at the end. An empty table has one page.
+/// The first line of each page, and the number of lines at the end. An empty table has one page; a heading
+/// stands on the page of what follows it.
 std::vector<long> TablePrinter::PageBreaks() const {
   std::vector<long> breaks{0};
   double top = first_row_;
-  for (long place = 0; place < Count(); ++place) {
-    const double height = RowHeight(place);
-    if (top + height > last_row_ && place > breaks.back()) {
+  for (long place = 0; place < LineCount(); ++place) {
+    const double height = LineHeight(place);
+    const bool leads = HeadingAt(place) != nullptr && place + 1 < LineCount();
+    const double needed = height + (leads ? LineHeight(place + 1) : 0);
+    if (top + needed > last_row_ && place > breaks.back()) {
       breaks.push_back(place);
       top = first_row_;
     }
     top += height;
   }
-  breaks.push_back(Count());
+  breaks.push_back(LineCount());
   return breaks;
 }
 
@@ -172,19 +169,42 @@ double TablePrinter::CellHeight(const QString& text, const QFont& font, double w
 }
 
 double TablePrinter::NotesHeight() const {
-  if (notes_.isEmpty()) return 0;
+  if (paper_.notes.isEmpty()) return 0;
   const QRectF room(0, 0, page_.width(), page_.height());
   return QFontMetricsF(text_font_, device_)
-      .boundingRect(room, Qt::AlignLeft | Qt::TextWordWrap, notes_.join(QLatin1Char('\n')))
+      .boundingRect(room, Qt::AlignLeft | Qt::TextWordWrap, paper_.notes.join(QLatin1Char('\n')))
       .height();
 }
 
-double TablePrinter::RowHeight(long place) const {
+/// The first text has the room of the columns behind it that have none.
+std::vector<TablePrinter::Column> TablePrinter::HeadingColumns(const PaperTable::Heading& heading) const {
+  std::vector<Column> columns;
+  for (const Column& column : columns_) {
+    const bool empty = heading.texts.value(static_cast<qsizetype>(column.index)).isEmpty();
+    if (columns.size() == 1 && empty)
+      columns.front().width = column.left + column.width - columns.front().left;
+    else if (!empty)
+      columns.push_back(column);
+  }
+  return columns;
+}
+
+double TablePrinter::HeadingHeight(const PaperTable::Heading& heading) const {
+  double height = QFontMetricsF(heading_font_, device_).height();
+  for (const Column& column : HeadingColumns(heading))
+    height = std::max(
+        height, CellHeight(heading.texts[static_cast<qsizetype>(column.index)], heading_font_, column.width));
+  return height + kCellPadding * point_;
+}
+
+double TablePrinter::LineHeight(long place) const {
+  if (const PaperTable::Heading* heading = HeadingAt(place)) return HeadingHeight(*heading);
+  const long row = lines_[static_cast<std::size_t>(place)];
   const QFontMetricsF metrics(text_font_, device_);
   double height = metrics.height();
   for (const Column& column : columns_) {
-    const QString text = source_.Text(RowAt(place), column.index);
-    const double width = column.width - MarkRoom(RowAt(place), column);
+    const QString text = source_.Text(row, column.index);
+    const double width = column.width - MarkRoom(row, column);
     if (metrics.horizontalAdvance(text) > width - 2 * kCellPadding * point_ ||
         text.contains(QLatin1Char('\n')))
       height = std::max(height, CellHeight(text, text_font_, width));
@@ -196,86 +216,6 @@ double TablePrinter::RowHeight(long place) const {
 double TablePrinter::MarkRoom(long row, const Column& column) const {
   const bool bears = column.index == columns_.front().index && source_.BandOf(row).has_value();
   return bears ? kMarkRoom * point_ : 0;
-}
-
-void TablePrinter::DrawPage(QPainter& painter, long from, long to, int page, int pages) const {
-  DrawHeader(painter);
-  double top = first_row_;
-  for (long place = from; place < to; ++place) {
-    DrawRow(painter, place, top);
-    top += RowHeight(place);
-    painter.setPen(QPen(kRuleColor, kRule * point_ / 2));
-    painter.drawLine(QPointF(0, top), QPointF(page_.width(), top));
-  }
-  DrawFooter(painter, page, pages);
-}
-
-void TablePrinter::DrawHeader(QPainter& painter) const {
-  const double title = QFontMetricsF(title_font_, device_).height();
-  painter.setPen(Qt::black);
-  painter.setFont(title_font_);
-  painter.drawText(QRectF(kCellPadding * point_, 0, page_.width(), title), Qt::AlignLeft | Qt::AlignVCenter,
-                   title_);
-  painter.setPen(kSideText);
-  painter.setFont(text_font_);
-  painter.drawText(QRectF(0, 0, page_.width() - kCellPadding * point_, title),
-                   Qt::AlignRight | Qt::AlignVCenter, date_.toString(QStringLiteral("dd-MM-yyyy")));
-  if (!notes_.isEmpty())
-    painter.drawText(QRectF(kCellPadding * point_, title, page_.width(), NotesHeight()),
-                     Qt::AlignLeft | Qt::TextWordWrap, notes_.join(QLatin1Char('\n')));
-  painter.setPen(Qt::black);
-  const double top = title + NotesHeight() + kTextSize * point_;
-  for (const Column& column : columns_)
-    DrawCell(painter, source_.Columns()[column.index].caption, column, top, heading_font_);
-  painter.setPen(QPen(Qt::black, kRule * point_));
-  const double line = first_row_ - kCellPadding * point_ / 2;
-  painter.drawLine(QPointF(0, line), QPointF(page_.width(), line));
-}
-
-void TablePrinter::DrawRow(QPainter& painter, long place, double top) const {
-  const long row = RowAt(place);
-  top += kCellPadding * point_ / 2;
-  DrawMark(painter, row, top);
-  painter.setPen(Qt::black);
-  for (Column column : columns_) {
-    const double mark = MarkRoom(row, column);
-    column.left += mark;
-    column.width -= mark;
-    DrawCell(painter, source_.Text(row, column.index), column, top, text_font_);
-  }
-}
-
-/// Light bands have a dark edge, so that their marks are seen on white.
-void TablePrinter::DrawMark(QPainter& painter, long row, double top) const {
-  const std::optional<RowBand> band = source_.BandOf(row);
-  if (!band) return;
-  const double side = kMarkSide * point_;
-  const double line = QFontMetricsF(text_font_, device_).height();
-  const QRectF square(kCellPadding * point_, top + (line - side) / 2, side, side);
-  const double edge = kRule * point_;
-  DrawBandMark(painter, square.adjusted(-edge, -edge, edge, edge), band->order, Qt::black);
-  DrawBandMark(painter, square.adjusted(edge, edge, -edge, -edge), band->order, band->color);
-}
-
-void TablePrinter::DrawFooter(QPainter& painter, int page, int pages) const {
-  const double height = QFontMetricsF(text_font_, device_).height();
-  const QRectF footer(kCellPadding * point_, page_.height() - height,
-                      page_.width() - 2 * kCellPadding * point_, height);
-  painter.setFont(text_font_);
-  painter.setPen(kSideText);
-  painter.drawText(footer, Qt::AlignLeft | Qt::AlignVCenter,
-                   Counted(Count(), QStringLiteral("registo"), QStringLiteral("registos")));
-  painter.drawText(footer, Qt::AlignRight | Qt::AlignVCenter,
-                   QStringLiteral("Página %1 de %2").arg(page).arg(pages));
-}
-
-void TablePrinter::DrawCell(QPainter& painter, const QString& text, const Column& column, double top,
-                            const QFont& font) const {
-  if (text.isEmpty()) return;
-  QTextLayout layout(text, font, device_);
-  LayOut(layout, column.width - 2 * kCellPadding * point_,
-         source_.Columns()[column.index].numeric ? Qt::AlignRight : Qt::AlignLeft);
-  layout.draw(&painter, {column.left + kCellPadding * point_, top});
 }
 
 }  // namespace desktop

@@ -6,11 +6,11 @@
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
-#include <optional>
 #include <vector>
 
 #include "desktop/list/column_widths.h"
 #include "desktop/list/table_source.h"
+#include "desktop/print/paper_table.h"
 
 class QPagedPaintDevice;
 class QPainter;
@@ -22,9 +22,8 @@ namespace desktop {
 /// told by its mark, in the band's colour.
 class TablePrinter {
  public:
-  /// Prints these rows, or all rows of the source. Reads them, and raises the errors of that.
-  TablePrinter(const TableSource& source, std::optional<std::vector<long>> rows, QString title, QDate date,
-               QStringList notes = {});
+  /// Reads the rows that are printed, and raises the errors of that.
+  TablePrinter(const TableSource& source, PaperTable paper, QString title, QDate date);
 
   /// The page that suits the columns: upright, or across when what they hold is wide.
   QPageLayout PageLayout() const;
@@ -43,24 +42,28 @@ class TablePrinter {
   std::vector<ColumnWish> Wishes() const;
   std::vector<long> PageBreaks() const;
   double CellHeight(const QString& text, const QFont& font, double width) const;
-  double RowHeight(long place) const;
+  double LineHeight(long place) const;
+  double HeadingHeight(const PaperTable::Heading& heading) const;
   double NotesHeight() const;
   double MarkRoom(long row, const Column& column) const;
   void DrawPage(QPainter& painter, long from, long to, int page, int pages) const;
   void DrawHeader(QPainter& painter) const;
-  void DrawRow(QPainter& painter, long place, double top) const;
+  void DrawRow(QPainter& painter, long row, double top) const;
+  void DrawHeading(QPainter& painter, const PaperTable::Heading& heading, double top, double height) const;
   void DrawFooter(QPainter& painter, int page, int pages) const;
   void DrawCell(QPainter& painter, const QString& text, const Column& column, double top,
                 const QFont& font) const;
   void DrawMark(QPainter& painter, long row, double top) const;
-  long Count() const;
-  long RowAt(long place) const;
+  void PlaceLines();
+  long LineCount() const { return static_cast<long>(lines_.size()); }
+  const PaperTable::Heading* HeadingAt(long place) const;
+  std::vector<Column> HeadingColumns(const PaperTable::Heading& heading) const;
 
   const TableSource& source_;
-  std::optional<std::vector<long>> rows_;
+  PaperTable paper_;
+  std::vector<long> lines_;  // in order: a row of the source, or the complement of a heading's number
   QString title_;
   QDate date_;
-  QStringList notes_;               // a line each, below the title
   std::vector<ColumnWish> wishes_;  // of the visible columns, in points
 
   // All of these are in pixels of the device.

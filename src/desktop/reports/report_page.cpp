@@ -262,7 +262,8 @@ QStringList ReportPage::Notes() const {
 void ReportPage::Print() {
   if (!CanPrint()) return;
   Guarded(window(), [this] {
-    ReportDialog(*source_, Title(), window(), table_->grid().order().Rows(), Notes()).exec();
+    ReportDialog(*source_, Title(), window(), {.rows = table_->grid().order().Rows(), .notes = Notes()})
+        .exec();
   });
 }
 

@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "desktop/list/table_view.h"
+#include "desktop/list/tools/list_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "lists/condition.h"
@@ -77,16 +78,11 @@ void FilterBar::Show(const TableView& table) {
   ShowState(*period_, table, kDate);
   ShowState(*vehicle_, table, kPlate);
   ShowState(*department_, table, kDepartment);
-  const RowOrder& order = table.grid().order();
-  QStringList parts;
-  if (!order.search().empty()) parts << QStringLiteral("«%1»").arg(ToQt(order.search()));
-  for (const auto& [column, filter] : order.filters())
-    parts << QStringLiteral("%1: %2").arg(table.grid().source().Columns()[column].caption, ToQt(filter));
-  const QString all = parts.isEmpty() ? QString() : QStringLiteral("Só ") + parts.join(QStringLiteral(" · "));
+  const QString all = FiltersInWords(table);
   summary_->setText(all);
   summary_->setToolTip(PlainToolTip(all));
-  clear_->setVisible(!parts.isEmpty());
-  setVisible(!parts.isEmpty() || !period_->isHidden() || !vehicle_->isHidden() || !department_->isHidden());
+  clear_->setVisible(!all.isEmpty());
+  setVisible(!all.isEmpty() || !period_->isHidden() || !vehicle_->isHidden() || !department_->isHidden());
 }
 
 }  // namespace desktop

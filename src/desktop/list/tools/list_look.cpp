@@ -54,4 +54,13 @@ void ShowFilters(TableView& table) {
   }
 }
 
+QString FiltersInWords(const TableView& table) {
+  const RowOrder& order = table.grid().order();
+  QStringList parts;
+  if (!order.search().empty()) parts << QStringLiteral("«%1»").arg(ToQt(order.search()));
+  for (const auto& [column, filter] : order.filters())
+    parts << QStringLiteral("%1: %2").arg(table.grid().source().Columns()[column].caption, ToQt(filter));
+  return parts.isEmpty() ? QString() : QStringLiteral("Só ") + parts.join(QStringLiteral(" · "));
+}
+
 }  // namespace desktop

@@ -12,5 +12,7 @@ lists::ListLook LookOf(const TableView& table);
 void ApplyLook(TableView& table, const lists::ListLook& look);
 /// Brings the fields under the headings in step with what filters.
 void ShowFilters(TableView& table);
+/// What keeps rows away: "Só «renault» · Data: este mês". Empty when nothing does.
+QString FiltersInWords(const TableView& table);
 
 }  // namespace desktop
