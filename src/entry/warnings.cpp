@@ -38,19 +38,18 @@ std::int32_t Find(const std::vector<Record>& records, const std::string& code, c
   return -1;
 }
 
-/// The expense as it stands; its vehicle is -1 when it can't be judged yet.
-Evento ExpenseOn(const Gastos& ficha, const reports::Frota& fleet, Date date) {
+/// The vehicle is -1 when it is none of the fleet's, and so is the type.
+Evento ExpenseOf(const ExpenseDraft& draft, const reports::Frota& fleet) {
   Evento expense;
-  expense.viatura = Find(fleet.viaturas, ficha.Campo[kPlate].Text, [](const auto& v) { return v.matricula; });
-  expense.tipo = Find(fleet.tipos, ficha.Campo[kType].Text, [](const auto& t) { return t.codigo; });
-  expense.motorista =
-      Find(fleet.motoristas, ficha.Campo[kDriver].Text, [](const auto& m) { return m.codigo; });
-  expense.id = ficha.Seg_Id == 0 ? kNew : ficha.Seg_Id;
-  expense.data = date;
-  expense.qtd = NumberIn(ficha, kQuantity);
-  expense.km = NumberIn(ficha, kKm);
-  expense.valorUn = NumberIn(ficha, kPrice);
-  expense.custo = NumberIn(ficha, kCost);
+  expense.viatura = Find(fleet.viaturas, draft.plate, [](const auto& v) { return v.matricula; });
+  expense.tipo = Find(fleet.tipos, draft.type, [](const auto& t) { return t.codigo; });
+  expense.motorista = Find(fleet.motoristas, draft.driver, [](const auto& m) { return m.codigo; });
+  expense.id = draft.id;
+  expense.data = draft.date;
+  expense.qtd = draft.quantity;
+  expense.km = draft.km;
+  expense.valorUn = draft.price;
+  expense.custo = draft.cost;
   return expense;
 }
 
@@ -62,50 +61,48 @@ bool NeedsKm(reports::Regra rule) {
 
 }  // namespace
 
-void ExpenseWarnings::Forget() {
-  kept_.reset();
-  judged_.clear();
-}
-
-const ExpenseWarnings::Kept& ExpenseWarnings::Read(const zorCrmParvel::DataAccessRef& bd, Date date) {
-  if (kept_ && kept_->day == date.days()) return *kept_;
-  reports::Necessidade wanted;
-  wanted.motoristas = true;
-  wanted.De(Especie::kGasto) = {.le = true, .de = date.days() - kDaysBack, .ate = date.days()};
-  kept_ =
-      std::make_unique<Kept>(Kept{reports::Carregar(bd, wanted), reports::CarregarAjustes(bd), date.days()});
-  return *kept_;
-}
-
-std::vector<std::string> ExpenseWarnings::Of(const platform::Form& form) {
+std::optional<ExpenseDraft> DraftOn(const platform::Form& form) {
   const auto* ficha = dynamic_cast<const Gastos*>(&form);
   if (ficha == nullptr || ficha->mybd == zorCrmParvel::DataAccessRef()) return {};
-  std::string record = std::to_string(ficha->Seg_Id) + "\n" + ficha->DTPicker1.Value.ToText();
-  for (int field : {kPlate, kDriver, kType, kQuantity, kCost, kPrice, kKm})
-    record += "\n" + ficha->Campo[field].Text;
-  if (record == judged_) return said_;
-  judged_ = record;
-  said_.clear();
-  if (platform::Trim(ficha->Campo[kPlate].Text).empty() || platform::Trim(ficha->Campo[kType].Text).empty())
-    return said_;
-  const Date date = ficha->DTPicker1.Value.ToDate();
-  const Kept& kept = Read(ficha->mybd, date);
-  const Evento expense = ExpenseOn(*ficha, kept.fleet, date);
-  if (expense.viatura < 0 || expense.tipo < 0 || expense.custo == 0) return said_;
+  ExpenseDraft draft{.id = ficha->Seg_Id == 0 ? kNew : ficha->Seg_Id,
+                     .date = ficha->DTPicker1.Value.ToDate(),
+                     .plate = ficha->Campo[kPlate].Text,
+                     .type = ficha->Campo[kType].Text,
+                     .driver = ficha->Campo[kDriver].Text,
+                     .quantity = NumberIn(*ficha, kQuantity),
+                     .cost = NumberIn(*ficha, kCost),
+                     .price = NumberIn(*ficha, kPrice),
+                     .km = NumberIn(*ficha, kKm)};
+  const bool complete =
+      !platform::Trim(draft.plate).empty() && !platform::Trim(draft.type).empty() && draft.cost != 0;
+  return complete ? std::optional(std::move(draft)) : std::nullopt;
+}
 
-  reports::Frota fleet = kept.fleet;
+ExpensePast::ExpensePast(const zorCrmParvel::DataAccessRef& bd, Date day) : day_(day.DayOnly()) {
+  reports::Necessidade wanted;
+  wanted.motoristas = true;
+  wanted.De(Especie::kGasto) = {.le = true, .de = day.days() - kDaysBack, .ate = day.days()};
+  fleet_ = reports::Carregar(bd, wanted);
+  rules_ = reports::CarregarAjustes(bd);
+}
+
+std::vector<std::string> ExpensePast::Warnings(const ExpenseDraft& draft) const {
+  std::vector<std::string> said;
+  const Evento expense = ExpenseOf(draft, fleet_);
+  if (expense.viatura < 0 || expense.tipo < 0) return said;
+  reports::Frota fleet = fleet_;
   std::erase_if(fleet.eventos, [&](const Evento& event) {
     return event.especie == Especie::kGasto && event.id == expense.id;
   });
   fleet.eventos.push_back(expense);
   fleet.Ordenar();
   reports::Pedido request;
-  request.periodo = {date.days(), date.days()};
+  request.periodo = {day_.days(), day_.days()};
   request.viaturas = {fleet.ViaturaDe(expense).matricula};
-  for (const reports::Achado& finding : reports::Excepcoes(fleet, request, kept.rules))
+  for (const reports::Achado& finding : reports::Excepcoes(fleet, request, rules_))
     if (finding.evento->id == expense.id && (expense.km != 0 || !NeedsKm(finding.regra)))
-      said_.push_back(finding.texto);
-  return said_;
+      said.push_back(finding.texto);
+  return said;
 }
 
 }  // namespace entry

@@ -5,32 +5,39 @@
 #include <string>
 #include <vector>
 
+#include "host/data_access.h"
 #include "platform/screen/form.h"
 #include "reports/carregar.h"
 
 namespace entry {
 
-/// What is odd about the expense that stands on a ficha, by the rules that find exceptions: said before it is
-/// confirmed, and stopping nothing. What the vehicles did last is read when it is needed first, and kept.
-class ExpenseWarnings {
+/// An expense as it stands on a ficha, in plain values.
+struct ExpenseDraft {
+  std::int32_t id = 0;  // -1 for one that has none yet
+  platform::Date date;
+  std::string plate, type, driver;
+  platform::Currency quantity, cost, price, km;
+
+  friend bool operator==(const ExpenseDraft&, const ExpenseDraft&) = default;
+};
+
+/// Nothing while the record is not complete enough to be judged, and for any other ficha.
+std::optional<ExpenseDraft> DraftOn(const platform::Form& form);
+
+/// What the fleet did in the months before a day: what an expense of that day is judged by. Holds nothing of
+/// the database once it is read.
+class ExpensePast {
  public:
-  /// In words, in the order of the rules. Empty while the record is not complete enough to be judged, and for
-  /// any other ficha.
-  std::vector<std::string> Of(const platform::Form& form);
-  /// Something was written: what was read is old.
-  void Forget();
+  ExpensePast(const zorCrmParvel::DataAccessRef& bd, platform::Date day);
+
+  platform::Date day() const { return day_; }
+  /// What is odd about an expense, by the rules that find exceptions; in words, in the order of the rules.
+  std::vector<std::string> Warnings(const ExpenseDraft& draft) const;
 
  private:
-  struct Kept {
-    reports::Frota fleet;
-    reports::Ajustes rules;
-    std::int64_t day = 0;  // of the expense
-  };
-  const Kept& Read(const zorCrmParvel::DataAccessRef& bd, platform::Date date);
-
-  std::unique_ptr<Kept> kept_;
-  std::string judged_;  // what the last answer was about
-  std::vector<std::string> said_;
+  platform::Date day_;
+  reports::Frota fleet_;
+  reports::Ajustes rules_;
 };
 
 }  // namespace entry

@@ -91,19 +91,22 @@ TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
     AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, day), "GASOLEO", "40", "66,36", 10000 + 600 * day);
   Gastos form;
   Open(form);
-  entry::ExpenseWarnings warnings;
-  EXPECT_TRUE(warnings.Of(form).empty());
+  EXPECT_FALSE(entry::DraftOn(form)) << "nothing is written yet";
   const std::pair<int, const char*> fields[] = {{0, "12-AB-34"}, {2, "1"},     {4, "GASOLEO"},
                                                 {5, "40"},       {7, "1,659"}, {6, "66,36"}};
   for (const auto& [field, text] : fields) form.Campo[field].Text = text;
-  EXPECT_TRUE(warnings.Of(form).empty()) << warnings.Of(form).front();
-  form.Campo[8].Text = "9000";
-  ASSERT_FALSE(warnings.Of(form).empty());
-  form.Campo[8].Text = "17800";
-  const auto fine = warnings.Of(form);
-  EXPECT_TRUE(fine.empty()) << fine.front();
-  form.Campo[5].Text = "400";
-  EXPECT_FALSE(warnings.Of(form).empty()) << "more than any tank holds";
+  ASSERT_TRUE(entry::DraftOn(form));
+  const entry::ExpensePast past(bd, entry::DraftOn(form)->date);
+  const std::pair<std::pair<int, const char*>, bool> changes[] = {{{8, ""}, false},
+                                                                  {{8, "9000"}, true},
+                                                                  {{8, "17800"}, false},
+                                                                  {{5, "400"}, true},
+                                                                  {{0, "99-99-ZZ"}, false}};
+  for (const auto& [change, odd] : changes) {
+    form.Campo[change.first].Text = change.second;
+    const auto said = past.Warnings(*entry::DraftOn(form));
+    EXPECT_EQ(!said.empty(), odd) << change.first << " " << change.second << (odd ? "" : said.front());
+  }
 }
 
 TEST_F(EntryTest, DatesThatWouldBecomeTodayAreNamedAndCanBeLeftOut) {

@@ -32,14 +32,15 @@ QPushButton* MakeButton(const QString& text, QWidget* parent) {
 }  // namespace
 
 FichaAids::FichaAids(platform::Form& form, QWidget* parent,
-                     std::function<void(const std::function<void()>&)> act)
+                     std::function<void(const std::function<void()>&)> act, BackgroundReader* reader)
     : QObject(parent),
       form_(form),
       act_(std::move(act)),
       line_(new QWidget(parent)),
       text_(new QLabel(line_)),
       undo_(MakeButton(QStringLiteral("Anu&lar o que se guardou"), line_)),
-      dates_(MakeButton(QStringLiteral("&Deixar sem data"), line_)) {
+      dates_(MakeButton(QStringLiteral("&Deixar sem data"), line_)),
+      reader_(reader) {
   auto* row = new QHBoxLayout(line_);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(text_, 1);
@@ -94,7 +95,7 @@ void FichaAids::AfterButton(const std::string& record) {
   if (!now || (before_ && before_->number == now->number)) return;
   saved_ = now;
   saved_words_ = QStringLiteral("Guardado: ") + ToQt(record);
-  warnings_.Forget();
+  ForgetPast();
   unset_.Forget();
 }
 
@@ -104,13 +105,47 @@ QString FichaAids::LikeLast() {
   return said;
 }
 
+/// Something was written: what was read before is old.
+void FichaAids::ForgetPast() {
+  judging_.GiveUp();
+  draft_.reset();
+  judged_ = {};
+}
+
+/// Has the expense that stands on the ficha judged; until that is done, what was said of it last stays.
+void FichaAids::Judge() {
+  if (reader_ == nullptr) return;
+  std::optional<entry::ExpenseDraft> draft = entry::DraftOn(form_);
+  if (draft == draft_) return;
+  judging_.GiveUp();
+  draft_ = std::move(draft);
+  if (!draft_) {
+    judged_.warnings.clear();
+    return;
+  }
+  judging_ = reader_->Ask(
+      this,
+      [draft = *draft_, past = judged_.past](const BackgroundReader::StoreRef& store) {
+        Judgement judged{.past = past, .warnings = {}};
+        if (judged.past == nullptr || judged.past->day() != draft.date.DayOnly())
+          judged.past = std::make_shared<entry::ExpensePast>(zorCrmParvel::DataAccessRef(store), draft.date);
+        judged.warnings = judged.past->Warnings(draft);
+        return judged;
+      },
+      [this](Judgement judged) {
+        judged_ = std::move(judged);
+        Show();
+      },
+      [](const ErrorText&) {});  // Confirmar meets the same failure, and tells it
+}
+
 void FichaAids::Show() {
   if (form_.IsClosed()) return;
   QStringList lines;
   bool unset = false;
   Guarded(line_->window(), [&] {
-    for (const std::string& warning : warnings_.Of(form_))
-      lines << QStringLiteral("Atenção: ") + ToQt(warning);
+    Judge();
+    for (const std::string& warning : judged_.warnings) lines << QStringLiteral("Atenção: ") + ToQt(warning);
     QStringList dates;
     for (const entry::UnsetDate& date : unset_.Of(form_)) dates << ToQt(date.caption);
     unset = !dates.isEmpty();
@@ -139,7 +174,7 @@ void FichaAids::TakeBack() {
       said = "Alguém alterou o mesmo entretanto: anule na janela principal (Ctrl+Z).";
   });
   saved_.reset();
-  warnings_.Forget();
+  ForgetPast();
   unset_.Forget();
   act_([&] { form_.Notify(said); });
 }

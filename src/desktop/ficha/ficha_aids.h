@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/database/background_reader.h"
 #include "entry/codes.h"
 #include "entry/dates.h"
 #include "entry/warnings.h"
@@ -24,8 +25,10 @@ class FichaAids : public QObject {
   Q_OBJECT
 
  public:
-  /// `act` runs an act of the user on the form.
-  FichaAids(platform::Form& form, QWidget* parent, std::function<void(const std::function<void()>&)> act);
+  /// `act` runs an act of the user on the form. What takes long is read by the reader, so that no key waits
+  /// for it; without one nothing odd is told.
+  FichaAids(platform::Form& form, QWidget* parent, std::function<void(const std::function<void()>&)> act,
+            BackgroundReader* reader);
 
   /// The lines that stand below the fields.
   QWidget* line() const { return line_; }
@@ -46,6 +49,13 @@ class FichaAids : public QObject {
   void Show();
 
  private:
+  /// What a draft was found to be, with the past that it was judged by.
+  struct Judgement {
+    std::shared_ptr<const entry::ExpensePast> past;
+    std::vector<std::string> warnings;
+  };
+  void Judge();
+  void ForgetPast();
   zorCrmParvel::DataAccessRef Database() const;
   void TakeBack();
   void LeaveDates();
@@ -56,7 +66,10 @@ class FichaAids : public QObject {
   QLabel* text_;
   QPushButton* undo_;
   QPushButton* dates_;
-  entry::ExpenseWarnings warnings_;
+  BackgroundReader* reader_;
+  ReadTicket judging_;
+  std::optional<entry::ExpenseDraft> draft_;  // that was judged last, or is being judged
+  Judgement judged_;
   entry::UnsetDates unset_;
   std::vector<std::string> codes_;
   const entry::CodeField* code_field_ = nullptr;

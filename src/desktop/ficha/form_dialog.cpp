@@ -62,13 +62,14 @@ bool IsCellEditor(const QWidget* widget) {
 
 }  // namespace
 
-FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* parent)
+FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* parent, BackgroundReader* reader)
     : QDialog(parent),
       form_(form),
       settings_(settings),
       notice_(new QLabel(this)),
       contents_(form),
-      aids_(new FichaAids(form, this, [this](const std::function<void()>& act) { Act(act); })) {
+      aids_(new FichaAids(
+          form, this, [this](const std::function<void()>& act) { Act(act); }, reader)) {
   setObjectName(ToQt(form.Name));
   notice_->setTextFormat(Qt::PlainText);
   SetMuted(notice_);

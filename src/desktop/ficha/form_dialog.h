@@ -23,8 +23,8 @@ class FormDialog : public QDialog, private UserActs {
 
  public:
   /// Size and place are kept in the settings under the form's name; without one the window opens over its
-  /// parent.
-  FormDialog(platform::Form& form, QSettings& settings, QWidget* parent);
+  /// parent. The reader reads what the window says beside the fields, see `FichaAids`.
+  FormDialog(platform::Form& form, QSettings& settings, QWidget* parent, BackgroundReader* reader = nullptr);
   ~FormDialog() override;
 
   /// Shows what the form holds now.

@@ -11,6 +11,7 @@
 #include "desktop/print/report_dialog.h"
 #include "desktop/shell/documents.h"
 #include "desktop/shell/file_dialog.h"
+#include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
 
 namespace desktop {
@@ -80,7 +81,8 @@ std::optional<std::string> DesktopHost::OpenFile(const platform::FileDialog& ask
 
 void DesktopHost::ShowModal(platform::Form& form, platform::Form*) {
   if (form.IsClosed()) return;
-  FormDialog dialog(form, settings_, Front());
+  Workspace* workspace = main_window_ != nullptr ? main_window_->workspace() : nullptr;
+  FormDialog dialog(form, settings_, Front(), workspace != nullptr ? &workspace->reader() : nullptr);
   if (why_not_) dialog.ShowOnly(why_not_(form.Name));
   open_.push_back(&dialog);
   dialog.exec();

@@ -14,6 +14,7 @@ class QWidget;
 namespace desktop {
 
 class FormDialog;
+class MainWindow;
 
 /// The outside as a window: boxes, dialogs and fichas over the main window.
 class DesktopHost : public platform::Host {
@@ -22,8 +23,8 @@ class DesktopHost : public platform::Host {
   explicit DesktopHost(QSettings& settings);
   ~DesktopHost() override;
 
-  /// The window that everything opens over; null while there is none.
-  void SetMainWindow(QWidget* window) { main_window_ = window; }
+  /// The window that everything opens over, and whose database fichas are on; null while there is none.
+  void SetMainWindow(MainWindow* window) { main_window_ = window; }
 
   /// Asks of each ficha that is opened, by its name, why it can only be looked at; empty when it may be
   /// confirmed.
@@ -47,7 +48,7 @@ class DesktopHost : public platform::Host {
   void SyncFichas();
 
   QSettings& settings_;
-  QWidget* main_window_ = nullptr;
+  MainWindow* main_window_ = nullptr;
   std::function<QString(const std::string& ficha)> why_not_;
   std::vector<FormDialog*> open_;
   std::unique_ptr<QTemporaryDir> temporary_;
