@@ -6,10 +6,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableWidget>
 
+#include "desktop/list/tools/handling_dialog.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/start/alert_card.h"
 #include "desktop/start/due_notifier.h"
+#include "desktop/start/month_page.h"
 #include "open_window.h"
 #include "platform/format.h"
 #include "platform/host.h"
@@ -148,6 +151,50 @@ TEST_F(StartPageTest, EnterOpensTheListAndAClosedFichaCountsAnew) {
   EXPECT_EQ(window.page(), nullptr);
   window.alerts().Finish();
   EXPECT_EQ(Lines("AlertasAp"), "Apólices | Nada a tratar.");
+}
+
+TEST_F(StartPageTest, WhatIsDealtWithIsCountedApartUntilItIsOpenAgain) {
+  Vehicle();
+  Policy(5);
+  window.ShowList("AlertasAp");
+  desk.script.Next([](QWidget& dialog) {
+    Type(dialog, "à espera da oficina");
+    dynamic_cast<desktop::HandlingDialog&>(dialog).accept();
+  });
+  window.page()->own_commands()[1]->trigger();
+  EXPECT_EQ(window.page()->table().model()->rowCount(), 1) << "the list shows it as ever";
+  window.ShowList(desktop::kStartPage);
+  window.alerts().Finish();
+  EXPECT_TRUE(Lines("AlertasAp").endsWith("Em breve: 0 | Destes, tratados ou adiados: 1"))
+      << Lines("AlertasAp").toStdString();
+  Sql("UPDATE zor_PV_Seguros SET Validade=" + Day(6));
+  Refresh();
+  EXPECT_TRUE(Lines("AlertasAp").endsWith("Em breve: 0")) << "by another date it is another alert";
+}
+
+TEST_F(StartPageTest, TheCalendarShowsWhatIsDueAndOpensItsFicha) {
+  Vehicle();
+  Policy(0);
+  window.ShowList("Calendario");
+  auto& page = dynamic_cast<desktop::MonthPage&>(*window.shown());
+  auto& days = *page.findChild<QTableWidget*>();
+  auto& due = *page.findChild<QListWidget*>();
+  EXPECT_TRUE(days.hasFocus());
+  EXPECT_TRUE(days.currentItem()->text().endsWith("hoje\nApólice AA-00-01"));
+  EXPECT_EQ(due.item(0)->text(), "Apólice AA-00-01");
+  Press(window, Qt::Key_Return);
+  EXPECT_TRUE(due.hasFocus());
+  QString opened;
+  desk.script.Next([&](QWidget& ficha) {
+    opened = ficha.windowTitle();
+    Sql("UPDATE zor_PV_Seguros SET Validade=" + Day(400));
+  });
+  Press(window, Qt::Key_Return);
+  EXPECT_TRUE(opened.contains("AA-00-01")) << opened.toStdString();
+  EXPECT_EQ(due.item(0)->text(), "Nada vence neste dia.") << "it is read anew";
+  Press(window, Qt::Key_Escape);
+  Press(window, Qt::Key_PageDown);
+  EXPECT_EQ(page.month().month(), platform::Today().month() % 12 + 1);
 }
 
 TEST_F(StartPageTest, WhatCannotBeReadSaysWhyAndTheRestIsCounted) {

@@ -8,6 +8,7 @@
 #include "desktop/list/list_catalog.h"
 #include "desktop/start/alert_reading.h"
 #include "embedded/database.h"
+#include "entry/warnings.h"
 #include "events/gastos_form.h"
 #include "host/sistema.h"
 #include "store/near_store.h"
@@ -68,7 +69,13 @@ TEST_F(ReadersTest, AlertsAreFoundBesideWork) {
     readers.emplace_back([&, near] {
       std::shared_ptr<zorCrmParvel::Store> store = database_->Opener()();
       if (near) store = std::make_shared<store::NearStore>(store, schema::kTables);
-      while (!over) EXPECT_EQ(Due(store), due);
+      while (!over) {
+        EXPECT_EQ(Due(store), due);
+        const entry::ExpensePast past(DataAccessRef(store), platform::Today());
+        entry::ExpenseDraft draft;
+        draft.plate = "AA-10-AA";
+        EXPECT_TRUE(past.Warnings(draft).empty());
+      }
     });
   zorCrmParvel::Sistema sistema;
   sistema.ICrmSistema_ZorDataAccess = DataAccessRef(database_);

@@ -84,7 +84,6 @@ class MainWindow : public QMainWindow {
   void FillFichas();
   void ConnectViews();
   void ReadViews();
-  void ShowHandled();
   void ShowView(const lists::ListView& view, bool to_work);
   void FillViews();
   void KeepView();

@@ -7,9 +7,6 @@
 #include "desktop/shell/main_window.h"
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/sidebar.h"
-#include "desktop/start/alert_board.h"
-#include "desktop/start/handled_counts.h"
-#include "desktop/start/start_page.h"
 #include "history/who.h"
 #include "platform/runtime_error.h"
 
@@ -19,23 +16,11 @@ void MainWindow::ConnectViews() {
   connect(sidebar_, &Sidebar::ViewChosen, this, [this](int view, bool to_work) {
     if (view < static_cast<int>(views_.size())) ShowView(views_[static_cast<std::size_t>(view)], to_work);
   });
-  connect(alerts_, &AlertBoard::Changed, this, &MainWindow::ShowHandled);
   connect(actions_->views_menu, &QMenu::aboutToShow, this, &MainWindow::FillViews);
   connect(actions_->columns_menu, &QMenu::aboutToShow, this, [this] {
     actions_->columns_menu->clear();
     if (list_ != nullptr) list_->FillColumns(*actions_->columns_menu);
   });
-}
-
-/// What was done about alerts, once all of them are counted.
-void MainWindow::ShowHandled() {
-  if (workspace_ == nullptr || page_ != nullptr || alerts_->IsBusy()) return;
-  try {
-    for (const AlertFamily& family : alerts_->families())
-      start_->ShowHandled(family.entry->key, HandledNow(workspace_->sistema(), *family.entry));
-  } catch (const platform::RuntimeError&) {
-    // the cards say themselves why their alerts can't be read
-  }
 }
 
 void MainWindow::ReadViews() {

@@ -109,6 +109,7 @@ void AlertBoard::Take(const std::map<std::string, AlertPart>& found) {
     for (AlertFamily& family : families_) {
       if (key != family.entry->key) continue;
       family.has_very_soon = part.has_very_soon;
+      family.handled = part.handled;
       family.failure = Told(part.failure);
       family.counts = part.failure ? std::nullopt : std::optional(part.counts);
     }

@@ -22,6 +22,7 @@ struct AlertFamily {
   QString feed;  // the feed's text; empty when it says nothing
   std::optional<zorCrmParvel::ContagemDeAlertas> counts;
   bool has_very_soon = true;         // rows of the list can be in that band
+  long handled = 0;                  // rows that were dealt with, or put off
   std::optional<ErrorText> failure;  // of the last count
 };
 

@@ -51,6 +51,7 @@ void AlertCard::Show(const AlertFamily& family) {
   bands_.clear();
   total_.clear();
   feed_ = family.feed;
+  handled_ = family.handled;
   message_ = QStringLiteral("A contar…");
   setToolTip(QStringLiteral("Abrir a lista"));
   if (family.failure) {
@@ -92,12 +93,6 @@ QStringList AlertCard::Lines() const {
 QString AlertCard::HandledText() const {
   return handled_ == 0 || bands_.empty() ? QString()
                                          : QStringLiteral("Destes, tratados ou adiados: ") + Number(handled_);
-}
-
-void AlertCard::ShowHandled(long rows) {
-  handled_ = rows;
-  setAccessibleName(Lines().join(QStringLiteral(", ")));
-  update();
 }
 
 QSize AlertCard::sizeHint() const { return {Em(this) * kWidth, Em(this) * kHeight}; }

@@ -17,8 +17,6 @@ class AlertCard : public QAbstractButton {
 
   const ListEntry& entry() const { return entry_; }
   void Show(const AlertFamily& family);
-  /// How many of its rows are dealt with or put off: they are counted apart.
-  void ShowHandled(long rows);
   /// The lines of the card from top to bottom, as they are read out.
   QStringList Lines() const;
   QSize sizeHint() const override;
@@ -45,8 +43,8 @@ class AlertCard : public QAbstractButton {
   const ListEntry& entry_;
   QString total_;
   QString feed_;
-  QString message_;  // instead of bands
-  long handled_ = 0;
+  QString message_;   // instead of bands
+  long handled_ = 0;  // of the rows, those dealt with or put off: they are counted apart
   std::vector<Band> bands_;
 };
 

@@ -1,7 +1,11 @@
 #include "desktop/start/alert_reading.h"
 
 #include "alerts/alert_list.h"
+#include "due/handled.h"
 #include "host/sistema.h"
+#include "platform/host.h"
+#include "platform/screen/form.h"
+#include "platform/screen/grid.h"
 
 namespace desktop {
 namespace {
@@ -23,6 +27,31 @@ void ReadFeed(Sistema& sistema, AlertPart& part) {
     part.feed[feed->Fields("Entidade").Value().ToText()] = feed->Fields("Texto").Value().ToText();
 }
 
+class GridForm : public platform::Form {
+ public:
+  platform::SGGrid grid{*this, "Grid"};
+};
+
+/// How many rows of a list were dealt with, or put off. The rows are read only when there can be any.
+long CountHandled(Sistema& sistema, const std::string& key) {
+  const due::Handlings handlings =
+      due::HandlingsOf(sistema.ICrmSistema_ZorDataAccess, key, platform::Today());
+  if (handlings.empty()) return 0;
+  GridForm form;
+  const std::unique_ptr<ICrmVwList> list = sistema.MostraListas(key);
+  list->ICrmVwList_GridMaster(&form.grid);
+  list->ICrmVwList_Iniciar();
+  long handled = 0;
+  for (long row = 0; row < form.grid.RowCount(); ++row) {
+    std::vector<std::string> texts;
+    for (const char* column : due::AlertColumns(key))
+      texts.push_back(form.grid.CellText(row, form.grid.ColumnIndex(column)));
+    handled += static_cast<long>(handlings.count(due::AlertOf(texts)));
+  }
+  list->ICrmVwList_Terminar();
+  return handled;
+}
+
 void Read(const std::string& key, Sistema& sistema, AlertPart& part) {
   if (key == kFeedPart) return ReadFeed(sistema, part);
   if (key == kStepsPart) {
@@ -33,6 +62,7 @@ void Read(const std::string& key, Sistema& sistema, AlertPart& part) {
   auto& alerts = dynamic_cast<AlertList&>(*list);
   part.has_very_soon = alerts.TemFaixa(Tools::Faixa::kMuitoBreve);
   part.counts = alerts.Contar();
+  part.handled = CountHandled(sistema, key);
 }
 
 }  // namespace

@@ -17,6 +17,7 @@ namespace desktop {
 struct AlertPart {
   zorCrmParvel::ContagemDeAlertas counts;  // of a list
   bool has_very_soon = true;               // rows of the list can be in that band
+  long handled = 0;                        // rows of the list that were dealt with, or put off
   std::set<setup::Step> steps;
   std::map<std::string, std::string> feed;  // text by family
   std::exception_ptr failure;               // then the others hold what was found before it

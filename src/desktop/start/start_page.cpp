@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
-#include <cstring>
 
 #include "desktop/look/look.h"
 #include "desktop/reports/month_panel.h"
@@ -106,11 +105,6 @@ void StartPage::ShowBoard() {
   steps_->Show(board_.steps());
   stack_->setCurrentWidget(ShowsSteps() ? static_cast<QWidget*>(steps_) : scroll_);
   if (had_focus) TakeFocus();
-}
-
-void StartPage::ShowHandled(const char* list, long rows) {
-  for (AlertCard* card : cards_)
-    if (std::strcmp(card->entry().key, list) == 0) card->ShowHandled(rows);
 }
 
 bool StartPage::ShowsSteps() const {

@@ -26,8 +26,6 @@ class StartPage : public QWidget {
   StartPage(const AlertBoard& board, QWidget* parent);
 
   const std::vector<AlertCard*>& cards() const { return cards_; }
-  /// How many alerts of a list, by its key, are dealt with or put off.
-  void ShowHandled(const char* list, long rows);
   FirstStepsPage& steps() { return *steps_; }
   MonthPanel& month() { return *month_; }
   /// What is said above the cards; empty for nothing.
