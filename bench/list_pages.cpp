@@ -11,6 +11,7 @@
 
 #include "baseline.h"
 #include "embedded/database.h"
+#include "embedded/storage/functions.h"
 #include "lists/footer.h"
 #include "lists/host_columns.h"
 #include "lists/row_order.h"
@@ -52,6 +53,10 @@ class Page : public lists::Cells {
     if (column >= kQuantity) return own_.Shown(row, column - kQuantity);
     return rows_->CellAt(static_cast<std::size_t>(row), column).ToText();
   }
+  std::optional<lists::Kind> KindOf(std::size_t column) const override {
+    if (column >= kQuantity) return own_.KindOf(column - kQuantity);
+    return column == kDate ? std::optional(lists::Kind::kDate) : std::nullopt;
+  }
   void ReadOwn() { own_.PrepareAll(); }
   void ReadScreen() {
     std::vector<long> rows;
@@ -67,6 +72,7 @@ class Page : public lists::Cells {
 
 void Fill(const std::string& file) {
   const bench::ConnectionPtr connection = bench::Connect(file);
+  embedded::RegisterFunctions(connection.get());
   const std::string sql =
       "BEGIN; INSERT INTO zor_PV_Marcas (Codigo, Nome) VALUES ('REN','Renault'), ('CIT','Citroën');"
       "INSERT INTO zor_PV_TiposGastos (Codigo, Nome, Combustivel) VALUES ('GASOLEO','Gasóleo',1), "

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "lists/number_text.h"
 #include "lists/words.h"
 
 namespace lists {
@@ -105,6 +106,35 @@ void Column::MakeCodes() {
     if (found == known.end()) found = known.emplace(bits, codes.Of(cells_.Shown(row, column_))).first;
     codes_.push_back(found->second);
   }
+}
+
+/// Each different text is looked at once; numbers are mostly different, and aren't made texts for this.
+std::vector<char> Column::Holding(const std::string& word) {
+  if (kind_ != Kind::kText && !coded_) {
+    NumberText text(cells_, column_, kind_, numbers_);
+    if (text.IsKnown()) return NumbersHolding(text, word);
+  }
+  std::vector<char> by_code;
+  by_code.reserve(texts().size());
+  for (const std::string& text : texts())
+    by_code.push_back(static_cast<char>(Folded(text).find(word) != std::string::npos));
+  std::vector<char> holding;
+  holding.reserve(codes().size());
+  for (std::uint32_t code : codes()) holding.push_back(by_code[code]);
+  return holding;
+}
+
+std::vector<char> Column::NumbersHolding(NumberText& text, const std::string& word) const {
+  std::vector<char> holding;
+  holding.reserve(numbers_.size());
+  for (double number : numbers_) {
+    const auto written = text.Of(number);
+    const auto row = static_cast<long>(holding.size());
+    holding.push_back(
+        static_cast<char>(written ? written->find(word) != std::string_view::npos
+                                  : Folded(cells_.Shown(row, column_)).find(word) != std::string::npos));
+  }
+  return holding;
 }
 
 const std::vector<std::uint32_t>& Column::ranks() {

@@ -7,7 +7,7 @@
 
 namespace lists {
 
-enum class Kind { kText, kNumber, kDate };
+class NumberText;
 
 /// One column of a table, read once and kept so that it is quick to look through: numbers as numbers, and
 /// texts by a code, each different one kept once.
@@ -24,11 +24,14 @@ class Column {
   const std::vector<std::uint32_t>& codes();
   /// The text of each code.
   const std::vector<std::string>& texts();
+  /// By row, whether its text as it is shown, folded, holds a folded word.
+  std::vector<char> Holding(const std::string& word);
   /// The place of each code among all texts in alphabetical order.
   const std::vector<std::uint32_t>& ranks();
 
  private:
   void MakeCodes();
+  std::vector<char> NumbersHolding(NumberText& text, const std::string& word) const;
 
   const Cells& cells_;
   std::size_t column_;

@@ -130,6 +130,10 @@ Variant HostCells::Value(long row, std::size_t column) {
   return cell == nullptr ? Variant(Variant::Null{}) : cell->ToVariant();
 }
 
+std::optional<Kind> HostCells::KindOf(std::size_t column) const {
+  return *table_.columns[column].mask == '\0' ? std::nullopt : std::optional(Kind::kNumber);
+}
+
 std::string HostCells::Shown(long row, std::size_t column) {
   const Cell* cell = CellOf(row, column);
   if (cell == nullptr) return {};

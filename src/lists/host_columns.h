@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "host/data_access.h"
+#include "lists/cells.h"
 
 namespace lists {
 
@@ -55,6 +57,9 @@ class HostCells {
   /// A value; null also where the record is gone, and for the zero date. Reads what is not at hand.
   platform::Variant Value(long row, std::size_t column);
   std::string Shown(long row, std::size_t column);
+
+  /// Those with a mask hold numbers.
+  std::optional<Kind> KindOf(std::size_t column) const;
 
   const HostTable& table() const { return table_; }
   /// Statements sent so far.

@@ -153,21 +153,18 @@ std::vector<char> RowOrder::Passing() const {
   return passing;
 }
 
-/// Each word may be held by any column; within a column each different text is looked at once.
+/// Each word may be held by any column.
 void RowOrder::FindWords(std::vector<char>& passing) const {
   for (const std::string& word : FoldedWords(search_)) {
     std::vector<char> found(passing.size(), 0);
     for (std::size_t column = 0; column < cells_.ColumnCount(); ++column) {
-      if (!cells_.IsSearched(column)) continue;
+      const std::optional<Kind> kind = cells_.KindOf(column);
+      if (!cells_.IsSearched(column) || (kind && !CanHold(*kind, word))) continue;
       Column& read = Read(column);
       if (!CanHold(read.kind(), word)) continue;
-      std::vector<char> holds;
-      holds.reserve(read.texts().size());
-      for (const std::string& text : read.texts())
-        holds.push_back(static_cast<char>(Folded(text).find(word) != std::string::npos));
-      const std::vector<std::uint32_t>& codes = read.codes();
+      const std::vector<char> holding = read.Holding(word);
       for (std::size_t row = 0; row < found.size(); ++row)
-        if (holds[codes[row]] != 0) found[row] = 1;
+        if (holding[row] != 0) found[row] = 1;
     }
     for (std::size_t row = 0; row < passing.size(); ++row)
       if (found[row] == 0) passing[row] = 0;

@@ -4,6 +4,8 @@
 
 #include <tuple>
 
+#include "lists/words.h"
+#include "platform/format.h"
 #include "platform/runtime_error.h"
 #include "support/scripted_host.h"
 
@@ -76,6 +78,53 @@ TEST(RowOrderTest, SearchesWithoutRegardToCaseAccentsHyphensAndBlanks) {
     order.Search(text);
     EXPECT_EQ(Shown(order), found);
   }
+}
+
+/// Numbers by a mask, dates without their time.
+class Masked : public Values {
+ public:
+  Masked(std::vector<Variant> values, const char* mask) : Values(std::move(values)), mask_(mask) {}
+  std::string Shown(long row, std::size_t column) const override {
+    ++shown;
+    const Variant value = Value(row, column);
+    if (value.IsNull()) return {};
+    return value.As<Date>() != nullptr ? platform::FormatDate(*value.As<Date>(), mask_)
+                                       : platform::FormatNumber(value, mask_);
+  }
+  mutable int shown = 0;
+
+ private:
+  const char* mask_;
+};
+
+TEST(RowOrderTest, DigitsAreFoundInNumbersAndDatesAsTheyAreShown) {
+  std::vector<Variant> numbers;
+  std::vector<Variant> dates;
+  for (int i = 0; i < 5000; ++i) {
+    // What differs between ways to show them stands in few rows only.
+    const bool odd = i % 1000 == 999;
+    numbers.emplace_back(odd ? platform::Currency::FromTenThousandths(-12'345'678 - i)
+                             : platform::Currency(i % 90));
+    dates.emplace_back(Date::FromParts(2026, 1, 1, odd ? 13 : 0, odd ? 45 : 0).AddDays(i % 700));
+  }
+  numbers[7] = dates[7] = Variant::Null();
+  const std::pair<const std::vector<Variant>*, const char*> columns[] = {
+      {&numbers, "###,###,##0.00"}, {&numbers, "###,###,##0.000"}, {&numbers, "###,###,##0"},
+      {&dates, "dd-mm-yyyy"},       {&dates, "dd-mm-yyyy hh:mm"},  {&dates, "yyyy"}};
+  for (const auto& [values, mask] : columns)
+    for (const char* word : {"1", "34,5", "234", "1.235", "5,6", "89,0", "2402", "45", "2026", "13:4"}) {
+      SCOPED_TRACE(std::string(mask) + ": " + word);
+      const Masked cells(*values, mask);
+      std::vector<long> expected;
+      for (long row = 0; row < cells.Rows(); ++row)
+        if (lists::Folded(cells.Shown(row, 0)).find(word) != std::string::npos) expected.push_back(row);
+      RowOrder order(cells);
+      order.Search(word);
+      EXPECT_EQ(Shown(order), expected);
+    }
+  const Masked cells(numbers, "###,###,##0.00");
+  RowOrder(cells).Search("1");
+  EXPECT_LT(cells.shown, 200) << "the numbers are made no texts";
 }
 
 TEST(RowOrderTest, NarrowingAndWideningASearchKeepsTheSort) {

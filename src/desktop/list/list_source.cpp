@@ -70,6 +70,11 @@ platform::Variant ListSource::Value(long row, std::size_t column) const {
   return IsOwn(column) ? own_->Value(row, column - listed_) : GridSource::Value(row, column);
 }
 
+std::optional<lists::Kind> ListSource::KindOf(std::size_t column) const {
+  if (IsHandling(column)) return {};
+  return IsOwn(column) ? own_->KindOf(column - listed_) : GridSource::KindOf(column);
+}
+
 bool ListSource::ShowsOwn() const {
   const std::vector<std::size_t> visible = VisibleColumns();
   return std::any_of(visible.begin(), visible.end(), [this](std::size_t column) { return IsOwn(column); });

@@ -18,6 +18,7 @@ class ListSource : public GridSource {
   QString Text(long row, std::size_t column) const override;
   std::string Shown(long row, std::size_t column) const override;
   platform::Variant Value(long row, std::size_t column) const override;
+  std::optional<lists::Kind> KindOf(std::size_t column) const override;
   void Prepare(const std::vector<long>& rows) const override;
   void AboutToRead(std::size_t column) const override;
   bool FetchMore(std::size_t rows) override;

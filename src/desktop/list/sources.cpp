@@ -50,6 +50,14 @@ platform::Variant GridSource::Value(long row, std::size_t column) const {
   return source->CellAt(static_cast<std::size_t>(row), column).ToVariant();
 }
 
+std::optional<lists::Kind> GridSource::KindOf(std::size_t column) const {
+  const platform::RecordsetRef& source = grid_.DataSource();
+  if (!source || column >= source->FieldList().size()) return {};
+  const FieldType type = source->FieldList()[column].type;
+  if (type == FieldType::kDate) return lists::Kind::kDate;
+  return IsNumber(type) ? std::optional(lists::Kind::kNumber) : std::nullopt;
+}
+
 std::optional<RowBand> GridSource::BandOf(long row) const {
   const platform::GridStyle* style = grid_.StyleOf(row);
   if (style == nullptr || !style->color) return {};

@@ -15,6 +15,7 @@ class GridSource : public TableSource {
   QString Text(long row, std::size_t column) const override;
   std::string Shown(long row, std::size_t column) const override { return grid_.CellText(row, column); }
   platform::Variant Value(long row, std::size_t column) const override;
+  std::optional<lists::Kind> KindOf(std::size_t column) const override;
   std::optional<RowBand> BandOf(long row) const override;
   bool FetchMore(std::size_t rows) override;
   void Refresh() override;
