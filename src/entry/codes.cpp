@@ -60,6 +60,8 @@ const CodeField* CodeFieldOf(const platform::Control* control) {
   return nullptr;
 }
 
+bool NamesVehicle(const CodeField& field) { return &field == &kFields[0]; }
+
 std::vector<std::string> CodesOf(const zorCrmParvel::DataAccessRef& bd, const CodeField& field) {
   zorCrmParvel::RecordsetRef rows;
   bd->AbrirLeitura("",
@@ -81,6 +83,25 @@ std::string CodeMeant(const std::vector<std::string>& codes, const std::string& 
     meant = &code;
   }
   return meant != nullptr ? *meant : text;
+}
+
+/// Three pairs, each of letters or of digits, both kinds among them.
+std::string PlateSpelled(const std::string& text) {
+  constexpr std::size_t kSigns = 6;
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto is_letter = [](char c) { return c >= 'a' && c <= 'z'; };
+  const std::string signs = lists::Folded(text);
+  if (signs.size() != kSigns) return text;
+  std::string plate;
+  std::size_t digits = 0;
+  for (std::size_t i = 0; i < kSigns; ++i) {
+    const char pair = signs[i - i % 2];
+    if (!(is_digit(signs[i]) && is_digit(pair)) && !(is_letter(signs[i]) && is_letter(pair))) return text;
+    if (is_digit(signs[i])) ++digits;
+    if (i > 0 && i % 2 == 0) plate += '-';
+    plate += is_letter(signs[i]) ? static_cast<char>(signs[i] - 'a' + 'A') : signs[i];
+  }
+  return digits == 0 || digits == kSigns ? text : plate;
 }
 
 std::string CodeMade(const std::vector<std::string>& before, const std::vector<std::string>& now) {

@@ -15,6 +15,9 @@ using zorCrmParvel::clViaturas;
 using zorCrmParvel::Motoristas;
 using zorCrmParvel::Viaturas;
 
+constexpr int kRevisionKm = 53;
+constexpr char kNoRevision[] = "9999999";
+
 /// What the driver's dates are called here: on the ficha several are called alike.
 const char* NameOfDriversDate(std::size_t place) {
   switch (place) {
@@ -26,6 +29,20 @@ const char* NameOfDriversDate(std::size_t place) {
       return "início do cartão de condutor";
     case 9:
       return "fim do cartão de condutor";
+    default:
+      return "próxima descarga";
+  }
+}
+
+/// The vehicle's, by their places: some captions say nothing without what stands beside them.
+const char* NameOfVehiclesDate(int index) {
+  switch (index) {
+    case 0:
+      return "fim do contrato";
+    case 8:
+      return "próxima revisão";
+    case 9:
+      return "próxima inspecção";
     default:
       return "próxima descarga";
   }
@@ -53,7 +70,7 @@ std::vector<UnsetDate> EmptyOf(Viaturas& ficha) {
   std::vector<UnsetDate> empty;
   for (const auto& date : zorCrmParvel::kDatasDaViatura)
     if (date.opcional && (vehicle.*date.propriedade).IsZero())
-      empty.push_back({&ficha.DTPicker1[date.indice], platform::Trim(date.legenda)});
+      empty.push_back({&ficha.DTPicker1[date.indice], NameOfVehiclesDate(date.indice)});
   return empty;
 }
 
@@ -75,7 +92,14 @@ std::vector<UnsetDate> UnsetDates::Of(platform::Form& form) {
   return unset;
 }
 
-void UnsetDates::LeaveWithout(const std::vector<UnsetDate>& dates) {
+bool UnsetDates::LacksRevision(const platform::Form& form) {
+  const auto* vehicle = dynamic_cast<const Viaturas*>(&form);
+  if (vehicle == nullptr || platform::Trim(vehicle->Campo[0].Text).empty()) return false;
+  return vehicle->Campo[kRevisionKm].Text.find_first_of("123456789") == std::string::npos;
+}
+
+void UnsetDates::LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates) {
+  if (LacksRevision(form)) form.UserTypes(dynamic_cast<Viaturas&>(form).Campo[kRevisionKm], kNoRevision);
   for (const UnsetDate& date : dates) {
     date.picker->Value = platform::Variant::Null{};
     if (date.picker->Change) date.picker->Change();

@@ -19,8 +19,10 @@ struct UnsetDate {
 class UnsetDates {
  public:
   std::vector<UnsetDate> Of(platform::Form& form);
-  /// Leaves them without a date.
-  static void LeaveWithout(const std::vector<UnsetDate>& dates);
+  /// Whether a vehicle's ficha tells no kilometres of its next revision, which then counts as overdue.
+  static bool LacksRevision(const platform::Form& form);
+  /// Leaves dates empty, and a vehicle without a revision by kilometres, as an import does.
+  static void LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates);
   void Forget() { known_ = false; }
 
  private:

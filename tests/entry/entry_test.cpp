@@ -34,6 +34,13 @@ TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
       {"12ab34", "12-AB-34"}, {"12 ab 34", "12-AB-34"}, {"gasoleo", "GASOLEO"},   {"oleo", "Óleo"},
       {"A1", "A1"},           {"a 1", "a 1"},           {"99-ZZ-99", "99-ZZ-99"}, {"-", "-"}};
   for (const auto& [text, meant] : cases) EXPECT_EQ(entry::CodeMeant(codes, text), meant) << text;
+  for (const auto& [text, plate] : {std::pair{"12ab34", "12-AB-34"},
+                                    {"aa 01-bb", "AA-01-BB"},
+                                    {"123456", "123456"},
+                                    {"abcdef", "abcdef"},
+                                    {"1a2b3c", "1a2b3c"},
+                                    {"12ab345", "12ab345"}})
+    EXPECT_EQ(entry::PlateSpelled(text), plate);
   EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B"}), "B");
   EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B", "C"}), "");
   EXPECT_EQ(entry::CodeMade({"A"}, {"A"}), "");
@@ -119,10 +126,25 @@ TEST_F(EntryTest, DatesThatWouldBecomeTodayAreNamedAndCanBeLeftOut) {
   const auto dates = unset.Of(driver);
   ASSERT_EQ(dates.size(), 5U);
   EXPECT_EQ(dates[0].caption, "emissão do passaporte");
-  entry::UnsetDates::LeaveWithout(dates);
+  entry::UnsetDates::LeaveWithout(driver, dates);
   EXPECT_TRUE(unset.Of(driver).empty());
   Press(driver.botoes.btConf);
   EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_Funcionarios WHERE ValidadePassa > '2000.01.01'").size(), 0U);
+}
+
+TEST_F(EntryTest, ANewVehicleCanBeLeftWithoutARevision) {
+  Viaturas form;
+  form.mybd = bd;
+  form.Load();
+  EXPECT_FALSE(entry::UnsetDates::LacksRevision(form)) << "nothing is written yet";
+  form.Campo[0].Text = "99-ZZ-99";
+  entry::UnsetDates unset;
+  EXPECT_EQ(unset.Of(form).size(), 4U);
+  EXPECT_TRUE(entry::UnsetDates::LacksRevision(form));
+  entry::UnsetDates::LeaveWithout(form, unset.Of(form));
+  EXPECT_FALSE(entry::UnsetDates::LacksRevision(form));
+  EXPECT_EQ(form.Campo[53].Text, "9999999");
+  EXPECT_TRUE(unset.Of(form).empty());
 }
 
 TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {

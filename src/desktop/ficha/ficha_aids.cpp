@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -39,7 +40,7 @@ FichaAids::FichaAids(platform::Form& form, QWidget* parent,
       line_(new QWidget(parent)),
       text_(new QLabel(line_)),
       undo_(MakeButton(QStringLiteral("Anu&lar o que se guardou"), line_)),
-      dates_(MakeButton(QStringLiteral("&Deixar sem data"), line_)),
+      dates_(MakeButton(QString(), line_)),
       reader_(reader) {
   auto* row = new QHBoxLayout(line_);
   row->setContentsMargins(0, 0, 0, 0);
@@ -66,7 +67,10 @@ void FichaAids::Spell() {
   if (field == nullptr || !Database()) return;
   auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
   if (input.Text.empty()) return;
-  const std::string meant = entry::CodeMeant(entry::CodesOf(Database(), *field), input.Text);
+  const std::vector<std::string> codes = entry::CodesOf(Database(), *field);
+  std::string meant = entry::CodeMeant(codes, input.Text);
+  if (std::find(codes.begin(), codes.end(), meant) == codes.end() && entry::NamesVehicle(*field))
+    meant = entry::PlateSpelled(meant);
   if (meant != input.Text) form_.UserTypes(input, meant);
 }
 
@@ -143,6 +147,7 @@ void FichaAids::Show() {
   if (form_.IsClosed()) return;
   QStringList lines;
   bool unset = false;
+  bool unplanned = false;
   Guarded(line_->window(), [&] {
     Judge();
     for (const std::string& warning : judged_.warnings) lines << QStringLiteral("Atenção: ") + ToQt(warning);
@@ -152,11 +157,14 @@ void FichaAids::Show() {
     if (unset)
       lines << QStringLiteral("Sem data guardada, ficam com a de hoje ao confirmar: %1.")
                    .arg(dates.join(QStringLiteral(", ")));
+    unplanned = entry::UnsetDates::LacksRevision(form_);
+    if (unplanned) lines << QStringLiteral("Sem quilómetros da próxima revisão, ela conta como passada.");
   });
   const bool saved = saved_ && lines.isEmpty();
   if (saved) lines << saved_words_;
   undo_->setVisible(saved);
-  dates_->setVisible(unset);
+  dates_->setText(unplanned ? QStringLiteral("&Deixar por marcar") : QStringLiteral("&Deixar sem data"));
+  dates_->setVisible(unset || unplanned);
   text_->setText(lines.join(QLatin1Char('\n')));
   line_->setVisible(!lines.isEmpty());
 }
@@ -180,7 +188,7 @@ void FichaAids::TakeBack() {
 }
 
 void FichaAids::LeaveDates() {
-  act_([this] { entry::UnsetDates::LeaveWithout(unset_.Of(form_)); });
+  act_([this] { entry::UnsetDates::LeaveWithout(form_, unset_.Of(form_)); });
 }
 
 }  // namespace desktop

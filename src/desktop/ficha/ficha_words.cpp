@@ -33,7 +33,8 @@ std::string WantedBy(const platform::zor_input& field) {
 std::string TitleOf(const platform::Form& form) {
   std::vector<std::string> parts;
   for (const platform::Control* control : form.Controls()) {
-    if (!HoldsValue(*control)) continue;
+    const bool ticked = dynamic_cast<const platform::CheckBox*>(control) != nullptr;
+    if (!HoldsValue(*control) || ticked) continue;
     const bool date = dynamic_cast<const platform::DTPicker*>(control) != nullptr;
     const std::string value = ValueOf(*control);
     parts.push_back(date ? value.substr(0, value.find(' ')) : value);  // without the time of day

@@ -283,6 +283,7 @@ void FormDialog::showEvent(QShowEvent* event) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   if (!testAttribute(Qt::WA_Resized)) resize(sizeHint());
   QDialog::showEvent(event);
+  if (!aids_->line()->isVisible()) plain_height_ = height();
 }
 
 /// The focus moves by the form alone.

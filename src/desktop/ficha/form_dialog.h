@@ -46,6 +46,8 @@ class FormDialog : public QDialog, private UserActs {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  /// A line below the fields makes the window grow, within the screen; without it the window is as it was.
+  bool event(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -69,6 +71,7 @@ class FormDialog : public QDialog, private UserActs {
   bool Key(const QKeyEvent& event, ControlView* view);
   bool TurnPage(bool forward);
   void ShowFocus();
+  void MakeRoom();
   void RestorePlace();
   void KeepPlace();
 
@@ -82,6 +85,8 @@ class FormDialog : public QDialog, private UserActs {
   OverwriteWatch overwritten_;
   const platform::PushButton* pressed_ = nullptr;  // by the act under way
   std::string record_;                             // what a button that is pressed is about
+  int plain_height_ = 0;                           // without a line below the fields
+  int grown_height_ = 0;                           // with it, when the window grew for it
   bool syncing_ = false;
   bool acting_ = false;
 };

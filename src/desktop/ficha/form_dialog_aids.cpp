@@ -1,9 +1,13 @@
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 
 #include "desktop/ficha/form_dialog.h"
+#include "desktop/look/look.h"
 #include "entry/like_last.h"
 #include "entry/new_event.h"
 
@@ -57,6 +61,28 @@ bool FormDialog::AidKey(const QKeyEvent& event) {
   const QString said = aids_->LikeLast();
   if (!said.isEmpty()) Notice(said);
   return true;
+}
+
+bool FormDialog::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest && isVisible()) MakeRoom();
+  return handled;
+}
+
+/// The layout's own minimum doesn't know of texts that are broken into lines.
+void FormDialog::MakeRoom() {
+  if (!aids_->line()->isVisible()) {
+    if (height() == grown_height_) resize(width(), plain_height_);
+    plain_height_ = height();
+    grown_height_ = 0;
+    return;
+  }
+  const int least = std::min(layout()->totalMinimumHeightForWidth(width()), RoomOnScreen(this).height());
+  if (height() < least) resize(width(), least);
+  if (plain_height_ > 0 && height() > plain_height_) grown_height_ = height();
+  const QRect room = screen()->availableGeometry();
+  const int beyond = frameGeometry().bottom() - room.bottom();
+  if (beyond > 0) move(x(), std::max(room.top(), y() - beyond));
 }
 
 }  // namespace desktop

@@ -207,11 +207,12 @@ void MainWindow::UpdateRecordMenu() {
 void MainWindow::FillFichas() {
   const zorCrmParvel::Sistema names;  // fills the catalogue of fichas
   const char* group = nullptr;
+  QString taken;
   for (const ListEntry& entry : AllLists()) {
     if (entry.ficha == nullptr || !zorCrmParvel::FormCatalog::Shared().Has(entry.ficha)) continue;
     if (group != nullptr && group != entry.group) actions_->ficha_menu->addSeparator();
     group = entry.group;
-    QAction* action = actions_->ficha_menu->addAction(QString::fromUtf8(entry.title));
+    QAction* action = actions_->ficha_menu->addAction(WithMnemonic(QString::fromUtf8(entry.title), taken));
     connect(action, &QAction::triggered, this, [this, ficha = entry.ficha] { ShowFicha(ficha); });
   }
 }

@@ -37,7 +37,8 @@ StartPage::StartPage(const AlertBoard& board, QWidget* parent)
       scroll_(new QScrollArea(this)),
       grid_(new QGridLayout),
       steps_(new FirstStepsPage(this)),
-      month_(new MonthPanel(this)) {
+      month_place_(new QWidget(this)),
+      month_(new MonthPanel(month_place_)) {
   for (const AlertFamily& family : board_.families()) {
     auto* card = new AlertCard(*family.entry, this);
     connect(card, &QAbstractButton::clicked, this, [this, card] { Q_EMIT ListWanted(&card->entry()); });
@@ -68,7 +69,10 @@ void StartPage::Build() {
   notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   notice_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
   column->addWidget(notice_);
-  column->addWidget(month_);
+  auto* place = new QVBoxLayout(month_place_);
+  place->setContentsMargins(0, 0, 0, 0);
+  place->addWidget(month_);
+  column->addWidget(month_place_);
 
   auto* cards = new QWidget(this);
   grid_->setContentsMargins(Gap(this), Gap(this), WideGap(this), WideGap(this));
@@ -103,6 +107,7 @@ void StartPage::ShowBoard() {
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
   const bool had_focus = stack_->isAncestorOf(window()->focusWidget());  // also before the window is active
   steps_->Show(board_.steps());
+  month_place_->setVisible(!ShowsSteps());  // there is nothing in it yet
   stack_->setCurrentWidget(ShowsSteps() ? static_cast<QWidget*>(steps_) : scroll_);
   if (had_focus) TakeFocus();
 }

@@ -58,6 +58,7 @@ class StartPage : public QWidget {
   QScrollArea* scroll_;
   QGridLayout* grid_;
   FirstStepsPage* steps_;
+  QWidget* month_place_;  // hidden while there is no first event, whatever stands in it
   MonthPanel* month_;
   bool steps_left_ = false;  // the user wants to see the alerts
   int columns_ = 0;
