@@ -180,8 +180,8 @@ TEST_F(StartPageTest, TheCalendarShowsWhatIsDueAndOpensItsFicha) {
   auto& days = *page.findChild<QTableWidget*>();
   auto& due = *page.findChild<QListWidget*>();
   EXPECT_TRUE(days.hasFocus());
-  EXPECT_TRUE(days.currentItem()->text().endsWith("hoje\nApólice AA-00-01"));
-  EXPECT_EQ(due.item(0)->text(), "Apólice AA-00-01");
+  EXPECT_TRUE(days.currentItem()->text().endsWith("hoje\nAA-00-01 · Apólice"));
+  EXPECT_EQ(due.item(0)->text(), "AA-00-01 · Apólice");
   Press(window, Qt::Key_Return);
   EXPECT_TRUE(due.hasFocus());
   QString opened;

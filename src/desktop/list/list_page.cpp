@@ -73,6 +73,7 @@ void ListPage::Build() {
   column->addWidget(bar_);
 
   table_->setAccessibleName(Title());
+  table_->ShowWhenEmpty(QStringLiteral("Nenhum registo corresponde ao filtro. Esc mostra todos."));
   table_->setFrameShape(QFrame::NoFrame);
   table_->setContextMenuPolicy(Qt::CustomContextMenu);
   stack_->addWidget(table_);
@@ -123,7 +124,7 @@ QString ListPage::CountText() const {
   if (failure_ || (is_reading_ && table_->grid().order().Count() == 0)) return {};
   const RowOrder& order = table_->grid().order();
   const long all = table_->grid().source().Rows();
-  QString count = order.IsNarrowed() ? QStringLiteral("%1 de %2").arg(order.RowCount()).arg(all)
+  QString count = order.IsNarrowed() ? QStringLiteral("%1 de %2").arg(Grouped(order.RowCount()), Grouped(all))
                                      : Counted(all, QStringLiteral("registo"), QStringLiteral("registos"));
   const std::size_t marked = WorkRows().size();
   if (marked == 0) return count;
@@ -216,7 +217,7 @@ void ListPage::ChooseKey(const std::string& key, long place) {
 std::string ListPage::KeyOf(long row) const {
   const std::optional<std::size_t> column = table_->grid().source().FindColumn(entry_.keyColumn);
   if (row < 0 || row >= table_->grid().source().Rows() || !column) return {};
-  return FromQt(table_->grid().source().Text(row, *column));
+  return table_->grid().source().Shown(row, *column);
 }
 
 void ListPage::RowChosen(long row) {

@@ -127,6 +127,7 @@ class ListPage : public Page {
   ReadTicket reading_;
   bool is_reading_ = false;  // rows are on their way
   bool restored_ = false;
+  QString objection_;  // to the filter that was typed last
   QList<QAction*> own_;
 
   QLabel* title_;

@@ -54,7 +54,9 @@ void ListPage::Filter(std::size_t column, const QString& text) {
     objection = ToQt(error.what());
   }
   table_->filters().SetObjection(static_cast<int>(column), objection);
-  if (!objection.isEmpty()) Q_EMIT Told(objection);
+  // What could not be read while it was half typed isn't said any longer.
+  if (objection != objection_) Q_EMIT Told(objection);
+  objection_ = objection;
   LookChanged();
 }
 

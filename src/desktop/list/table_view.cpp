@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QResizeEvent>
 #include <algorithm>
 #include <exception>
@@ -52,6 +53,7 @@ TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget
 void TableView::Refresh() {
   read_ahead_.stop();
   KeepRow([this] { model_->Refresh(); });
+  held_.clear();
   ApplyColumns();
   read_ahead_.start(0);
 }
@@ -163,6 +165,11 @@ void TableView::paintEvent(QPaintEvent* event) {
   const int last = rowAt(viewport()->height() - 1);
   if (first >= 0) PrepareRows(first, last < 0 ? model_->rowCount() - 1 : last);
   QTableView::paintEvent(event);
+  if (model_->rowCount() > 0 || when_empty_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(MutedText(palette()));
+  painter.drawText(viewport()->rect().adjusted(WideGap(this), WideGap(this), -WideGap(this), 0),
+                   Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, when_empty_);
 }
 
 void TableView::PrepareRows(int first, int last) const {
@@ -209,7 +216,9 @@ void TableView::currentChanged(const QModelIndex& current, const QModelIndex& pr
 
 void TableView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange && model_ != nullptr) ApplyColumns();
+  if (event->type() != QEvent::FontChange || model_ == nullptr) return;
+  held_.clear();
+  ApplyColumns();
 }
 
 void TableView::resizeEvent(QResizeEvent* event) {

@@ -47,6 +47,8 @@ class TableView : public QTableView {
   /// that commands work on stays the current one.
   void Copy();
 
+  /// What stands in the place of rows that filters keep away.
+  void ShowWhenEmpty(const QString& text) { when_empty_ = text; }
   /// The column that the user can type into, by its key; empty for none.
   void SetEditableColumn(const std::string& key);
 
@@ -103,9 +105,12 @@ class TableView : public QTableView {
   FilterHeader* header_;
   QTimer read_ahead_;
   QString typed_;
+  QString when_empty_;
   QElapsedTimer since_typed_;
   std::map<std::string, float> widths_;
   std::vector<ColumnWish> wishes_;  // of the columns that are shown, in pixels
+  std::map<std::string, double>
+      held_;  // what columns were found to hold: they don't jump while rows are chosen
   bool arranging_ = false;
 };
 

@@ -72,6 +72,7 @@ void TableView::MeasureColumns() {
   const std::vector<std::size_t> visible = model_->source().VisibleColumns();
   const std::vector<int> widest = WidestCells(visible);
   const double date = fontMetrics().horizontalAdvance(QStringLiteral("00-00-0000 00:00:00")) + 4 * Em(this);
+  const auto& sort = model_->order().sort();
   wishes_.clear();
   for (std::size_t i = 0; i < visible.size(); ++i) {
     const TableColumn& column = model_->source().Columns()[visible[i]];
@@ -81,9 +82,11 @@ void TableView::MeasureColumns() {
       wishes_.push_back({.given = width, .holds = width, .least = width});
       continue;
     }
-    const int heading = fontMetrics().horizontalAdvance(column.caption) + 2 * Em(this);
+    const bool sorted = sort && sort->column == visible[i];  // its arrow needs room
+    const int heading = fontMetrics().horizontalAdvance(column.caption) + (sorted ? 3 : 2) * Em(this);
     const double given = FromTwips(column.width, this);
-    const double holds = std::max(heading, widest[i]);
+    double& holds = held_[column.key];
+    holds = std::max({holds, static_cast<double>(heading), static_cast<double>(widest[i])});
     wishes_.push_back(
         {.given = given, .holds = holds, .least = holds <= date ? holds : std::min(given, holds)});
   }

@@ -145,6 +145,11 @@ void HouseStyle::SetAccent(QWidget* button, bool accent) {
   button->update();
 }
 
+void HouseStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  palette.setColor(QPalette::PlaceholderText, MutedText(palette));
+}
+
 void HouseStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   if (auto* calendar = qobject_cast<QCalendarWidget*>(widget)) {

@@ -14,6 +14,8 @@ class HouseStyle : public QProxyStyle {
   static void SetAccent(QWidget* button, bool accent = true);
 
   using QProxyStyle::polish;
+  /// What a field wants is said in a colour that is read on it, whatever the desktop gives.
+  void polish(QPalette& palette) override;
   /// Calendars and file dialogs tell days as the rest of the program does.
   void polish(QWidget* widget) override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

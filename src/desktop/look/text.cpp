@@ -1,8 +1,9 @@
 #include "desktop/look/text.h"
 
-#include <QLocale>
 #include <QTextDocument>
 #include <algorithm>
+
+#include "platform/format.h"
 
 namespace desktop {
 namespace {
@@ -37,10 +38,22 @@ QString Folded(QStringView text) {
   return folded;
 }
 
+QString WithMnemonic(const QString& text, QString& taken) {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar letter = text[i].toLower();
+    if (!IsAscii(text.mid(i, 1)) || !letter.isLetter() || taken.contains(letter)) continue;
+    taken += letter;
+    return text.left(i) + QLatin1Char('&') + text.mid(i);
+  }
+  return text;
+}
+
+QString Grouped(long number) {
+  return ToQt(platform::FormatNumber(static_cast<double>(number), "###,###,###,##0"));
+}
+
 QString Counted(long count, const QString& singular, const QString& plural) {
-  const QLocale portuguese(QLocale::Portuguese, QLocale::Portugal);
-  return portuguese.toString(static_cast<qlonglong>(count)) + QLatin1Char(' ') +
-         (count == 1 ? singular : plural);
+  return Grouped(count) + QLatin1Char(' ') + (count == 1 ? singular : plural);
 }
 
 }  // namespace desktop

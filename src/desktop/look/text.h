@@ -21,6 +21,11 @@ QString PlainToolTip(const QString& text);
 /// A text for searching: no difference of case, accents, hyphens and blanks is left.
 QString Folded(QStringView text);
 
+/// The text with "&" before its first letter that isn't taken yet, which then is; as it was when all are.
+QString WithMnemonic(const QString& text, QString& taken);
+
+/// A whole number as the module writes it: "11.691".
+QString Grouped(long number);
 /// A count with its noun: "1 registo", "1.250 registos".
 QString Counted(long count, const QString& singular, const QString& plural);
 

@@ -1,7 +1,6 @@
 #include "desktop/start/alert_card.h"
 
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPainter>
 
 #include "desktop/look/icons.h"
@@ -21,8 +20,6 @@ constexpr double kHoverShare = 0.09;
 constexpr QRgb kRed = qRgb(255, 0, 0);
 constexpr QRgb kOrange = qRgb(255, 128, 0);
 constexpr QRgb kYellow = qRgb(255, 255, 0);
-
-QString Number(long rows) { return QLocale().toString(static_cast<qlonglong>(rows)); }
 
 QFont Larger(const QFont& font, double factor) {
   QFont larger = font;
@@ -73,7 +70,7 @@ void AlertCard::ShowBands(const AlertFamily& family) {
     return;
   }
   if (feed_.isEmpty()) feed_ = QStringLiteral("Só na lista");
-  total_ = Number(counts.linhas);
+  total_ = Grouped(counts.linhas);
   bands_.push_back({0, kRed, QStringLiteral("Vencidos"), counts.passadas});
   if (family.has_very_soon)
     bands_.push_back({1, kOrange, QStringLiteral("Muito em breve"), counts.muitoBreves});
@@ -85,14 +82,15 @@ QStringList AlertCard::Lines() const {
   if (!total_.isEmpty()) lines << total_;
   if (!feed_.isEmpty()) lines << feed_;
   if (!message_.isEmpty()) lines << message_;
-  for (const Band& band : bands_) lines << band.word + QStringLiteral(": ") + Number(band.rows);
+  for (const Band& band : bands_) lines << band.word + QStringLiteral(": ") + Grouped(band.rows);
   if (!HandledText().isEmpty()) lines << HandledText();
   return lines;
 }
 
 QString AlertCard::HandledText() const {
-  return handled_ == 0 || bands_.empty() ? QString()
-                                         : QStringLiteral("Destes, tratados ou adiados: ") + Number(handled_);
+  return handled_ == 0 || bands_.empty()
+             ? QString()
+             : QStringLiteral("Destes, tratados ou adiados: ") + Grouped(handled_);
 }
 
 QSize AlertCard::sizeHint() const { return {Em(this) * kWidth, Em(this) * kHeight}; }
@@ -150,7 +148,7 @@ void AlertCard::PaintBand(QPainter& painter, QRect& place, const Band& band) con
   }
   painter.setPen(band.rows > 0 ? palette().color(QPalette::Text) : MutedText(palette()));
   painter.drawText(line.adjusted(Em(this) * 3 / 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, band.word);
-  painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, Number(band.rows));
+  painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, Grouped(band.rows));
 }
 
 }  // namespace desktop

@@ -31,7 +31,8 @@ platform::Date FirstOfMonth(platform::Date day) {
   return platform::Date::FromParts(day.year(), day.month(), 1);
 }
 
-QString LineOf(const due::DueDate& date) { return ToQt(date.what + " " + date.record); }
+/// The record first: what doesn't fit a day is cut behind it.
+QString LineOf(const due::DueDate& date) { return ToQt(date.record + " · " + date.what); }
 
 }  // namespace
 

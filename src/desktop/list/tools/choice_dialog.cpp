@@ -35,6 +35,7 @@ ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std
   connect(search_, &QLineEdit::textChanged, this, &ChoiceDialog::Narrow);
   column->addWidget(search_);
   list_->setAccessibleName(title);
+  list_->setSpacing(Em(this) / 8);  // the boxes would touch
   for (const auto& [text, rows] : occurring) {
     const QString shown = text.empty() ? QStringLiteral("(sem valor)") : ToQt(text);
     auto* item = new QListWidgetItem(QStringLiteral("%1  (%2)").arg(shown).arg(rows), list_);

@@ -37,8 +37,15 @@ void ForMarked(ListPage& page, const Do& act) {
   Q_EMIT page.Worked();
 }
 
-void Ask(ListPage& page, bool puts_off) {
-  HandlingDialog dialog(puts_off, static_cast<long>(page.WorkRows().size()), page.window());
+/// What the marked rows are: one by its record.
+QString NameOf(const ListPage& page, const MarkedRows& rows) {
+  const auto count = static_cast<long>(page.WorkRows().size());
+  if (count == 1) return ToQt(rows.plate.empty() ? rows.keys.front() : rows.plate);
+  return Counted(count, QStringLiteral("alerta"), QStringLiteral("alertas"));
+}
+
+void Ask(ListPage& page, const MarkedRows& rows, bool puts_off) {
+  HandlingDialog dialog(puts_off, NameOf(page, rows), page.window());
   if (dialog.exec() != QDialog::Accepted) return;
   const due::Handling handling = dialog.Handling();
   ForMarked(page, [&](const zorCrmParvel::DataAccessRef& bd, const std::string& alert) {
@@ -49,7 +56,7 @@ void Ask(ListPage& page, bool puts_off) {
 
 }  // namespace
 
-HandlingDialog::HandlingDialog(bool puts_off, long alerts, QWidget* parent)
+HandlingDialog::HandlingDialog(bool puts_off, const QString& alerts, QWidget* parent)
     : QDialog(parent), until_(new QDateEdit(this)), note_(new QLineEdit(this)), puts_off_(puts_off) {
   setObjectName(QStringLiteral("tratar-alertas"));
   setWindowTitle(puts_off ? QStringLiteral("Adiar") : QStringLiteral("Tratado"));
@@ -57,7 +64,9 @@ HandlingDialog::HandlingDialog(bool puts_off, long alerts, QWidget* parent)
   const int margin = WideGap(this);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(Gap(this));
-  column->addWidget(new QLabel(Counted(alerts, QStringLiteral("alerta"), QStringLiteral("alertas")), this));
+  auto* what = new QLabel(alerts, this);
+  what->setTextFormat(Qt::PlainText);
+  column->addWidget(what);
   auto* form = new QFormLayout;
   const QDate today = Day(platform::Today());
   until_->setDisplayFormat(QStringLiteral("dd-MM-yyyy"));
@@ -97,8 +106,8 @@ due::Handling HandlingDialog::Handling() const {
   return handling;
 }
 
-void PutOffAlerts(ListPage& page, const MarkedRows&) { Ask(page, true); }
-void SettleAlerts(ListPage& page, const MarkedRows&) { Ask(page, false); }
+void PutOffAlerts(ListPage& page, const MarkedRows& rows) { Ask(page, rows, true); }
+void SettleAlerts(ListPage& page, const MarkedRows& rows) { Ask(page, rows, false); }
 
 void ReopenAlerts(ListPage& page, const MarkedRows&) {
   ForMarked(page, [&](const zorCrmParvel::DataAccessRef& bd, const std::string& alert) {

@@ -17,7 +17,8 @@ class HandlingDialog : public QDialog {
   Q_OBJECT
 
  public:
-  HandlingDialog(bool puts_off, long alerts, QWidget* parent);
+  /// `alerts` says which they are.
+  HandlingDialog(bool puts_off, const QString& alerts, QWidget* parent);
 
   due::Handling Handling() const;
 
