@@ -110,20 +110,6 @@ QWidget* FormDialog::WidgetOf(const platform::Control& control) const {
   return nullptr;
 }
 
-void FormDialog::ShowOnly(const QString& why_not) {
-  why_not_ = why_not;
-  Sync();
-  ShowNotice();
-}
-
-/// What confirms or removes the record.
-bool FormDialog::IsDenied(const platform::Control* control) const {
-  const std::vector<platform::PushButton*>& removing = form_.layout.destructive;
-  return !why_not_.isEmpty() && control != nullptr &&
-         (control == form_.layout.accent ||
-          std::find(removing.begin(), removing.end(), control) != removing.end());
-}
-
 QString FormDialog::NoticeText() const { return notice_->text(); }
 
 void FormDialog::reject() {

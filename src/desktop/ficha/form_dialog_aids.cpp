@@ -85,4 +85,18 @@ void FormDialog::MakeRoom() {
   if (beyond > 0) move(x(), std::max(room.top(), y() - beyond));
 }
 
+void FormDialog::ShowOnly(const QString& why_not) {
+  why_not_ = why_not;
+  Sync();
+  ShowNotice();
+}
+
+/// What confirms or removes the record.
+bool FormDialog::IsDenied(const platform::Control* control) const {
+  const std::vector<platform::PushButton*>& removing = form_.layout.destructive;
+  return !why_not_.isEmpty() && control != nullptr &&
+         (control == form_.layout.accent ||
+          std::find(removing.begin(), removing.end(), control) != removing.end());
+}
+
 }  // namespace desktop
