@@ -12,6 +12,9 @@
 #include "desktop/start/alert_reading.h"
 #include "events/gastos_form.h"
 #include "exchange/import.h"
+#include "exchange/imports/take_back.h"
+#include "exchange/plan/import_plan.h"
+#include "exchange/shape/profile_guess.h"
 #include "far_fleet.h"
 #include "history/act.h"
 #include "history/keeping_store.h"
@@ -59,6 +62,8 @@ class Table {
   bool held_ = true;
 };
 
+long last = 0;  // number of the import that was stored last
+
 std::set<std::string> Parts(bool feed) {
   std::set<std::string> parts = {desktop::kStepsPart};
   for (const desktop::ListEntry& entry : desktop::AllLists())
@@ -89,21 +94,22 @@ void OpenFicha(const FarFleet& fleet) {
 }
 
 /// A month's file of a fuel company, after the fills that the fleet has.
-std::string Fills(int rows, int vehicles) {
+std::string Fills(int rows, int vehicles, int month = 1) {
   std::ostringstream file;
   file << "Matricula;Data;TipoGasto;Qtd;ValorUn;Km;Obs\n";
   for (int i = 0; i < rows; ++i)
-    file << 'V' << 100000 + i % vehicles << ';' << 1 + i / vehicles % 28 << "-01-2095 0" << i / vehicles % 10
-         << ":15;GASOLEO;40,5;1,659;" << 1000000 + i / vehicles * 500 << ";Posto d'Aveiras\n";
+    file << 'V' << 100000 + i % vehicles << ';' << 1 + i / vehicles % 28 << "-0" << month << "-2095 0"
+         << i / vehicles % 10 << ":15;GASOLEO;40,5;1,659;" << month * 1000000 + i / vehicles * 500
+         << ";Posto d'Aveiras\n";
   return file.str();
 }
 
-std::string Fines(int rows, int vehicles) {
+std::string Fines(int rows, int vehicles, int month = 2) {
   std::ostringstream file;
   file << "Matricula;Data;Motorista;ValorMulta;Obs\n";
   for (int i = 0; i < rows; ++i)
-    file << 'V' << 100000 + i % vehicles << ";0" << 1 + i % 9 << "-02-2026 08:" << 10 + i % 50 << ";M100000;"
-         << 30 + i << ";\n";
+    file << 'V' << 100000 + i % vehicles << ";0" << 1 + i % 9 << "-0" << month << "-2026 08:" << 10 + i % 50
+         << ";M100000;" << 30 + i << ";\n";
   return file.str();
 }
 
@@ -114,6 +120,28 @@ void Import(const FarFleet& fleet, const char* what, const std::string& text, lo
   const auto result = exchange::ImportCsv(*fleet.store(), *target, file, false, report);
   if (result.added != rows) std::printf("%s", report.str().c_str());
   bench::Require(result.added == rows);
+}
+
+/// The same with a profile, as the window imports, and taken back.
+void ImportWithProfile(const FarFleet& fleet, const std::string& file, const std::string& kind,
+                       const std::string& text, long rows) {
+  std::ofstream(file) << text;
+  exchange::Profile profile = exchange::GuessProfile(*exchange::KindOf(kind), [&] {
+    const auto reader = exchange::OpenTable(file);
+    std::vector<exchange::TableRow> sample(20);
+    for (exchange::TableRow& row : sample) reader->Next(row);
+    return sample;
+  }());
+  profile.name = kind;
+  profile.dateOrder = exchange::DateOrder::kDayFirst;
+  profile.decimal = ",";
+  exchange::ImportPlan plan(fleet.store(), std::move(profile));
+  plan.Load(*exchange::OpenTable(file));
+  const auto stored = plan.Store(file, kind, "ana", {}, {});
+  if (stored.rows.stored.rows != rows)
+    for (std::size_t i = 0; i < 3 && i < plan.size(); ++i) std::printf("%s\n", plan.why(i).reason.c_str());
+  bench::Require(stored.rows.stored.rows == rows);
+  last = stored.number;
 }
 
 void Small(Table& table, const FarFleet& fleet) {
@@ -161,6 +189,12 @@ void Large(Table& table) {
   const std::string fills = Fills(5000, 500);
   table.Row("importar gastos, 5,000 rows", 200, fleet, [&] { Import(fleet, "gastos", fills, 5000); });
   table.Row("importar multas, 500 rows", 200, fleet, [&] { Import(fleet, "multas", Fines(500, 500), 500); });
+  const bench::Folder folder("parvel-bench-trips-files");
+  table.Row("importar gastos with a profile, 5,000 rows", 200, fleet,
+            [&] { ImportWithProfile(fleet, folder.File() + ".csv", "gastos", Fills(5000, 500, 2), 5000); });
+  table.Row("and taken back", 200, fleet, [&] { exchange::TakeBackImport(fleet.store(), last, {}); });
+  table.Row("importar multas with a profile, 500 rows", 200, fleet,
+            [&] { ImportWithProfile(fleet, folder.File() + ".csv", "multas", Fines(500, 500, 3), 500); });
   const bench::Folder empty("parvel-bench-trips-transfer");
   sqlserver::OpenOptions options;
   options.connection = bench::StandInConnection(empty.File());

@@ -50,6 +50,9 @@ std::optional<std::size_t> NumberOf(const tsql::Table& table, const Recordset& r
   return {};
 }
 
+/// The end of a statement that opens a table for adding rows to it.
+constexpr std::string_view kOnlyToAdd = " WHERE 1=0";
+
 bool Any(const sqlserver::RowWriter::Values& values) {
   return std::any_of(values.begin(), values.end(), [](const auto& value) { return value.has_value(); });
 }
@@ -61,6 +64,7 @@ FarBatch::FarBatch(zorCrmParvel::Store& server, const std::string& schema)
 
 bool FarBatch::Covers(const std::string& statement) {
   const TableNames names = TablesIn(statement);
+  if (names.size() == 1 && statement.ends_with(kOnlyToAdd)) return tables_.TakeNone(*names.begin());
   return tables_.Take({names.begin(), names.end()});
 }
 

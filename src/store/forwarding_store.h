@@ -18,7 +18,7 @@ class ForwardingStore : public zorCrmParvel::Store {
   zorCrmParvel::Refusals Refused() override { return inner_->Refused(); }
   void BeginBatch() override { inner_->BeginBatch(); }
   void BeginLargeBatch() override { inner_->BeginLargeBatch(); }
-  long NumberGiven(const std::string& table, long number) const override {
+  long NumberGiven(const std::string& table, long number) override {
     return inner_->NumberGiven(table, number);
   }
   void CommitBatch() override { inner_->CommitBatch(); }

@@ -114,7 +114,8 @@ void NearStore::AbandonBatch() {
   if (std::exchange(batch_, false)) ForwardingStore::AbandonBatch();
 }
 
-long NearStore::NumberGiven(const std::string& table, long number) const {
+long NearStore::NumberGiven(const std::string& table, long number) {
+  if (large_) SendLarge();
   const auto numbers = given_.find(table);
   if (numbers == given_.end()) return number;
   const auto found = numbers->second.find(number);

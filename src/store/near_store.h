@@ -35,7 +35,7 @@ class NearStore : public ForwardingStore {
   void BeginLargeBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
-  long NumberGiven(const std::string& table, long number) const override;
+  long NumberGiven(const std::string& table, long number) override;
   void BeginSnapshot() override { ++snapshots_; }
   void EndSnapshot() noexcept override;
 

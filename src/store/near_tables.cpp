@@ -45,9 +45,17 @@ bool NearTables::Take(const std::vector<std::string>& tables) {
     if (table == nullptr) return false;
     const auto known = here_.find(table->name);
     if (known != here_.end()) return known->second;
-    if (HoldsDocuments(*table)) return false;
+    if (HoldsDocuments(*table) || none_.count(table->name) != 0) return false;
     return here_.emplace(table->name, Bring(table->name)).first->second;
   });
+}
+
+bool NearTables::TakeNone(const std::string& name) {
+  const tsql::Table* table = catalog_.Find(name);
+  if (table == nullptr || HoldsDocuments(*table)) return false;
+  if (const auto known = here_.find(table->name); known != here_.end()) return known->second;
+  if (none_.insert(table->name).second) taken_[table->name] = Open("SELECT * FROM [" + table->name + "]");
+  return true;
 }
 
 bool NearTables::TakeOnly(const std::string& name, platform::Recordset& rows) {

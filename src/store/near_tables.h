@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ class NearTables {
   /// Takes over those of the tables that are not here yet, each in one statement. False when one can't be:
   /// it is too large, the program does not know it, or its columns are others than the program's.
   bool Take(const std::vector<std::string>& tables);
+  /// Takes over none of a table's rows, for one that is only added to: from now on `Take` refuses it. False
+  /// as of `Take`; true when it is here whole.
+  bool TakeNone(const std::string& table);
   /// Takes rows of a table for all of it, when only they matter. False as of `Take`.
   bool TakeOnly(const std::string& table, platform::Recordset& rows);
   /// Runs a SELECT on tables that are here.
@@ -44,7 +48,8 @@ class NearTables {
   Keep keep_;
   tsql::Catalog catalog_;
   std::shared_ptr<embedded::Database> memory_;
-  std::map<std::string, bool> here_;  // by the catalogue's spelling
+  std::map<std::string, bool> here_;  // by the catalogue's spelling; false: it can't be taken
+  std::set<std::string> none_;        // tables of which no rows were taken
   std::map<std::string, zorCrmParvel::RecordsetRef> taken_;
 };
 

@@ -36,9 +36,9 @@ class Store : public DataAccess {
   virtual void AbandonBatch() = 0;
   /// A batch that will touch many rows.
   virtual void BeginLargeBatch() { BeginBatch(); }
-  /// The number that a row of a table has for good, by the one that the last large batch saw: until it is
-  /// kept, a row's number may be another one.
-  virtual long NumberGiven(const std::string& /*table*/, long number) const { return number; }
+  /// The number that a row of a table has for good, by the one that the large batch saw that is under way, or
+  /// the last one. One under way is sent for it.
+  virtual long NumberGiven(const std::string& /*table*/, long number) { return number; }
 
   // Used through `OwnNumbers`.
   virtual void BringNumbers(const std::string& table, bool on) = 0;
@@ -69,7 +69,7 @@ class Batch {
 };
 
 /// A batch that reads and writes many rows, as an import does. On a server that is far away it runs in memory
-/// and is sent in few pieces: numbers of new rows are final only after `Commit` (see `NumberGiven`).
+/// and is sent in few pieces: numbers of new rows are final only with `NumberGiven`.
 class LargeBatch : public Batch {
  public:
   explicit LargeBatch(Store& store) : Batch(store, &Store::BeginLargeBatch) {}

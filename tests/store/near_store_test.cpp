@@ -223,13 +223,35 @@ TEST_F(NearStoreTest, NumbersAreThoseOfTheServerOnceALargeBatchIsKept) {
                      "(2, 1, 'zor_PV_Multas', '2')");
   Run("INSERT INTO zor_PV_Multas (Matricula) VALUES ('outro')");
   Run("INSERT INTO parvel_importacoes (Quem) VALUES ('outro')");
+  EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 2), 3);  // sent for it
   batch.Commit();
   EXPECT_EQ(testing_support::Rows(far_, "SELECT Id, Matricula FROM zor_PV_Multas ORDER BY Id"),
             testing_support::Table({{"2", "outro"}, {"3", "B"}}));
   EXPECT_EQ(testing_support::Rows(far_, "SELECT Importacao, Chave FROM parvel_importacoes_linhas"),
             testing_support::Table({{"3", "3"}}));
-  EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 2), 3);
   EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 1), 1);
+}
+
+TEST_F(NearStoreTest, ATableThatIsOnlyAddedToIsNotTakenOver) {
+  Run("INSERT INTO zor_PV_Multas (Matricula) VALUES ('A')");
+  const auto add = [&](const char* plate) {
+    RecordsetRef rows;
+    near_->AbrirEdicao("SELECT * FROM zor_PV_Multas WHERE 1=0", rows);
+    rows->AddNew();
+    rows->Fields("Matricula").SetValue(plate);
+    rows->Update();
+  };
+  const auto all = [](const DataAccessRef& data) {
+    return testing_support::Rows(data, "SELECT Id, Matricula FROM zor_PV_Multas ORDER BY Id");
+  };
+  server_->Asked();
+  zorCrmParvel::LargeBatch batch(*store_);
+  add("B");
+  EXPECT_EQ(server_->Asked(), 0);
+  EXPECT_EQ(all(near_), testing_support::Table({{"1", "A"}, {"2", "B"}}));  // by the server
+  add("C");
+  batch.Commit();
+  EXPECT_EQ(all(far_), testing_support::Table({{"1", "A"}, {"2", "B"}, {"3", "C"}}));
 }
 
 TEST_F(NearStoreTest, ALargeBatchThatFailsKeepsNothing) {

@@ -219,7 +219,7 @@ TakenBack TakeBackImport(const platform::Ref<Store>& bd, long number,
   if (found->takenBack)
     throw std::runtime_error("A importação " + std::to_string(number) + " já foi anulada, em " +
                              found->takenBack->ToText() + ".");
-  Batch batch(*bd);
+  LargeBatch batch(*bd);
   TakenBack result = TakingBack(bd, number).Run();
   if (beforeCommit) beforeCommit();
   batch.Commit();

@@ -188,9 +188,9 @@ void ImportPlan::RequireAnswers() const {
 }
 
 /// Rows that are judged by what is written are written, and what was written is given up.
-std::unique_ptr<zorCrmParvel::Batch> ImportPlan::BatchToCheck(const PlanRun& run) const {
+std::unique_ptr<zorCrmParvel::LargeBatch> ImportPlan::BatchToCheck(const PlanRun& run) const {
   if (run.JudgesAlone() && data_->created.empty()) return nullptr;
-  return std::make_unique<zorCrmParvel::Batch>(*data_->bd);
+  return std::make_unique<zorCrmParvel::LargeBatch>(*data_->bd);
 }
 
 void ImportPlan::Check(const Progress& progress) {

@@ -111,7 +111,7 @@ class ImportPlan {
   void Look(std::size_t row, std::vector<TableCell>& cells);
   void Order();
   std::uint32_t OwnerOf(const std::string& text);
-  std::unique_ptr<zorCrmParvel::Batch> BatchToCheck(const PlanRun& run) const;
+  std::unique_ptr<zorCrmParvel::LargeBatch> BatchToCheck(const PlanRun& run) const;
   void JoinDocuments();
   void SplitLicences();
   void CheckOwner(std::uint32_t owner);

@@ -58,7 +58,7 @@ StoredImport ImportPlan::Store(const std::string& file, const std::string& check
                                const Progress& progress, const BeforeCommit& beforeCommit) {
   RequireAnswers();
   PlanData& data = *data_;
-  zorCrmParvel::Batch batch(*data.bd);
+  zorCrmParvel::LargeBatch batch(*data.bd);
   ImportLog log(data.bd, {.when = platform::Host::Current().Now(),
                           .who = who,
                           .kind = data.kind.name,
@@ -85,9 +85,10 @@ StoredImport ImportPlan::Store(const std::string& file, const std::string& check
   log.Finish();
   if (!data.profile.name.empty()) SaveProfile(data.bd, data.profile);
   if (progress && !progress(order_.size(), order_.size())) throw Cancelled();
-  if (beforeCommit) beforeCommit(log.number(), log.rows());
+  const long number = data.bd->NumberGiven("parvel_importacoes", log.number());
+  if (beforeCommit) beforeCommit(number, log.rows());
   batch.Commit();
-  StoredImport result{.number = log.number(), .rows = Sums(), .vehicles = {}};
+  StoredImport result{.number = number, .rows = Sums(), .vehicles = {}};
   if (std::string_view(data.kind.owner) == "Matricula")
     for (std::size_t i = 0; i < touched.size(); ++i)
       if (touched[i]) result.vehicles.push_back(data.owners[i]);
