@@ -245,9 +245,9 @@ ImportResult ImportCsvToLog(const platform::Ref<zorCrmParvel::Store>& database, 
   log.Finish();
   Told(report);
   if (result.added == 0) return result;
-  if (about.beforeCommit) about.beforeCommit(log.number(), log.rows());
-  batch.Commit();
   result.number = database->NumberGiven("parvel_importacoes", log.number());
+  if (about.beforeCommit) about.beforeCommit(result.number, log.rows());
+  batch.Commit();
   return result;
 }
 
