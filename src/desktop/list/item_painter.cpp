@@ -22,14 +22,19 @@ constexpr double kBandShare = 0.24;
 constexpr double kBandStep = 0.04;
 constexpr double kReadable = 4.5;
 
-/// True in the first column that is shown of a row with a band: it bears the band's mark.
-bool BearsMark(const QStyleOptionViewItem& item, const QModelIndex& index) {
+/// True in the first column that is shown.
+bool IsFirst(const QStyleOptionViewItem& item, const QModelIndex& index) {
   const auto* view = qobject_cast<const QTableView*>(item.widget);
-  if (view == nullptr || !index.data(GridModel::kBandColor).isValid()) return false;
+  if (view == nullptr) return false;
   const QHeaderView* header = view->horizontalHeader();
   for (int place = 0; place < header->visualIndex(index.column()); ++place)
     if (!header->isSectionHidden(header->logicalIndex(place))) return false;
   return true;
+}
+
+/// Of a row with a band the first column bears the band's mark.
+bool BearsMark(const QStyleOptionViewItem& item, const QModelIndex& index) {
+  return index.data(GridModel::kBandColor).isValid() && IsFirst(item, index);
 }
 
 double MarkSide(const QStyleOptionViewItem& item) { return item.fontMetrics.height() * 0.6; }
@@ -103,7 +108,9 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->fillRect(item.rect, Pale(item.palette, band.value<QColor>()));
   }
   if (BearsMark(item, index)) PaintMark(*painter, item, index, band.value<QColor>());
-  QStyledItemDelegate::paint(painter, item, index);
+  // The title of a group runs on over other cells: the table writes it.
+  if (!index.data(GridModel::kHeading).toBool() || !IsFirst(item, index))
+    QStyledItemDelegate::paint(painter, item, index);
   const QPalette& colors = option.palette;
   painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                     Blend(colors.color(QPalette::Base), colors.color(QPalette::Text), kRowLineShare));

@@ -18,6 +18,32 @@
 #include "desktop/shell/message_box.h"
 
 namespace desktop {
+namespace {
+
+/// The title of a group, over the cells that follow it as far as they are empty.
+void PaintTitle(const TableView& table, int place) {
+  const std::vector<std::size_t> visible = table.grid().source().VisibleColumns();
+  if (visible.empty()) return;
+  const auto index = [&](std::size_t column) { return table.grid().index(place, static_cast<int>(column)); };
+  QRect room = table.visualRect(index(visible.front()));
+  for (std::size_t i = 1; i < visible.size() && index(visible[i]).data().toString().isEmpty(); ++i)
+    room.setRight(table.visualRect(index(visible[i])).right());
+  const int margin = table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &table) + 1;
+  const bool chosen = table.selectionModel()->isSelected(index(visible.front()));
+  QFont bold = table.font();
+  bold.setBold(true);
+  QPainter painter(table.viewport());
+  painter.setFont(bold);
+  painter.setPen(chosen && table.hasFocus() && table.isActiveWindow()
+                     ? QColor(Qt::white)
+                     : table.palette().color(QPalette::Text));
+  room.adjust(margin, 0, -margin, 0);
+  painter.drawText(
+      room, Qt::AlignLeft | Qt::AlignVCenter,
+      QFontMetrics(bold).elidedText(index(visible.front()).data().toString(), Qt::ElideRight, room.width()));
+}
+
+}  // namespace
 
 TableView::TableView(std::unique_ptr<TableSource> source, bool sortable, QWidget* parent)
     : QTableView(parent), model_(new GridModel(std::move(source), this)), header_(new FilterHeader(this)) {
@@ -165,6 +191,9 @@ void TableView::paintEvent(QPaintEvent* event) {
   const int last = rowAt(viewport()->height() - 1);
   if (first >= 0) PrepareRows(first, last < 0 ? model_->rowCount() - 1 : last);
   QTableView::paintEvent(event);
+  for (int place = std::max(first, 0); first >= 0 && place <= (last < 0 ? model_->rowCount() - 1 : last);
+       ++place)
+    if (model_->order().HeadingAt(place) != nullptr) PaintTitle(*this, place);
   if (model_->rowCount() > 0 || when_empty_.isEmpty()) return;
   QPainter painter(viewport());
   painter.setPen(MutedText(palette()));
