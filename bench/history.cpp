@@ -153,9 +153,9 @@ void FillHistory(const std::string& file) {
 
 bool ComparePage() {
   const bench::Folder folder("parvel-bench-history-page");
-  const auto database = embedded::Database::Open(folder.File());
+  embedded::Database::Open(folder.File());
   FillHistory(folder.File());
-  history::KeepingStore store(database);
+  history::KeepingStore store(embedded::Database::Open(folder.File()));
   bool held = true;
   const auto look = [&](const char* what, const history::Filter& filter) {
     std::size_t found = 0;

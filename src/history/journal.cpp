@@ -275,9 +275,7 @@ long Journal::Note(const std::string& words, long undoes, const std::string& tab
   PutHead(words, {}, undoes);
   if (!table.empty()) {
     Put(kTable, table);
-    // A row that was stored in a large batch has got its number by now.
-    const bool number = key.find_first_not_of("0123456789") == std::string::npos;
-    Cut(kKey, number ? std::to_string(store_->NumberGiven(table, std::stol(key))) : key);
+    Cut(kKey, key);
   }
   Put(kRows, std::int32_t{0});
   rows_->Update();

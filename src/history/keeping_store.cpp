@@ -196,6 +196,7 @@ void KeepingStore::Run(const WriteTarget& target, const std::string& statement) 
   const std::vector<Image> before = ImagesOf(*target.table, *rows);
   inner_->ExecutarSql("", statement.c_str());
   std::vector<const Image*> keys;
+  keys.reserve(before.size());
   for (const Image& row : before) keys.push_back(&row);
   const std::map<std::string, Image> after = RowsByKey(*this, *target.table, keys);
   for (const Image& row : before)

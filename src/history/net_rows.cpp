@@ -27,7 +27,9 @@ void Fill(Image& row, const Image& from) {
 }
 
 void Add(Nets& nets, const tsql::Table& table, Image* before, Image* after) {
-  const auto [net, fresh] = nets.Of(FoldedKey(table, before != nullptr ? *before : *after));
+  const Image* known = before != nullptr ? before : after;
+  if (known == nullptr) return;
+  const auto [net, fresh] = nets.Of(FoldedKey(table, *known));
   if (fresh && before != nullptr)
     net.before = *before;
   else if (net.before && before != nullptr)
