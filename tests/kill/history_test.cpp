@@ -124,13 +124,14 @@ void FillDisk(const std::string& file, std::uintmax_t free) {
 
 TEST_F(HistoryTest, NeverHoldsLessNorMoreOnAFullDisk) {
   constexpr int kNotAllowed = 77;
+  constexpr std::uintmax_t kPage = 4096;
   const TemporaryFolder disk;
   const pid_t child = fork();
   if (child == 0) {
     if (!MountSmallDisk(disk.File(""))) _exit(kNotAllowed);
     const std::string file = disk.File("frota.db");
     int stopped = 0;
-    for (std::uintmax_t free = 0; free < 100 * 4096; free += 4096) {
+    for (std::uintmax_t free = 0; free < 100 * kPage; free += kPage) {
       SCOPED_TRACE(std::to_string(free) + " bytes free");
       for (const auto& each : fs::directory_iterator(disk.File(""))) fs::remove(each);
       fs::copy(before.File(""), disk.File(""), fs::copy_options::recursive);
