@@ -74,5 +74,19 @@ TEST_F(ClosingTest, OnlyWhatTheUserChangedAndDidNotConfirmIsAskedFor) {
   }
 }
 
+TEST_F(ClosingTest, LookingThroughTheTabsOfAVehicleChangesNothing) {
+  testing_support::AddFleet(bd(), 1000);
+  testing_support::AddVehicle(bd(), "AA-00-01");
+  testing_support::AddExpense(bd(), "AA-00-01", platform::Date::FromParts(2024, 2, 10), "PORTAGEM", "1",
+                              "7,5", 0);
+  window.ShowList("Viaturas");
+  desk.script.Next([](QWidget& ficha) {
+    for (int tab = 0; tab < 8; ++tab) Press(ficha, Qt::Key_PageDown, Qt::ControlModifier);
+    ficha.close();
+    EXPECT_FALSE(ficha.isVisible());
+  });
+  window.page()->Edit();
+}
+
 }  // namespace
 }  // namespace desktop_test

@@ -20,10 +20,11 @@ std::string ValueOf(const platform::Control& control) {
   return box != nullptr ? std::to_string(box->Value) : std::string();
 }
 
+/// Where nobody can type there is nothing to confirm: the details of the event chosen on a tab come and go.
 std::vector<std::string> FichaContents::Read() const {
   std::vector<std::string> values;
   for (const platform::Control* control : form_.Controls())
-    if (HoldsValue(*control)) values.push_back(ValueOf(*control));
+    if (HoldsValue(*control)) values.push_back(control->Enabled ? ValueOf(*control) : std::string());
   return values;
 }
 
