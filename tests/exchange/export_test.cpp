@@ -25,7 +25,7 @@ ExportTable Expenses() {
 }
 
 TEST(Export, WritesWhatTheReaderReadsBack) {
-  const TableFiles files("parvel_export");
+  const TableFiles files;
   const std::string head =
       "1:Matr\xC3\xAD"
       "cula|Data|Litros|Custo|Pago|\n";
@@ -48,7 +48,7 @@ TEST(Export, WritesWhatTheReaderReadsBack) {
 }
 
 TEST(Export, LeavesTheFileAsItWasWhereItCannotWrite) {
-  const TableFiles files("parvel_export_failed");
+  const TableFiles files;
   std::filesystem::create_directories(files.Path("pasta.xlsx"));
   for (const char* name : {"pasta.xlsx", "falta/x.ods", "falta/x.csv", "falta/x.xlsx"}) {
     const std::string file = files.Path(name);
@@ -62,7 +62,7 @@ TEST(Export, PutsCellsOnTheClipboard) {
   EXPECT_EQ(ClipboardText(Expenses()),
             "Matrícula\tData\tLitros\tCusto\tPago\n=10-GJ-10\t01-07-2026 08:15:00\t45,125\t1234,50\tSim\n"
             "a;\"b\"  <c>  d\t\ta definir\t-0,01\tNão\n");
-  const TableFiles files("parvel_clipboard");
+  const TableFiles files;
   const auto page = OpenTable(files.Put("c.html", ClipboardHtml(Expenses())));
   EXPECT_EQ(Dump(*page),
             "1:Matrícula|Data|Litros|Custo|Pago|\n2:=10-GJ-10|01-07-2026 08:15:00|45,125|1234,50|Sim|\n"

@@ -39,7 +39,7 @@ class ImportPlanTest : public ImportTest {
   }
   long Expenses() { return static_cast<long>(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").size()); }
 
-  TableFiles files{"parvel_plan_test"};
+  TableFiles files;
   std::unique_ptr<ImportPlan> plan;
 };
 

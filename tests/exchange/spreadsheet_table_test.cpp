@@ -48,7 +48,7 @@ std::string Spreadsheet(const std::string& tables) {
 }
 
 TEST(SpreadsheetTable, ReadsXlsxAsItIsMeant) {
-  const TableFiles files("parvel_xlsx");
+  const TableFiles files;
   const std::string file = files.Zip(
       "mes.csv",
       Workbook(
@@ -89,7 +89,7 @@ TEST(SpreadsheetTable, ReadsXlsxAsItIsMeant) {
 }
 
 TEST(SpreadsheetTable, ReadsOdsAsItIsMeant) {
-  const TableFiles files("parvel_ods");
+  const TableFiles files;
   const std::string file = files.Zip("f", {{"META-INF/manifest.xml", "<m/>"}, {"content.xml", Spreadsheet(R"(
 <table:table table:name="Frota"><table:table-column table:number-columns-repeated="2"/><table:table-column table:visibility="collapse"/>
 <table:table-row table:number-rows-repeated="2"><table:table-cell/></table:table-row>
@@ -131,7 +131,7 @@ TEST(SpreadsheetTable, ReadsOldXlsAsItIsMeant) {
 }
 
 TEST(SpreadsheetTable, ReadsThePageThatIsNamedXls) {
-  const TableFiles files("parvel_html");
+  const TableFiles files;
   const auto table = OpenTable(
       files.Put("mes.xls",
                 "\n<HTML><meta charset=iso-8859-1><body><table><tr><td>t\xEDtulo<table><tr><th>Data<th "
@@ -165,7 +165,7 @@ TEST(SpreadsheetTable, CountsDaysInBothCalendars) {
 }
 
 TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
-  const TableFiles files("parvel_refused");
+  const TableFiles files;
   const std::string whole = files.Zip("w.xlsx", Workbook("<row><c><v>1</v></c></row>"));
   std::string bytes;
   {

@@ -2,7 +2,6 @@
 
 #include <zip.h>
 
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
@@ -10,20 +9,14 @@
 #include <vector>
 
 #include "exchange/table/table_reader.h"
+#include "support/temporary_folder.h"
 
 namespace exchange {
 
 /// A folder of files for one test, removed with it.
 class TableFiles {
  public:
-  explicit TableFiles(const std::string& name) : folder_(std::filesystem::temp_directory_path() / name) {
-    std::filesystem::create_directories(folder_);
-  }
-  ~TableFiles() { std::filesystem::remove_all(folder_); }
-  TableFiles(const TableFiles&) = delete;
-  TableFiles& operator=(const TableFiles&) = delete;
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string Path(const std::string& name) const { return folder_.File(name); }
   std::string Put(const std::string& name, const std::string& content) const {
     std::ofstream(Path(name), std::ios::binary) << content;
     return Path(name);
@@ -39,7 +32,7 @@ class TableFiles {
   }
 
  private:
-  std::filesystem::path folder_;
+  testing_support::TemporaryFolder folder_;
 };
 
 /// All rows of the open sheet, a line each: "3h: text|n4.5|d01-07-2026|b1|!#N/A|?|f=…", with the line's

@@ -1,19 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "exchange/table/table_reader.h"
+#include "support/temporary_folder.h"
 
 namespace exchange {
 namespace {
 
-/// A file in the temporary folder, removed at the end.
+/// A file in a folder of its own.
 class TextTableTest : public testing::Test {
  protected:
-  ~TextTableTest() override { std::filesystem::remove(file_); }
-
   std::string Put(const std::string& content) {
     std::ofstream(file_, std::ios::binary) << content;
     return file_;
@@ -32,7 +30,8 @@ class TextTableTest : public testing::Test {
     return all;
   }
 
-  std::string file_ = (std::filesystem::temp_directory_path() / "texto.tabela").string();
+  const testing_support::TemporaryFolder folder_;
+  std::string file_ = folder_.File("texto.tabela");
   char separator_ = 0;
   std::string encoding_;
 };
