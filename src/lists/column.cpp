@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -60,7 +59,7 @@ Column::Column(const Cells& cells, std::size_t column) : cells_(cells), column_(
   cells_.AboutToRead(column);
   const long rows = cells.Rows();
   numbers_.reserve(static_cast<std::size_t>(rows));
-  std::optional<Kind> kind;
+  kind_ = Kind::kText;
   for (long row = 0; row < rows; ++row) {
     const Variant value = cells.Value(row, column);
     if (IsBlank(value)) {
@@ -68,14 +67,13 @@ Column::Column(const Cells& cells, std::size_t column) : cells_(cells), column_(
       continue;
     }
     const auto [one, number] = Read(value);
-    if (one == Kind::kText || (kind && *kind != one)) {
-      kind.reset();
+    if (kind_ == Kind::kText) kind_ = one;  // the first value's
+    if (one == Kind::kText || one != kind_) {
+      kind_ = Kind::kText;
       break;
     }
-    kind = one;
     numbers_.push_back(number);
   }
-  kind_ = kind.value_or(Kind::kText);
   if (kind_ == Kind::kText) numbers_.clear();
 }
 
