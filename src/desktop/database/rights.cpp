@@ -1,8 +1,5 @@
 #include "desktop/database/rights.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "desktop/look/text.h"
 #include "history/view/table_names.h"
 
@@ -37,9 +34,8 @@ QString Rights::WhyNot(TableUse use, const std::string& table) const {
   if (!Refuses(use, table)) return {};
   if (file_)
     return QStringLiteral(
-        "O ficheiro da base de dados só permite leitura. Dê permissão de escrita no ficheiro e na sua pasta, "
-        "e "
-        "abra-o de novo.");
+        "O ficheiro da base de dados só permite leitura. Dê permissão de escrita no ficheiro e na sua "
+        "pasta, e abra-o de novo.");
   const QString act = use == TableUse::kRead     ? QStringLiteral("ver")
                       : use == TableUse::kAdd    ? QStringLiteral("criar registos em")
                       : use == TableUse::kChange ? QStringLiteral("alterar registos em")

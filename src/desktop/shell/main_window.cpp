@@ -1,5 +1,4 @@
 #include "desktop/shell/main_window.h"
-#include "desktop/reports/month_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -17,6 +16,7 @@
 #include "desktop/list/context_menu.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "desktop/reports/month_panel.h"
 #include "desktop/shell/desktop_notices.h"
 #include "desktop/shell/help_page.h"
 #include "desktop/shell/main_actions.h"
