@@ -34,6 +34,7 @@ const std::vector<KeepingStore*>& OpenStores() { return Stores(); }
 
 KeepingStore::KeepingStore(std::shared_ptr<Store> inner, Options options)
     : inner_(std::move(inner)),
+      past_(std::move(options.past)),
       file_(options.file ? std::move(options.file) : std::dynamic_pointer_cast<embedded::Database>(inner_)),
       who_(std::move(options.who)),
       catalog_(tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str())),

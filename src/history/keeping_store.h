@@ -27,6 +27,8 @@ struct Options {
   std::string schema;
   /// The file of the database, where other stores stand before it; otherwise it is found.
   std::shared_ptr<embedded::Database> file;
+  /// By what else the database is written to, past the history; otherwise by what that stands before alone.
+  std::shared_ptr<zorCrmParvel::Store> past;
 };
 
 /// A database that remembers: every statement goes on as it stands, and of each row that a write touches the
@@ -39,6 +41,8 @@ class KeepingStore : public zorCrmParvel::Store {
   ~KeepingStore() override;
 
   const std::shared_ptr<Store>& inner() const { return inner_; }
+  /// True for what the history stands before, and for what leads to the same database past it.
+  bool StandsBefore(const Store& store) const { return &store == inner_.get() || &store == past_.get(); }
   /// The file of the database; null for a server's.
   embedded::Database* file() const { return file_.get(); }
   const tsql::Catalog& catalog() const { return catalog_; }
@@ -123,6 +127,7 @@ class KeepingStore : public zorCrmParvel::Store {
   void RecordInserted(const WriteTarget& target);
 
   std::shared_ptr<Store> inner_;
+  std::shared_ptr<Store> past_;
   std::shared_ptr<embedded::Database> file_;
   Who who_;
   tsql::Catalog catalog_;

@@ -17,16 +17,16 @@ std::map<std::string, OutsideUndoing>& Undoings() {
 
 void SetUndoing(const std::string& table, OutsideUndoing undoing) { Undoings()[table] = std::move(undoing); }
 
-void NoteIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+void NoteIn(const zorCrmParvel::Store& database, const std::string& words, const std::string& table,
             const std::string& key) {
   for (KeepingStore* store : OpenStores())
-    if (store->inner().get() == &inner) store->Note(words, table, key);
+    if (store->StandsBefore(database)) store->Note(words, table, key);
 }
 
-void NoteUndoneIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+void NoteUndoneIn(const zorCrmParvel::Store& database, const std::string& words, const std::string& table,
                   const std::string& key) {
   for (KeepingStore* store : OpenStores())
-    if (store->inner().get() == &inner) store->NoteUndone(words, table, key);
+    if (store->StandsBefore(database)) store->NoteUndone(words, table, key);
 }
 
 std::optional<Noted> NotedBy(KeepingStore& store, long operation) {

@@ -22,9 +22,9 @@ void SetUndoing(const std::string& table, OutsideUndoing undoing);
 
 /// Notes, in the history of a database that is open here, what is written past it, or that it was taken back:
 /// see `KeepingStore::Note`.
-void NoteIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+void NoteIn(const zorCrmParvel::Store& database, const std::string& words, const std::string& table,
             const std::string& key);
-void NoteUndoneIn(const zorCrmParvel::Store& inner, const std::string& words, const std::string& table,
+void NoteUndoneIn(const zorCrmParvel::Store& database, const std::string& words, const std::string& table,
                   const std::string& key);
 
 /// What an operation noted.

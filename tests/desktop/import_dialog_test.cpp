@@ -102,6 +102,24 @@ TEST_F(ImportDialogTest, AFileIsMappedCorrectedStoredTakenBackAndKnownTheNextTim
   window.actions().import_file->trigger();
 }
 
+TEST_F(ImportDialogTest, AnImportIsUndoneLikeAnyOtherAct) {
+  std::ofstream(file.toStdString()) << "Matrícula;Data;Tipo Gasto;Quantidade;Custo;Km\n"
+                                       "10-GJ-10;13-11-2026 10:00;GASOLEO;40;60,00;1500\n";
+  const auto vehicles = [this] { return testing_support::Rows(bd(), "SELECT * FROM zor_PV_Viaturas"); };
+  const testing_support::Table before = vehicles();
+  desk.script.Next([this](QWidget& opened) {
+    dynamic_cast<desktop::ImportDialog&>(opened).OpenFile(file);
+    for (const char* button : {"Continuar >", "Continuar >", "Guardar 1 registo", "Fechar"})
+      ClickButton(opened, button);
+  });
+  window.actions().import_file->trigger();
+  ASSERT_EQ(Expenses().size(), 1U);
+  EXPECT_NE(vehicles(), before);
+  window.actions().undo->trigger();
+  EXPECT_TRUE(Expenses().empty());
+  EXPECT_EQ(vehicles(), before);
+}
+
 TEST_F(ImportDialogTest, WhatIsNoTableIsToldAndWhatLacksIsAsked) {
   std::ofstream(desk.folder.filePath("imagem.xlsx").toStdString()) << "PK\x03\x04 nada";
   std::ofstream(file.toStdString()) << "Matrícula;Valor\n10-GJ-10;5,00\n";

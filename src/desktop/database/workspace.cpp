@@ -7,8 +7,10 @@ namespace {
 
 /// The history before a database whose file, if it is one, stands behind others.
 std::shared_ptr<history::KeepingStore> Kept(const std::shared_ptr<zorCrmParvel::Store>& before,
+                                            const std::shared_ptr<zorCrmParvel::Store>& past,
                                             const std::shared_ptr<zorCrmParvel::Store>& database) {
   history::Options options;
+  options.past = past;
   options.file = std::dynamic_pointer_cast<embedded::Database>(database);
   return std::make_shared<history::KeepingStore>(before, std::move(options));
 }
@@ -21,7 +23,7 @@ Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
     : store_(std::move(store)),
       watch_(std::make_shared<store::TableWatch>(store_)),
       foreseen_(std::make_shared<store::ForeseenStore>(watch_)),
-      kept_(Kept(foreseen_, store_)),
+      kept_(Kept(foreseen_, watch_, store_)),
       reader_(store_) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";

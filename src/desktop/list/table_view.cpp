@@ -110,7 +110,7 @@ bool TableView::TurnGroup() {
   if (model_->order().HeadingAt(place) == nullptr) return false;
   const int column = currentIndex().column();
   model_->Reorder([place](RowOrder& order) { order.Turn(place); });
-  setCurrentIndex(model_->index(place, column));
+  GoTo(place, column);
   return true;
 }
 
@@ -126,13 +126,18 @@ void TableView::SetCurrentRow(long row) {
     setCurrentIndex({});
     return;
   }
-  setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
+  GoTo(static_cast<int>(place), static_cast<int>(visible.front()));
 }
 
 void TableView::GoToTop() {
   const std::vector<std::size_t> visible = model_->source().VisibleColumns();
-  if (model_->rowCount() > 0 && !visible.empty())
-    setCurrentIndex(model_->index(0, static_cast<int>(visible.front())));
+  if (model_->rowCount() > 0 && !visible.empty()) GoTo(0, static_cast<int>(visible.front()));
+}
+
+/// Chooses one row alone, whatever key is held down meanwhile.
+void TableView::GoTo(int place, int column) {
+  selectionModel()->setCurrentIndex(model_->index(place, column),
+                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 std::vector<long> TableView::MarkedRows() const {
@@ -182,7 +187,7 @@ void TableView::keyboardSearch(const QString& text) {
   const int current = currentIndex().isValid() ? currentIndex().row() : -1;
   const long place = model_->order().FindBeginning(sort ? sort->column : visible.front(), FromQt(typed_),
                                                    goes_on ? current : current + 1);
-  if (place >= 0) setCurrentIndex(model_->index(static_cast<int>(place), static_cast<int>(visible.front())));
+  if (place >= 0) GoTo(static_cast<int>(place), static_cast<int>(visible.front()));
 }
 
 /// What is about to be seen is read together.

@@ -100,6 +100,7 @@ class TableView : public QTableView {
   void ClickedHeading(int section);
   void ResizedColumn(int section, int width);
   void KeepRow(const std::function<void()>& change);
+  void GoTo(int place, int column);
 
   GridModel* model_;
   FilterHeader* header_;
