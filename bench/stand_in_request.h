@@ -43,6 +43,7 @@ struct Environment : Thing {};
 struct Connection : Thing {
   std::shared_ptr<embedded::Database> database;
   std::string numbered;  // the table that got a row last
+  std::string bringing;  // the table whose rows bring their numbers
   bool batch = false;
 };
 
@@ -171,8 +172,27 @@ inline void Set(Connection& connection, const std::string& statement) {
   constexpr std::string_view kNumbers = "SET IDENTITY_INSERT [";
   if (!statement.starts_with(kNumbers)) return;
   const auto end = statement.find(']');
-  connection.database->BringNumbers(statement.substr(kNumbers.size(), end - kNumbers.size()),
-                                    statement.ends_with("ON"));
+  connection.bringing =
+      statement.ends_with("ON") ? statement.substr(kNumbers.size(), end - kNumbers.size()) : std::string();
+}
+
+/// Puts in a row that brings its number: its values are read as a statement of their own.
+inline bool Brought(Connection& connection, const std::string& statement) {
+  const std::string head = "INSERT INTO [" + connection.bringing + "] (";
+  const auto values = statement.find(") VALUES (");
+  if (connection.bringing.empty() || !statement.starts_with(head) || values == std::string::npos)
+    return false;
+  std::vector<std::string> columns;
+  for (std::size_t at = statement.find('[', head.size()); at < values; at = statement.find('[', at + 1))
+    columns.push_back(statement.substr(at + 1, statement.find(']', at) - at - 1));
+  const auto first = values + std::string_view(") VALUES (").size();
+  RecordsetRef row;
+  connection.database->AbrirLeitura(
+      "", ("SELECT " + statement.substr(first, statement.rfind(')') - first)).c_str(), row);
+  zorCrmParvel::RowValues all;
+  for (std::size_t i = 0; i < columns.size(); ++i) all.emplace_back(row->Fields(i).Value());
+  connection.database->AddRows(connection.bringing, columns, {&all});
+  return true;
 }
 
 inline SQLRETURN RunNext(Request& request) {
@@ -199,7 +219,7 @@ inline SQLRETURN RunNext(Request& request) {
       request.rows = OneNumber(1);
     } else if (platform::EqualsIgnoringCase(platform::Trim(statement).substr(0, 6), "select")) {
       database.AbrirLeitura("", statement.c_str(), request.rows);
-    } else {
+    } else if (!Brought(connection, statement)) {
       database.ExecutarSql("", statement.c_str());
       if (statement.starts_with("INSERT INTO ["))
         connection.numbered = statement.substr(13, statement.find(']') - 13);

@@ -8,6 +8,7 @@
 #include "embedded/storage/database_restore.h"
 #include "embedded/storage/engine.h"
 #include "embedded/storage/file_steps.h"
+#include "embedded/storage/row_insert.h"
 #include "embedded/storage/schema.h"
 
 namespace schema {
@@ -119,7 +120,10 @@ zorCrmParvel::Refusals Database::Refused() {
 void Database::BeginBatch() { engine_->BeginBatch(); }
 void Database::CommitBatch() { engine_->CommitBatch(); }
 void Database::AbandonBatch() { engine_->AbandonBatch(); }
-void Database::BringNumbers(const std::string& table, bool on) { engine_->BringNumbers(on ? table : ""); }
+void Database::AddRows(const std::string& table, const std::vector<std::string>& columns,
+                       const std::vector<const zorCrmParvel::RowValues*>& rows) {
+  embedded::AddRows(*engine_, engine_->catalog().Get(table), columns, rows);
+}
 
 void Database::BeginSnapshot() { engine_->BeginSnapshot(); }
 void Database::EndSnapshot() noexcept { engine_->EndSnapshot(); }

@@ -90,6 +90,21 @@ Places PlacesOf(const tsql::Table& table, const platform::Recordset& rows) {
   return places;
 }
 
+Places PlacesOf(const tsql::Table& table, const std::vector<std::string>& names) {
+  Places places(table.columns.size());
+  for (std::size_t i = 0; i < places.size(); ++i)
+    for (std::size_t j = 0; j < names.size(); ++j)
+      if (platform::EqualsIgnoringCase(names[j], table.columns[i].name)) places[i] = j;
+  return places;
+}
+
+Image ImageOf(const Places& places, const zorCrmParvel::RowValues& row) {
+  Image image(places.size(), Variant::Null{});
+  for (std::size_t i = 0; i < image.size(); ++i)
+    if (places[i] && row[*places[i]]) image[i] = row[*places[i]];
+  return image;
+}
+
 Image ImageAt(const tsql::Table& table, platform::Recordset& rows, std::size_t row, const Places& places) {
   Image image(places.size());
   for (std::size_t i = 0; i < image.size(); ++i)

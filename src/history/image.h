@@ -8,13 +8,14 @@
 #include "platform/cell.h"
 #include "platform/recordset.h"
 #include "platform/variant.h"
+#include "store/store.h"
 #include "tsql/catalog.h"
 
 namespace history {
 
 /// Values of one row by the table's columns, in their order; nothing where a column was not recorded.
 /// Bytes that were read back from the history are the text of their digest.
-using Image = std::vector<std::optional<platform::Variant>>;
+using Image = zorCrmParvel::RowValues;
 
 bool HoldsBytes(const tsql::Column& column);
 
@@ -33,6 +34,10 @@ std::string Bracketed(std::string_view name);
 /// The field of a recordset for each column of a table; nothing where it has none of the name.
 using Places = std::vector<std::optional<std::size_t>>;
 Places PlacesOf(const tsql::Table& table, const platform::Recordset& rows);
+/// The place of each column in a list of names.
+Places PlacesOf(const tsql::Table& table, const std::vector<std::string>& names);
+/// A row that was put in; a column that it lacks is null.
+Image ImageOf(const Places& places, const zorCrmParvel::RowValues& row);
 /// Copies a row of a recordset.
 Image ImageAt(const tsql::Table& table, platform::Recordset& rows, std::size_t row, const Places& places);
 /// Copies all of them.

@@ -40,10 +40,6 @@ Image Differing(const tsql::Table& table, const Image& before, const Image& afte
   return differing;
 }
 
-bool IsWhole(const Image& image) {
-  return std::all_of(image.begin(), image.end(), [](const auto& value) { return value.has_value(); });
-}
-
 bool IsEmpty(const Image& image) {
   for (const auto& value : image)
     if (value) return false;
@@ -149,14 +145,16 @@ void Journal::AddRemoved(ActRecord& act, const tsql::Table& table, platform::Rec
   if (list.rows() > 0) CollectList(act, table, list, &Alteration::before);
 }
 
-void Journal::AddPutBack(ActRecord& act, const tsql::Table& table, const std::vector<const Image*>& rows) {
+void Journal::AddAdded(ActRecord& act, const tsql::Table& table, const Places& places,
+                       const std::vector<const zorCrmParvel::RowValues*>& rows) {
   JsonList list(table);
-  for (const Image* row : rows) {
-    if (rows.size() <= kFewRows || act.about.empty() || !IsWhole(*row)) {
-      Add(act, table, nullptr, row);
+  for (const zorCrmParvel::RowValues* row : rows) {
+    if (rows.size() <= kFewRows || act.about.empty()) {
+      const Image after = ImageOf(places, *row);
+      Add(act, table, nullptr, &after);
       continue;
     }
-    list.Add(*row);
+    list.Add(*row, places);
     if (list.rows() == kMostTogether) CollectList(act, table, list, &Alteration::after);
   }
   if (list.rows() > 0) CollectList(act, table, list, &Alteration::after);

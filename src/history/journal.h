@@ -47,8 +47,9 @@ class Journal {
   void Add(ActRecord& act, const tsql::Table& table, const Image* before, const Image* after);
   /// Rows of a table that a statement took away.
   void AddRemoved(ActRecord& act, const tsql::Table& table, platform::Recordset& rows);
-  /// Rows that were put back as they were.
-  void AddPutBack(ActRecord& act, const tsql::Table& table, const std::vector<const Image*>& rows);
+  /// Rows that were put into a table; `places`: of its columns in them.
+  void AddAdded(ActRecord& act, const tsql::Table& table, const Places& places,
+                const std::vector<const zorCrmParvel::RowValues*>& rows);
   /// Stores what was collected as part of an act.
   void Flush(ActRecord& act);
   void Forget();

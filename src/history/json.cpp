@@ -168,11 +168,13 @@ void JsonList::Begin(const Has& has) {
   json_ += "],\"linhas\":[[";
 }
 
-void JsonList::Add(const Image& row) {
-  Begin([&](std::size_t i) { return row[i].has_value(); });
-  for (std::size_t i = 0; i < row.size(); ++i) {
-    if (!row[i]) continue;
-    AppendJson(table_.columns[i], *row[i], json_);
+void JsonList::Add(const zorCrmParvel::RowValues& row, const Places& places) {
+  Begin([](std::size_t) { return true; });
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (places[i] && row[*places[i]])
+      AppendJson(table_.columns[i], *row[*places[i]], json_);
+    else
+      json_ += "null";
     json_ += ',';
   }
   json_.back() = ']';

@@ -17,8 +17,9 @@ std::string ToJson(const tsql::Table& table, const Image& image);
 class JsonList {
  public:
   explicit JsonList(const tsql::Table& table) : table_(table) {}
-  /// All rows of a list have the same columns.
-  void Add(const Image& row);
+  // All rows of a list have the same columns.
+  /// A row of values; a column that it lacks is null.
+  void Add(const zorCrmParvel::RowValues& row, const Places& places);
   /// A row of a recordset, of its fields alone.
   void Add(platform::Recordset& rows, std::size_t row, const Places& places);
   std::size_t rows() const { return count_; }

@@ -32,69 +32,129 @@ Currency MoneyOf(const std::string& text) {
   return Currency::FromTenThousandths(units);
 }
 
-Variant ValueOf(const tsql::Column& column, const json& value) {
-  if (value.is_null()) return Variant::Null{};
-  switch (tsql::FieldTypeOf(column.type.base)) {
-    case FieldType::kBool:
-      return value.get<bool>();
-    case FieldType::kInteger:
-      return value.get<std::int16_t>();
-    case FieldType::kLong:
-      return value.get<std::int32_t>();
-    case FieldType::kDouble:
-      return value.get<double>();
-    case FieldType::kCurrency:
-      return MoneyOf(value.get_ref<const std::string&>());
-    case FieldType::kDate: {
-      Date date;
-      if (!Date::TryParse(value.get_ref<const std::string&>(), date)) Unreadable(value.dump());
-      return date;
-    }
-    case FieldType::kText:
-    case FieldType::kBytes:
-      return value.get_ref<const std::string&>();
-  }
+Date MomentOf(const std::string& text) {
+  Date date;
+  if (!Date::TryParse(text, date)) Unreadable(text);
+  return date;
+}
+
+// The value for a column of a type; empty where it has no such values.
+
+template <typename Number>
+auto NumberFor(Number number) {
+  return [number](FieldType type) -> Variant {
+    if (type == FieldType::kInteger) return static_cast<std::int16_t>(number);
+    if (type == FieldType::kLong) return static_cast<std::int32_t>(number);
+    if (type == FieldType::kDouble) return static_cast<double>(number);
+    return {};
+  };
+}
+
+Variant TextFor(FieldType type, std::string& text) {
+  if (type == FieldType::kCurrency) return MoneyOf(text);
+  if (type == FieldType::kDate) return MomentOf(text);
+  if (type == FieldType::kText || type == FieldType::kBytes) return std::move(text);
   return {};
 }
 
-Image RowOf(const tsql::Table& table, const json& object) {
-  Image image(table.columns.size());
-  for (std::size_t i = 0; i < image.size(); ++i)
-    if (const auto found = object.find(table.columns[i].name); found != object.end())
-      image[i] = ValueOf(table.columns[i], *found);
-  return image;
-}
+/// Takes the values of a text as they are read, of which it makes rows: an object is one, and so is a list
+/// within `"linhas":[…]`, whose columns `"colunas":[…]` named.
+class RowsReader : public nlohmann::json_sax<json> {
+ public:
+  explicit RowsReader(const tsql::Table& table) : table_(table) {
+    for (const tsql::Column& column : table.columns) types_.push_back(tsql::FieldTypeOf(column.type.base));
+  }
 
-/// The rows of `{"colunas":[…],"linhas":[[…],…]}`.
-std::vector<Image> RowsOf(const tsql::Table& table, const json& list) {
-  std::vector<std::size_t> places;  // of the list's columns in the table's; behind all for one that is gone
-  for (const json& name : list.at("colunas")) {
-    const auto column = std::find_if(table.columns.begin(), table.columns.end(),
-                                     [&](const tsql::Column& each) { return each.name == name; });
-    places.push_back(static_cast<std::size_t>(column - table.columns.begin()));
+  std::vector<Image> Take() { return std::move(rows_); }
+
+  bool start_object(std::size_t) override {
+    rows_.emplace_back(types_.size());
+    return true;
   }
-  std::vector<Image> images;
-  for (const json& row : list.at("linhas")) {
-    Image& image = images.emplace_back(table.columns.size());
-    for (std::size_t i = 0; i < places.size(); ++i)
-      if (places[i] < image.size()) image[places[i]] = ValueOf(table.columns[places[i]], row.at(i));
+  bool end_object() override { return true; }
+  bool key(string_t& name) override {
+    names_ = name == "colunas";
+    list_ = list_ || name == "linhas";
+    if (names_ || list_) rows_.clear();  // the object that they stand in is no row
+    place_ = PlaceOf(name);
+    return true;
   }
-  return images;
-}
+  bool start_array(std::size_t) override {
+    if (++depth_ == 1) return Require(rows_.empty());
+    rows_.emplace_back(types_.size());
+    next_ = 0;
+    return Require(depth_ == 2 && list_);
+  }
+  bool end_array() override {
+    names_ = false;
+    return Require(--depth_ == 0 || next_ == places_.size());
+  }
+
+  bool null() override {
+    return Put([](FieldType) { return Variant(Variant::Null{}); });
+  }
+  bool boolean(bool value) override {
+    return Put([&](FieldType type) { return type == FieldType::kBool ? Variant(value) : Variant(); });
+  }
+  bool number_integer(number_integer_t value) override { return Put(NumberFor(value)); }
+  bool number_unsigned(number_unsigned_t value) override { return Put(NumberFor(value)); }
+  bool number_float(number_float_t value, const string_t&) override {
+    return Put([&](FieldType type) { return type == FieldType::kDouble ? Variant(value) : Variant(); });
+  }
+  bool string(string_t& text) override {
+    if (!names_) return Put([&](FieldType type) { return TextFor(type, text); });
+    places_.push_back(PlaceOf(text));
+    return true;
+  }
+  bool binary(binary_t&) override { return false; }
+  bool parse_error(std::size_t, const std::string&, const json::exception& error) override {
+    Unreadable(error.what());
+  }
+
+ private:
+  static constexpr auto kNone = static_cast<std::size_t>(-1);
+
+  std::size_t PlaceOf(const std::string& name) const {
+    for (std::size_t i = 0; i < types_.size(); ++i)
+      if (table_.columns[i].name == name) return i;
+    return kNone;
+  }
+
+  /// `make` gives the value for the column where it belongs.
+  template <typename Make>
+  bool Put(const Make& make) {
+    const std::size_t place = depth_ < 2 ? place_ : next_ < places_.size() ? places_[next_] : kNone;
+    ++next_;
+    if (rows_.empty()) Unreadable("não há coluna para um valor");
+    if (place == kNone) return true;
+    Variant value = make(types_[place]);
+    if (value.IsEmpty()) Unreadable(table_.columns[place].name);
+    rows_.back()[place] = std::move(value);
+    return true;
+  }
+
+  static bool Require(bool sound) {
+    if (!sound) Unreadable("uma lista fora do seu lugar");
+    return true;
+  }
+
+  const tsql::Table& table_;
+  std::vector<FieldType> types_;
+  std::vector<Image> rows_;
+  std::vector<std::size_t> places_;  // of the list's columns in the table's
+  std::size_t place_ = kNone;        // of the value to come in an object
+  std::size_t next_ = 0;             // of it in a row of a list
+  int depth_ = 0;                    // of lists
+  bool names_ = false;               // the list under way is that of the columns
+  bool list_ = false;
+};
 
 }  // namespace
 
 std::vector<Image> FromJson(const tsql::Table& table, std::string_view text) {
-  try {
-    const json parsed = json::parse(text);
-    if (parsed.is_object() && parsed.contains("linhas")) return RowsOf(table, parsed);
-    if (parsed.is_object()) return {RowOf(table, parsed)};
-    std::vector<Image> images;
-    for (const json& each : parsed) images.push_back(RowOf(table, each));
-    return images;
-  } catch (const json::exception& error) {
-    Unreadable(error.what());
-  }
+  RowsReader reader(table);
+  json::sax_parse(text, &reader);
+  return reader.Take();
 }
 
 }  // namespace history

@@ -251,6 +251,16 @@ RecordsetRef KeepingStore::OpenForEditing(const std::string& statement) {
   return platform::MakeRef<KeptRows>(*this, *table, rows);
 }
 
+void KeepingStore::AddRows(const std::string& table, const std::vector<std::string>& columns,
+                           const std::vector<const zorCrmParvel::RowValues*>& rows) {
+  const tsql::Table* recorded = Keeps() ? Recorded(table, catalog_) : nullptr;
+  Within([&] {
+    inner_->AddRows(table, columns, rows);
+    if (recorded == nullptr) return;
+    journal_.AddAdded(act_.record, *recorded, PlacesOf(*recorded, columns), rows);
+  });
+}
+
 RecordsetRef KeepingStore::OpenForReading(const std::string& statement) {
   SetMark();
   if (act_.depth > 0 && act_.wrote) Need();

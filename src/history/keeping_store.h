@@ -59,7 +59,8 @@ class KeepingStore : public zorCrmParvel::Store {
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
-  void BringNumbers(const std::string& table, bool on) override { inner_->BringNumbers(table, on); }
+  void AddRows(const std::string& table, const std::vector<std::string>& columns,
+               const std::vector<const zorCrmParvel::RowValues*>& rows) override;
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override;
   void BeginSnapshot() override { inner_->BeginSnapshot(); }
   void EndSnapshot() noexcept override { inner_->EndSnapshot(); }
@@ -96,10 +97,6 @@ class KeepingStore : public zorCrmParvel::Store {
   /// Runs a write and the recording of it within the unit.
   void Within(const std::function<void()>& write);
   void Changed(const tsql::Table& table, const Image* before, const Image* after);
-  /// Rows that were written past the recording, as they stood before.
-  void PutBack(const tsql::Table& table, const std::vector<const Image*>& rows) {
-    journal_.AddPutBack(act_.record, table, rows);
-  }
   /// Counts the units: rows that were read in an earlier one may have changed since.
   long unit() const { return units_; }
   bool InUnit() const { return open_; }

@@ -30,7 +30,9 @@ void Add(Nets& nets, const tsql::Table& table, Image* before, Image* after) {
   const Image* known = before != nullptr ? before : after;
   if (known == nullptr) return;
   const auto [net, fresh] = nets.Of(FoldedKey(table, *known));
-  if (fresh && before != nullptr)
+  if (fresh && before != nullptr && after == nullptr)
+    net.before = std::move(*before);
+  else if (fresh && before != nullptr)
     net.before = *before;
   else if (net.before && before != nullptr)
     Fill(*net.before, *before);

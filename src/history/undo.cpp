@@ -1,6 +1,7 @@
 #include "history/undo.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 #include <set>
 
@@ -20,6 +21,8 @@ namespace {
 using platform::RuntimeError;
 using platform::Variant;
 using zorCrmParvel::RecordsetRef;
+
+constexpr std::size_t kMostBytes = 4U << 20;  // of documents put back in one go
 
 /// One operation on its way back.
 class Undoing {
@@ -126,17 +129,39 @@ class Undoing {
     for (const auto& [key, net] : nets_[place].second)
       if (net.before && Now(place, key) == nullptr) rows.push_back(&*net.before);
     if (rows.empty()) return;
-    const zorCrmParvel::OwnNumbers numbers(store_, table.name);
-    RecordsetRef to;
-    store_.inner()->AbrirEdicao(("SELECT * FROM " + Bracketed(table.name) + " WHERE 1 = 0").c_str(), to);
-    const Places places = PlacesOf(table, *to);
+    std::vector<std::string> names;
+    for (const tsql::Column& column : table.columns) names.push_back(column.name);
+    if (std::none_of(table.columns.begin(), table.columns.end(), &HoldsBytes))
+      return store_.AddRows(table.name, names, rows);
+    std::deque<Image> whole;
+    std::vector<const Image*> together;
+    std::size_t size = 0;
+    const auto add = [&] {
+      store_.AddRows(table.name, names, together);
+      whole.clear();
+      together.clear();
+      size = 0;
+    };
     for (const Image* row : rows) {
-      to->AddNew();
-      Assign(table, *to, places, *row);
-      to->Update();
+      whole.push_back(WithContents(table, *row));
+      together.push_back(&whole.back());
+      size += BytesIn(whole.back());
+      if (size > kMostBytes) add();
     }
-    store_.PutBack(table, rows);
-    to->Close();
+    if (!together.empty()) add();
+  }
+
+  static std::size_t BytesIn(const Image& row) {
+    std::size_t size = 0;
+    for (const auto& value : row)
+      if (const auto* bytes = value ? value->As<platform::Bytes>() : nullptr) size += bytes->size();
+    return size;
+  }
+
+  Image WithContents(const tsql::Table& table, Image row) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      if (row[i] && HoldsBytes(table.columns[i]) && !row[i]->IsNull()) row[i] = Content(row[i]->ToText());
+    return row;
   }
 
   void WriteRow(const tsql::Table& table, const Image& key, const Image& values) {
@@ -145,18 +170,12 @@ class Undoing {
     RecordsetRef rows;
     store_.AbrirEdicao(
         ("SELECT * FROM " + Bracketed(table.name) + " WHERE " + KeyCondition(table, key)).c_str(), rows);
-    Assign(table, *rows, PlacesOf(table, *rows), values);
+    const Places places = PlacesOf(table, *rows);
+    const Image whole = WithContents(table, values);
+    for (std::size_t i = 0; i < whole.size(); ++i)
+      if (whole[i] && places[i]) rows->Fields(*places[i]).SetValue(*whole[i]);
     rows->Update();
     rows->Close();
-  }
-
-  void Assign(const tsql::Table& table, platform::Recordset& rows, const Places& places,
-              const Image& values) {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (!values[i] || !places[i]) continue;
-      const bool digest = HoldsBytes(table.columns[i]) && !values[i]->IsNull();
-      rows.Fields(*places[i]).SetValue(digest ? Content(values[i]->ToText()) : *values[i]);
-    }
   }
 
   Variant Content(const std::string& digest) {

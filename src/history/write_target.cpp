@@ -7,12 +7,6 @@
 namespace history {
 namespace {
 
-/// The module's tables are recorded, those of the hosts' own are not.
-const tsql::Table* Recorded(const std::string& table, const tsql::Catalog& catalog) {
-  const bool own = platform::EqualsIgnoringCase(table.substr(0, 7), "parvel_");
-  return own ? nullptr : catalog.Find(table);
-}
-
 /// From the word WHERE to the end: no part of a statement that writes nests another.
 std::string ConditionOf(const std::string& statement) {
   tsql::Lexer lexer(statement);
@@ -36,6 +30,11 @@ WriteTarget Target(WriteTarget::Kind kind, const tsql::TableRef& table, const ts
 }
 
 }  // namespace
+
+const tsql::Table* Recorded(const std::string& table, const tsql::Catalog& catalog) {
+  const bool own = platform::EqualsIgnoringCase(table.substr(0, 7), "parvel_");
+  return own ? nullptr : catalog.Find(table);
+}
 
 std::optional<WriteTarget> WriteTarget::Of(const std::string& statement, const tsql::Catalog& catalog) {
   const tsql::StatementNode node = tsql::ParseStatement(statement);

@@ -21,6 +21,9 @@ struct WriteTarget {
   static std::optional<WriteTarget> Of(const std::string& statement, const tsql::Catalog& catalog);
 };
 
+/// The table of a name when its rows are recorded, else null: those of the hosts' own are not.
+const tsql::Table* Recorded(const std::string& table, const tsql::Catalog& catalog);
+
 /// The table of a SELECT whose rows are opened for editing; null when they are not recorded.
 const tsql::Table* EditedTable(const std::string& statement, const tsql::Catalog& catalog);
 

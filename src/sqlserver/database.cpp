@@ -1,10 +1,13 @@
 #include "sqlserver/database.h"
 
+#include "sqlserver/bulk/brought_numbers.h"
+#include "sqlserver/bulk/row_writer.h"
 #include "sqlserver/edit_recordset.h"
 #include "sqlserver/schema/refusals.h"
 #include "sqlserver/select_recordset.h"
 #include "sqlserver/session.h"
 #include "sqlserver/walk_recordset.h"
+#include "tsql/fields.h"
 #include "tsql/parser.h"
 
 namespace schema {
@@ -65,7 +68,16 @@ zorCrmParvel::Refusals Database::Refused() { return RefusedBy(*session_, *catalo
 void Database::BeginBatch() { session_->BeginBatch(); }
 void Database::CommitBatch() { session_->CommitBatch(); }
 void Database::AbandonBatch() { session_->AbandonBatch(); }
-void Database::BringNumbers(const std::string& table, bool on) { session_->BringNumbers(table, on); }
+
+void Database::AddRows(const std::string& table, const std::vector<std::string>& columns,
+                       const std::vector<const zorCrmParvel::RowValues*>& rows) {
+  const tsql::Table& declared = catalog_->Get(table);
+  const std::vector<platform::FieldInfo> fields = tsql::FieldsOf(declared, columns);
+  const BroughtNumbers numbers(*session_, declared);
+  RowWriter writer(*session_, declared, fields);
+  for (const zorCrmParvel::RowValues* row : rows) writer.Add(*row, false);
+  writer.Finish();
+}
 
 bool Database::ObterLigacao(platform::Ref<platform::Connection>& connection) {
   connection = platform::MakeRef<SessionConnection>(session_);

@@ -50,7 +50,8 @@ class Database : public zorCrmParvel::Store {
   void BeginBatch() override;
   void CommitBatch() override;
   void AbandonBatch() override;
-  void BringNumbers(const std::string& table, bool on) override;
+  void AddRows(const std::string& table, const std::vector<std::string>& columns,
+               const std::vector<const zorCrmParvel::RowValues*>& rows) override;
 
  protected:
   bool Execute(const std::string& statement) override;

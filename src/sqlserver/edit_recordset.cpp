@@ -50,13 +50,13 @@ void EditRecordset::TakeFields() {
   }
 }
 
-std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values, bool numbers) const {
+std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
   platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;
     const tsql::Column* column = rows_.table->Find(columns_[i]);
-    if (columns_[i].empty() || (column != nullptr && column->identity && !numbers))
+    if (columns_[i].empty() || (column != nullptr && column->identity))
       throw RuntimeError(platform::kMultipleStep, fields_[i].name);
     assigned.push_back(i);
   }
@@ -80,8 +80,7 @@ Session::Ahead EditRecordset::Expected(std::size_t row, const Assignments& value
 }
 
 void EditRecordset::Insert(const Assignments& values) {
-  const bool brings = session_->TakesNumbers(rows_.table->name);
-  const std::vector<std::size_t> fields = AssignedFields(values, brings);
+  const std::vector<std::size_t> fields = AssignedFields(values);
   Parameters parameters;
   std::string names;
   std::string places;
@@ -96,20 +95,20 @@ void EditRecordset::Insert(const Assignments& values) {
   const auto numbered =
       std::find_if(columns.begin(), columns.end(), [](const tsql::Column& each) { return each.identity; });
   long number = 0;
-  if (numbered == columns.end() || brings)
+  if (numbered == columns.end())
     session_->Write(sql, parameters);
   else
     number = session_->InsertNumbered(sql, parameters, Expected(store().rows(), values));
 
   const std::size_t row = store().AddRow();
   KeepValues(row, fields, values);
-  for (std::size_t i = 0; numbered != columns.end() && !brings && i < columns_.size(); ++i)
+  for (std::size_t i = 0; numbered != columns.end() && i < columns_.size(); ++i)
     if (EqualsIgnoringCase(columns_[i], numbered->name))
       store().Put(row, i, platform::Cell::Number(platform::FieldType::kLong, number));
 }
 
 void EditRecordset::Change(std::size_t row, const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values, false);
+  const std::vector<std::size_t> fields = AssignedFields(values);
   Parameters parameters;
   std::string sql = "UPDATE " + Bracketed(rows_.table->name) + " SET ";
   for (std::size_t i = 0; i < fields.size(); ++i) {

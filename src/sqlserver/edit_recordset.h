@@ -33,7 +33,7 @@ class EditRecordset : public platform::Recordset {
 
   void TakeFields();
   Session::Ahead Expected(std::size_t row, const Assignments& values);
-  std::vector<std::size_t> AssignedFields(const Assignments& values, bool numbers) const;
+  std::vector<std::size_t> AssignedFields(const Assignments& values) const;
   void KeepValues(std::size_t row, const std::vector<std::size_t>& fields, const Assignments& values);
 
   std::shared_ptr<Session> session_;

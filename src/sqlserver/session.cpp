@@ -244,11 +244,4 @@ void Session::WriteTogether(const std::vector<Together>& statements, std::vector
   Count(statements.front().sql, begin);
 }
 
-void Session::BringNumbers(const std::string& table, bool on) {
-  numbersOf_ = on ? table : "";
-  if (!dialect_->announcesIdentity) return;
-  Parameters none;
-  Write("SET IDENTITY_INSERT " + Bracketed(table) + (on ? " ON" : " OFF"), none);
-}
-
 }  // namespace sqlserver

@@ -76,10 +76,6 @@ class Session {
   void CommitBatch();
   void AbandonBatch();
 
-  /// Rows added to a table bring the number of its identity column, or do so no longer.
-  void BringNumbers(const std::string& table, bool on);
-  bool TakesNumbers(const std::string& table) const { return numbersOf_ == table; }
-
  private:
   enum class Work { kRead, kWrite, kBegin, kCommit };
 
@@ -108,7 +104,6 @@ class Session {
   std::string begin_;  // of a batch that has not begun on the server
   KnownRows known_;    // within a batch
   store::ReadsAfterWrite expect_;
-  std::string numbersOf_;
   std::chrono::steady_clock::time_point lastUse_;
   std::shared_ptr<Traffic> traffic_;
 };

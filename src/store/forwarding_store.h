@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "store/store.h"
 
@@ -23,7 +24,10 @@ class ForwardingStore : public zorCrmParvel::Store {
   }
   void CommitBatch() override { inner_->CommitBatch(); }
   void AbandonBatch() override { inner_->AbandonBatch(); }
-  void BringNumbers(const std::string& table, bool on) override { inner_->BringNumbers(table, on); }
+  void AddRows(const std::string& table, const std::vector<std::string>& columns,
+               const std::vector<const zorCrmParvel::RowValues*>& rows) override {
+    inner_->AddRows(table, columns, rows);
+  }
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
     return inner_->ObterLigacao(connection);
   }

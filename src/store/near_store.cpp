@@ -122,6 +122,13 @@ long NearStore::NumberGiven(const std::string& table, long number) {
   return found == numbers->second.end() ? number : found->second;
 }
 
+void NearStore::AddRows(const std::string& table, const std::vector<std::string>& columns,
+                        const std::vector<const zorCrmParvel::RowValues*>& rows) {
+  if (large_) SendLarge();
+  Written();
+  ForwardingStore::AddRows(table, columns, rows);
+}
+
 /// True while a large batch runs a statement in memory. One that it can't take makes all of the batch the
 /// server's.
 bool NearStore::InMemory(const std::string& statement) {

@@ -36,6 +36,8 @@ class NearStore : public ForwardingStore {
   void CommitBatch() override;
   void AbandonBatch() override;
   long NumberGiven(const std::string& table, long number) override;
+  void AddRows(const std::string& table, const std::vector<std::string>& columns,
+               const std::vector<const zorCrmParvel::RowValues*>& rows) override;
   void BeginSnapshot() override { ++snapshots_; }
   void EndSnapshot() noexcept override;
 

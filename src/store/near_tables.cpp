@@ -12,6 +12,8 @@ using platform::RuntimeError;
 using zorCrmParvel::fixed;
 using zorCrmParvel::RecordsetRef;
 
+constexpr std::size_t kRowsATime = 256;
+
 std::shared_ptr<embedded::Database> InMemory(const std::string& schema) {
   embedded::OpenOptions options;
   options.schema = schema;
@@ -22,6 +24,13 @@ bool Alike(const std::vector<platform::FieldInfo>& a, const std::vector<platform
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& one, const auto& other) {
     return one.name == other.name && one.type == other.type && one.definedSize == other.definedSize;
   });
+}
+
+zorCrmParvel::RowValues ValuesOf(platform::Recordset& rows, std::size_t row) {
+  zorCrmParvel::RowValues values;
+  for (std::size_t i = 0; i < rows.FieldList().size(); ++i)
+    values.emplace_back(rows.CellAt(row, i).ToVariant());
+  return values;
 }
 
 bool HoldsDocuments(const tsql::Table& table) {
@@ -77,17 +86,15 @@ bool NearTables::Bring(const std::string& table) {
 
 bool NearTables::Fill(const std::string& table, platform::Recordset& rows) {
   try {
+    if (!Alike(Open("SELECT * FROM [" + table + "] WHERE 1 = 0")->FieldList(), rows.FieldList()))
+      return false;
+    std::vector<std::string> columns;
+    for (const platform::FieldInfo& field : rows.FieldList()) columns.push_back(field.name);
+    while (rows.FetchMore(kRowsATime)) continue;
     zorCrmParvel::Batch batch(*memory_);
-    const zorCrmParvel::OwnNumbers numbers(*memory_, table);
-    RecordsetRef copy;
-    memory_->AbrirEdicao({"SELECT * FROM [", fixed(table), "]"}, copy);
-    if (!Alike(copy->FieldList(), rows.FieldList())) return false;
-    for (std::size_t row = 0; row < rows.RowsAtHand() || rows.FetchMore(1); ++row) {
-      copy->AddNew();
-      for (std::size_t i = 0; i < rows.FieldList().size(); ++i)
-        if (const platform::Cell& cell = rows.CellAt(row, i); !cell.IsNull())
-          copy->Fields(i).SetValue(cell.ToVariant());
-      copy->Update();
+    for (std::size_t row = 0; row < rows.RowsAtHand(); ++row) {
+      const zorCrmParvel::RowValues values = ValuesOf(rows, row);
+      memory_->AddRows(table, columns, {&values});
     }
     batch.Commit();
     return true;

@@ -3,12 +3,13 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "host/data_access.h"
-#include "platform/runtime_error.h"
+#include "platform/variant.h"
 
 namespace zorCrmParvel {
 
@@ -16,6 +17,9 @@ namespace zorCrmParvel {
 enum class TableUse { kRead, kAdd, kChange, kRemove };
 /// By table, what is refused to the user of a connection. Of a table that isn't named nothing is.
 using Refusals = std::map<std::string, std::set<TableUse>>;
+
+/// Values of one row for columns that are named beside it; nothing leaves a column as it is by itself.
+using RowValues = std::vector<std::optional<platform::Variant>>;
 
 /// A data-access object with what the programs around the module need as well. Both engines are one; programs
 /// hold it by shared pointer, and recordsets that are still open keep the engine behind it alive.
@@ -40,8 +44,10 @@ class Store : public DataAccess {
   /// the last one. One under way is sent for it.
   virtual long NumberGiven(const std::string& /*table*/, long number) { return number; }
 
-  // Used through `OwnNumbers`.
-  virtual void BringNumbers(const std::string& table, bool on) = 0;
+  /// Puts rows into a table, many of them in one go; they bring the number of an identity column along.
+  /// Errors as of a row that is put in by `AbrirEdicao`. Some may stand after one: use it within a batch.
+  virtual void AddRows(const std::string& table, const std::vector<std::string>& columns,
+                       const std::vector<const RowValues*>& rows) = 0;
 };
 
 /// Everything written while it lives is kept by `Commit` at once, or not at all. One at a time; others may
@@ -73,28 +79,6 @@ class Batch {
 class LargeBatch : public Batch {
  public:
   explicit LargeBatch(Store& store) : Batch(store, &Store::BeginLargeBatch) {}
-};
-
-/// While it lives, rows added to a table through `AbrirEdicao` bring the value of its identity column along.
-/// One table at a time.
-class OwnNumbers {
- public:
-  OwnNumbers(Store& store, std::string table) : store_(store), table_(std::move(table)) {
-    store_.BringNumbers(table_, true);
-  }
-  ~OwnNumbers() {
-    try {
-      store_.BringNumbers(table_, false);
-    } catch (const platform::RuntimeError&) {
-      // the connection is lost, and what it allowed with it
-    }
-  }
-  OwnNumbers(const OwnNumbers&) = delete;
-  OwnNumbers& operator=(const OwnNumbers&) = delete;
-
- private:
-  Store& store_;
-  std::string table_;
 };
 
 }  // namespace zorCrmParvel

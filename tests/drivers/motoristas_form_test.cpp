@@ -152,6 +152,8 @@ TEST_F(MotoristasFormTest, TheCalendarServesTheRowsByTheKeyboard) {
   form.UserSelectsTab(form.SSTab1, 1);
   form.UserSelectsRow(form.Grelha, 4);
   EXPECT_EQ(form.MonthView1.Value, platform::Today());
+  form.UserKey('5');
+  ASSERT_EQ(form.ActiveControl(), &form.Grelha) << "only Enter opens the calendar";
   for (int day : {6, 7}) {  // and again on the row that it served
     form.UserKey(platform::kKeyEnter);
     ASSERT_EQ(form.ActiveControl(), &form.MonthView1);

@@ -54,5 +54,39 @@ TEST_F(WriteTest, DeletesAndUpdatesHitTheRowsOfTheirCondition) {
   EXPECT_EQ(Rows("SELECT Nome FROM Codigos ORDER BY Codigo"), (Table{{"Nome 1001"}, {"C1003-Nome 1003"}}));
 }
 
+TEST_F(WriteTest, ManyRowsGoInUnderTheirOwnNumbers) {
+  using platform::Variant;
+  std::vector<zorCrmParvel::RowValues> rows;
+  for (int i = 0; i < 150; ++i) {
+    rows.push_back({Variant(std::int32_t{1000 - i}), Variant("n" + std::to_string(i)),
+                    Variant(platform::Currency(i)), std::nullopt});
+    if (i % 70 == 3) rows.back()[2].reset();
+    if (i == 149) rows.back()[3] = Variant(platform::Bytes{0, 255});
+  }
+  const std::vector<std::string> columns = {"Id", "nome", "Valor", "Foto"};
+  const auto add = [&] {
+    std::vector<const zorCrmParvel::RowValues*> together;
+    for (const auto& row : rows) together.push_back(&row);
+    zorCrmParvel::Batch batch(*store_);
+    store_->AddRows("tudo", columns, together);
+    batch.Commit();
+  };
+  add();
+  EXPECT_EQ(Rows("SELECT COUNT(*) AS n, MIN(Id) AS a, MAX(Id) AS b, SUM(Valor) AS s FROM Tudo"),
+            (Table{{"150", "851", "1000", "10956"}}));
+  EXPECT_EQ(Rows("SELECT Id, Nome, Valor FROM Tudo WHERE Id IN (936, 927) ORDER BY Id"),
+            (Table{{"927", "n73", "NULL"}, {"936", "n64", "64"}}));
+  EXPECT_EQ(Rows("SELECT COUNT(Foto) AS f FROM Tudo WHERE Id = 851"), (Table{{"1"}}));
+  Run("INSERT INTO Tudo (Nome) VALUES ('depois')");
+  EXPECT_EQ(Rows("SELECT Id FROM Tudo WHERE Nome = 'depois'"), (Table{{"1001"}}));
+
+  rows = {{Variant(std::int32_t{5000}), Variant("novo")}, {Variant(std::int32_t{900}), Variant("outro")}};
+  const std::string taken = "-2147217873: Violation of PRIMARY KEY constraint";
+  EXPECT_EQ(ErrorOf(add).substr(0, taken.size()), taken);
+  EXPECT_TRUE(Rows("SELECT Id FROM Tudo WHERE Id = 5000").empty());
+  EXPECT_EQ(ErrorOf([&] { store_->AddRows("Tudo", {"Nada"}, {}); }),
+            "-2147217904: Invalid column name 'Nada'.");
+}
+
 }  // namespace
 }  // namespace embedded_tests

@@ -91,6 +91,25 @@ TEST_F(ActTest, AnActIsInvisibleUntilItEnds) {
   EXPECT_EQ(Rows(others, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo = 'x'").size(), 1U);
 }
 
+TEST_F(ActTest, ABatchIsKeptWithItsRecordOrNotAtAll) {
+  const DataAccessRef others(embedded::Database::Open(file));
+  const auto there = [&] {
+    return Rows(others, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo = 'x'").size();
+  };
+  {
+    zorCrmParvel::Batch left(*store);
+    AddCode<clMarcas>(bd, "x", "1");
+  }
+  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo = 'x'").size(), 0U);
+  zorCrmParvel::Batch batch(*store);
+  AddCode<clMarcas>(bd, "x", "1");
+  EXPECT_EQ(there(), 0U);
+  batch.Commit();
+  EXPECT_EQ(there(), 1U);
+  Undo(store, store->LastOperation());
+  EXPECT_EQ(there(), 0U);
+}
+
 TEST_F(ActTest, WithoutATableNothingIsRecordedAndAllWorks) {
   embedded::OpenOptions old;
   old.schema =

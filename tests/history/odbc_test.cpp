@@ -120,6 +120,13 @@ TEST_F(OdbcHistory, PutsRowsBackUnderTheirNumbers) {
             "SET IDENTITY_INSERT [PT_Tudo] ON; SET IDENTITY_INSERT [PT_Tudo] OFF; ");
   database->AbrirLeitura("", "SELECT Foto FROM PT_Tudo WHERE Id = 4", rows);
   EXPECT_EQ(rows->Fields("Foto").Value().ToBytes(), (platform::Bytes{0, 1, 255}));
+
+  Confirm("Um");  // its table has no numbers to bring
+  Remove("DELETE FROM PT_Codigos WHERE Codigo = 'r'");
+  sqlserver_tests::Settings();
+  Undo(store, store->LastOperation());
+  EXPECT_EQ(Rows(bd, "SELECT Codigo, Nome FROM PT_Codigos"), (Table{{"r", "Um"}}));
+  EXPECT_EQ(sqlserver_tests::Settings(), "");
 }
 
 TEST_F(OdbcHistory, RefusesWhatItMayNotRemember) {

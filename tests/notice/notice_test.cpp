@@ -125,12 +125,16 @@ TEST_F(RoundTest, EveryoneHearsOfHisOwnAndNothingTwice) {
   Tell("todos@x.pt");
   Tell("obras@x.pt", notice::Scope::kDepartment, "OBRAS");
   Tell("ana@x.pt", notice::Scope::kResponsible, "1");
-  Tell("ninguem@x.pt", notice::Scope::kDepartment, "NENHUM");
+  Tell("ninguem@x.pt", notice::Scope::kDepartment, "1");
+  Sql("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES ('1', 2, '" +
+      platform::FormatDate(host.clock.AddDays(9), "yyyy-mm-dd") + "')");
   Run();
   ASSERT_EQ(mails.size(), 3U);  // by address: ana, obras, todos
   EXPECT_EQ(mails[0].to, "ana@x.pt");
   EXPECT_NE(mails[0].text.find("12-AB-34"), std::string::npos);
   EXPECT_EQ(mails[0].text.find("56-CD-78"), std::string::npos);
+  EXPECT_NE(mails[0].text.find("Carta"), std::string::npos) << "her own licence\n" << mails[0].text;
+  EXPECT_EQ(mails[1].text.find("Carta"), std::string::npos);
   EXPECT_EQ(mails[1].text.find("12-AB-34"), std::string::npos);
   EXPECT_NE(mails[1].text.find("56-CD-78"), std::string::npos);
   EXPECT_NE(mails[2].text.find("Vencido"), std::string::npos) << mails[2].text;

@@ -31,7 +31,10 @@ class CountedServer : public zorCrmParvel::Store {
   void BeginBatch() override { database_->BeginBatch(); }
   void CommitBatch() override { database_->CommitBatch(); }
   void AbandonBatch() override { database_->AbandonBatch(); }
-  void BringNumbers(const std::string& table, bool on) override { database_->BringNumbers(table, on); }
+  void AddRows(const std::string& table, const std::vector<std::string>& columns,
+               const std::vector<const zorCrmParvel::RowValues*>& rows) override {
+    database_->AddRows(table, columns, rows);
+  }
   bool ObterLigacao(platform::Ref<platform::Connection>& connection) override {
     return database_->ObterLigacao(connection);
   }

@@ -4,13 +4,14 @@
 #include <unicode/ustring.h>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace embedded {
 namespace {
+
+constexpr std::size_t kShort = 256;  // bytes of a text that is folded without memory of its own
 
 /// UTF-16 units, the letters among them in one case.
 std::u16string Folded(std::string_view text) {
@@ -24,22 +25,44 @@ std::u16string Folded(std::string_view text) {
   return characters;
 }
 
-/// One place of a pattern: any text, or one character of a set of ranges.
-struct Place {
-  bool anyText = false;
-  bool negated = false;
-  std::vector<std::pair<char16_t, char16_t>> ranges;
-
-  bool Takes(char16_t c) const {
-    const bool inside = std::any_of(ranges.begin(), ranges.end(),
-                                    [c](const auto& range) { return range.first <= c && c <= range.second; });
-    return inside != negated;
+/// The same of a short text of ASCII alone; nothing for any other.
+std::optional<std::u16string_view> FoldedAscii(std::string_view text, std::array<char16_t, kShort>& room) {
+  if (text.size() > room.size()) return {};
+  unsigned char all = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    all |= c;
+    room[i] = static_cast<char16_t>(c >= 'A' && c <= 'Z' ? c | 0x20U : c);
   }
-};
+  if (all >= 0x80) return {};
+  return std::u16string_view(room.data(), text.size());
+}
 
-/// Reads a set from behind its opening bracket; nothing when it has no end.
-std::optional<Place> ReadSet(const std::u16string& pattern, std::size_t& at) {
-  Place place;
+}  // namespace
+
+bool LikePattern::Place::Takes(char16_t c) const {
+  if (kind == Kind::kCharacter) return c == character;
+  const bool inside = std::any_of(ranges.begin(), ranges.end(),
+                                  [c](const auto& range) { return range.first <= c && c <= range.second; });
+  return inside != negated;
+}
+
+LikePattern::LikePattern(std::string_view pattern) {
+  const std::u16string characters = Folded(pattern);
+  for (std::size_t at = 0; at < characters.size() && sound_;) {
+    const char16_t c = characters[at++];
+    if (c == '[')
+      sound_ = ReadSet(characters, at);
+    else if (c == '_')
+      places_.push_back({Kind::kSet, 0, true, {}});
+    else
+      places_.push_back({c == '%' ? Kind::kAnyText : Kind::kCharacter, c, false, {}});
+  }
+}
+
+/// Reads a set from behind its opening bracket; false when it has no end.
+bool LikePattern::ReadSet(std::u16string_view pattern, std::size_t& at) {
+  Place place{Kind::kSet, 0, false, {}};
   place.negated = at < pattern.size() && pattern[at] == '^';
   if (place.negated) ++at;
   while (at < pattern.size() && pattern[at] != ']') {
@@ -47,42 +70,28 @@ std::optional<Place> ReadSet(const std::u16string& pattern, std::size_t& at) {
     place.ranges.emplace_back(pattern[at], pattern[isRange ? at + 2 : at]);
     at += isRange ? 3 : 1;
   }
-  if (at >= pattern.size()) return std::nullopt;
+  if (at >= pattern.size()) return false;
   ++at;
-  return place;
+  places_.push_back(std::move(place));
+  return true;
 }
 
-std::optional<std::vector<Place>> ReadPattern(const std::u16string& pattern) {
-  std::vector<Place> places;
-  for (std::size_t at = 0; at < pattern.size();) {
-    const char16_t c = pattern[at++];
-    if (c == '[') {
-      auto set = ReadSet(pattern, at);
-      if (!set) return std::nullopt;
-      places.push_back(std::move(*set));
-    } else if (c == '%' || c == '_') {
-      places.push_back({c == '%', true, {}});
-    } else {
-      places.push_back({false, false, {{c, c}}});
-    }
-  }
-  return places;
+bool LikePattern::Matches(std::string_view text) const {
+  if (!sound_) return false;
+  std::array<char16_t, kShort> room;
+  const auto ascii = FoldedAscii(text, room);
+  return ascii ? Matches(*ascii) : Matches(std::u16string_view(Folded(text)));
 }
-
-}  // namespace
 
 // After a `%`, the shortest text is tried first; only the last `%` ever has to take more.
-bool Like(std::string_view text, std::string_view pattern) {
-  const std::u16string characters = Folded(text);
-  const auto places = ReadPattern(Folded(pattern));
-  if (!places) return false;
+bool LikePattern::Matches(std::u16string_view characters) const {
   std::size_t at = 0;
   std::size_t place = 0;
   std::optional<std::pair<std::size_t, std::size_t>> retry;  // place behind the last `%`, and where it began
   while (at < characters.size()) {
-    if (place < places->size() && (*places)[place].anyText) {
+    if (place < places_.size() && places_[place].kind == Kind::kAnyText) {
       retry = {++place, at};
-    } else if (place < places->size() && (*places)[place].Takes(characters[at])) {
+    } else if (place < places_.size() && places_[place].Takes(characters[at])) {
       ++place;
       ++at;
     } else if (retry) {
@@ -92,8 +101,8 @@ bool Like(std::string_view text, std::string_view pattern) {
       return false;
     }
   }
-  while (place < places->size() && (*places)[place].anyText) ++place;
-  return place == places->size();
+  while (place < places_.size() && places_[place].kind == Kind::kAnyText) ++place;
+  return place == places_.size();
 }
 
 }  // namespace embedded

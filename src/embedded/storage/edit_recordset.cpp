@@ -1,50 +1,12 @@
 #include "embedded/storage/edit_recordset.h"
 
+#include "embedded/storage/row_insert.h"
 #include "platform/stored_dates.h"
 
 namespace embedded {
 namespace {
 
-using platform::FieldType;
-using platform::Variant;
-
 constexpr int kRowVanished = -2147217864;
-
-void BindVariant(sqlite3_stmt* statement, int index, FieldType type, const Variant& value) {
-  if (value.IsNull()) {
-    sqlite3_bind_null(statement, index);
-    return;
-  }
-  switch (type) {
-    case FieldType::kBool:
-      sqlite3_bind_int(statement, index, value.ToBool() ? 1 : 0);
-      return;
-    case FieldType::kInteger:
-    case FieldType::kLong:
-      sqlite3_bind_int64(statement, index, value.ToLong());
-      return;
-    case FieldType::kDouble:
-      sqlite3_bind_double(statement, index, value.ToDouble());
-      return;
-    case FieldType::kCurrency:
-      sqlite3_bind_int64(statement, index, value.ToCurrency().tenThousandths());
-      return;
-    case FieldType::kDate:
-      sqlite3_bind_int64(statement, index, value.ToDate().seconds());
-      return;
-    case FieldType::kText: {
-      const std::string text = value.ToText();
-      sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-      return;
-    }
-    case FieldType::kBytes: {
-      const platform::Bytes& bytes = value.ToBytes();
-      sqlite3_bind_blob64(statement, index, bytes.empty() ? "" : static_cast<const void*>(bytes.data()),
-                          bytes.size(), SQLITE_STATIC);
-      return;
-    }
-  }
-}
 
 }  // namespace
 
@@ -65,12 +27,12 @@ void EditRecordset::RowRead(sqlite3_stmt* statement) {
   rowIds_.push_back(sqlite3_column_int64(statement, static_cast<int>(columns_.size())));
 }
 
-std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values, bool numbers) const {
+std::vector<std::size_t> EditRecordset::AssignedFields(const Assignments& values) const {
   platform::RequireStorableDates(fields_, values);
   std::vector<std::size_t> assigned;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;
-    if (columns_[i] == nullptr || (columns_[i]->identity && !numbers))
+    if (columns_[i] == nullptr || columns_[i]->identity)
       throw platform::RuntimeError(platform::kMultipleStep, fields_[i].name);
     assigned.push_back(i);
   }
@@ -88,22 +50,13 @@ void EditRecordset::KeepValues(std::size_t row, const std::vector<std::size_t>& 
   for (const std::size_t field : fields) store().Put(row, field, fields_[field].type, *values[field]);
 }
 
-std::string EditRecordset::InsertOf(const std::vector<std::size_t>& fields) const {
-  std::string names;
-  std::string places;
-  for (const std::size_t field : fields) {
-    names += (names.empty() ? "" : ", ") + QuotedName(columns_[field]->name);
-    places += places.empty() ? "?" : ", ?";
-  }
-  return "INSERT INTO " + QuotedName(table_.name) +
-         (fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
-}
-
 void EditRecordset::Insert(const Assignments& values) {
-  std::vector<std::size_t> fields = AssignedFields(values, engine_->TakesNumbers(table_));
+  std::vector<std::size_t> fields = AssignedFields(values);
   if (insert_.empty() || fields != inserted_) {
     inserted_ = std::move(fields);
-    insert_ = InsertOf(inserted_);
+    std::vector<std::string> columns;
+    for (const std::size_t field : inserted_) columns.push_back(columns_[field]->name);
+    insert_ = InsertSql(table_.name, columns);
   }
   engine_->Write(insert_, [&](sqlite3_stmt* statement) { BindValues(statement, inserted_, values); });
 
@@ -116,7 +69,7 @@ void EditRecordset::Insert(const Assignments& values) {
 }
 
 void EditRecordset::Change(std::size_t row, const Assignments& values) {
-  const std::vector<std::size_t> fields = AssignedFields(values, false);
+  const std::vector<std::size_t> fields = AssignedFields(values);
   std::string sql = "UPDATE " + QuotedName(table_.name) + " SET ";
   for (std::size_t i = 0; i < fields.size(); ++i)
     sql += (i == 0 ? "" : ", ") + QuotedName(columns_[fields[i]]->name) + " = ?";

@@ -22,8 +22,7 @@ class EditRecordset : public SelectRecordset {
   void RowRead(sqlite3_stmt* statement) override;
 
  private:
-  std::vector<std::size_t> AssignedFields(const Assignments& values, bool numbers) const;
-  std::string InsertOf(const std::vector<std::size_t>& fields) const;
+  std::vector<std::size_t> AssignedFields(const Assignments& values) const;
   void BindValues(sqlite3_stmt* statement, const std::vector<std::size_t>& fields,
                   const Assignments& values) const;
   void KeepValues(std::size_t row, const std::vector<std::size_t>& fields, const Assignments& values);

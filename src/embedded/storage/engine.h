@@ -60,11 +60,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
   void CommitBatch();
   void AbandonBatch() { batch_.reset(); }
 
-  /// Rows added to this table bring the number of their identity column; empty: none do.
-  void BringNumbers(const std::string& table) { numbersOf_ = table; }
-
   // For the recordsets.
-  bool TakesNumbers(const tsql::Table& table) const { return numbersOf_ == table.name; }
   void Started(SelectRecordset* rows) { reading_.push_back(rows); }
   void Ended(SelectRecordset* rows);
   std::size_t CountOf(Plan& plan) {
@@ -95,7 +91,6 @@ class Engine : public std::enable_shared_from_this<Engine> {
   int snapshots_ = 0;                      // asked for, one in another
   bool inSnapshot_ = false;                // until the outermost ends or something is written
   std::optional<SqliteTransaction> batch_;
-  std::string numbersOf_;
 };
 
 }  // namespace embedded

@@ -1,5 +1,6 @@
 #include "embedded/storage/functions.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -103,8 +104,14 @@ void NarrowText(Context context, Arguments a) {
   sqlite3_result_value(context, a[0]);
 }
 
+/// A pattern that is the same for all rows is read once.
 void LikeText(Context context, Arguments a) {
-  sqlite3_result_int(context, Like(TextOf(a[0]), TextOf(a[1])) ? 1 : 0);
+  const auto* known = static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 1));
+  if (known != nullptr) return sqlite3_result_int(context, known->Matches(TextOf(a[0])) ? 1 : 0);
+  auto pattern = std::make_unique<LikePattern>(TextOf(a[1]));
+  sqlite3_result_int(context, pattern->Matches(TextOf(a[0])) ? 1 : 0);
+  sqlite3_set_auxdata(context, 1, pattern.release(),
+                      [](void* each) { delete static_cast<LikePattern*>(each); });
 }
 
 template <std::int64_t (*operation)(std::int64_t, std::int64_t)>

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/runtime_error.h"
+#include "sqlserver/bulk/brought_numbers.h"
 #include "sqlserver/bulk/row_text.h"
 #include "sqlserver/bulk/row_writer.h"
 #include "sqlserver/dialect.h"
@@ -53,17 +54,8 @@ std::vector<std::size_t> Fingerprint(DataAccess& data, const tsql::Table& table)
   return hashes;
 }
 
-/// Says whether the rows of a table bring the numbers of its identity column. A connection allows it to one
-/// table at a time.
-void AllowNumbers(Session& session, const tsql::Table& table, const char* onOrOff) {
-  const bool numbered = std::any_of(table.columns.begin(), table.columns.end(),
-                                    [](const tsql::Column& column) { return column.identity; });
-  if (!numbered || !session.dialect().announcesIdentity) return;
-  Parameters none;
-  session.Write("SET IDENTITY_INSERT " + Bracketed(table.name) + " " + onOrOff, none);
-}
-
 void CopyRows(DataAccess& from, Session& to, const tsql::Table& table) {
+  const BroughtNumbers numbers(to, table);
   const RecordsetRef rows = RowsOf(from, table);
   RowWriter writer(to, table, rows->FieldList());
   for (std::size_t row = 0; row < rows->RowsAtHand() || rows->FetchMore(1); ++row) {
@@ -77,9 +69,7 @@ void CopyRows(DataAccess& from, Session& to, const tsql::Table& table) {
 
 void CopyTable(DataAccess& from, Database& to, const tsql::Table& table) {
   zorCrmParvel::Batch batch(to);
-  AllowNumbers(to.session(), table, "ON");
   CopyRows(from, to.session(), table);
-  AllowNumbers(to.session(), table, "OFF");
   if (Fingerprint(from, table) != Fingerprint(to, table))
     throw RuntimeError(platform::kEngineFailure, table.name,
                        "Os registos de " + table.name +
