@@ -145,12 +145,17 @@ SQLRETURN SQLFetch(SQLHSTMT handle) {
 }
 
 /// The whole value at once: none here is longer than the room for a part.
-SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER value, SQLLEN,
+SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER value, SQLLEN room,
                      SQLLEN* length) {
   auto& request = As<Request>(handle);
-  if (std::exchange(request.given[column], true)) return SQL_NO_DATA;
-  *length = Put(request.rows->CellAt(request.next - 1, column - 1U), type, static_cast<char*>(value));
-  return SQL_SUCCESS;
+  const auto [given, first] = request.given.try_emplace(column, 0);
+  const Cell& cell = request.rows->CellAt(request.next - 1, column - 1U);
+  if (cell.IsNull() || (type != SQL_C_WCHAR && type != SQL_C_BINARY)) {
+    if (!first) return SQL_NO_DATA;
+    *length = Put(cell, type, static_cast<char*>(value));
+    return SQL_SUCCESS;
+  }
+  return GivePart(cell, type, {static_cast<char*>(value), room, length}, given->second, first);
 }
 
 SQLRETURN SQLFreeStmt(SQLHSTMT handle, SQLUSMALLINT what) {

@@ -69,7 +69,7 @@ struct Request : Thing {
   std::size_t next = 0;
   std::map<SQLUSMALLINT, Binding> bindings;
   std::map<SQLINTEGER, SQLPOINTER> attributes;
-  std::map<SQLUSMALLINT, bool> given;  // long values of this row that were read
+  std::map<SQLUSMALLINT, std::size_t> given;  // bytes of this row's long values that were read
 };
 
 template <typename T>
@@ -288,6 +288,31 @@ inline SQLLEN Put(const Cell& cell, SQLSMALLINT type, char* place) {
       std::memcpy(place, cell.block().data(), cell.block().size());
       return static_cast<SQLLEN>(cell.block().size());
   }
+}
+
+struct Room {
+  char* value;
+  SQLLEN size;
+  SQLLEN* length;
+};
+
+/// The next part of a text or of bytes, a text's with a zero behind it. `given`: the bytes given so far.
+inline SQLRETURN GivePart(const Cell& cell, SQLSMALLINT type, const Room& room, std::size_t& given,
+                          bool first) {
+  std::string all(cell.block());
+  if (type == SQL_C_WCHAR) {
+    const std::u16string wide = sqlserver::ToUtf16(all);
+    all.assign(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(char16_t));
+  }
+  if (!first && given == all.size()) return SQL_NO_DATA;
+  const std::size_t left = all.size() - given;
+  const std::size_t end = type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
+  const std::size_t part = std::min(left, static_cast<std::size_t>(room.size) - end);
+  std::memcpy(room.value, all.data() + given, part);
+  std::memset(room.value + part, 0, end);
+  given += part;
+  *room.length = static_cast<SQLLEN>(left);
+  return part < left ? SQL_SUCCESS_WITH_INFO : SQL_SUCCESS;
 }
 
 inline std::size_t RowsAtOnce(const Request& request) {

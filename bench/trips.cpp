@@ -21,6 +21,7 @@
 #include "history/act.h"
 #include "history/keeping_store.h"
 #include "history/settings.h"
+#include "history/undo.h"
 #include "host/sistema.h"
 #include "quiet_host.h"
 #include "sqlserver/schema/transfer.h"
@@ -176,6 +177,14 @@ void Small(Table& table, const FarFleet& fleet) {
         [&] { history::Act(kept.get(), "Gastos: Confirmar", [&] { form.UserPresses(form.botoes.btConf); }); };
   };
   table.Row("save of an expense, recorded in the history", 8, fleet, save());
+  history::Act(kept.get(), "Viaturas: Remover", [&] {
+    clViaturas vehicle;
+    vehicle.bd = DataAccessRef(kept);
+    vehicle.Matricula = kPlate;
+    vehicle.Anular();
+  });
+  table.Row("vehicle with 688 events put back", 45, fleet,
+            [&] { history::Undo(kept, kept->LastOperation()); });
   history::WriteSettings(bd, {.records = false});
   table.Row("save of an expense, no history", 6, fleet, save());
   RecordsetRef rows;
@@ -210,8 +219,9 @@ void Large(Table& table) {
     table.Row(what, limit, target->session().traffic(), [&] { act(target); });
   };
   const auto from = embedded::Database::Open(fleet.server().session().Part("Database"));
-  onEmpty("parvel-bench-trips-transfer", "transferir, 26,000 rows", 260,
-          [&](const auto& target) { sqlserver::Transfer(*from, *target, [](const auto&) {}); });
+  onEmpty("parvel-bench-trips-transfer", "transferir, 26,000 rows", 260, [&](const auto& target) {
+    sqlserver::Transfer(*from, *target, [](const auto& table) { bench::Require(table.refused.empty()); });
+  });
   onEmpty("parvel-bench-trips-demo", "demo, 37,000 rows", 370,
           [](const auto& target) { demo::FillDemo(store::Near(target)); });
 }
