@@ -19,9 +19,10 @@ constexpr long kSpan = 10000;      // numbers looked at in one go where no index
 constexpr long kTableSpan = 2000;  // and where the rows of one table are
 constexpr long kDisorder = 5000;   // how far a clock that went back may have put a moment out of order
 constexpr std::size_t kMostNumbers = 200;  // of one statement
-constexpr const char* kHead =
-    "Id, Momento, Operador, Posto, Texto, Registo, Anula, Tabela FROM parvel_historico "
-    "WHERE Operacao IS NULL";
+constexpr const char* kFields =
+    "Id, Momento, Operador, Posto, Texto, Registo, Anula, Tabela FROM parvel_historico WHERE ";
+constexpr const char* kHead = "Operacao IS NULL";
+constexpr const char* kHeadOfSpan = "ISNULL(Operacao, 0) = 0";  // row after row, not from an index to each
 
 /// The operation that undid each of some, and stands: one that was undone itself did not.
 std::map<long, long> UndoneBy(KeepingStore& store, const std::vector<long>& numbers) {
@@ -119,7 +120,7 @@ Slice ReadWriters(KeepingStore& store, const Filter& filter, const std::string& 
   Slice slice;
   long floor = std::max(0L, below - kTableSpan);
   const std::vector<long> numbers = WritersOf(store, filter.table, below, floor);
-  const std::string heads = std::string("SELECT ") + kHead + condition + " AND Id IN (";
+  const std::string heads = std::string("SELECT ") + kFields + kHead + condition + " AND Id IN (";
   for (const std::string& list : ListsOf(numbers, kMostNumbers)) {
     std::string statement = heads;
     const RecordsetRef rows = OpenRows(store, statement.append(list).append(") ORDER BY Id DESC"));
@@ -200,8 +201,9 @@ Slice ReadOperations(KeepingStore& store, const Filter& asked, long below, int m
   } else {
     const bool indexed = condition.empty() || !filter.record.empty();
     const long floor = indexed ? 0 : std::max(0L, below - kSpan);
-    std::string statement =
-        "SELECT TOP " + std::to_string(most) + " " + kHead + condition + " AND Id < " + std::to_string(below);
+    std::string statement = "SELECT TOP " + std::to_string(most) + " " + kFields +
+                            (indexed ? kHead : kHeadOfSpan) + condition + " AND Id < " +
+                            std::to_string(below);
     if (floor > 0) statement += " AND Id >= " + std::to_string(floor);
     slice.operations = TakeOperations(store, OpenRows(store, statement + " ORDER BY Id DESC"));
     const bool full = slice.operations.size() == static_cast<std::size_t>(most);
@@ -220,8 +222,8 @@ std::vector<Operation> ReadOperations(KeepingStore& store, const std::vector<lon
   std::vector<Operation> operations;
   if (!store.HasHistory()) return operations;
   for (const std::string& list : ListsOf(numbers, kMostNumbers))
-    for (Operation& each :
-         TakeOperations(store, OpenRows(store, std::string("SELECT ") + kHead + " AND Id IN (" + list + ")")))
+    for (Operation& each : TakeOperations(
+             store, OpenRows(store, std::string("SELECT ") + kFields + kHead + " AND Id IN (" + list + ")")))
       operations.push_back(std::move(each));
   std::sort(operations.begin(), operations.end(),
             [](const Operation& a, const Operation& b) { return a.number > b.number; });
