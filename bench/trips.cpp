@@ -173,10 +173,12 @@ void Small(Table& table, const FarFleet& fleet) {
   const auto save = [&] {
     form.Carrega(1);
     kept->LookAtSettings();
-    return
-        [&] { history::Act(kept.get(), "Gastos: Confirmar", [&] { form.UserPresses(form.botoes.btConf); }); };
+    return [&] {  // as the window presses a button that writes
+      history::Act(
+          kept.get(), "Gastos: Confirmar", [&] { form.UserPresses(form.botoes.btConf); }, false);
+    };
   };
-  table.Row("save of an expense, recorded in the history", 8, fleet, save());
+  table.Row("save of an expense, recorded in the history", 6, fleet, save());
   history::Act(kept.get(), "Viaturas: Remover", [&] {
     clViaturas vehicle;
     vehicle.bd = DataAccessRef(kept);
