@@ -83,7 +83,10 @@ int PrintSize(const Calls& calls) {
   return kDone;
 }
 
-std::string Years(int years) { return years == 0 ? "para sempre" : std::to_string(years) + " anos"; }
+std::string Years(int years) {
+  if (years == 0) return "para sempre";
+  return std::to_string(years) + (years == 1 ? " ano" : " anos");
+}
 
 int Settle(const Calls& calls, const HistoryOptions& options) {
   const auto store = OpenKept(calls);
@@ -98,7 +101,7 @@ int Settle(const Calls& calls, const HistoryOptions& options) {
   calls.out << "Histórico: " << (settings.records ? "ligado" : "desligado") << '\n'
             << "Operações: " << Years(settings.years) << '\n'
             << "Documentos e fotografias removidos: " << Years(settings.documentYears) << '\n'
-            << "Motoristas inactivos: ao fim de " << settings.driverYears << " anos\n";
+            << "Motoristas inactivos: ao fim de " << Years(settings.driverYears) << '\n';
   return kDone;
 }
 

@@ -1,0 +1,115 @@
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "console/program_fixture.h"
+#include "embedded/database.h"
+#include "history/act.h"
+#include "masterdata/code_table.h"
+#include "support/database_test.h"
+#include "support/fleet.h"
+
+namespace console {
+namespace {
+
+/// A database in which two operators changed the same code, one after the other.
+class HistoryCommandTest : public ProgramFixture {
+ protected:
+  HistoryCommandTest() {
+    Write("ana", "Renault");
+    Write("ana", "Renault SA");
+    Write("rui", "Grupo Renault");
+  }
+  void Write(const char* who, const char* name) const {
+    history::Options options;
+    options.who = {who, "posto 1"};
+    options.clock = [] { return platform::Date::FromParts(2024, 3, 1, 10, 12, 0); };
+    const auto store = std::make_shared<history::KeepingStore>(embedded::Database::Open(database), options);
+    history::Act(store.get(), "Marcas: Confirmar", [&] {
+      testing_support::AddCode<zorCrmParvel::clMarcas>(zorCrmParvel::DataAccessRef(store), "REN", name);
+    });
+  }
+  std::string Name() const {
+    const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(database));
+    return testing_support::Rows(bd, "SELECT Nome FROM zor_PV_Marcas")[0][0];
+  }
+};
+
+TEST_F(HistoryCommandTest, WhatWasDoneIsShownAndUndone) {
+  EXPECT_EQ(OnDatabase({"historico"}), kDone);
+  EXPECT_EQ(out.str(),
+            "3  01-03-2024 10:12  rui  Marcas: Confirmar, REN\n"
+            "2  01-03-2024 10:12  ana  Marcas: Confirmar, REN\n"
+            "1  01-03-2024 10:12  ana  Marcas: Confirmar, REN\n");
+  EXPECT_EQ(OnDatabase({"anular", "2"}), kRefused);
+  EXPECT_EQ(err.str(),
+            "Depois da operação 2 alguém alterou o mesmo:\n"
+            "  Marcas REN Nome: agora «Grupo Renault», ficaria «Renault»\n"
+            "Nada foi anulado. Para pôr mesmo assim tudo como estava antes: --sobrepor\n");
+  EXPECT_EQ(Name(), "Grupo Renault");
+  EXPECT_EQ(OnDatabase({"anular", "2", "--sobrepor"}), kDone) << err.str();
+  EXPECT_EQ(out.str(), "Anulada a operação 2, pela operação 4.\n");
+  EXPECT_EQ(Name(), "Renault");
+  EXPECT_EQ(OnDatabase({"anular", "2"}), kFailed);
+  EXPECT_NE(err.str().find("já foi anulada, pela operação 4"), std::string::npos) << err.str();
+
+  const struct {
+    std::vector<std::string> words;
+    std::vector<long> numbers;
+  } cases[] = {
+      {{"REN"}, {4, 3, 2, 1}}, {{"--operador", "ana"}, {2, 1}}, {{"--texto", "anular"}, {4}},
+      {{"OUTRO"}, {}},         {{"--texto", "nada disto"}, {}}, {{"REN", "--operador", "rui"}, {3}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.words.back());
+    std::vector<std::string> words = {"historico", "--json"};
+    words.insert(words.end(), each.words.begin(), each.words.end());
+    EXPECT_EQ(OnDatabase(words), kDone);
+    std::vector<long> numbers;
+    for (const auto& operation : nlohmann::json::parse(out.str())) numbers.push_back(operation.at("numero"));
+    EXPECT_EQ(numbers, each.numbers);
+  }
+  EXPECT_EQ(OnDatabase({"historico", "--json", "--texto", "anular"}), kDone);
+  const auto undoing = nlohmann::json::parse(out.str())[0];
+  EXPECT_EQ(undoing.at("anula"), 2);
+  EXPECT_EQ(undoing.at("texto"), "Anular: Marcas: Confirmar, REN");
+}
+
+TEST_F(HistoryCommandTest, TheOfficeSettlesHowLongAndWhether) {
+  const struct {
+    std::vector<std::string> words;
+    int code;
+    std::string text;
+  } cases[] = {
+      {{"opcoes"},
+       kDone,
+       "Histórico: ligado\nOperações: 5 anos\nDocumentos e fotografias removidos: 2 anos\n"
+       "Motoristas inactivos: ao fim de 5 anos\n"},
+      {{"opcoes", "--anos", "0", "--anos-documentos", "1", "--anos-motoristas", "7", "--desligar"},
+       kDone,
+       "Histórico: desligado\nOperações: para sempre\nDocumentos e fotografias removidos: 1 ano\n"
+       "Motoristas inactivos: ao fim de 7 anos\n"},
+      {{"opcoes", "--ligar", "--anos-motoristas", "0"},
+       kDone,
+       "Histórico: ligado\nOperações: para sempre\nDocumentos e fotografias removidos: 1 ano\n"
+       "Motoristas inactivos: ao fim de 7 anos\n"},
+      {{"limpar", "--antes-de", "depois"}, kUsage, "«depois» não é uma data. Escreva-a como 31-12-2024.\n"},
+      {{"limpar", "--antes-de", "01-03-2024"}, kDone, "0 operações e 0 documentos saíram do histórico.\n"},
+      {{"limpar", "--antes-de", "02-03-2024"}, kDone, "3 operações e 0 documentos saíram do histórico.\n"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.words.back());
+    std::vector<std::string> words = {"historico"};
+    words.insert(words.end(), each.words.begin(), each.words.end());
+    EXPECT_EQ(OnDatabase(words), each.code);
+    EXPECT_EQ(out.str() + err.str(), each.text);
+  }
+  EXPECT_EQ(OnDatabase({"historico", "tamanho"}), kDone);
+  EXPECT_EQ(out.str().substr(0, out.str().find('\n')), "O histórico está vazio.");
+  EXPECT_NE(out.str().find(" KB do ficheiro."), std::string::npos) << out.str();
+  Write("ana", "Outra");
+  EXPECT_EQ(OnDatabase({"historico", "tamanho"}), kDone);
+  EXPECT_EQ(out.str().substr(0, out.str().find('\n')), "1 operação desde 01-03-2024, 1 linha.");
+}
+
+}  // namespace
+}  // namespace console
