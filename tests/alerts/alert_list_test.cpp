@@ -112,6 +112,28 @@ TEST_F(AlertListTest, EditarOpensWhatTheRowSpeaksOfAndReloads) {
   EXPECT_EQ(list->ICrmVwList_NumeroItens(), 2) << "a ficha that isn't there only reloads";
 }
 
+TEST_F(AlertListTest, RowsFilledInCodeHaveTheirFields) {
+  const std::map<platform::FieldType, std::string> types = {{platform::FieldType::kText, "varchar"},
+                                                            {platform::FieldType::kLong, "long"},
+                                                            {platform::FieldType::kDouble, "double"}};
+  const auto fields = [&](const RecordsetRef& rows) {
+    std::string text;
+    for (const platform::FieldInfo& field : rows->FieldList())
+      text += (text.empty() ? "" : ", ") + field.name + " " + types.at(field.type) +
+              std::to_string(field.definedSize) + (field.nullable ? " NULL" : "");
+    return text;
+  };
+  EXPECT_EQ(fields(Tools::RsAlertasInsp()),
+            "Matricula varchar15 NULL, KmActuais double32, MesAno varchar10 NULL, DataPrx varchar10, Notas "
+            "varchar50 NULL, Dias long32");
+  EXPECT_EQ(fields(Tools::RsAlertasMot()),
+            "Motorista varchar80 NULL, Documento varchar60 NULL, Data varchar10, Notas varchar80 NULL, Dias "
+            "long32, Codigo varchar15 NULL");
+  EXPECT_EQ(fields(Tools::RsAlertasAcess()),
+            "Matricula varchar10 NULL, Acessorio varchar10 NULL, Marca varchar60 NULL, Data varchar10, Notas "
+            "varchar80 NULL, Dias long32, Id long32");
+}
+
 TEST_F(AlertListTest, TheGridsCanBeSetUpWithoutRows) {
   VwLstAlertasAcess accessories;
   accessories.ICrmVwList_GridMaster(&grid);

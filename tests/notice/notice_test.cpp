@@ -51,6 +51,7 @@ TEST(DigestTest, WordsOfOthersStayWordsInHtml) {
       << digest.html;
   EXPECT_NE(digest.text.find("Vencido (1)\n- <b>Selo & cia\n  uma\n  duas\n"), std::string::npos)
       << digest.text;
+  EXPECT_EQ(digest.text.find("(0)"), std::string::npos) << "what has nothing isn't spoken of";
 }
 
 TEST(DueWatchTest, WhatComesNearerIsNewsAndTheFirstLookIsNot) {
