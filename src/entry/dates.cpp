@@ -16,6 +16,7 @@ using zorCrmParvel::Motoristas;
 using zorCrmParvel::Viaturas;
 
 constexpr int kRevisionKm = 53;
+constexpr int kRegistration = 3;  // among the dates
 constexpr char kNoRevision[] = "9999999";
 
 /// What the driver's dates are called here: on the ficha several are called alike.
@@ -62,16 +63,20 @@ std::vector<UnsetDate> EmptyOf(Motoristas& ficha) {
   return empty;
 }
 
-std::vector<UnsetDate> EmptyOf(Viaturas& ficha) {
+std::vector<UnsetDate> EmptyOf(Viaturas& ficha, bool& is_new) {
   clViaturas vehicle;
   vehicle.bd = ficha.mybd;
   vehicle.Matricula = ficha.Campo[0].Text;
-  vehicle.Ler();
+  is_new = !vehicle.Ler();
   std::vector<UnsetDate> empty;
   for (const auto& date : zorCrmParvel::kDatasDaViatura)
     if (date.opcional && (vehicle.*date.propriedade).IsZero())
       empty.push_back({&ficha.DTPicker1[date.indice], NameOfVehiclesDate(date.indice)});
   return empty;
+}
+
+bool IsToday(const platform::DTPicker& picker) {
+  return !picker.Value.IsNull() && picker.Value.ToDate().DayOnly() == platform::Today();
 }
 
 }  // namespace
@@ -82,14 +87,19 @@ std::vector<UnsetDate> UnsetDates::Of(platform::Form& form) {
   if (driver == nullptr && vehicle == nullptr) return {};
   const std::string key = platform::Trim(driver != nullptr ? driver->Campo[0].Text : vehicle->Campo[0].Text);
   if (key.empty()) return {};
-  if (!known_ || key != key_) empty_ = driver != nullptr ? EmptyOf(*driver) : EmptyOf(*vehicle);
+  if (!known_ || key != key_) empty_ = driver != nullptr ? EmptyOf(*driver) : EmptyOf(*vehicle, new_vehicle_);
   known_ = true;
   key_ = key;
   std::vector<UnsetDate> unset;
   for (const UnsetDate& date : empty_)
-    if (!date.picker->Value.IsNull() && date.picker->Value.ToDate().DayOnly() == platform::Today())
-      unset.push_back(date);
+    if (IsToday(*date.picker)) unset.push_back(date);
   return unset;
+}
+
+bool UnsetDates::RegistersToday(const platform::Form& form) const {
+  const auto* vehicle = dynamic_cast<const Viaturas*>(&form);
+  return vehicle != nullptr && known_ && new_vehicle_ && !key_.empty() &&
+         IsToday(vehicle->DTPicker1[kRegistration]);
 }
 
 bool UnsetDates::LacksRevision(const platform::Form& form) {

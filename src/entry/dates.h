@@ -19,6 +19,9 @@ struct UnsetDate {
 class UnsetDates {
  public:
   std::vector<UnsetDate> Of(platform::Form& form);
+  /// Whether a new vehicle would be stored as registered today, from which its next inspection and stamp are
+  /// told; to be asked after `Of`.
+  bool RegistersToday(const platform::Form& form) const;
   /// Whether a vehicle's ficha tells no kilometres of its next revision, which then counts as overdue.
   static bool LacksRevision(const platform::Form& form);
   /// Leaves dates empty, and a vehicle without a revision by kilometres, as an import does.
@@ -27,6 +30,7 @@ class UnsetDates {
 
  private:
   bool known_ = false;
+  bool new_vehicle_ = false;
   std::string key_;
   std::vector<UnsetDate> empty_;  // of the record with this key
 };

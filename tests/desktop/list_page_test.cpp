@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QStatusBar>
 #include <tuple>
 
@@ -158,7 +159,12 @@ TEST_F(ListPagesTest, AFieldOfManyVehiclesIsSetAsOneAct) {
   desk.script.Next([](QWidget& shown) {
     auto& dialog = dynamic_cast<desktop::VehicleFieldDialog&>(shown);
     ASSERT_EQ(dialog.Vehicles().size(), 2U);
+    QPushButton* change = nullptr;
+    for (auto* button : dialog.findChildren<QPushButton*>())
+      if (button->isDefault()) change = button;
+    EXPECT_FALSE(change->isEnabled()) << "Enter alone takes no value away";
     dialog.value()->setCurrentIndex(1);
+    EXPECT_TRUE(change->isEnabled());
     EXPECT_EQ(dialog.Value(), "COM");
     dialog.accept();
   });

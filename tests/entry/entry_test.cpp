@@ -145,6 +145,14 @@ TEST_F(EntryTest, ANewVehicleCanBeLeftWithoutARevision) {
   EXPECT_FALSE(entry::UnsetDates::LacksRevision(form));
   EXPECT_EQ(form.Campo[53].Text, "9999999");
   EXPECT_TRUE(unset.Of(form).empty());
+  EXPECT_TRUE(unset.RegistersToday(form));
+  form.DTPicker1[3].Value = platform::Date::FromParts(2020, 5, 4);
+  EXPECT_FALSE(unset.RegistersToday(form)) << "a date was given";
+  AddVehicle(bd, "99-ZZ-99");
+  unset.Forget();
+  form.DTPicker1[3].Value = platform::Today();
+  unset.Of(form);
+  EXPECT_FALSE(unset.RegistersToday(form)) << "it is in the fleet already";
 }
 
 TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {

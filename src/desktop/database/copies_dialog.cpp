@@ -1,8 +1,7 @@
 #include "desktop/database/copies_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QFileInfo>
-#include <QHeaderView>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -11,6 +10,8 @@
 
 #include "desktop/database/copy_keeper.h"
 #include "desktop/database/database_dialogs.h"
+#include "desktop/history/side_by_side.h"
+#include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
@@ -26,7 +27,7 @@ constexpr int kHeight = 22;
 CopiesDialog::CopiesDialog(CopyKeeper& keeper, QWidget* parent)
     : QDialog(parent),
       keeper_(keeper),
-      table_(new QTableWidget(0, 2, this)),
+      table_(SideBySide({"Dia", "Tamanho"}, this)),
       holdings_(new QLabel(this)),
       folder_(new QLabel(this)) {
   setObjectName(QStringLiteral("copias"));
@@ -46,14 +47,6 @@ void CopiesDialog::Build() {
                  this);
   what->setWordWrap(true);
   column->addWidget(what);
-  table_->setHorizontalHeaderLabels({QStringLiteral("Dia"), QStringLiteral("Tamanho")});
-  table_->horizontalHeader()->setStretchLastSection(true);
-  table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  table_->verticalHeader()->hide();
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table_->setTabKeyNavigation(false);
   table_->setAccessibleName(QStringLiteral("Cópias"));
   column->addWidget(table_, 1);
   for (QLabel* label : {holdings_, folder_}) {
@@ -62,16 +55,25 @@ void CopiesDialog::Build() {
     column->addWidget(label);
   }
   SetMuted(folder_);
-  auto* buttons = new QDialogButtonBox(this);
-  restore_ = buttons->addButton(QStringLiteral("&Repor esta"), QDialogButtonBox::AcceptRole);
-  QPushButton* another = buttons->addButton(QStringLiteral("&Outro ficheiro…"), QDialogButtonBox::ActionRole);
-  QPushButton* folder = buttons->addButton(QStringLiteral("&Mudar de pasta…"), QDialogButtonBox::ActionRole);
-  buttons->addButton(QStringLiteral("&Cancelar"), QDialogButtonBox::RejectRole);
-  column->addWidget(buttons);
+  auto* buttons = new QHBoxLayout;
+  const auto add = [this, buttons](const QString& text) {
+    auto* button = new QPushButton(text, this);
+    button->setAutoDefault(false);
+    buttons->addWidget(button);
+    return button;
+  };
+  QPushButton* another = add(QStringLiteral("&Outro ficheiro…"));
+  QPushButton* folder = add(QStringLiteral("&Mudar de pasta…"));
+  buttons->addStretch(1);
+  QPushButton* cancel = add(QStringLiteral("&Cancelar"));
+  restore_ = add(QStringLiteral("&Repor esta"));
+  restore_->setDefault(true);
+  HouseStyle::SetAccent(restore_);
+  column->addLayout(buttons);
   connect(table_, &QTableWidget::currentCellChanged, this, &CopiesDialog::ShowHoldings);
   connect(table_, &QTableWidget::cellActivated, this, &CopiesDialog::RestoreChosen);
-  connect(buttons, &QDialogButtonBox::accepted, this, &CopiesDialog::RestoreChosen);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(restore_, &QPushButton::clicked, this, &CopiesDialog::RestoreChosen);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(another, &QPushButton::clicked, this, &CopiesDialog::ChooseAnother);
   connect(folder, &QPushButton::clicked, this, &CopiesDialog::ChooseFolder);
 }

@@ -157,6 +157,9 @@ void FichaAids::Show() {
     if (unset)
       lines << QStringLiteral("Sem data guardada, ficam com a de hoje ao confirmar: %1.")
                    .arg(dates.join(QStringLiteral(", ")));
+    if (unset_.RegistersToday(form_))
+      lines << QStringLiteral(
+          "Data de matrícula (em DUC): fica a de hoje, e dela contam a inspecção e o selo.");
     unplanned = entry::UnsetDates::LacksRevision(form_);
     if (unplanned) lines << QStringLiteral("Sem quilómetros da próxima revisão, ela conta como passada.");
   });

@@ -1,7 +1,6 @@
 #include "desktop/history/history_settings_dialog.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -11,6 +10,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "desktop/look/day_edit.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
@@ -40,7 +40,7 @@ HistorySettingsDialog::HistorySettingsDialog(Workspace& workspace, QWidget* pare
       years_(Years(this)),
       document_years_(Years(this)),
       size_(new QLabel(this)),
-      before_(new QDateEdit(this)) {
+      before_(new DayEdit(this)) {
   setObjectName(QStringLiteral("guardar-historico"));
   setWindowTitle(QStringLiteral("Guardar o histórico"));
   Build();
@@ -73,8 +73,6 @@ void HistorySettingsDialog::Build() {
   label->setBuddy(before_);
   auto* clear = new QPushButton(QStringLiteral("&Limpar…"), room);
   clear->setAutoDefault(false);
-  before_->setCalendarPopup(true);
-  before_->setDisplayFormat(QStringLiteral("dd-MM-yyyy"));
   clearing->addWidget(label);
   clearing->addWidget(before_);
   clearing->addWidget(clear);

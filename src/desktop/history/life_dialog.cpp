@@ -18,9 +18,9 @@
 namespace desktop {
 namespace {
 
-constexpr int kWidth = 48;  // in lines of text
+constexpr int kWidth = 56;  // in lines of text
 constexpr int kHeight = 24;
-constexpr int kWords = 60;  // letters
+constexpr int kLetters[] = {42, 11, 18, 22};  // of the columns; the last has what is left
 
 }  // namespace
 
@@ -48,8 +48,7 @@ void LifeDialog::Build(const QString& name) {
   table_->setAccessibleName(QStringLiteral("Histórico do registo"));
   table_->setWordWrap(true);
   const int letter = fontMetrics().averageCharWidth();
-  const int widths[] = {kWords, 16, 24, 36};
-  for (int i = 0; i < 4; ++i) table_->setColumnWidth(i, letter * widths[i]);
+  for (int i = 0; i < 4; ++i) table_->setColumnWidth(i, letter * kLetters[i]);
   column->addWidget(table_, 1);
   auto* buttons = new QDialogButtonBox(this);
   undo_->setAutoDefault(false);
@@ -66,15 +65,18 @@ void LifeDialog::Build(const QString& name) {
 }
 
 void LifeDialog::Fill() {
+  table_->clearSpans();
   table_->setRowCount(0);
   Guarded(this, [this] { life_ = history::ReadLife(*store_, of_, key_); });
   for (const history::Change& change : life_)
     AddLine(*table_, {ToQt(change.words), ToQt(change.operation.operador),
                       ToQt(history::ShownMoment(change.operation.moment)), ToQt(change.operation.words),
                       ToQt(history::ShownState(change.operation))});
-  if (life_.empty())
+  if (life_.empty()) {
     AddLine(*table_,
             {QStringLiteral("Desde que há histórico, aqui ninguém mexeu neste registo."), {}, {}, {}, {}});
+    table_->setSpan(0, 0, 1, table_->columnCount());
+  }
   table_->resizeRowsToContents();
   undo_->setEnabled(false);
   table_->setCurrentCell(0, 0);

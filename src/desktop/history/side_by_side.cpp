@@ -3,6 +3,8 @@
 #include <QHeaderView>
 #include <QTableWidget>
 
+#include "desktop/list/item_painter.h"
+
 namespace desktop {
 
 QTableWidget* SideBySide(const std::vector<const char*>& captions, QWidget* parent) {
@@ -11,6 +13,8 @@ QTableWidget* SideBySide(const std::vector<const char*>& captions, QWidget* pare
   for (const char* caption : captions) names << QString::fromUtf8(caption);
   table->setHorizontalHeaderLabels(names);
   table->horizontalHeader()->setStretchLastSection(true);
+  table->horizontalHeader()->setHighlightSections(false);
+  table->setItemDelegate(new ItemPainter(table));
   table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   table->verticalHeader()->hide();
   table->setSelectionBehavior(QAbstractItemView::SelectRows);

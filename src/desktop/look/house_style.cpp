@@ -7,14 +7,17 @@
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QPainter>
+#include <QRadioButton>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
 #include <QTextCharFormat>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeView>
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/look/house_drawing.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/look.h"
 
@@ -23,6 +26,7 @@ namespace {
 
 constexpr char kAccent[] = "accent";
 constexpr int kModifiedColumn = 3;  // of a file dialog
+constexpr char kMenuArrow[] = " ▾";
 
 /// Tells when a file was written, which the toolkit does in the language of the system.
 class FileDays : public QStyledItemDelegate {
@@ -39,91 +43,18 @@ class FileDays : public QStyledItemDelegate {
 
 bool IsAccent(const QWidget* widget) { return widget != nullptr && widget->property(kAccent).toBool(); }
 
-void DrawButton(const QStyleOption& option, QPainter& painter, bool accent) {
-  const QPalette& palette = option.palette;
-  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-  const bool pressed = option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On);
-  const QColor text = palette.color(QPalette::WindowText);
-  QColor fill = accent && enabled ? Accent(palette) : palette.color(QPalette::Button);
-  QColor border = accent && enabled ? fill : Blend(fill, text, enabled ? 0.32 : 0.16);
-  if (pressed)
-    fill = Blend(fill, accent ? Qt::black : text, 0.18);
-  else if (enabled && option.state.testFlag(QStyle::State_MouseOver))
-    fill = Blend(fill, accent ? Qt::black : text, 0.07);
-
-  const bool focused = option.state.testFlag(QStyle::State_HasFocus);
-  if (focused) border = accent ? QColor(Qt::white) : Accent(palette);
-  const double line = focused ? 2.0 : 1.0;
-  const double radius = std::max(2.0, option.fontMetrics.height() / 6.0);
-  const QRectF outline = QRectF(option.rect).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(fill);
-  painter.setPen(focused && accent ? QPen(fill) : QPen(border, line));
-  painter.drawRoundedRect(outline, radius, radius);
-  if (focused && accent) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(border);
-    painter.drawRoundedRect(outline.adjusted(line, line, -line, -line), radius / 2, radius / 2);
-  }
-  painter.restore();
+/// What has no frame of its own to be coloured.
+bool ShowsFocus(const QWidget* widget) {
+  return qobject_cast<const QCheckBox*>(widget) != nullptr ||
+         qobject_cast<const QRadioButton*>(widget) != nullptr ||
+         qobject_cast<const QToolButton*>(widget) != nullptr;
 }
 
-/// The line around a control with the keyboard that has no frame of its own.
-void DrawFocus(const QStyleOption& option, QPainter& painter) {
-  const double radius = std::max(2.0, option.fontMetrics.height() / 6.0);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Accent(option.palette), 2.0));
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), radius, radius);
-  painter.restore();
-}
-
-void DrawToolButton(const QStyleOption& option, QPainter& painter) {
-  const bool pressed = option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On);
-  const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
-  if (!option.state.testFlag(QStyle::State_Enabled) || (!pressed && !hovered)) return;
-  const double radius = std::max(2.0, option.fontMetrics.height() / 6.0);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(Blend(option.palette.color(QPalette::Window), option.palette.color(QPalette::WindowText),
-                         pressed ? 0.2 : 0.1));
-  painter.drawRoundedRect(option.rect, radius, radius);
-  painter.restore();
-}
-
-QRect BottomLine(const QRect& rect) { return {rect.left(), rect.bottom(), rect.width(), 1}; }
-
-void DrawHeading(const QStyleOption& option, QPainter& painter) {
-  const QPalette& palette = option.palette;
-  QColor fill = palette.color(QPalette::Base);
-  if (option.state.testFlag(QStyle::State_MouseOver)) fill = Blend(fill, palette.color(QPalette::Text), 0.06);
-  painter.fillRect(option.rect, fill);
-  painter.fillRect(BottomLine(option.rect), Blend(fill, palette.color(QPalette::Text), 0.35));
-}
-
-/// A page's tab: the one that is turned to stands on a line of the accent, filled where it has the keyboard.
-void DrawTab(const QStyleOption& option, QPainter& painter) {
-  const QPalette& palette = option.palette;
-  const bool selected = option.state.testFlag(QStyle::State_Selected);
-  const QColor window = palette.color(QPalette::Window);
-  if (selected && option.state.testFlag(QStyle::State_HasFocus))
-    painter.fillRect(option.rect, Blend(window, Accent(palette), 0.2));
-  else if (!selected && option.state.testFlag(QStyle::State_MouseOver))
-    painter.fillRect(option.rect, Blend(window, palette.color(QPalette::WindowText), 0.06));
-  const int thick = std::max(2, option.fontMetrics.height() / 7);
-  if (selected)
-    painter.fillRect(option.rect.adjusted(0, option.rect.height() - thick, 0, 0), Accent(palette));
-  else
-    painter.fillRect(BottomLine(option.rect), LineColor(palette));
-}
-
-void DrawBar(const QStyleOption& option, QPainter& painter) {
-  painter.fillRect(option.rect, option.palette.window());
-  painter.fillRect(BottomLine(option.rect), LineColor(option.palette));
+/// A word that opens a menu: it needs no button around it.
+const QStyleOptionToolButton* MenuWord(const QStyleOption* option) {
+  const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+  const bool word = button != nullptr && button->toolButtonStyle == Qt::ToolButtonTextOnly;
+  return word && button->features.testFlag(QStyleOptionToolButton::HasMenu) ? button : nullptr;
 }
 
 bool IsDark(const QPalette& palette) {
@@ -173,8 +104,17 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameTabBarBase:
       return painter->fillRect(BottomLine(option->rect), LineColor(option->palette));
     case PE_FrameFocusRect:
-      if (qobject_cast<const QCheckBox*>(widget) != nullptr) DrawFocus(*option, *painter);
+      if (ShowsFocus(widget)) DrawFocus(*option, *painter);
       return;
+    case PE_IndicatorHeaderArrow:
+      if (widget != nullptr) {
+        const auto* heading = qstyleoption_cast<const QStyleOptionHeader*>(option);
+        if (heading == nullptr) break;
+        QStyleOptionHeader placed(*heading);
+        placed.rect = SortArrow(*option, *widget);
+        return QProxyStyle::drawPrimitive(element, &placed, painter, widget);
+      }
+      break;
     case PE_FrameStatusBarItem:
       return;
     case PE_FrameLineEdit:
@@ -245,6 +185,12 @@ void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     frame.lineWidth = pixelMetric(PM_DefaultFrameWidth, option, widget);
     return drawPrimitive(PE_PanelLineEdit, &frame, painter, widget);
   }
+  if (const QStyleOptionToolButton* word = MenuWord(option); word && control == CC_ToolButton) {
+    QStyleOptionToolButton plain(*word);
+    plain.features.setFlag(QStyleOptionToolButton::HasMenu, false);
+    plain.text += QString::fromUtf8(kMenuArrow);
+    return QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+  }
   if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
       combo && IsDark(combo->palette)) {
     QStyleOptionComboBox visible(*combo);
@@ -265,6 +211,8 @@ QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option
   QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
   if (widget == nullptr) return result;
   if (type == CT_PushButton) result.rwidth() += Gap(widget);
+  if (type == CT_ToolButton && MenuWord(option) != nullptr)
+    result.rwidth() += option->fontMetrics.horizontalAdvance(QString::fromUtf8(kMenuArrow));
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
   if (type == CT_LineEdit && frame != nullptr && frame->lineWidth == 0)
     return result;  // inside another field
@@ -295,6 +243,8 @@ QIcon HouseStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, 
 int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
   if (hint == SH_EtchDisabledText) return 0;
+  if (hint == SH_Table_GridLineColor && option != nullptr)
+    return static_cast<int>(LineColor(option->palette).rgba());
   if (hint == SH_Header_ArrowAlignment) return Qt::AlignRight | Qt::AlignVCenter;
   if (hint == SH_ItemView_ActivateItemOnSingleClick) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returned);

@@ -12,10 +12,6 @@ bool IsAscii(QStringView text) {
   return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-bool IsLeftOut(QChar c) {
-  return c.isSpace() || c.category() == QChar::Punctuation_Dash || c.category() == QChar::Mark_NonSpacing;
-}
-
 }  // namespace
 
 QString WithLineBreaks(const QString& text) {
@@ -28,14 +24,6 @@ QString WithLineBreaks(const QString& text) {
 
 QString PlainToolTip(const QString& text) {
   return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
-}
-
-QString Folded(QStringView text) {
-  QString folded = text.toString();
-  if (!IsAscii(text)) folded = folded.normalized(QString::NormalizationForm_KD);
-  folded = folded.toCaseFolded();
-  folded.removeIf(IsLeftOut);
-  return folded;
 }
 
 QString WithMnemonic(const QString& text, QString& taken) {

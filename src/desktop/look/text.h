@@ -18,9 +18,6 @@ QString WithLineBreaks(const QString& text);
 /// A tool tip that shows the text as it stands, also when it looks like markup.
 QString PlainToolTip(const QString& text);
 
-/// A text for searching: no difference of case, accents, hyphens and blanks is left.
-QString Folded(QStringView text);
-
 /// The text with "&" before its first letter that isn't taken yet, which then is; as it was when all are.
 QString WithMnemonic(const QString& text, QString& taken);
 

@@ -11,6 +11,7 @@
 #include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "lists/words.h"
 
 namespace desktop {
 namespace {
@@ -73,17 +74,17 @@ void FilterDialog::Fill(const std::vector<reports::Filtro>& filters, const repor
 
 /// Groups with something found are opened, the others hidden.
 void FilterDialog::Search(const QString& text) {
-  const QString wanted = Folded(text);
+  const std::string wanted = lists::Folded(FromQt(text));
   for (int g = 0; g < tree_->topLevelItemCount(); ++g) {
     QTreeWidgetItem* group = tree_->topLevelItem(g);
     bool any = false;
     for (int i = 0; i < group->childCount(); ++i) {
-      const bool found = Folded(group->child(i)->text(0)).contains(wanted);
+      const bool found = lists::Folded(FromQt(group->child(i)->text(0))).find(wanted) != std::string::npos;
       group->child(i)->setHidden(!found);
       any = any || found;
     }
     group->setHidden(!any);
-    if (!wanted.isEmpty()) group->setExpanded(any);
+    if (!wanted.empty()) group->setExpanded(any);
   }
 }
 

@@ -17,7 +17,7 @@ constexpr std::size_t kContractsShown = 3;
 
 MonthPanel::MonthPanel(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
   grid_->setContentsMargins(Gap(this), 0, WideGap(this), Gap(this));
-  grid_->setHorizontalSpacing(WideGap(this));
+  grid_->setHorizontalSpacing(Gap(this));
   grid_->setVerticalSpacing(Gap(this) / 2);
   hide();
 }
@@ -65,10 +65,11 @@ void MonthPanel::Show(const reports::ResumoDoMes& month) {
     grid_->addWidget(AddLabel(ToQt(contract.texto), row, 1), row, 1, 1, 3);
     ++row;
   }
-  if (month.leasing.size() > kContractsShown)
-    AddLabel(
-        QStringLiteral("e mais %1, em ANÁLISE > Quilómetros").arg(month.leasing.size() - kContractsShown),
-        row, 0, true);
+  if (month.leasing.size() > kContractsShown) {
+    const QString more =
+        QStringLiteral("e mais %1, em ANÁLISE > Quilómetros").arg(month.leasing.size() - kContractsShown);
+    grid_->addWidget(AddLabel(more, row, 0, true), row, 0, 1, 4);
+  }
   grid_->setColumnStretch(4, 1);
   const bool known = std::any_of(month.figuras.begin(), month.figuras.end(),
                                  [](const auto& figure) { return figure.valor != "—"; });

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "desktop/ficha/date_views.h"
+#include "desktop/look/day_edit.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "platform/host.h"
@@ -60,10 +61,9 @@ void ReportBar::AddPeriod() {
 }
 
 void ReportBar::AddDay(QDateEdit*& edit, reports::Dia day, const QString& name) {
-  edit = new QDateEdit(ToQt(platform::Date().AddDays(day)).date(), this);
-  edit->setCalendarPopup(true);
-  edit->setDisplayFormat(QStringLiteral("dd-MM-yyyy"));
+  edit = new DayEdit(this);
   edit->setMinimumDate(QDate(1900, 1, 1));
+  edit->setDate(ToQt(platform::Date().AddDays(day)).date());
   edit->setAccessibleName(name);
   edit->setToolTip(name);
   edit->setKeyboardTracking(false);

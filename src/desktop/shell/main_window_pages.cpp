@@ -16,11 +16,17 @@
 #include "desktop/start/alert_board.h"
 #include "desktop/start/due_notifier.h"
 #include "desktop/start/start_page.h"
+#include "setup/first_steps.h"
 
 namespace desktop {
 namespace {
 
 constexpr char kList[] = "janela/lista";
+
+/// A file in which nobody has begun: it opens with the first steps, whatever list was shown last.
+bool IsNew(const Workspace& workspace) {
+  return setup::StepsDone(zorCrmParvel::DataAccessRef(workspace.store())).empty();
+}
 
 }  // namespace
 
@@ -35,7 +41,7 @@ void MainWindow::Open(std::unique_ptr<Workspace> workspace) {
   copies_->Watch(file);
   if (!file.empty()) RememberDatabase(settings_, ToQt(file));
   const ListEntry* last = FindList(FromQt(settings_.value(kList).toString()).c_str());
-  if (last != nullptr && HasPage(*last))
+  if (last != nullptr && HasPage(*last) && (file.empty() || !IsNew(*workspace_)))
     Show(*last, true);
   else
     ShowStart(true);

@@ -10,7 +10,9 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
@@ -23,7 +25,6 @@ namespace {
 
 constexpr int kWeeks = 6;
 constexpr int kDays = 7;
-constexpr std::size_t kLinesInDay = 3;
 
 QLocale Portuguese() { return QLocale(QLocale::Portuguese, QLocale::Portugal); }
 QDate Day(platform::Date date) { return {date.year(), date.month(), date.day()}; }
@@ -85,13 +86,19 @@ void MonthPage::Build() {
   QStringList names;
   for (int day = 1; day <= kDays; ++day) names << Portuguese().dayName(day, QLocale::ShortFormat);
   days_->setHorizontalHeaderLabels(names);
+  days_->horizontalHeader()->setHighlightSections(false);
+  days_->setItemDelegate(new ItemPainter(days_));
   days_->installEventFilter(this);
+  connect(days_->verticalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+    if (section == kWeeks - 1) WriteDays();
+  });
   connect(days_, &QTableWidget::currentCellChanged, this, &MonthPage::ShowDay);
 
   auto* side = new QVBoxLayout;
   side->setContentsMargins(WideGap(this), 0, WideGap(this), WideGap(this));
   SetTitleFont(day_, 1.1);
   list_->setFrameShape(QFrame::NoFrame);
+  list_->setItemDelegate(new ItemPainter(list_));
   list_->installEventFilter(this);
   connect(list_, &QListWidget::itemDoubleClicked, this, [this] { Open(list_->currentRow()); });
   side->addWidget(day_);
@@ -132,35 +139,40 @@ void MonthPage::Load() {
 
 platform::Date MonthPage::DayAt(int row, int column) const { return first_.AddDays(row * kDays + column); }
 
-/// The first lines of each day, and how many more there are.
-void MonthPage::Fill() {
+/// The first lines of each day, as many as there is room for, and how many more there are.
+void MonthPage::WriteDays() {
   const QSignalBlocker quiet(days_);
   const platform::Date today = platform::Today();
+  const int lines_in_day = std::max(days_->rowHeight(0) / days_->fontMetrics().lineSpacing() - 1, 1);
   for (int row = 0; row < kWeeks; ++row)
     for (int column = 0; column < kDays; ++column) {
       const platform::Date day = DayAt(row, column);
-      QStringList lines;
-      std::size_t more = 0;
-      for (const due::DueDate& date : dates_) {
-        if (date.day != day) continue;
-        if (static_cast<std::size_t>(lines.size()) < kLinesInDay)
-          lines << LineOf(date);
-        else
-          ++more;
-      }
-      if (more > 0) lines << QStringLiteral("e mais %1").arg(more);
       const QString number =
           QString::number(day.day()) + (day == today ? QStringLiteral(" · hoje") : QString());
-      lines.prepend(number);
+      QStringList lines = {number};
+      for (const due::DueDate& date : dates_)
+        if (date.day == day) lines << LineOf(date);
+      const QString all = lines.join(QLatin1Char('\n'));
+      const auto count = static_cast<int>(lines.size()) - 1;
+      if (count > lines_in_day) {
+        lines = lines.mid(0, lines_in_day);
+        lines << QStringLiteral("e mais %1").arg(count - lines_in_day + 1);
+      }
       auto* item = new QTableWidgetItem(lines.join(QLatin1Char('\n')));
       item->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
-      item->setToolTip(PlainToolTip(lines.join(QLatin1Char('\n'))));
+      item->setToolTip(PlainToolTip(all));
       QFont bold = font();
       bold.setBold(day == today);
       item->setFont(bold);
       if (day.month() != month_.month()) item->setForeground(MutedText(palette()));
       days_->setItem(row, column, item);
     }
+}
+
+void MonthPage::Fill() {
+  WriteDays();
+  const QSignalBlocker quiet(days_);
+  const platform::Date today = platform::Today();
   const platform::Date shown = FirstOfMonth(today) == month_ ? today : month_;
   const auto place = static_cast<int>(platform::DaysBetween(first_, shown));
   days_->setCurrentCell(place / kDays, place % kDays);

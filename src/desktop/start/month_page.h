@@ -37,6 +37,7 @@ class MonthPage : public Page {
   void Build();
   void Step(int months);
   void Fill();
+  void WriteDays();
   void ShowDay();
   platform::Date DayAt(int row, int column) const;
   void Open(int row);

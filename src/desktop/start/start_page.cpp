@@ -72,12 +72,14 @@ void StartPage::Build() {
   auto* place = new QVBoxLayout(month_place_);
   place->setContentsMargins(0, 0, 0, 0);
   place->addWidget(month_);
-  column->addWidget(month_place_);
 
   auto* cards = new QWidget(this);
+  auto* month_and_cards = new QVBoxLayout(cards);
+  month_and_cards->setContentsMargins(0, 0, 0, 0);
+  month_and_cards->addWidget(month_place_);
+  month_and_cards->addLayout(grid_, 1);
   grid_->setContentsMargins(Gap(this), Gap(this), WideGap(this), WideGap(this));
   grid_->setSpacing(WideGap(this));
-  cards->setLayout(grid_);
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setWidgetResizable(true);
   scroll_->setFocusPolicy(Qt::NoFocus);
@@ -107,7 +109,6 @@ void StartPage::ShowBoard() {
   for (std::size_t i = 0; i < cards_.size(); ++i) cards_[i]->Show(board_.families()[i]);
   const bool had_focus = stack_->isAncestorOf(window()->focusWidget());  // also before the window is active
   steps_->Show(board_.steps());
-  month_place_->setVisible(!ShowsSteps());  // there is nothing in it yet
   stack_->setCurrentWidget(ShowsSteps() ? static_cast<QWidget*>(steps_) : scroll_);
   if (had_focus) TakeFocus();
 }

@@ -10,6 +10,7 @@
 #include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "lists/words.h"
 
 namespace desktop {
 namespace {
@@ -63,10 +64,11 @@ ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std
 }
 
 void ChoiceDialog::Narrow(const QString& text) {
-  const QString wanted = Folded(text);
+  const std::string wanted = lists::Folded(FromQt(text));
   QListWidgetItem* first = nullptr;
   for (int i = 0; i < list_->count(); ++i) {
-    const bool shown = Folded(list_->item(i)->data(kTextRole).toString()).contains(wanted);
+    const std::string folded = lists::Folded(FromQt(list_->item(i)->data(kTextRole).toString()));
+    const bool shown = folded.find(wanted) != std::string::npos;
     list_->item(i)->setHidden(!shown);
     if (shown && first == nullptr) first = list_->item(i);
   }

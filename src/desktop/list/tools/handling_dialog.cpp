@@ -1,7 +1,6 @@
 #include "desktop/list/tools/handling_dialog.h"
 
 #include <QDate>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +9,7 @@
 
 #include "desktop/list/list_page.h"
 #include "desktop/list/list_source.h"
+#include "desktop/look/day_edit.h"
 #include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -57,7 +57,7 @@ void Ask(ListPage& page, const MarkedRows& rows, bool puts_off) {
 }  // namespace
 
 HandlingDialog::HandlingDialog(bool puts_off, const QString& alerts, QWidget* parent)
-    : QDialog(parent), until_(new QDateEdit(this)), note_(new QLineEdit(this)), puts_off_(puts_off) {
+    : QDialog(parent), until_(new DayEdit(this)), note_(new QLineEdit(this)), puts_off_(puts_off) {
   setObjectName(QStringLiteral("tratar-alertas"));
   setWindowTitle(puts_off ? QStringLiteral("Adiar") : QStringLiteral("Tratado"));
   auto* column = new QVBoxLayout(this);
@@ -69,8 +69,6 @@ HandlingDialog::HandlingDialog(bool puts_off, const QString& alerts, QWidget* pa
   column->addWidget(what);
   auto* form = new QFormLayout;
   const QDate today = Day(platform::Today());
-  until_->setDisplayFormat(QStringLiteral("dd-MM-yyyy"));
-  until_->setCalendarPopup(true);
   until_->setMinimumDate(today.addDays(1));
   until_->setDate(today.addDays(kUsualDays));
   until_->setAccessibleName(QStringLiteral("Adiar até"));

@@ -2,13 +2,14 @@
 
 #include <QComboBox>
 #include <QFormLayout>
-#include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
-#include <QTreeWidget>
+#include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/history/side_by_side.h"
 #include "desktop/list/list_page.h"
 #include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
@@ -36,7 +37,7 @@ VehicleFieldDialog::VehicleFieldDialog(zorCrmParvel::DataAccessRef bd, std::vect
       plates_(std::move(plates)),
       field_(new QComboBox(this)),
       value_(new QComboBox(this)),
-      rows_(new QTreeWidget(this)),
+      rows_(SideBySide({"Matrícula", "Agora", "Fica"}, this)),
       sum_(new QLabel(this)),
       change_(new QPushButton(this)) {
   setObjectName(QStringLiteral("alterar-campo"));
@@ -57,8 +58,6 @@ void VehicleFieldDialog::Build() {
   form->addRow(QStringLiteral("Ca&mpo"), field_);
   form->addRow(QStringLiteral("&Valor novo"), value_);
   column->addLayout(form);
-  rows_->setHeaderLabels({QStringLiteral("Matrícula"), QStringLiteral("Agora"), QStringLiteral("Fica")});
-  rows_->setRootIsDecorated(false);
   rows_->setAccessibleName(QStringLiteral("O que muda"));
   column->addWidget(rows_, 1);
   SetMuted(sum_);
@@ -75,7 +74,11 @@ void VehicleFieldDialog::Build() {
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(change_, &QPushButton::clicked, this, &QDialog::accept);
   connect(field_, &QComboBox::currentIndexChanged, this, &VehicleFieldDialog::ShowField);
-  connect(value_, &QComboBox::currentTextChanged, this, &VehicleFieldDialog::ShowDifferences);
+  value_->setPlaceholderText(QStringLiteral("Escolha…"));
+  connect(value_, &QComboBox::currentTextChanged, this, [this] {
+    typed_ = true;
+    ShowDifferences();
+  });
   resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
 }
 
@@ -88,7 +91,8 @@ std::string VehicleFieldDialog::Value() const {
   return FromQt(typed ? value_->currentText().trimmed() : value_->currentData().toString());
 }
 
-/// The values that there are to choose from: departments, yes and no, or whoever is responsible for one.
+/// The values that there are to choose from: departments, yes and no, or whoever is responsible for one. None
+/// of them is chosen: Enter alone changes nothing.
 void VehicleFieldDialog::ShowField() {
   vehicles_ = entry::ValuesOf(bd_, plates_, Field());
   const QSignalBlocker quiet(value_);
@@ -106,7 +110,10 @@ void VehicleFieldDialog::ShowField() {
     for (const entry::VehicleValue& vehicle : vehicles_) names << ToQt(vehicle.value);
     names.removeDuplicates();
     value_->addItems(names);
+    value_->lineEdit()->setPlaceholderText(QStringLiteral("Escolha ou escreva…"));
   }
+  value_->setCurrentIndex(-1);
+  typed_ = false;
   ShowDifferences();
 }
 
@@ -115,21 +122,27 @@ QString VehicleFieldDialog::Shown(const std::string& value) const {
   return value == "1" ? QStringLiteral("Sim") : QStringLiteral("Não");
 }
 
+bool VehicleFieldDialog::HasValue() const { return typed_ || value_->currentIndex() >= 0; }
+
 void VehicleFieldDialog::ShowDifferences() {
   const std::string value = Value();
-  rows_->clear();
+  rows_->setRowCount(0);
   long changes = 0;
   for (const entry::VehicleValue& vehicle : vehicles_) {
-    const bool same = vehicle.value == value;
-    changes += same ? 0 : 1;
-    new QTreeWidgetItem(
-        rows_, {ToQt(vehicle.plate), Shown(vehicle.value), same ? QStringLiteral("(igual)") : Shown(value)});
+    const bool changed = HasValue() && vehicle.value != value;
+    changes += changed ? 1 : 0;
+    AddLine(*rows_, {ToQt(vehicle.plate), Shown(vehicle.value),
+                     changed      ? Shown(value)
+                     : HasValue() ? QStringLiteral("(igual)")
+                                  : QString()});
   }
-  for (int i = 0; i < rows_->columnCount(); ++i) rows_->resizeColumnToContents(i);
+  rows_->resizeColumnsToContents();
   const long all = static_cast<long>(vehicles_.size());
-  sum_->setText(QStringLiteral("Mudam %1 de %2.").arg(changes).arg(all));
-  change_->setText(QStringLiteral("&Alterar ") +
-                   Counted(changes, QStringLiteral("viatura"), QStringLiteral("viaturas")));
+  sum_->setText(HasValue() ? QStringLiteral("Mudam %1 de %2.").arg(changes).arg(all)
+                           : QStringLiteral("Escolha o valor que ficam a ter."));
+  change_->setText(HasValue() ? QStringLiteral("&Alterar ") +
+                                    Counted(changes, QStringLiteral("viatura"), QStringLiteral("viaturas"))
+                              : QStringLiteral("&Alterar"));
   change_->setEnabled(changes > 0);
 }
 

@@ -9,7 +9,7 @@
 class QComboBox;
 class QLabel;
 class QPushButton;
-class QTreeWidget;
+class QTableWidget;
 
 namespace desktop {
 
@@ -34,6 +34,7 @@ class VehicleFieldDialog : public QDialog {
   void Build();
   void ShowField();
   void ShowDifferences();
+  bool HasValue() const;
   QString Shown(const std::string& value) const;
 
   zorCrmParvel::DataAccessRef bd_;
@@ -41,9 +42,10 @@ class VehicleFieldDialog : public QDialog {
   std::vector<entry::VehicleValue> vehicles_;
   QComboBox* field_;
   QComboBox* value_;
-  QTreeWidget* rows_;
+  QTableWidget* rows_;
   QLabel* sum_;
   QPushButton* change_;
+  bool typed_ = false;  // into the field for the value
 };
 
 /// The command on the rows of the vehicles' list: asks, and changes them as one act.
