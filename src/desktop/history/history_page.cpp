@@ -15,6 +15,7 @@
 #include "desktop/history/operations_model.h"
 #include "desktop/history/side_by_side.h"
 #include "desktop/history/undo_dialog.h"
+#include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
@@ -87,6 +88,7 @@ void HistoryPage::Build() {
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setTabKeyNavigation(false);
   table_->setShowGrid(false);
+  table_->setItemDelegate(new ItemPainter(table_));
   table_->setWordWrap(false);
   table_->verticalHeader()->hide();
   table_->horizontalHeader()->setHighlightSections(false);

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kWidth = 56;  // in lines of text
 constexpr int kHeight = 24;
-constexpr int kLetters[] = {42, 11, 18, 22};  // of the columns; the last has what is left
+constexpr int kLetters[] = {36, 11, 22, 30};  // of the columns; the last has what is left
 
 }  // namespace
 

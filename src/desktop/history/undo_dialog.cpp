@@ -50,6 +50,8 @@ bool AskAbout(const std::vector<history::Conflict>& conflicts, const QString& wo
   if (conflicts.size() > kMostShown)
     AddLine(*table, {QStringLiteral("… e mais %1").arg(conflicts.size() - kMostShown), {}, {}, {}});
   table->resizeColumnsToContents();
+  table->setCurrentCell(0, 0);  // where the keyboard comes to
+  table->setAccessibleName(QStringLiteral("O que ficaria"));
   column->addWidget(table, 1);
   auto* buttons = new QDialogButtonBox(&dialog);
   buttons->addButton(QStringLiteral("&Anular mesmo assim"), QDialogButtonBox::AcceptRole)
