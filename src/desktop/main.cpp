@@ -32,13 +32,14 @@ class UntilPainted : public QObject {
   }
 };
 
-int RunWindow(QApplication& application, const Options& options) {
+int RunWindow(QApplication& application, Options& options) {
   QSettings settings;
   KeepPrivate(settings);
   DesktopHost host(settings);
   history::PausingHost pausing(host);
   const platform::HostInstallation installation(pausing);
   std::unique_ptr<Workspace> workspace = OpenAtStart(options, settings, nullptr);
+  options.password.reset();  // the connection keeps it, to connect anew
   if (workspace == nullptr) return 0;
   if (options.demo) workspace->FillDemo();
   MainWindow window(settings);

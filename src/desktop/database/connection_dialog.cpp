@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QSettings>
 #include <QVBoxLayout>
+#include <cstring>
 
 #include "desktop/database/database_dialogs.h"
 #include "desktop/look/look.h"
@@ -18,6 +19,7 @@
 #include "entry/reads_after.h"
 #include "sqlserver/connection_text.h"
 #include "sqlserver/database.h"
+#include "sqlserver/utf16.h"
 #include "store/database_choice.h"
 #include "store/paths.h"
 
@@ -43,10 +45,26 @@ QLineEdit* Field(QWidget* parent, const QString& text = {}) {
   return field;
 }
 
-std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection, const QString& password) {
+/// The text's letters without a copy of them that nobody wipes.
+sqlserver::Secret SecretOf(const QLineEdit& field) {
+  const QString text = field.text();
+  return {sqlserver::ToUtf8(
+      {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())})};
+}
+
+/// Overwrites the text where the field itself keeps it: what it gives out shares that place. Out of reach are
+/// the single letters that it remembers for undoing, texts that it was shorter in, and what the keyboard's
+/// events and an input method have kept.
+void WipeField(QLineEdit& field) {
+  const QString text = field.text();
+  explicit_bzero(const_cast<QChar*>(text.constData()), static_cast<std::size_t>(text.size()) * sizeof(QChar));
+  field.clear();
+}
+
+std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection, sqlserver::Secret password) {
   sqlserver::OpenOptions options;
   options.connection = FromQt(connection);
-  options.password = FromQt(password);
+  options.password = std::move(password);
   options.expected = &entry::ReadsAfterEvent;
   return store::Near(sqlserver::Database::Open(options));
 }
@@ -79,6 +97,8 @@ ConnectionDialog::ConnectionDialog(QSettings& settings, QWidget* parent)
   SwitchPart();
   if (!kept.isEmpty()) ShowServer(kept);
 }
+
+ConnectionDialog::~ConnectionDialog() { WipeField(*password_); }
 
 void ConnectionDialog::Build() {
   auto* column = new QVBoxLayout(this);
@@ -171,7 +191,7 @@ void ConnectionDialog::TryAndClose() {
   const bool server = on_server_->isChecked();
   try {
     const WaitCursor wait;
-    workspace_ = server ? std::make_unique<Workspace>(OpenServer(Connection(), password_->text()))
+    workspace_ = server ? std::make_unique<Workspace>(OpenServer(Connection(), SecretOf(*password_)))
                         : std::make_unique<Workspace>(FromQt(file_->text()));
   } catch (const std::exception& error) {
     ShowReason(WithDetails(Describe(error)));

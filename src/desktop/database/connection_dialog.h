@@ -21,6 +21,7 @@ class ConnectionDialog : public QDialog {
  public:
   /// Begins with the choice that the settings keep.
   ConnectionDialog(QSettings& settings, QWidget* parent);
+  ~ConnectionDialog() override;
 
   /// Begins with this server instead. Error -2147467259 when the connection can't be read.
   void ShowServer(const QString& connection);

@@ -5,14 +5,16 @@
 #include <optional>
 #include <string>
 
+#include "sqlserver/secret.h"
+
 namespace desktop {
 
 /// What the program was called with.
 struct Options {
-  QString database;                     // empty: the usual one
-  QString connection;                   // of a server; empty: a file, or the server chosen last time
-  QString password_file;                // with the server's password; empty: none
-  std::optional<std::string> password;  // of the server, when the environment gave one
+  QString database;                           // empty: the usual one
+  QString connection;                         // of a server; empty: a file, or the server chosen last time
+  QString password_file;                      // with the server's password; empty: none
+  std::optional<sqlserver::Secret> password;  // of the server, when the environment gave one
   bool demo = false;
   QString picture;  // a file: the window is painted into it, and the program ends
   QString list;

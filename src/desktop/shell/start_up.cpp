@@ -53,7 +53,7 @@ QString AskForAnother(const QString& failed, const ErrorText& failure, QWidget* 
 }
 
 /// The password as far as nobody need be asked.
-std::optional<std::string> KnownPassword(const Options& options) {
+std::optional<sqlserver::Secret> KnownPassword(const Options& options) {
   return options.password ? options.password : store::KnownPassword(FromQt(options.password_file));
 }
 
@@ -61,7 +61,7 @@ std::optional<std::string> KnownPassword(const Options& options) {
 std::unique_ptr<Workspace> OpenServer(const QString& connection, const Options& options) {
   sqlserver::OpenOptions server;
   server.connection = FromQt(connection);
-  server.password = KnownPassword(options).value_or("");
+  server.password = KnownPassword(options).value_or(sqlserver::Secret());
   server.expected = &entry::ReadsAfterEvent;
   return std::make_unique<Workspace>(store::Near(sqlserver::Database::Open(server)));
 }
