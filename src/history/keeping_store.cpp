@@ -32,18 +32,25 @@ std::vector<KeepingStore*>& Stores() {
 
 const std::vector<KeepingStore*>& OpenStores() { return Stores(); }
 
+std::unique_ptr<KeepingStore> Beside(std::shared_ptr<zorCrmParvel::Store> store) {
+  Options options;
+  options.beside = true;
+  return std::make_unique<KeepingStore>(std::move(store), std::move(options));
+}
+
 KeepingStore::KeepingStore(std::shared_ptr<Store> inner, Options options)
     : inner_(std::move(inner)),
       past_(std::move(options.past)),
       file_(options.file ? std::move(options.file) : std::dynamic_pointer_cast<embedded::Database>(inner_)),
       who_(std::move(options.who)),
+      beside_(options.beside),
       catalog_(tsql::ParseSchema(options.schema.empty() ? schema::kTables : options.schema.c_str())),
       journal_(inner_, who_, std::move(options.clock)) {
-  Stores().push_back(this);
+  if (!beside_) Stores().push_back(this);
 }
 
 KeepingStore::~KeepingStore() {
-  std::erase(Stores(), this);
+  if (!beside_) std::erase(Stores(), this);
   if (open_) inner_->AbandonBatch();
 }
 
@@ -102,7 +109,12 @@ void KeepingStore::Keep() {
   }
   open_ = batch_ = false;
   act_.wrote = true;
-  if (act_.record.head != 0) own_.insert(act_.record.head);
+  if (act_.record.head == 0) return;
+  own_.insert(act_.record.head);
+  if (act_.record.undoes == 0)
+    newest_ = act_.record;
+  else if (act_.record.undoes == newest_.head)
+    newest_ = {};
 }
 
 void KeepingStore::Abandon() {

@@ -29,6 +29,8 @@ struct Options {
   std::shared_ptr<embedded::Database> file;
   /// By what else the database is written to, past the history; otherwise by what that stands before alone.
   std::shared_ptr<zorCrmParvel::Store> past;
+  /// Only reads, beside the one that the acts of the user go through; on any thread.
+  bool beside = false;
 };
 
 /// A database that remembers: every statement goes on as it stands, and of each row that a write touches the
@@ -78,6 +80,9 @@ class KeepingStore : public zorCrmParvel::Store {
   void Pause();
   /// The number of the operation that the last act became; 0 when it changed nothing.
   long LastOperation() const { return last_; }
+  /// The newest act of this store that became an operation, and was not undone since; without a number when
+  /// there is none.
+  const ActRecord& Newest() const { return newest_; }
   /// True for an operation of this program since it was started.
   bool IsOwn(long operation) const { return own_.contains(operation); }
   /// The newest number in the history just before the last act that read anything began to read: what others
@@ -127,6 +132,7 @@ class KeepingStore : public zorCrmParvel::Store {
   std::shared_ptr<Store> past_;
   std::shared_ptr<embedded::Database> file_;
   Who who_;
+  bool beside_;
   tsql::Catalog catalog_;
   Journal journal_;
   Running act_;
@@ -136,6 +142,7 @@ class KeepingStore : public zorCrmParvel::Store {
   int writes_ = 0;     // of the unit
   long unitHead_ = 0;  // the act's number before it
   long last_ = 0;
+  ActRecord newest_;
   long mark_ = 0;
   std::set<long> own_;
 };
@@ -153,7 +160,10 @@ class KeepingStore::Aside {
   Running act_;
 };
 
-/// Every store that remembers and is open in this process.
+/// The history of a database, to be read on the thread that asks for it.
+std::unique_ptr<KeepingStore> Beside(std::shared_ptr<zorCrmParvel::Store> store);
+
+/// Every store that remembers and is open in this process, but for those beside others.
 const std::vector<KeepingStore*>& OpenStores();
 
 }  // namespace history

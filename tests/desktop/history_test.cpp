@@ -44,6 +44,7 @@ TEST_F(HistoryTest, WhatWasConfirmedAndRemovedIsUndoneStepByStepAndNamed) {
   window.page()->Remove();
   EXPECT_TRUE(Brands().empty());
   QMetaObject::invokeMethod(window.actions().record_menu, "aboutToShow");
+  window.workspace()->reader().Finish();
   EXPECT_EQ(window.actions().undo->text().toStdString(), "A&nular: Marcas: Remover, REN");
   window.actions().undo->trigger();
   EXPECT_EQ(Brands(), before);
@@ -83,14 +84,19 @@ TEST_F(HistoryTest, ThePageShowsWhatWasDoneAndUndoesIt) {
   window.ShowList("Historico");
   desktop::Page& page = *window.shown();
   auto& detail = *page.findChild<QTableWidget*>();
+  desktop::BackgroundReader& reader = window.workspace()->reader();
+  reader.Finish();
   EXPECT_EQ(Line(detail, 0).toStdString(), "Marcas REN|Nome: Renault → Renault 2");
   EXPECT_EQ(page.CountText(), QStringLiteral("2 operações"));
   page.Search("nada disto");
+  reader.Finish();
   EXPECT_EQ(page.CountText(), QStringLiteral("0 operações"));
   page.Search("REN");
+  reader.Finish();
   desk.script.Answer("Sim");
   ClickButton(page, "Anular…");
   EXPECT_EQ(Brands(), (testing_support::Table{{"REN", "Renault"}}));
+  reader.Finish();
   EXPECT_EQ(page.CountText(), QStringLiteral("3 operações"));
 }
 

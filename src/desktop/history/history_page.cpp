@@ -58,9 +58,7 @@ HistoryPage::HistoryPage(Workspace& workspace, QWidget* parent)
       count_(new QLabel(this)),
       note_(new QLabel(this)),
       undo_(new QPushButton(QStringLiteral("An&ular…"), this)) {
-  reading_.setInterval(0);
   Build();
-  connect(&reading_, &QTimer::timeout, this, &HistoryPage::ReadOn);
   Load();
   for (QComboBox* choice : {who_, when_, where_, kind_})
     connect(choice, &QComboBox::currentIndexChanged, this, &HistoryPage::Ask);
@@ -150,36 +148,49 @@ QWidget* HistoryPage::Foot() {
 QString HistoryPage::CountText() const {
   const long shown = model_->rowCount();
   const QString count = Counted(shown, QStringLiteral("operação"), QStringLiteral("operações"));
-  if (reading_.isActive()) return count + QStringLiteral(" · a procurar…");
+  if (is_reading_) return count + QStringLiteral(" · a procurar…");
   return model_->browser().AtEnd() ? count : count + QStringLiteral(" · há mais antigas");
 }
 
-void HistoryPage::FillOperators() {
+/// Whether there is a history, and who stands in it.
+struct HistoryPage::Head {
+  bool exists = false;
+  bool keeps = false;
+  std::vector<std::string> operators;
+};
+
+void HistoryPage::Load() {
+  reading_head_.GiveUp();
+  reading_head_ = workspace_.reader().Ask(
+      this,
+      [](const BackgroundReader::StoreRef& store) {
+        const auto kept = history::Beside(store);
+        return Head{kept->HasHistory(), kept->Keeps(), history::ReadOperators(*kept)};
+      },
+      [this](const Head& head) { Take(head); },
+      [this](const ErrorText& failure) { note_->setText(failure.headline); });
+  Ask();
+}
+
+void HistoryPage::Take(const Head& head) {
+  history::KeepingStore& kept = *workspace_.kept();
+  if (head.exists != kept.HasHistory() || head.keeps != kept.Keeps())
+    Guarded(window(), [&] { kept.LookAtSettings(); });
+  const QString others = QStringLiteral(
+      "Aqui está o que se fez neste programa. O que outros programas escrevem na "
+      "base de dados não se vê aqui.");
+  note_->setText(!head.exists
+                     ? QStringLiteral("A base de dados não tem as tabelas do histórico. Quem a administra "
+                                      "cria-as com «parvel esquema --aplicar».")
+                 : head.keeps ? others
+                              : QStringLiteral("O histórico está desligado: o que se faz agora não "
+                                               "fica registado nem se pode anular."));
   const QString before = who_->currentData().toString();
   const QSignalBlocker quiet(who_);
   who_->clear();
   who_->addItem(QStringLiteral("Todos os operadores"), QString());
-  for (const std::string& name : history::ReadOperators(*workspace_.kept()))
-    who_->addItem(ToQt(name), ToQt(name));
+  for (const std::string& name : head.operators) who_->addItem(ToQt(name), ToQt(name));
   who_->setCurrentIndex(std::max(0, who_->findData(before)));
-}
-
-void HistoryPage::Load() {
-  Guarded(window(), [this] {
-    workspace_.kept()->LookAtSettings();
-    FillOperators();
-  });
-  const bool exists = workspace_.kept()->HasHistory();
-  const QString others = QStringLiteral(
-      "Aqui está o que se fez neste programa. O que outros programas escrevem na "
-      "base de dados não se vê aqui.");
-  note_->setText(
-      !exists ? QStringLiteral("A base de dados não tem as tabelas do histórico. Quem a administra cria-as "
-                               "com «parvel esquema --aplicar».")
-      : workspace_.kept()->Keeps() ? others
-                                   : QStringLiteral("O histórico está desligado: o que se faz agora não "
-                                                    "fica registado nem se pode anular."));
-  Ask();
 }
 
 void HistoryPage::Ask() {
@@ -193,15 +204,33 @@ void HistoryPage::Ask() {
   model_->Ask(std::move(filter));
   wanted_ = kPageRows;
   ShowDetail();
-  reading_.start();
   ReadOn();
+  count_->setText(CountText());
 }
 
-/// A slice at a time, so that the window stays alive however long the history is.
+/// A slice at a time: what is found of a long history is there at once.
 void HistoryPage::ReadOn() {
+  is_reading_ = true;
+  reading_.GiveUp();
+  reading_ = workspace_.reader().Ask(
+      this,
+      [filter = model_->browser().filter(),
+       below = model_->browser().below()](const BackgroundReader::StoreRef& store) {
+        return history::ReadOperations(*history::Beside(store), filter, below);
+      },
+      [this](history::Slice slice) { Take(std::move(slice)); },
+      [this](const ErrorText& failure) {
+        is_reading_ = false;
+        count_->setText(failure.headline);
+        count_->setToolTip(PlainToolTip(WithDetails(failure)));
+      });
+}
+
+void HistoryPage::Take(history::Slice slice) {
   const bool first = model_->rowCount() == 0;
-  if (!Guarded(window(), [this] { model_->ReadOn(); })) reading_.stop();
-  if (model_->browser().AtEnd() || model_->rowCount() >= wanted_) reading_.stop();
+  model_->Take(std::move(slice));
+  is_reading_ = false;
+  if (!model_->browser().AtEnd() && model_->rowCount() < wanted_) ReadOn();
   if (first && model_->rowCount() > 0) table_->selectRow(0);
   count_->setText(CountText());
   Q_EMIT Changed();
@@ -211,18 +240,27 @@ void HistoryPage::WantMore() {
   const int last = table_->rowAt(table_->viewport()->height() - 1);
   if (model_->browser().AtEnd() || (last >= 0 && last + kNearEnd < model_->rowCount())) return;
   wanted_ = model_->rowCount() + kPageRows;
-  reading_.start();
+  if (!is_reading_) ReadOn();
 }
 
 void HistoryPage::ShowDetail() {
   detail_->setRowCount(0);
+  reading_detail_.GiveUp();
   const history::Operation* operation = model_->At(table_->currentIndex().row());
   undo_->setEnabled(operation != nullptr && operation->undoneBy == 0 && !operation->emptied);
   if (operation == nullptr) return;
-  Guarded(window(), [&] {
-    for (const history::DetailLine& line : model_->browser().DetailOf(operation->number))
-      AddLine(*detail_, {ToQt(line.record), ToQt(line.words)});
-  });
+  reading_detail_ = workspace_.reader().Ask(
+      this,
+      [number = operation->number](const BackgroundReader::StoreRef& store) {
+        return history::Browser(history::Beside(store)).DetailOf(number);
+      },
+      [this](const std::vector<history::DetailLine>& lines) {
+        for (const history::DetailLine& line : lines)
+          AddLine(*detail_, {ToQt(line.record), ToQt(line.words)});
+      },
+      [this](const ErrorText& failure) {
+        AddLine(*detail_, {QString(), failure.headline});
+      });
 }
 
 void HistoryPage::Undo() {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QTimer>
-
 #include "desktop/database/workspace.h"
 #include "desktop/shell/page.h"
+#include "history/reader.h"
 
 class QComboBox;
 class QLabel;
@@ -33,13 +32,15 @@ class HistoryPage : public Page {
   void Search(const QString& text) override;
 
   /// Whether the reading has come to what the user sees.
-  bool IsReading() const { return reading_.isActive(); }
+  bool IsReading() const { return is_reading_; }
 
  private:
   void Build();
   QWidget* Filters();
   QWidget* Foot();
-  void FillOperators();
+  struct Head;
+  void Take(const Head& head);
+  void Take(history::Slice slice);
   void Ask();
   void ReadOn();
   void WantMore();
@@ -58,7 +59,10 @@ class HistoryPage : public Page {
   QLabel* count_;
   QLabel* note_;
   QPushButton* undo_;
-  QTimer reading_;
+  ReadTicket reading_;
+  ReadTicket reading_head_;
+  ReadTicket reading_detail_;
+  bool is_reading_ = false;
   QString search_;
   int wanted_ = 0;
 };

@@ -35,8 +35,8 @@ void OperationsModel::Ask(history::Filter filter) {
   endResetModel();
 }
 
-void OperationsModel::ReadOn() {
-  browser_.ReadOn();
+void OperationsModel::Take(history::Slice slice) {
+  browser_.Take(std::move(slice));
   const int all = static_cast<int>(browser_.operations().size());
   if (all == shown_) return;
   beginInsertRows({}, shown_, all - 1);

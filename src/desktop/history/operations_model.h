@@ -16,8 +16,8 @@ class OperationsModel : public QAbstractTableModel {
   history::Browser& browser() { return browser_; }
   /// Begins anew.
   void Ask(history::Filter filter);
-  /// Reads on, a bit; what it finds is shown below.
-  void ReadOn();
+  /// What was read on is shown below.
+  void Take(history::Slice slice);
   const history::Operation* At(int row) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -110,6 +110,7 @@ class MainWindow : public QMainWindow {
 
   QSettings& settings_;
   std::unique_ptr<Workspace> workspace_;
+  ReadTicket finding_undo_;
   MainActions* actions_;
   Sidebar* sidebar_;
   QSplitter* splitter_;

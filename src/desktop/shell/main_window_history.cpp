@@ -11,14 +11,20 @@
 
 namespace desktop {
 
-/// The menu names what would be undone.
+/// The menu names what would be undone, once that is found.
 void MainWindow::UpdateUndo() {
-  std::optional<history::Operation> last;
-  if (workspace_ != nullptr && workspace_->kept()->HasHistory())
-    Guarded(this, [&] { last = history::LastToUndo(*workspace_->kept()); });
-  actions_->undo->setText(last ? QStringLiteral("A&nular: ") +
-                                     ToQt(history::ShownWords(*last)).replace('&', QLatin1String("&&"))
-                               : QStringLiteral("A&nular a última operação"));
+  actions_->undo->setText(QStringLiteral("A&nular a última operação"));
+  if (workspace_ == nullptr || !workspace_->kept()->HasHistory()) return;
+  finding_undo_.GiveUp();
+  finding_undo_ = workspace_->reader().Ask(
+      this,
+      [](const BackgroundReader::StoreRef& store) { return history::LastToUndo(*history::Beside(store)); },
+      [this](const std::optional<history::Operation>& last) {
+        if (!last) return;
+        const QString words = ToQt(history::ShownWords(*last)).replace('&', QLatin1String("&&"));
+        actions_->undo->setText(QStringLiteral("A&nular: ") + words);
+      },
+      [](const ErrorText&) {});  // the undoing itself meets the same failure, and tells it
 }
 
 void MainWindow::ForgetOldHistory() {

@@ -31,9 +31,7 @@ void Browser::Ask(Filter filter) {
   ended_ = false;
 }
 
-void Browser::ReadOn() {
-  if (ended_) return;
-  Slice slice = ReadOperations(*store_, filter_, below_);
+void Browser::Take(Slice slice) {
   for (Operation& each : slice.operations) operations_.push_back(std::move(each));
   below_ = slice.next;
   ended_ = below_ == 0;

@@ -23,7 +23,12 @@ class Browser {
   void Ask(Filter filter);
   const Filter& filter() const { return filter_; }
   /// Reads on: a slice, which never takes long. What it finds stands at the end of `operations`.
-  void ReadOn();
+  void ReadOn() {
+    if (!ended_) Take(ReadOperations(*store_, filter_, below_));
+  }
+  /// The same with the slice below `below`, which was read elsewhere.
+  void Take(Slice slice);
+  long below() const { return below_; }
   bool AtEnd() const { return ended_; }
   const std::vector<Operation>& operations() const { return operations_; }
 
