@@ -20,7 +20,7 @@ constexpr int kRegistration = 3;  // among the dates
 constexpr char kNoRevision[] = "9999999";
 
 /// What the driver's dates are called here: on the ficha several are called alike.
-const char* NameOfDriversDate(std::size_t place) {
+const char* NameOfDriversDate(int place) {
   switch (place) {
     case 5:
       return "emissão do passaporte";
@@ -49,30 +49,28 @@ const char* NameOfVehiclesDate(int index) {
   }
 }
 
-std::vector<UnsetDate> EmptyOf(Motoristas& ficha) {
+StoredDates DatesOfDriver(const zorCrmParvel::DataAccessRef& bd, const std::string& code) {
   clMotoristas driver;
-  driver.bd = ficha.mybd;
-  driver.Codigo = ficha.Campo[0].Text;
+  driver.bd = bd;
+  driver.Codigo = code;
   driver.Ler();
-  std::vector<UnsetDate> empty;
+  StoredDates stored;
   for (std::size_t i = 0; i < zorCrmParvel::kDatasDoMotorista.size(); ++i) {
     const auto& date = zorCrmParvel::kDatasDoMotorista[i];
-    if (date.opcional && (driver.*date.propriedade).IsZero())
-      empty.push_back({&ficha.DTPicker1[static_cast<int>(i)], NameOfDriversDate(i)});
+    if (date.opcional && (driver.*date.propriedade).IsZero()) stored.empty.push_back(static_cast<int>(i));
   }
-  return empty;
+  return stored;
 }
 
-std::vector<UnsetDate> EmptyOf(Viaturas& ficha, bool& is_new) {
+StoredDates DatesOfVehicle(const zorCrmParvel::DataAccessRef& bd, const std::string& plate) {
   clViaturas vehicle;
-  vehicle.bd = ficha.mybd;
-  vehicle.Matricula = ficha.Campo[0].Text;
-  is_new = !vehicle.Ler();
-  std::vector<UnsetDate> empty;
+  vehicle.bd = bd;
+  vehicle.Matricula = plate;
+  StoredDates stored;
+  stored.is_new = !vehicle.Ler();
   for (const auto& date : zorCrmParvel::kDatasDaViatura)
-    if (date.opcional && (vehicle.*date.propriedade).IsZero())
-      empty.push_back({&ficha.DTPicker1[date.indice], NameOfVehiclesDate(date.indice)});
-  return empty;
+    if (date.opcional && (vehicle.*date.propriedade).IsZero()) stored.empty.push_back(date.indice);
+  return stored;
 }
 
 bool IsToday(const platform::DTPicker& picker) {
@@ -81,34 +79,44 @@ bool IsToday(const platform::DTPicker& picker) {
 
 }  // namespace
 
-std::vector<UnsetDate> UnsetDates::Of(platform::Form& form) {
+std::optional<DatedRecord> DatedRecordOn(const platform::Form& form) {
+  const auto* driver = dynamic_cast<const Motoristas*>(&form);
+  const auto* vehicle = dynamic_cast<const Viaturas*>(&form);
+  if (driver == nullptr && vehicle == nullptr) return {};
+  DatedRecord record{driver != nullptr,
+                     platform::Trim(driver != nullptr ? driver->Campo[0].Text : vehicle->Campo[0].Text)};
+  return record.key.empty() ? std::nullopt : std::optional(std::move(record));
+}
+
+StoredDates StoredDatesOf(const zorCrmParvel::DataAccessRef& bd, const DatedRecord& record) {
+  return record.driver ? DatesOfDriver(bd, record.key) : DatesOfVehicle(bd, record.key);
+}
+
+std::vector<UnsetDate> UnsetDatesOn(platform::Form& form, const StoredDates& stored) {
+  std::vector<UnsetDate> unset;
   auto* driver = dynamic_cast<Motoristas*>(&form);
   auto* vehicle = dynamic_cast<Viaturas*>(&form);
-  if (driver == nullptr && vehicle == nullptr) return {};
-  const std::string key = platform::Trim(driver != nullptr ? driver->Campo[0].Text : vehicle->Campo[0].Text);
-  if (key.empty()) return {};
-  if (!known_ || key != key_) empty_ = driver != nullptr ? EmptyOf(*driver) : EmptyOf(*vehicle, new_vehicle_);
-  known_ = true;
-  key_ = key;
-  std::vector<UnsetDate> unset;
-  for (const UnsetDate& date : empty_)
-    if (IsToday(*date.picker)) unset.push_back(date);
+  if (driver == nullptr && vehicle == nullptr) return unset;
+  for (const int place : stored.empty) {
+    platform::DTPicker& picker = driver != nullptr ? driver->DTPicker1[place] : vehicle->DTPicker1[place];
+    const char* name = driver != nullptr ? NameOfDriversDate(place) : NameOfVehiclesDate(place);
+    if (IsToday(picker)) unset.push_back({&picker, name});
+  }
   return unset;
 }
 
-bool UnsetDates::RegistersToday(const platform::Form& form) const {
+bool RegistersToday(const platform::Form& form, const StoredDates& stored) {
   const auto* vehicle = dynamic_cast<const Viaturas*>(&form);
-  return vehicle != nullptr && known_ && new_vehicle_ && !key_.empty() &&
-         IsToday(vehicle->DTPicker1[kRegistration]);
+  return vehicle != nullptr && stored.is_new && IsToday(vehicle->DTPicker1[kRegistration]);
 }
 
-bool UnsetDates::LacksRevision(const platform::Form& form) {
+bool LacksRevision(const platform::Form& form) {
   const auto* vehicle = dynamic_cast<const Viaturas*>(&form);
   if (vehicle == nullptr || platform::Trim(vehicle->Campo[0].Text).empty()) return false;
   return vehicle->Campo[kRevisionKm].Text.find_first_of("123456789") == std::string::npos;
 }
 
-void UnsetDates::LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates) {
+void LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates) {
   if (LacksRevision(form)) form.UserTypes(dynamic_cast<Viaturas&>(form).Campo[kRevisionKm], kNoRevision);
   for (const UnsetDate& date : dates) {
     date.picker->Value = platform::Variant::Null{};

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "host/data_access.h"
 #include "platform/screen/form.h"
 
 namespace entry {
@@ -14,25 +16,30 @@ struct UnsetDate {
   std::string caption;
 };
 
-/// The dates of a vehicle's or driver's ficha that may be without one. What the record holds is read when
-/// another record is shown.
-class UnsetDates {
- public:
-  std::vector<UnsetDate> Of(platform::Form& form);
-  /// Whether a new vehicle would be stored as registered today, from which its next inspection and stamp are
-  /// told; to be asked after `Of`.
-  bool RegistersToday(const platform::Form& form) const;
-  /// Whether a vehicle's ficha tells no kilometres of its next revision, which then counts as overdue.
-  static bool LacksRevision(const platform::Form& form);
-  /// Leaves dates empty, and a vehicle without a revision by kilometres, as an import does.
-  static void LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates);
-  void Forget() { known_ = false; }
+/// The record of a vehicle's or driver's ficha.
+struct DatedRecord {
+  bool driver = false;
+  std::string key;
 
- private:
-  bool known_ = false;
-  bool new_vehicle_ = false;
-  std::string key_;
-  std::vector<UnsetDate> empty_;  // of the record with this key
+  friend bool operator==(const DatedRecord&, const DatedRecord&) = default;
 };
+
+/// Nothing while no record is shown, and for any other ficha.
+std::optional<DatedRecord> DatedRecordOn(const platform::Form& form);
+/// What is stored of a record's dates.
+struct StoredDates {
+  bool is_new = false;     // a vehicle that isn't in the fleet yet
+  std::vector<int> empty;  // places on the ficha of those that may be missing, and are
+};
+StoredDates StoredDatesOf(const zorCrmParvel::DataAccessRef& bd, const DatedRecord& record);
+/// The missing ones that stand on the ficha as today.
+std::vector<UnsetDate> UnsetDatesOn(platform::Form& form, const StoredDates& stored);
+/// Whether a new vehicle would be stored as registered today, from which its next inspection and stamp are
+/// told.
+bool RegistersToday(const platform::Form& form, const StoredDates& stored);
+/// Whether a vehicle's ficha tells no kilometres of its next revision, which then counts as overdue.
+bool LacksRevision(const platform::Form& form);
+/// Leaves dates empty, and a vehicle without a revision by kilometres, as an import does.
+void LeaveWithout(platform::Form& form, const std::vector<UnsetDate>& dates);
 
 }  // namespace entry

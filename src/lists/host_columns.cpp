@@ -39,6 +39,10 @@ HostCells::HostCells(const HostTable& table, zorCrmParvel::DataAccessRef bd,
 
 void HostCells::Reset(long rows) {
   places_.assign(static_cast<std::size_t>(rows), {});
+  if (!awaits_) Forget();
+}
+
+void HostCells::Forget() {
   blocks_.clear();
   rows_of_all_.clear();
   all_ = {};
@@ -54,8 +58,22 @@ zorCrmParvel::RecordsetRef HostCells::Open(const Statement& statement) {
   return rows;
 }
 
+void HostCells::Take(zorCrmParvel::RecordsetRef all) {
+  Forget();
+  std::fill(places_.begin(), places_.end(), Place());
+  blocks_.push_back(all);
+  all_ = std::move(all);
+  MapAll();
+  complete_ = true;
+}
+
+void HostCells::MapAll() {
+  for (; mapped_ < all_->RowsAtHand(); ++mapped_)
+    rows_of_all_.emplace(all_->CellAt(mapped_, 0).ToText(), static_cast<std::uint32_t>(mapped_));
+}
+
 void HostCells::Prepare(const std::vector<long>& rows) {
-  if (complete_) return;
+  if (complete_ || awaits_) return;
   std::vector<std::pair<std::string, long>> wanted;
   for (long row : rows)
     if (row >= 0 && places_.at(static_cast<std::size_t>(row)).block == 0)
@@ -89,11 +107,10 @@ void HostCells::Add(const Statement& statement, const std::vector<std::pair<std:
 }
 
 bool HostCells::PrepareMore(std::size_t rows) {
-  if (complete_ || places_.empty()) return false;
+  if (complete_ || awaits_ || places_.empty()) return false;
   if (!all_) all_ = Open(Statement{zorCrmParvel::fixed(table_.select)});
   const bool more = all_->FetchMore(rows);
-  for (; mapped_ < all_->RowsAtHand(); ++mapped_)
-    rows_of_all_.emplace(all_->CellAt(mapped_, 0).ToText(), static_cast<std::uint32_t>(mapped_));
+  MapAll();
   complete_ = !more;
   return more;
 }
@@ -105,8 +122,10 @@ void HostCells::PrepareAll() {
 }
 
 const HostCells::Place& HostCells::PlaceOf(long row) {
+  static const Place kNowhere{0, kGone};
   Place& place = places_.at(static_cast<std::size_t>(row));
   if (place.block != 0) return place;
+  if (awaits_ && !complete_) return kNowhere;
   if (!complete_) {
     Prepare({row});
     return place;

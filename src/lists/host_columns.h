@@ -54,6 +54,11 @@ class HostCells {
   bool PrepareMore(std::size_t rows);
   void PrepareAll();
 
+  /// From now on nothing is read here: the rows of the table's statement are brought by `Take`, and what they
+  /// don't tell is empty until then.
+  void Await() { awaits_ = true; }
+  void Take(zorCrmParvel::RecordsetRef all);
+
   /// A value; null also where the record is gone, and for the zero date. Reads what is not at hand.
   platform::Variant Value(long row, std::size_t column);
   std::string Shown(long row, std::size_t column);
@@ -72,6 +77,8 @@ class HostCells {
   };
   static constexpr std::uint32_t kGone = 0xFFFFFFFF;
 
+  void Forget();
+  void MapAll();
   const platform::Cell* CellOf(long row, std::size_t column);
   const Place& PlaceOf(long row);
   void Add(const zorCrmParvel::Statement& statement, const std::vector<std::pair<std::string, long>>& wanted);
@@ -86,6 +93,7 @@ class HostCells {
   std::unordered_map<std::string, std::uint32_t> rows_of_all_;
   std::size_t mapped_ = 0;  // rows of the whole that can be found
   bool complete_ = false;
+  bool awaits_ = false;
   int statements_ = 0;
 };
 

@@ -30,18 +30,19 @@ class RecordedReads : public ForwardingStore {
   Foreseen answers_;
 };
 
-/// A database some of whose answers are at hand already.
+/// A database some of whose answers are at hand already, as often as they are asked for.
 class ForeseenStore : public ForwardingStore {
  public:
   using ForwardingStore::ForwardingStore;
 
-  /// From now on these are the answers to their statements, each once; none of them ends it.
-  void Foresee(Foreseen answers) { answers_ = std::move(answers); }
+  /// From now on these are the answers to their statements; none of them ends it. Gives back those before.
+  Foreseen Foresee(Foreseen answers) { return std::exchange(answers_, std::move(answers)); }
 
  protected:
   zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override {
-    auto known = answers_.extract(statement);
-    return known ? std::move(known.mapped()) : ForwardingStore::OpenForReading(statement);
+    const auto known = answers_.find(statement);
+    if (known == answers_.end()) return ForwardingStore::OpenForReading(statement);
+    return platform::MakeRef<CopiedRows>(*known->second);
   }
 
  private:

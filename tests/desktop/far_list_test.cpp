@@ -1,14 +1,41 @@
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QThreadPool>
+#include <algorithm>
+#include <thread>
 
+#include "desktop/ficha/picture_view.h"
+#include "desktop/look/text.h"
 #include "desktop/shell/message_page.h"
 #include "open_window.h"
 #include "store/forwarding_store.h"
+#include "support/fleet.h"
 #include "support/temporary_folder.h"
+#include "vehicles/viaturas.h"
 
 namespace desktop_test {
 namespace {
 
 using desktop::MessagePage;
+using desktop::ToQt;
+
+/// A connection whose answers can be held back.
+class HeldStore : public store::ForwardingStore {
+ public:
+  HeldStore(std::shared_ptr<zorCrmParvel::Store> inner, const std::atomic<bool>& hold)
+      : ForwardingStore(std::move(inner)), hold_(hold) {}
+
+ protected:
+  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override {
+    while (hold_) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return ForwardingStore::OpenForReading(statement);
+  }
+
+ private:
+  const std::atomic<bool>& hold_;
+};
 
 /// A database that a window takes for a server's: it counts what its own thread asks.
 class FarStore : public store::ForwardingStore {
@@ -17,9 +44,10 @@ class FarStore : public store::ForwardingStore {
   std::function<std::shared_ptr<zorCrmParvel::Store>()> Opener() const override {
     return [this, open = ForwardingStore::Opener()] {
       if (cut) throw platform::RuntimeError(platform::kEngineFailure, "", "sem rede");
-      return open();
+      return std::make_shared<HeldStore>(open(), hold);
     };
   }
+  std::atomic<bool> hold = false;
   std::atomic<bool> cut = false;
   int asked = 0;
 
@@ -37,6 +65,7 @@ class FarListTest : public testing::Test {
       far_->ExecutarSql(
           "", {"INSERT INTO zor_PV_Marcas (Codigo, Nome) VALUES ('", zorCrmParvel::value(code), "', 'x')"});
   }
+  ~FarListTest() override { far_->hold = false; }
   void Open() {
     window.Open(std::make_unique<desktop::Workspace>(far_));
     desk.host.SetMainWindow(&window);
@@ -44,6 +73,7 @@ class FarListTest : public testing::Test {
     window.workspace()->reader().Finish();
     far_->asked = 0;
   }
+  zorCrmParvel::DataAccessRef Bd() { return std::shared_ptr<zorCrmParvel::DataAccess>(far_); }
   long Rows() { return window.page()->table().grid().source().Rows(); }
   MessagePage& Message() { return *window.page()->findChild<MessagePage*>(); }
 
@@ -79,6 +109,85 @@ TEST_F(FarListTest, AListThatIsBeingReadCanBeLeft) {
   for (const char* key : {"Marcas", "Modelos", "AlertasInsp", "Marcas"}) window.ShowList(key);
   window.workspace()->reader().Finish();
   EXPECT_EQ(Rows(), 3);
+}
+
+TEST_F(FarListTest, TheWindowsOwnColumnsComeAfterTheRows) {
+  testing_support::AddVehicle(Bd(), "AA-10-AA", 1234);
+  Open();
+  window.ShowList("Viaturas");
+  window.workspace()->reader().Finish();
+  const auto& source = window.page()->table().grid().source();
+  EXPECT_EQ(source.Text(0, *source.FindColumn("KmActual")), "1.234");
+  EXPECT_EQ(far_->asked, 0);
+}
+
+TEST_F(FarListTest, AfterAFichaTheRowsThatWereThereStayUntilTheNewOnesCome) {
+  Open();
+  window.ShowList("Marcas");
+  window.workspace()->reader().Finish();
+  desk.script.Next([&](QWidget& ficha) {
+    Type(ficha, "AUDI");
+    Press(ficha, Qt::Key_Return);
+    Type(ficha, "Audi");
+    ClickButton(ficha, "Confirmar");
+    far_->hold = true;
+    ClickButton(ficha, "Sair");
+  });
+  window.page()->New();
+  EXPECT_EQ(Rows(), 3);
+  far_->hold = false;
+  window.workspace()->reader().Finish();
+  EXPECT_EQ(Rows(), 4);
+  EXPECT_EQ(window.page()->table().CurrentRow(), 0) << "the new one is chosen";
+}
+
+TEST_F(FarListTest, WhatIsTypedInALookupHoldsForTheRowsThatComeLater) {
+  Open();
+  window.ShowList("Marcas");
+  window.workspace()->reader().Finish();
+  QStringList texts;
+  desk.script.Next([&](QWidget& ficha) {
+    far_->hold = true;
+    Press(ficha, Qt::Key_F3);
+    for (const auto* field : ficha.findChildren<QLineEdit*>()) texts << field->text();
+  });
+  desk.script.Next([&](QWidget& lookup) {
+    const auto labels = lookup.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
+                            [](const QLabel* label) { return label->text() == "A ler a lista…"; }));
+    Type(lookup, "v");
+    Press(lookup, Qt::Key_Down);
+    Press(lookup, Qt::Key_Return);
+    EXPECT_TRUE(lookup.isVisible());
+    far_->hold = false;
+    window.workspace()->reader().Finish();
+    EXPECT_FALSE(lookup.isVisible());
+  });
+  window.page()->New();
+  EXPECT_TRUE(texts.contains("VW")) << texts.join('|').toStdString();
+}
+
+TEST_F(FarListTest, APhotoIsBroughtToItsFicha) {
+  testing_support::AddVehicle(Bd(), "AA-10-AA");
+  QImage image(8, 6, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(ToQt(folder_.File("foto.png"))));
+  zorCrmParvel::clViaturas vehicle;
+  vehicle.bd = Bd();
+  vehicle.Matricula = "AA-10-AA";
+  vehicle.Foto_Add(folder_.File("foto.png"));
+  Open();
+  window.ShowList("Viaturas");
+  window.workspace()->reader().Finish();
+  desk.script.Next([&](QWidget& ficha) {
+    const auto& frame = *ficha.findChild<desktop::PictureFrame*>();
+    EXPECT_TRUE(frame.picture().isNull());
+    window.workspace()->reader().Finish();
+    QThreadPool::globalInstance()->waitForDone();
+    QApplication::processEvents();
+    EXPECT_EQ(frame.picture().size(), QSize(8, 6)) << frame.text().toStdString();
+  });
+  window.page()->Edit();
 }
 
 TEST_F(FarListTest, WhoCantConnectIsToldAndMayTryAgain) {

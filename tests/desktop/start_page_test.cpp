@@ -177,6 +177,7 @@ TEST_F(StartPageTest, TheCalendarShowsWhatIsDueAndOpensItsFicha) {
   Policy(0);
   window.ShowList("Calendario");
   auto& page = dynamic_cast<desktop::MonthPage&>(*window.shown());
+  window.alerts().Finish();
   auto& days = *page.findChild<QTableWidget*>();
   auto& due = *page.findChild<QListWidget*>();
   EXPECT_TRUE(days.hasFocus());
@@ -191,6 +192,7 @@ TEST_F(StartPageTest, TheCalendarShowsWhatIsDueAndOpensItsFicha) {
   });
   Press(window, Qt::Key_Return);
   EXPECT_TRUE(opened.contains("AA-00-01")) << opened.toStdString();
+  window.alerts().Finish();
   EXPECT_EQ(due.item(0)->text(), "Nada vence neste dia.") << "it is read anew";
   Press(window, Qt::Key_Escape);
   Press(window, Qt::Key_PageDown);

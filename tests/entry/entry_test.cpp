@@ -122,12 +122,14 @@ TEST_F(EntryTest, DatesThatWouldBecomeTodayAreNamedAndCanBeLeftOut) {
   driver.Load();
   driver.CarregaFicha("1");
   driver.UserGoesTo(driver.Campo[1]);
-  entry::UnsetDates unset;
-  const auto dates = unset.Of(driver);
+  const auto unset = [&] {
+    return entry::UnsetDatesOn(driver, entry::StoredDatesOf(bd, *entry::DatedRecordOn(driver)));
+  };
+  const auto dates = unset();
   ASSERT_EQ(dates.size(), 5U);
   EXPECT_EQ(dates[0].caption, "emissão do passaporte");
-  entry::UnsetDates::LeaveWithout(driver, dates);
-  EXPECT_TRUE(unset.Of(driver).empty());
+  entry::LeaveWithout(driver, dates);
+  EXPECT_TRUE(unset().empty());
   Press(driver.botoes.btConf);
   EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_Funcionarios WHERE ValidadePassa > '2000.01.01'").size(), 0U);
 }
@@ -136,23 +138,22 @@ TEST_F(EntryTest, ANewVehicleCanBeLeftWithoutARevision) {
   Viaturas form;
   form.mybd = bd;
   form.Load();
-  EXPECT_FALSE(entry::UnsetDates::LacksRevision(form)) << "nothing is written yet";
+  EXPECT_FALSE(entry::LacksRevision(form)) << "nothing is written yet";
   form.Campo[0].Text = "99-ZZ-99";
-  entry::UnsetDates unset;
-  EXPECT_EQ(unset.Of(form).size(), 4U);
-  EXPECT_TRUE(entry::UnsetDates::LacksRevision(form));
-  entry::UnsetDates::LeaveWithout(form, unset.Of(form));
-  EXPECT_FALSE(entry::UnsetDates::LacksRevision(form));
+  const entry::StoredDates stored = entry::StoredDatesOf(bd, *entry::DatedRecordOn(form));
+  EXPECT_EQ(stored.empty.size(), 4U);
+  EXPECT_TRUE(entry::LacksRevision(form));
+  entry::LeaveWithout(form, entry::UnsetDatesOn(form, stored));
+  EXPECT_FALSE(entry::LacksRevision(form));
   EXPECT_EQ(form.Campo[53].Text, "9999999");
-  EXPECT_TRUE(unset.Of(form).empty());
-  EXPECT_TRUE(unset.RegistersToday(form));
+  EXPECT_TRUE(entry::UnsetDatesOn(form, stored).empty());
+  EXPECT_TRUE(entry::RegistersToday(form, stored));
   form.DTPicker1[3].Value = platform::Date::FromParts(2020, 5, 4);
-  EXPECT_FALSE(unset.RegistersToday(form)) << "a date was given";
+  EXPECT_FALSE(entry::RegistersToday(form, stored)) << "a date was given";
   AddVehicle(bd, "99-ZZ-99");
-  unset.Forget();
   form.DTPicker1[3].Value = platform::Today();
-  unset.Of(form);
-  EXPECT_FALSE(unset.RegistersToday(form)) << "it is in the fleet already";
+  EXPECT_FALSE(entry::RegistersToday(form, entry::StoredDatesOf(bd, *entry::DatedRecordOn(form))))
+      << "it is in the fleet already";
 }
 
 TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {

@@ -7,9 +7,14 @@
 
 #include "desktop/list/list_catalog.h"
 #include "desktop/start/alert_reading.h"
+#include "due/month.h"
 #include "embedded/database.h"
+#include "entry/codes.h"
+#include "entry/dates.h"
 #include "entry/warnings.h"
 #include "events/gastos_form.h"
+#include "history/keeping_store.h"
+#include "history/view/browser.h"
 #include "host/sistema.h"
 #include "store/near_store.h"
 #include "support/fleet.h"
@@ -61,6 +66,10 @@ class ReadersTest : public testing::Test {
 };
 
 TEST_F(ReadersTest, AlertsAreFoundBesideWork) {
+  const zorCrmParvel::Gastos ficha;
+  const entry::CodeField& plates = *entry::CodeFieldOf(&ficha.Campo[0]);
+  const platform::Date today = platform::Today();
+  const auto kept = std::make_shared<history::KeepingStore>(database_);
   const long due = Due(database_);
   EXPECT_GT(due, 0);
   std::atomic<bool> over = false;
@@ -75,10 +84,16 @@ TEST_F(ReadersTest, AlertsAreFoundBesideWork) {
         entry::ExpenseDraft draft;
         draft.plate = "AA-10-AA";
         EXPECT_TRUE(past.Warnings(draft).empty());
+        EXPECT_EQ(entry::CodesOf(DataAccessRef(store), plates).size(), 30U);
+        EXPECT_FALSE(entry::StoredDatesOf(DataAccessRef(store), {true, "M10"}).empty.empty());
+        EXPECT_NO_THROW(due::DueBetween(DataAccessRef(store), today, today.AddDays(41)));
+        const auto past_acts = history::Beside(store);
+        EXPECT_FALSE(history::Browser(history::Beside(store)).DetailOf(1).size() > 200);
+        EXPECT_NO_THROW(history::LastToUndo(*past_acts));
       }
     });
   zorCrmParvel::Sistema sistema;
-  sistema.ICrmSistema_ZorDataAccess = DataAccessRef(database_);
+  sistema.ICrmSistema_ZorDataAccess = DataAccessRef(kept);
   zorCrmParvel::clGastos fill;
   fill.bd = sistema.ICrmSistema_ZorDataAccess;
   for (int i = 0; i < 20; ++i) {

@@ -1,6 +1,8 @@
 #include "desktop/database/workspace.h"
 
 #include "demo/demo.h"
+#include "store/late_photos.h"
+#include "store/late_rows.h"
 
 namespace desktop {
 namespace {
@@ -15,6 +17,15 @@ std::shared_ptr<history::KeepingStore> Kept(const std::shared_ptr<zorCrmParvel::
   return std::make_shared<history::KeepingStore>(before, std::move(options));
 }
 
+/// Where a statement waits for a server, lookups, reports and photos are read when they are shown. The
+/// history keeps photos themselves: it stands below.
+zorCrmParvel::DataAccessRef OfModule(std::shared_ptr<zorCrmParvel::Store> kept, bool far) {
+  if (!far) return std::shared_ptr<zorCrmParvel::DataAccess>(std::move(kept));
+  std::shared_ptr<zorCrmParvel::DataAccess> late =
+      std::make_shared<store::LatePhotos>(std::make_shared<store::LateLookups>(std::move(kept)));
+  return late;
+}
+
 }  // namespace
 
 Workspace::Workspace(const std::string& path) : Workspace(embedded::Database::Open(path)) {}
@@ -27,7 +38,7 @@ Workspace::Workspace(std::shared_ptr<zorCrmParvel::Store> store)
       reader_(store_) {
   sistema_.ICrmSistema_AppOwnerWnd = &window_;
   sistema_.ICrmSistema_AppNome = "Gestão de frota";
-  sistema_.ICrmSistema_ZorDataAccess = zorCrmParvel::DataAccessRef(kept_);
+  sistema_.ICrmSistema_ZorDataAccess = OfModule(kept_, IsFar());
 }
 
 void Workspace::FindRights(QObject* whom, const std::function<void()>& found) {

@@ -35,8 +35,9 @@ class Workspace {
   BackgroundReader& reader() { return reader_; }
   /// True when a statement waits for a server.
   bool IsFar() const { return file() == nullptr && store_->Opener(); }
-  /// What the module reads next is answered by these, as far as they do; with none it reads as ever.
-  void Foresee(store::Foreseen answers) { foreseen_->Foresee(std::move(answers)); }
+  /// What the module reads is answered by these, as far as they do; with none it reads as ever. Gives back
+  /// those before.
+  store::Foreseen Foresee(store::Foreseen answers) { return foreseen_->Foresee(std::move(answers)); }
   /// The tables that may have been written here since the last call.
   store::TableNames TakeWritten() { return watch_->TakeWritten(); }
   /// The file's engine; null on a server.

@@ -10,6 +10,8 @@ class QWidget;
 
 namespace desktop {
 
+class BackgroundReader;
+
 /// What a view of a control asks of the window it is in. The user's acts go to the form; the window then
 /// shows what came of them.
 class UserActs {
@@ -24,6 +26,8 @@ class UserActs {
   virtual bool IsSyncing() const = 0;
   /// Shows a short text that nobody has to answer; the next act takes it away.
   virtual void Notice(const QString& text) = 0;
+  /// What reads away from the window's thread; null where nothing does.
+  virtual BackgroundReader* Reader() const = 0;
 };
 
 /// The widget that shows one control of a form. The control is the authority: the view tells what the user

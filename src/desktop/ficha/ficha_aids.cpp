@@ -16,11 +16,9 @@
 namespace desktop {
 namespace {
 
-/// The newest act that can be taken back; nothing in a database that remembers none.
-std::optional<history::Operation> LastAct() {
-  const auto& stores = history::OpenStores();
-  if (stores.empty() || !stores.back()->Keeps()) return {};
-  return history::LastToUndo(*stores.back());
+/// The newest of this window's that can be taken back; 0 in a database that remembers none.
+long NewestOperation() {
+  return history::OpenStores().empty() ? 0 : history::OpenStores().back()->Newest().head;
 }
 
 QPushButton* MakeButton(const QString& text, QWidget* parent) {
@@ -62,12 +60,42 @@ zorCrmParvel::DataAccessRef FichaAids::Database() const {
   return ficha != nullptr ? ficha->mybd : zorCrmParvel::DataAccessRef();
 }
 
+template <typename Read, typename Done>
+ReadTicket FichaAids::Ask(Read read, Done done) {
+  if (reader_ != nullptr)
+    return reader_->Ask(
+        this,
+        [read](const BackgroundReader::StoreRef& store) {
+          return read(zorCrmParvel::DataAccessRef(std::shared_ptr<zorCrmParvel::DataAccess>(store)));
+        },
+        done, [](const ErrorText&) {});  // what the module reads itself meets the same failure, and tells it
+  done(read(Database()));
+  return {};
+}
+
+/// The codes of a field are read when it gets the keyboard, so that they are there when it is left.
+void FichaAids::ReadCodes() {
+  const entry::CodeField* field = entry::CodeFieldOf(form_.ActiveControl());
+  if (std::exchange(entered_, field) == field || field == nullptr || reader_ == nullptr || !Database())
+    return;
+  reading_codes_.GiveUp();
+  reading_codes_ = Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
+                       [this, field](std::vector<std::string> codes) { codes_[field] = std::move(codes); });
+}
+
+/// Who leaves the field before they have come waits for them.
+const std::vector<std::string>& FichaAids::CodesOf(const entry::CodeField& field) {
+  const auto known = codes_.find(&field);
+  if (known != codes_.end() && reader_ != nullptr) return known->second;
+  return codes_[&field] = entry::CodesOf(Database(), field);
+}
+
 void FichaAids::Spell() {
   const entry::CodeField* field = entry::CodeFieldOf(form_.ActiveControl());
   if (field == nullptr || !Database()) return;
   auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
   if (input.Text.empty()) return;
-  const std::vector<std::string> codes = entry::CodesOf(Database(), *field);
+  const std::vector<std::string>& codes = CodesOf(*field);
   std::string meant = entry::CodeMeant(codes, input.Text);
   if (std::find(codes.begin(), codes.end(), meant) == codes.end() && entry::NamesVehicle(*field))
     meant = entry::PlateSpelled(meant);
@@ -75,32 +103,40 @@ void FichaAids::Spell() {
 }
 
 void FichaAids::BeforeCodeForm() {
-  code_field_ = entry::CodeFieldOf(form_.ActiveControl());
+  opened_ = entry::CodeFieldOf(form_.ActiveControl());
   const auto* input = dynamic_cast<const platform::zor_input*>(form_.ActiveControl());
-  if (input == nullptr || !input->Text.empty() || !Database()) code_field_ = nullptr;
-  if (code_field_ != nullptr) codes_ = entry::CodesOf(Database(), *code_field_);
+  if (input == nullptr || !input->Text.empty() || !Database()) opened_ = nullptr;
+  if (opened_ != nullptr) before_form_ = CodesOf(*opened_);
 }
 
 void FichaAids::AfterCodeForm() {
-  if (code_field_ == nullptr || form_.IsClosed() || entry::CodeFieldOf(form_.ActiveControl()) != code_field_)
-    return;
+  const entry::CodeField* field = opened_;
+  if (field == nullptr || form_.IsClosed()) return;
+  reading_codes_.GiveUp();
+  reading_codes_ = Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
+                       [this, field](std::vector<std::string> codes) { TakeMade(*field, std::move(codes)); });
+}
+
+/// The code that was just made goes into its field, if that is as it was.
+void FichaAids::TakeMade(const entry::CodeField& field, std::vector<std::string> codes) {
+  const std::string made = entry::CodeMade(before_form_, codes);
+  codes_[&field] = std::move(codes);
+  if (made.empty() || form_.IsClosed() || entry::CodeFieldOf(form_.ActiveControl()) != &field) return;
   auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
-  const std::string made = entry::CodeMade(codes_, entry::CodesOf(Database(), *code_field_));
-  if (input.Text.empty() && !made.empty()) form_.UserTypes(input, made);
+  if (input.Text.empty()) act_([&] { form_.UserTypes(input, made); });
 }
 
 void FichaAids::BeforeButton() {
-  saved_.reset();
-  before_ = LastAct();
+  saved_ = 0;
+  before_ = NewestOperation();
 }
 
 void FichaAids::AfterButton(const std::string& record) {
-  const std::optional<history::Operation> now = LastAct();
-  if (!now || (before_ && before_->number == now->number)) return;
-  saved_ = now;
+  saved_ = NewestOperation();
+  if (saved_ == before_) saved_ = 0;
+  if (saved_ == 0) return;
   saved_words_ = QStringLiteral("Guardado: ") + ToQt(record);
   ForgetPast();
-  unset_.Forget();
 }
 
 QString FichaAids::LikeLast() {
@@ -114,6 +150,7 @@ void FichaAids::ForgetPast() {
   judging_.GiveUp();
   draft_.reset();
   judged_ = {};
+  dated_.reset();
 }
 
 /// Has the expense that stands on the ficha judged; until that is done, what was said of it last stays.
@@ -143,6 +180,22 @@ void FichaAids::Judge() {
       [](const ErrorText&) {});  // Confirmar meets the same failure, and tells it
 }
 
+/// Has it found which dates the record on the ficha is without.
+void FichaAids::ReadDates() {
+  std::optional<entry::DatedRecord> record = entry::DatedRecordOn(form_);
+  if (record == dated_ || !Database()) return;
+  dated_ = std::move(record);
+  stored_ = {};
+  reading_dates_.GiveUp();
+  if (!dated_) return;
+  reading_dates_ = Ask(
+      [record = *dated_](const zorCrmParvel::DataAccessRef& bd) { return entry::StoredDatesOf(bd, record); },
+      [this](entry::StoredDates stored) {
+        stored_ = std::move(stored);
+        if (stored_.is_new || !stored_.empty.empty()) Show();
+      });
+}
+
 void FichaAids::Show() {
   if (form_.IsClosed()) return;
   QStringList lines;
@@ -150,20 +203,22 @@ void FichaAids::Show() {
   bool unplanned = false;
   Guarded(line_->window(), [&] {
     Judge();
+    ReadDates();
+    ReadCodes();
     for (const std::string& warning : judged_.warnings) lines << QStringLiteral("Atenção: ") + ToQt(warning);
     QStringList dates;
-    for (const entry::UnsetDate& date : unset_.Of(form_)) dates << ToQt(date.caption);
+    for (const entry::UnsetDate& date : entry::UnsetDatesOn(form_, stored_)) dates << ToQt(date.caption);
     unset = !dates.isEmpty();
     if (unset)
       lines << QStringLiteral("Sem data guardada, ficam com a de hoje ao confirmar: %1.")
                    .arg(dates.join(QStringLiteral(", ")));
-    if (unset_.RegistersToday(form_))
+    if (entry::RegistersToday(form_, stored_))
       lines << QStringLiteral(
           "Data de matrícula (em DUC): fica a de hoje, e dela contam a inspecção e o selo.");
-    unplanned = entry::UnsetDates::LacksRevision(form_);
+    unplanned = entry::LacksRevision(form_);
     if (unplanned) lines << QStringLiteral("Sem quilómetros da próxima revisão, ela conta como passada.");
   });
-  const bool saved = saved_ && lines.isEmpty();
+  const bool saved = saved_ != 0 && lines.isEmpty();
   if (saved) lines << saved_words_;
   undo_->setVisible(saved);
   dates_->setText(unplanned ? QStringLiteral("&Deixar por marcar") : QStringLiteral("&Deixar sem data"));
@@ -174,24 +229,23 @@ void FichaAids::Show() {
 
 /// What somebody changed since is left as it is: the main window's own undo asks about it.
 void FichaAids::TakeBack() {
-  if (!saved_ || history::OpenStores().empty()) return;
+  if (saved_ == 0 || history::OpenStores().empty()) return;
   // The store is the window's, and stays as long as any ficha.
   const std::shared_ptr<history::KeepingStore> store(history::OpenStores().back(), [](auto*) {});
   std::string said = "Anulado.";
   Guarded(line_->window(), [&] {
-    if (history::Conflicts(*store, saved_->number).empty())
-      history::Undo(store, saved_->number);
+    if (history::Conflicts(*store, saved_).empty())
+      history::Undo(store, saved_);
     else
       said = "Alguém alterou o mesmo entretanto: anule na janela principal (Ctrl+Z).";
   });
-  saved_.reset();
+  saved_ = 0;
   ForgetPast();
-  unset_.Forget();
   act_([&] { form_.Notify(said); });
 }
 
 void FichaAids::LeaveDates() {
-  act_([this] { entry::UnsetDates::LeaveWithout(form_, unset_.Of(form_)); });
+  act_([this] { entry::LeaveWithout(form_, entry::UnsetDatesOn(form_, stored_)); });
 }
 
 }  // namespace desktop

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,7 +11,6 @@
 #include "entry/codes.h"
 #include "entry/dates.h"
 #include "entry/warnings.h"
-#include "history/reader.h"
 
 class QLabel;
 class QPushButton;
@@ -54,7 +54,14 @@ class FichaAids : public QObject {
     std::shared_ptr<const entry::ExpensePast> past;
     std::vector<std::string> warnings;
   };
+  /// Reads away from the window's thread; without a reader here and now.
+  template <typename Read, typename Done>
+  ReadTicket Ask(Read read, Done done);
   void Judge();
+  void ReadDates();
+  void ReadCodes();
+  const std::vector<std::string>& CodesOf(const entry::CodeField& field);
+  void TakeMade(const entry::CodeField& field, std::vector<std::string> codes);
   void ForgetPast();
   zorCrmParvel::DataAccessRef Database() const;
   void TakeBack();
@@ -70,11 +77,16 @@ class FichaAids : public QObject {
   ReadTicket judging_;
   std::optional<entry::ExpenseDraft> draft_;  // that was judged last, or is being judged
   Judgement judged_;
-  entry::UnsetDates unset_;
-  std::vector<std::string> codes_;
-  const entry::CodeField* code_field_ = nullptr;
-  std::optional<history::Operation> before_;
-  std::optional<history::Operation> saved_;
+  std::optional<entry::DatedRecord> dated_;  // whose dates were read last, or are being read
+  entry::StoredDates stored_;                // of it
+  ReadTicket reading_dates_;
+  std::map<const entry::CodeField*, std::vector<std::string>> codes_;  // as they were read last
+  const entry::CodeField* entered_ = nullptr;                          // the code field that has the keyboard
+  ReadTicket reading_codes_;
+  const entry::CodeField* opened_ = nullptr;  // from which the ficha of a code was opened
+  std::vector<std::string> before_form_;
+  long before_ = 0;  // the newest operation before a button was pressed
+  long saved_ = 0;   // the operation that was just confirmed
   QString saved_words_;
 };
 

@@ -66,6 +66,7 @@ FormDialog::FormDialog(platform::Form& form, QSettings& settings, QWidget* paren
     : QDialog(parent),
       form_(form),
       settings_(settings),
+      reader_(reader),
       notice_(new QLabel(this)),
       contents_(form),
       aids_(new FichaAids(
@@ -137,7 +138,7 @@ std::string FormDialog::ActWords() const {
 void FormDialog::Press(platform::PushButton& button) {
   pressed_ = &button;
   const bool confirms = &button == form_.layout.accent;
-  if (confirms) Guarded(this, [this] { aids_->BeforeButton(); });
+  if (confirms) aids_->BeforeButton();
   Act([&] {
     aids_->Spell();
     record_ = TitleOf(form_);

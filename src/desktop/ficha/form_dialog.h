@@ -56,6 +56,7 @@ class FormDialog : public QDialog, private UserActs {
   void Press(platform::PushButton& button) override;
   bool IsSyncing() const override { return syncing_ || acting_; }
   void Notice(const QString& text) override;
+  BackgroundReader* Reader() const override { return reader_; }
 
   void ShowNotice();
   void AddNewButtons();
@@ -77,6 +78,7 @@ class FormDialog : public QDialog, private UserActs {
 
   platform::Form& form_;
   QSettings& settings_;
+  BackgroundReader* reader_;
   QLabel* notice_;
   QString why_not_;
   std::vector<std::unique_ptr<ControlView>> views_;

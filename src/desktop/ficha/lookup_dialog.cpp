@@ -8,7 +8,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <algorithm>
+#include <utility>
 
+#include "desktop/database/late_reading.h"
 #include "desktop/list/sources.h"
 #include "desktop/list/table_view.h"
 #include "desktop/look/house_style.h"
@@ -22,7 +25,7 @@ constexpr int kLines = 16;
 
 }  // namespace
 
-LookupDialog::LookupDialog(platform::ListaPesquisa& list, QWidget* parent)
+LookupDialog::LookupDialog(platform::ListaPesquisa& list, QWidget* parent, BackgroundReader* reader)
     : QDialog(parent),
       list_(list),
       search_(new QLineEdit(this)),
@@ -36,10 +39,32 @@ LookupDialog::LookupDialog(platform::ListaPesquisa& list, QWidget* parent)
   table_->installEventFilter(this);
   connect(search_, &QLineEdit::textChanged, this, &LookupDialog::Narrow);
   connect(table_, &TableView::RowOpened, this, &LookupDialog::Choose);
-  table_->Refresh();
+  if (reader != nullptr) ReadRows(*reader);
+  ShowRows();
   SizeToColumns();
-  Narrow({});
   search_->setFocus();
+}
+
+void LookupDialog::ReadRows(BackgroundReader& reader) {
+  is_reading_ = ReadLate(
+      reader, this, list_.Linhas(),
+      [this] {
+        is_reading_ = false;
+        ShowRows();
+        for (const int key : std::exchange(waiting_, {})) {
+          QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier);
+          QApplication::sendEvent(search_, &again);
+        }
+      },
+      [this](const ErrorText& failure) {
+        count_->setText(failure.headline);
+        count_->setToolTip(PlainToolTip(WithDetails(failure)));
+      });
+}
+
+void LookupDialog::ShowRows() {
+  if (!is_reading_) table_->Refresh();
+  Narrow(search_->text());
 }
 
 void LookupDialog::Build() {
@@ -85,6 +110,7 @@ void LookupDialog::Narrow(const QString& text) {
 }
 
 void LookupDialog::ShowCount() {
+  if (is_reading_) return count_->setText(QStringLiteral("A ler a lista…"));
   const long shown = table_->grid().order().Count();
   const long all = table_->grid().source().Rows();
   count_->setText(shown == all ? Counted(all, QStringLiteral("registo"), QStringLiteral("registos"))
@@ -100,10 +126,20 @@ std::string LookupDialog::Key() const {
   return row < 0 ? std::string() : list_.Linhas()->CellAt(static_cast<std::size_t>(row), 0).ToText();
 }
 
+/// Keys that move in the rows, or choose one, wait until there are some.
+bool LookupDialog::Waits(const QKeyEvent& key) {
+  constexpr int kForRows[] = {Qt::Key_Down,   Qt::Key_Up,     Qt::Key_PageDown,
+                              Qt::Key_PageUp, Qt::Key_Return, Qt::Key_Enter};
+  if (std::find(std::begin(kForRows), std::end(kForRows), key.key()) == std::end(kForRows)) return false;
+  waiting_.push_back(key.key());
+  return true;
+}
+
 /// Arrows move in the rows while typing goes on in the search; typing in the rows goes to the search.
 bool LookupDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   auto* key = static_cast<QKeyEvent*>(event);
+  if (is_reading_ && Waits(*key)) return true;
   if (watched == search_) {
     const bool moves = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up ||
                        key->key() == Qt::Key_PageDown || key->key() == Qt::Key_PageUp;

@@ -8,6 +8,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
+#include "store/late_photos.h"
 
 namespace desktop {
 namespace {
@@ -41,9 +42,14 @@ void PictureFrame::Clear() {
   Say(QStringLiteral("Sem imagem"));
 }
 
-void PictureFrame::Load(const QString& file) {
-  const int turn = ++*turn_;
+void PictureFrame::Wait() {
+  ++*turn_;
   Say(QStringLiteral("A abrir a imagem…"));
+}
+
+void PictureFrame::Load(const QString& file) {
+  Wait();
+  const int turn = *turn_;
   QThreadPool::globalInstance()->start([frame = QPointer(this), wanted = turn_, file, turn] {
     if (*wanted != turn) return;
     const Decoded decoded = Decode(file);
@@ -104,10 +110,31 @@ void PictureView::SyncContent() {
   if (revision_ == picture_.Revision()) return;
   revision_ = picture_.Revision();
   frame_->SetGround(picture_.BackColor ? QColor::fromRgb(*picture_.BackColor) : QColor());
-  if (picture_.Shown().empty())
-    frame_->Clear();
+  bringing_.GiveUp();
+  const QString file = ToQt(picture_.Shown());
+  if (file.isEmpty()) return frame_->Clear();
+  const auto late = acts().Reader() != nullptr ? store::LatePhotoIn(picture_.Shown()) : std::nullopt;
+  if (late)
+    Bring(*late, file);
   else
-    frame_->Load(ToQt(picture_.Shown()));
+    frame_->Load(file);
+}
+
+/// A photo of a server is read beside the window, into the file that stands for it.
+void PictureView::Bring(const std::string& statement, const QString& file) {
+  frame_->Wait();
+  bringing_ = acts().Reader()->Ask(
+      this,
+      [statement, path = picture_.Shown()](const BackgroundReader::StoreRef& store) {
+        return store::BringPhoto(*store, statement, path);
+      },
+      [this, file](bool there) {
+        if (there)
+          frame_->Load(file);
+        else
+          frame_->Clear();
+      },
+      [this](const ErrorText& failure) { frame_->Say(failure.headline); });
 }
 
 }  // namespace desktop

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <memory>
 
+#include "desktop/database/background_reader.h"
 #include "desktop/ficha/control_view.h"
 
 namespace desktop {
@@ -21,7 +22,11 @@ class PictureFrame : public QWidget {
 
   /// Returns at once. The picture of an earlier call is dropped, whenever it comes.
   void Load(const QString& file);
+  /// The file's picture is not there yet.
+  void Wait();
   void Clear();
+  /// Says something in the picture's place.
+  void Say(const QString& text);
   /// What is painted behind a picture that doesn't fill its place; an invalid color leaves it as it is.
   void SetGround(const QColor& ground) { ground_ = ground; }
   /// Null while there is none.
@@ -41,7 +46,6 @@ class PictureFrame : public QWidget {
   struct Decoded;
   static Decoded Decode(const QString& file);
   void Show(const Decoded& decoded, int turn);
-  void Say(const QString& text);
 
   QPixmap picture_;
   QColor ground_;
@@ -59,8 +63,11 @@ class PictureView : public ControlView {
   void SyncContent() override;
 
  private:
+  void Bring(const std::string& statement, const QString& file);
+
   platform::ShowImg& picture_;
   PictureFrame* frame_;
+  ReadTicket bringing_;
   int revision_ = 0;
 };
 

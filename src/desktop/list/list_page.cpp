@@ -34,7 +34,8 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
       footer_(new QLabel(this)),
       stack_(new QStackedWidget(this)),
       table_(new TableView(
-          std::make_unique<ListSource>(form_->master, entry, workspace.sistema().ICrmSistema_ZorDataAccess),
+          std::make_unique<ListSource>(form_->master, entry, workspace.sistema().ICrmSistema_ZorDataAccess,
+                                       workspace.IsFar()),
           true, this)),
       message_(new MessagePage(this)) {
   list_->ICrmVwList_GridMaster(&form_->master);
@@ -50,6 +51,7 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
 
 ListPage::~ListPage() {
   reading_.GiveUp();
+  reading_own_.GiveUp();
   Guarded(this, [this] { list_->ICrmVwList_Terminar(); });
   // The table reads the grid, which goes before it.
   delete table_;

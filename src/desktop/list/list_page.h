@@ -12,7 +12,6 @@
 #include "desktop/list/table_view.h"
 #include "desktop/shell/message_box.h"
 #include "desktop/shell/page.h"
-#include "history/reader.h"
 #include "lists/views.h"
 
 class QLabel;
@@ -23,6 +22,7 @@ class QStackedWidget;
 namespace desktop {
 
 class FilterBar;
+class ListSource;
 class MessagePage;
 
 /// One list of the module in the window: its rows, or why there are none. Owns the list and the grid it
@@ -91,9 +91,14 @@ class ListPage : public Page {
 
   void Build();
   void Connect();
-  void Verb(const QString& name, const std::function<void()>& verb);
+  void Verb(
+      const QString& name, const std::function<void()>& verb, std::function<void()> then = [] {});
   void ShowAfter(const std::function<void()>& change);
   static store::Foreseen ReadAhead(const std::shared_ptr<zorCrmParvel::Store>& store, const std::string& key);
+  void Take(store::Foreseen rows);
+  ListSource& Source() const;
+  void ReadOwn();
+  void FinishReading();
   void RestoreOnce();
   void ShowReading();
   void ShowState();
@@ -110,8 +115,8 @@ class ListPage : public Page {
   void LookChanged();
   void ShowFooter();
   bool RemoveRows(std::vector<long> rows);
+  void TellWhatStayed(const std::string& last, long expected, bool one);
   std::vector<std::string> AllKeys() const;
-  std::optional<history::Operation> LastAct() const;
   void ChooseNew(const std::vector<std::string>& before);
   void AddEntries();
   MarkedRows Marked() const;
@@ -125,7 +130,12 @@ class ListPage : public Page {
   ListCommands commands_;
   std::optional<ErrorText> failure_;
   ReadTicket reading_;
-  bool is_reading_ = false;  // rows are on their way
+  bool is_reading_ = false;             // rows are on their way
+  store::Foreseen rows_;                // what a server answered the list
+  std::function<void()> then_ = [] {};  // what waits for the rows that are on their way
+  ReadTicket reading_own_;
+  bool own_stale_ = false;  // the window's columns of a server's list are of earlier rows
+  bool reads_own_ = false;  // and are on their way
   bool restored_ = false;
   QString objection_;  // to the filter that was typed last
   QList<QAction*> own_;

@@ -108,6 +108,7 @@ bool ListPage::ShowAll() {
 
 void ListPage::LookChanged() {
   memory_.Keep(*table_);
+  ReadOwn();
   ShowState();
 }
 
@@ -135,7 +136,7 @@ void ListPage::ShowFooter() {
   }
   QString text;
   // Sums wait until all rows are at hand, unless their column has been read for something else.
-  if (!failure_ && !summed.empty() && !table_->IsReading()) {
+  if (!failure_ && !summed.empty() && !table_->IsReading() && !reads_own_) {
     const std::vector<long> marked = table_->MarkedRows();
     const bool of_marked = marked.size() > 1;
     Guarded(window(), [&] {

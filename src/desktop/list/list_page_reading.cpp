@@ -1,7 +1,10 @@
 // A list of a server: its rows are read away from the window's thread, and then bound as if it read them.
 #include "desktop/list/list_form.h"
 #include "desktop/list/list_page.h"
+#include "desktop/list/list_source.h"
 #include "desktop/shell/message_page.h"
+#include "due/handled.h"
+#include "platform/host.h"
 #include "store/foreseen.h"
 
 namespace desktop {
@@ -18,6 +21,8 @@ store::Foreseen ListPage::ReadAhead(const std::shared_ptr<zorCrmParvel::Store>& 
   list->ICrmVwList_GridDetail(&form.detail);
   list->ICrmVwList_ParentForm(&form);
   list->ICrmVwList_Iniciar();
+  if (!due::AlertColumns(key).empty())
+    due::HandlingsOf(sistema.ICrmSistema_ZorDataAccess, key, platform::Today());
   return recorded->Take();
 }
 
@@ -35,17 +40,57 @@ void ListPage::Load() {
       [key = std::string(entry_.key)](const BackgroundReader::StoreRef& store) {
         return ReadAhead(store, key);
       },
-      [this](store::Foreseen rows) {
-        workspace_.Foresee(std::move(rows));
-        ShowAfter([this] { list_->ICrmVwList_Iniciar(); });
-        workspace_.Foresee({});
-        RestoreOnce();
-      },
+      [this](store::Foreseen rows) { Take(std::move(rows)); },
       [this](const ErrorText& failure) {
         is_reading_ = false;
         failure_ = failure;
         ShowState();
       });
+}
+
+/// Binds the rows that have come. They answer the list as well when it reads them anew by itself, as it does
+/// after its verbs: those that a verb changed come with the next reading.
+void ListPage::Take(store::Foreseen rows) {
+  rows_ = std::move(rows);
+  workspace_.Foresee(rows_);
+  ShowAfter([this] { list_->ICrmVwList_Iniciar(); });
+  workspace_.Foresee({});
+  RestoreOnce();
+  own_stale_ = true;
+  ReadOwn();
+  std::exchange(then_, [] {})();
+}
+
+ListSource& ListPage::Source() const { return static_cast<ListSource&>(table_->grid().source()); }
+
+/// The window's own columns of a server's list come after its rows, when one of them is shown.
+void ListPage::ReadOwn() {
+  if (!own_stale_ || !Source().ShowsOwn()) return;
+  own_stale_ = false;
+  reads_own_ = true;
+  reading_own_.GiveUp();
+  reading_own_ = workspace_.reader().Ask(
+      this,
+      [statement = Source().OwnStatement()](const BackgroundReader::StoreRef& store) {
+        platform::RecordsetRef rows;
+        store->AbrirLeitura("", statement, rows);
+        return platform::RecordsetRef(platform::MakeRef<store::CopiedRows>(*rows));
+      },
+      [this](platform::RecordsetRef rows) {
+        reads_own_ = false;
+        Source().TakeOwn(std::move(rows));
+        table_->Reorder([](RowOrder& order) { order.Rebuild(); });
+        ShowState();
+      },
+      [this](const ErrorText& failure) {
+        reads_own_ = false;
+        Q_EMIT Told(failure.headline);
+      });
+}
+
+/// For what is about to take the rows elsewhere, on paper or into a file.
+void ListPage::FinishReading() {
+  if (is_reading_ || reads_own_) workspace_.reader().Finish();
 }
 
 /// What the user had chosen of sort, search and widths, once there are columns.

@@ -22,25 +22,31 @@ constexpr std::size_t kNamesAsked = 12;
 
 }  // namespace
 
-/// The list reloads itself in its verbs, whatever happened in them.
-void ListPage::Verb(const QString& name, const std::function<void()>& verb) {
+/// The list reloads itself in its verbs, whatever happened in them; one of a server gets the rows that it had
+/// until those come that there are now. What is to happen with these is done `then`.
+void ListPage::Verb(const QString& name, const std::function<void()>& verb, std::function<void()> then) {
   const std::string words = FromQt(Title() + QStringLiteral(": ") + name);
-  const std::optional<history::Operation> before = LastAct();
+  const history::KeepingStore& kept = *workspace_.kept();
+  const long before = kept.Newest().head;
+  workspace_.Foresee(rows_);
   ShowAfter([&] { Guarded(window(), [&] { history::ActHere(words, verb); }); });
-  const std::optional<history::Operation> last = LastAct();
-  if (last && (!before || before->number != last->number)) {
-    const bool named = last->record.empty() || last->words.ends_with(last->record);
-    const std::string record = named ? std::string() : ", " + last->record;
-    Q_EMIT Told(ToQt("Guardado: " + last->words + record + " (Ctrl+Z anula)"));
+  workspace_.Foresee({});
+  const history::ActRecord& last = kept.Newest();
+  if (last.head != 0 && last.head != before) {
+    const std::string record = last.about.empty() ? std::string() : ", " + last.about;
+    Q_EMIT Told(ToQt("Guardado: " + last.words + record + " (Ctrl+Z anula)"));
   }
   Q_EMIT Worked();
+  if (!workspace_.IsFar()) return then();
+  then_ = std::move(then);
+  Load();
 }
 
 void ListPage::New() {
   if (!Can(kNewCommand)) return;
   const std::vector<std::string> before = AllKeys();
-  Verb(QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); });
-  ChooseNew(before);
+  Verb(
+      QStringLiteral("Novo"), [this] { list_->ICrmVwList_Novo(); }, [this, before] { ChooseNew(before); });
 }
 
 void ListPage::Edit() {
@@ -74,10 +80,17 @@ void ListPage::Remove() {
   if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
   const std::string last = KeyOf(rows.back());
   const long count = table_->grid().source().Rows();
-  Verb(one ? QStringLiteral("Remover") : QStringLiteral("Remover %1 registos").arg(rows.size()),
-       [&] { RemoveRows(rows); });
+  const auto removed = static_cast<long>(rows.size());
+  Verb(
+      one ? QStringLiteral("Remover") : QStringLiteral("Remover %1 registos").arg(removed),
+      [&] { RemoveRows(rows); },
+      [this, last, expected = count - removed, one] { TellWhatStayed(last, expected, one); });
+}
+
+/// Says so when there are more rows than expected after a removal, the last of which was of this key.
+void ListPage::TellWhatStayed(const std::string& last, long expected, bool one) {
   if (failure_) return;
-  const long left = table_->grid().source().Rows() - count + static_cast<long>(rows.size());
+  const long left = table_->grid().source().Rows() - expected;
   if (one && left > 0 && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == last)
     Q_EMIT Told(QStringLiteral("O registo não foi removido."));
   else if (!one && left > 0)
@@ -102,14 +115,6 @@ bool ListPage::RemoveRows(std::vector<long> rows) {
     list_->ICrmVwList_Remover(&row);
   }
   return all;
-}
-
-/// The newest act that can be taken back; nothing in a database that remembers none.
-std::optional<history::Operation> ListPage::LastAct() const {
-  std::optional<history::Operation> last;
-  history::KeepingStore& kept = *workspace_.kept();
-  if (kept.Keeps()) Guarded(window(), [&] { last = history::LastToUndo(kept); });
-  return last;
 }
 
 std::vector<std::string> ListPage::AllKeys() const {
@@ -141,6 +146,7 @@ void ListPage::Run(long command) {
 
 void ListPage::Print() {
   if (!Can(kPrintCommand)) return;
+  FinishReading();
   Guarded(window(), [&] {
     ReportDialog(table_->grid().source(), Title(), window(), PaperOf(*table_, WorkRows())).exec();
   });
@@ -149,6 +155,7 @@ void ListPage::Print() {
 void ListPage::Export() {
   const QString file = AskForTableFile(window(), Title());
   if (file.isEmpty()) return;
+  FinishReading();
   const std::vector<long> marked = WorkRows();
   const std::vector<long> rows = marked.size() > 1 ? marked : table_->grid().order().Rows();
   const bool done = Guarded(window(), [&] { ExportRows(file, table_->grid().source(), rows, Title()); });

@@ -12,11 +12,13 @@ constexpr float kHandlingWidth = 3000;
 
 }  // namespace
 
-ListSource::ListSource(platform::SGGrid& grid, const ListEntry& entry, zorCrmParvel::DataAccessRef bd)
+ListSource::ListSource(platform::SGGrid& grid, const ListEntry& entry, zorCrmParvel::DataAccessRef bd,
+                       bool far)
     : GridSource(grid), list_(entry.key), bd_(bd) {
   if (const lists::HostTable* table = lists::HostTableOf(entry.key))
     own_ = std::make_unique<lists::HostCells>(*table, std::move(bd),
                                               [this](long row) { return GridSource::Shown(row, *key_); });
+  if (own_ && far) own_->Await();
 }
 
 void ListSource::Refresh() {
@@ -76,6 +78,7 @@ std::optional<lists::Kind> ListSource::KindOf(std::size_t column) const {
 }
 
 bool ListSource::ShowsOwn() const {
+  if (!own_) return false;
   const std::vector<std::size_t> visible = VisibleColumns();
   return std::any_of(visible.begin(), visible.end(), [this](std::size_t column) { return IsOwn(column); });
 }

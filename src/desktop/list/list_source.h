@@ -13,7 +13,8 @@ namespace desktop {
 /// them.
 class ListSource : public GridSource {
  public:
-  ListSource(platform::SGGrid& grid, const ListEntry& entry, zorCrmParvel::DataAccessRef bd);
+  /// `far`: the window's columns are read elsewhere and brought by `TakeOwn`.
+  ListSource(platform::SGGrid& grid, const ListEntry& entry, zorCrmParvel::DataAccessRef bd, bool far);
 
   QString Text(long row, std::size_t column) const override;
   std::string Shown(long row, std::size_t column) const override;
@@ -25,12 +26,16 @@ class ListSource : public GridSource {
   void Refresh() override;
   /// What a row of a list of alerts is of, see `due::AlertOf`.
   std::string AlertAt(long row) const;
+  /// True when one of the window's own columns is shown.
+  bool ShowsOwn() const;
+  /// What reads those columns of all rows.
+  const char* OwnStatement() const { return own_->table().select; }
+  void TakeOwn(platform::RecordsetRef rows) { own_->Take(std::move(rows)); }
 
  private:
   bool IsOwn(std::size_t column) const { return own_ && column >= listed_; }
   bool IsHandling(std::size_t column) const { return !own_ && column >= listed_; }
   void AddHandling();
-  bool ShowsOwn() const;
 
   std::unique_ptr<lists::HostCells> own_;  // null for a list without any
   std::size_t listed_ = 0;                 // the list's columns

@@ -4,6 +4,7 @@
 
 #include "desktop/look/text.h"
 #include "platform/format.h"
+#include "store/late_rows.h"
 
 namespace desktop {
 namespace {
@@ -99,7 +100,8 @@ void DialogSource::Refresh() {
                         .hidden = column.Option,
                         .numeric = IsNumber(fields[i].type)});
   }
-  rows_ = dialog_.Linhas()->RecordCount();
+  const auto* late = dynamic_cast<const store::LateRows*>(dialog_.Linhas().get());
+  rows_ = late != nullptr && late->IsWaiting() ? 0 : dialog_.Linhas()->RecordCount();
 }
 
 QString DialogSource::Text(long row, std::size_t column) const {

@@ -39,7 +39,7 @@ class FlexSource : public TableSource {
   platform::MSFlexGrid& grid_;
 };
 
-/// The rows of a lookup or report.
+/// The rows of a lookup or report; none while they are on their way.
 class DialogSource : public TableSource {
  public:
   /// Error 91 when the dialog's statement has not been run.

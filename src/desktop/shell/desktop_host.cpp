@@ -2,8 +2,11 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
 #include <utility>
 
+#include "desktop/database/late_reading.h"
 #include "desktop/ficha/form_dialog.h"
 #include "desktop/ficha/lookup_dialog.h"
 #include "desktop/list/sources.h"
@@ -45,6 +48,12 @@ QWidget* DesktopHost::Front() const {
   return modal != nullptr ? modal : main_window_;
 }
 
+/// Null while no database is open.
+BackgroundReader* DesktopHost::Reader() const {
+  Workspace* workspace = main_window_ != nullptr ? main_window_->workspace() : nullptr;
+  return workspace != nullptr ? &workspace->reader() : nullptr;
+}
+
 /// What the module asks may be about what it has just put on the screen.
 void DesktopHost::SyncFichas() {
   for (FormDialog* dialog : open_) dialog->Sync();
@@ -82,19 +91,41 @@ std::optional<std::string> DesktopHost::OpenFile(const platform::FileDialog& ask
 void DesktopHost::ShowModal(platform::Form& form, platform::Form*) {
   if (form.IsClosed()) return;
   Workspace* workspace = main_window_ != nullptr ? main_window_->workspace() : nullptr;
-  FormDialog dialog(form, settings_, Front(), workspace != nullptr ? &workspace->reader() : nullptr);
+  FormDialog dialog(form, settings_, Front(), Reader());
   if (why_not_) dialog.ShowOnly(why_not_(form.Name));
   open_.push_back(&dialog);
+  // What a list knows of its rows is no answer to what a ficha asks.
+  store::Foreseen foreseen = workspace != nullptr ? workspace->Foresee({}) : store::Foreseen();
   dialog.exec();
+  if (workspace != nullptr) workspace->Foresee(std::move(foreseen));
   open_.pop_back();
 }
 
 std::string DesktopHost::ShowLookup(platform::ListaPesquisa& list) {
-  LookupDialog dialog(list, Front());
+  LookupDialog dialog(list, Front(), Reader());
   return dialog.exec() == QDialog::Accepted ? dialog.Key() : std::string();
 }
 
+/// Waits for the rows of a report that come late; false when the user didn't.
+bool DesktopHost::HasRows(platform::MapaListagem& report) const {
+  if (Reader() == nullptr) return true;
+  QMessageBox box(QMessageBox::NoIcon, ToQt(report.Titulo), QStringLiteral("A ler o mapa…"),
+                  QMessageBox::Cancel, Front());
+  box.setObjectName(QStringLiteral("a-ler-o-mapa"));
+  box.button(QMessageBox::Cancel)->setText(QStringLiteral("&Deixar"));
+  std::optional<ErrorText> failure;
+  const auto end = [&box] { box.done(QDialog::Accepted); };
+  const bool waits = ReadLate(*Reader(), &box, report.Linhas(), end, [&](const ErrorText& error) {
+    failure = error;
+    end();
+  });
+  const bool waited = !waits || box.exec() == QDialog::Accepted;
+  if (failure) ShowError(Front(), *failure);
+  return waited && !failure;
+}
+
 void DesktopHost::ShowReport(platform::MapaListagem& report) {
+  if (!HasRows(report)) return;
   DialogSource source(report);
   ReportDialog(source, ToQt(report.Titulo), Front()).exec();
 }

@@ -13,6 +13,7 @@ class QWidget;
 
 namespace desktop {
 
+class BackgroundReader;
 class FormDialog;
 class MainWindow;
 
@@ -45,6 +46,8 @@ class DesktopHost : public platform::Host {
 
  private:
   QWidget* Front() const;
+  BackgroundReader* Reader() const;
+  bool HasRows(platform::MapaListagem& report) const;
   void SyncFichas();
 
   QSettings& settings_;

@@ -47,6 +47,7 @@ MonthPage::MonthPage(Workspace& workspace, QWidget* parent)
       list_(new QListWidget(this)) {
   Build();
   Load();
+  GoToDay();
 }
 
 void MonthPage::Build() {
@@ -112,29 +113,54 @@ void MonthPage::Build() {
 QString MonthPage::Title() const { return QStringLiteral("Calendário"); }
 
 QString MonthPage::CountText() const {
+  if (is_reading_ && dates_.empty()) return {};
   return Counted(static_cast<long>(dates_.size()), QStringLiteral("prazo"), QStringLiteral("prazos"));
 }
 
 void MonthPage::ShowMonth(platform::Date day) {
   month_ = FirstOfMonth(day);
   Load();
+  GoToDay();
 }
 
 void MonthPage::Step(int months) { ShowMonth(month_.AddMonths(months)); }
 
+/// The days are there at once; what is due comes when it has been read.
 void MonthPage::Load() {
-  const int before = Day(month_).dayOfWeek() - 1;
-  first_ = month_.AddDays(-before);
-  dates_.clear();
-  Guarded(window(), [this] {
-    dates_ = due::DueBetween(workspace_.sistema().ICrmSistema_ZorDataAccess, first_,
-                             first_.AddDays(kWeeks * kDays - 1));
-  });
+  const platform::Date first = month_.AddDays(1 - Day(month_).dayOfWeek());
+  if (std::exchange(first_, first) != first) dates_.clear();
   QString title = Portuguese().toString(Day(month_), QStringLiteral("MMMM yyyy"));
   if (!title.isEmpty()) title[0] = title[0].toUpper();
   title_->setText(title);
+  is_reading_ = true;
   Fill();
+  reading_.GiveUp();
+  reading_ = workspace_.reader().Ask(
+      this,
+      [first](const BackgroundReader::StoreRef& store) {
+        return due::DueBetween(zorCrmParvel::DataAccessRef(std::shared_ptr<zorCrmParvel::DataAccess>(store)),
+                               first, first.AddDays(kWeeks * kDays - 1));
+      },
+      [this](std::vector<due::DueDate> dates) {
+        is_reading_ = false;
+        dates_ = std::move(dates);
+        Fill();
+        Q_EMIT Changed();
+      },
+      [this](const ErrorText& failure) {
+        is_reading_ = false;
+        Fill();
+        ShowError(window(), failure);
+      });
   Q_EMIT Changed();
+}
+
+/// To this day, in another month to its first.
+void MonthPage::GoToDay() {
+  const platform::Date today = platform::Today();
+  const platform::Date shown = FirstOfMonth(today) == month_ ? today : month_;
+  const auto place = static_cast<int>(platform::DaysBetween(first_, shown));
+  days_->setCurrentCell(place / kDays, place % kDays);
 }
 
 platform::Date MonthPage::DayAt(int row, int column) const { return first_.AddDays(row * kDays + column); }
@@ -171,11 +197,6 @@ void MonthPage::WriteDays() {
 
 void MonthPage::Fill() {
   WriteDays();
-  const QSignalBlocker quiet(days_);
-  const platform::Date today = platform::Today();
-  const platform::Date shown = FirstOfMonth(today) == month_ ? today : month_;
-  const auto place = static_cast<int>(platform::DaysBetween(first_, shown));
-  days_->setCurrentCell(place / kDays, place % kDays);
   ShowDay();
 }
 
@@ -192,7 +213,8 @@ void MonthPage::ShowDay() {
     }
   list_->setAccessibleName(QStringLiteral("Prazos de %1").arg(day_->text()));
   if (of_day_.empty()) {
-    auto* none = new QListWidgetItem(QStringLiteral("Nada vence neste dia."), list_);
+    auto* none = new QListWidgetItem(
+        is_reading_ ? QStringLiteral("A ler os prazos…") : QStringLiteral("Nada vence neste dia."), list_);
     none->setFlags(Qt::ItemIsEnabled);
     none->setForeground(MutedText(palette()));
   } else {

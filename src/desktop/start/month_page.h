@@ -39,6 +39,7 @@ class MonthPage : public Page {
   void Fill();
   void WriteDays();
   void ShowDay();
+  void GoToDay();
   platform::Date DayAt(int row, int column) const;
   void Open(int row);
 
@@ -46,6 +47,8 @@ class MonthPage : public Page {
   platform::Date month_;
   platform::Date first_;  // the Monday in the first cell
   std::vector<due::DueDate> dates_;
+  ReadTicket reading_;
+  bool is_reading_ = false;  // they are on their way
   std::vector<const due::DueDate*> of_day_;
   QLabel* title_;
   QLabel* day_;

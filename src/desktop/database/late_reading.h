@@ -1,0 +1,12 @@
+#pragma once
+
+#include "desktop/database/background_reader.h"
+
+namespace desktop {
+
+/// Has the rows of a lookup or report read that nobody has waited for yet; `there` is told once they are in
+/// the recordset. False when they are in it already: then nobody is told.
+bool ReadLate(BackgroundReader& reader, QObject* whom, const platform::RecordsetRef& rows,
+              const std::function<void()>& there, const BackgroundReader::Failed& failed);
+
+}  // namespace desktop
