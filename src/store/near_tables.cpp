@@ -92,9 +92,12 @@ bool NearTables::Fill(const std::string& table, platform::Recordset& rows) {
     for (const platform::FieldInfo& field : rows.FieldList()) columns.push_back(field.name);
     while (rows.FetchMore(kRowsATime)) continue;
     zorCrmParvel::Batch batch(*memory_);
-    for (std::size_t row = 0; row < rows.RowsAtHand(); ++row) {
-      const zorCrmParvel::RowValues values = ValuesOf(rows, row);
-      memory_->AddRows(table, columns, {&values});
+    for (std::size_t row = 0; row < rows.RowsAtHand();) {
+      std::vector<zorCrmParvel::RowValues> part;
+      while (row < rows.RowsAtHand() && part.size() < kRowsATime) part.push_back(ValuesOf(rows, row++));
+      std::vector<const zorCrmParvel::RowValues*> places;
+      for (const zorCrmParvel::RowValues& each : part) places.push_back(&each);
+      memory_->AddRows(table, columns, places);
     }
     batch.Commit();
     return true;
