@@ -119,15 +119,6 @@ TEST_F(TiposGastosTest, AChangedCostAloneIsDroppedWithoutAQuestion) {
   EXPECT_EQ(form.Campo[2].Text, "1,659");
 }
 
-TEST_F(TiposGastosTest, AFuelIsTickedAndUnticked) {
-  for (const char* fuel : {"1", "0"}) {
-    Enter(form.Campo[0], "GPL");
-    form.UserToggles(form.Check1);
-    Press(form.botoes.btConf);
-    EXPECT_EQ(Rows(bd, "SELECT Combustivel FROM zor_PV_TiposGastos WHERE Codigo='GPL'"), (Table{{fuel}}));
-  }
-}
-
 TEST_F(TiposGastosTest, AnEmptyCostIsZeroAndATextIsRefusedWithTheScreenKept) {
   Type(form.Campo[0], "PORT");
   Type(form.Campo[2], "muito");

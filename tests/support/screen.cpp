@@ -31,7 +31,7 @@ void Fill(Form& form, Control& control, int number) {
   else if (auto* choice = dynamic_cast<ComboBox*>(&control))
     choice->ListIndex = choice->ListIndex == 0 ? choice->ListCount() - 1 : 0;
   else if (auto* box = dynamic_cast<CheckBox*>(&control))
-    box->Value = 1;
+    box->Value = box->Value == 1 ? 0 : 1;
 }
 
 void Place(std::multiset<const Control*>& placed, const LayoutBlock& block) {
