@@ -125,7 +125,12 @@ std::vector<char> Column::Holding(const std::string& word) {
 std::vector<char> Column::NumbersHolding(NumberText& text, const std::string& word) const {
   std::vector<char> holding;
   holding.reserve(numbers_.size());
+  const bool possible = text.CanHold(word);
   for (double number : numbers_) {
+    if (!possible && NumberText::IsPlain(number)) {
+      holding.push_back(0);
+      continue;
+    }
     const auto written = text.Of(number);
     const auto row = static_cast<long>(holding.size());
     holding.push_back(

@@ -16,6 +16,7 @@ using zorCrmParvel::Statement;
 
 /// Most rows in one statement. Fewer are filled up to a power of two, so that there are few to prepare.
 constexpr std::size_t kTogether = 256;
+constexpr long kAhead = 12;  // rows
 
 std::string InLiteral(const std::string& key) {
   std::string doubled;
@@ -136,8 +137,18 @@ const HostCells::Place& HostCells::PlaceOf(long row) {
   return place;
 }
 
+/// A column is read in the order of the list, which is another than that in memory: what comes soon is called
+/// for from there in time.
+void HostCells::CallFor(long row, std::size_t column) const {
+  if (static_cast<std::size_t>(row) >= places_.size()) return;
+  const Place& place = places_[static_cast<std::size_t>(row)];
+  if (place.block != 0 && place.row != kGone)
+    __builtin_prefetch(&blocks_[place.block - 1]->CellAt(place.row, column + 1));
+}
+
 const Cell* HostCells::CellOf(long row, std::size_t column) {
   const Place& place = PlaceOf(row);
+  CallFor(row + kAhead, column);
   if (place.row == kGone) return nullptr;
   const Cell& cell = blocks_[place.block - 1]->CellAt(place.row, column + 1);
   if (cell.IsNull() || (cell.type() == FieldType::kDate && cell.integer() == 0)) return nullptr;

@@ -80,6 +80,7 @@ class HostCells {
   void Forget();
   void MapAll();
   const platform::Cell* CellOf(long row, std::size_t column);
+  void CallFor(long row, std::size_t column) const;
   const Place& PlaceOf(long row);
   void Add(const zorCrmParvel::Statement& statement, const std::vector<std::pair<std::string, long>>& wanted);
   zorCrmParvel::RecordsetRef Open(const zorCrmParvel::Statement& statement);

@@ -99,6 +99,19 @@ NumberText::NumberText(const Cells& cells, std::size_t column, Kind kind,
   }
 }
 
+bool NumberText::CanHold(std::string_view word) const {
+  if (word.find_first_not_of("0123456789") != std::string_view::npos) return true;
+  return std::any_of(styles_.begin(), styles_.end(), [&](const Style& style) {
+    return style.kind == Kind::kDate || style.decimals < 0 ||
+           word.size() <= static_cast<std::size_t>(std::max(kGroup, style.decimals));
+  });
+}
+
+bool NumberText::IsPlain(double number) {
+  const double units = std::abs(number) * static_cast<double>(kUnit);
+  return std::isnan(number) || (units < kMost && std::abs(units - std::round(units)) <= 1e-4);
+}
+
 std::optional<std::string_view> NumberText::Write(const Style& style, double number, Place& place) {
   Backwards out(place);
   if (style.kind == Kind::kDate) {
@@ -106,9 +119,8 @@ std::optional<std::string_view> NumberText::Write(const Style& style, double num
     WriteDate(static_cast<std::int64_t>(number), style.time, out);
     return out.Text();
   }
-  const double units = std::abs(number) * static_cast<double>(kUnit);
-  if (!(units < kMost) || std::abs(units - std::round(units)) > 1e-4) return {};
-  WriteNumber(std::llround(units), style.decimals, out);
+  if (!IsPlain(number)) return {};
+  WriteNumber(std::llround(std::abs(number) * static_cast<double>(kUnit)), style.decimals, out);
   return out.Text();
 }
 

@@ -21,6 +21,11 @@ class NumberText {
   /// The number as it is shown, folded (see `Folded`); good until the next call. Nothing when that isn't
   /// certain: it has to be read then.
   std::optional<std::string_view> Of(double number);
+  /// False when no number of this column has the word in it, as far as it is certain how it is shown: digits
+  /// stand in groups there.
+  bool CanHold(std::string_view word) const;
+  /// Whether it is certain how the number is shown.
+  static bool IsPlain(double number);
 
  private:
   struct Style {
