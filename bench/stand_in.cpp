@@ -6,11 +6,34 @@
 #include "stand_in_request.h"
 
 namespace bench {
+namespace {
+
+std::function<void(const std::string& text, Milliseconds took)> tell;
+
+/// One trip, with what the server works for it.
+class Trip {
+ public:
+  explicit Trip(std::string text) : text_(std::move(text)) { std::this_thread::sleep_for(delay); }
+  ~Trip() {
+    if (tell) tell(text_, std::chrono::steady_clock::now() - begin_);
+  }
+  Trip(const Trip&) = delete;
+  Trip& operator=(const Trip&) = delete;
+
+ private:
+  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+  std::string text_;
+};
+
+}  // namespace
 
 std::string StandInConnection(const std::string& file) {
   return "Driver=StandIn;Server=longe;Database=" + file;
 }
 void DelayTrips(std::chrono::milliseconds trip) { delay = trip; }
+void TellTrips(std::function<void(const std::string& text, Milliseconds took)> told) {
+  tell = std::move(told);
+}
 
 extern "C" {
 
@@ -35,7 +58,7 @@ SQLRETURN SQLDisconnect(SQLHDBC) { return SQL_SUCCESS; }
 SQLRETURN SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER what, SQLPOINTER value, SQLINTEGER) {
   if (what != SQL_ATTR_AUTOCOMMIT || value != nullptr) return SQL_SUCCESS;
   auto& connection = As<Connection>(handle);
-  std::this_thread::sleep_for(delay);
+  const Trip trip("BEGIN");
   return Guarded(connection, [&] {
     connection.database->BeginBatch();
     connection.batch = true;
@@ -46,7 +69,7 @@ SQLRETURN SQLSetConnectAttr(SQLHDBC handle, SQLINTEGER what, SQLPOINTER value, S
 SQLRETURN SQLEndTran(SQLSMALLINT, SQLHANDLE handle, SQLSMALLINT how) {
   auto& connection = As<Connection>(handle);
   if (!std::exchange(connection.batch, false)) return SQL_SUCCESS;
-  std::this_thread::sleep_for(delay);
+  const Trip trip(how == SQL_COMMIT ? "COMMIT" : "ROLLBACK");
   return Guarded(connection, [&] {
     if (how == SQL_COMMIT)
       connection.database->CommitBatch();
@@ -78,9 +101,10 @@ SQLRETURN SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT, SQLSMALLINT, SQLSMALLI
 }
 
 SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
-  std::this_thread::sleep_for(delay);
+  const std::string sent = TextOf(text, length);
+  const Trip trip(sent);
   auto& request = As<Request>(handle);
-  request.statements = Statements(TextOf(text, length), request.parameters);
+  request.statements = Statements(sent, request.parameters);
   return RunNext(request);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,5 +16,9 @@ namespace bench {
 std::string StandInConnection(const std::string& file);
 /// How long each trip takes from now on.
 void DelayTrips(std::chrono::milliseconds delay);
+using Milliseconds = std::chrono::duration<double, std::milli>;
+/// Has each trip told, by its text and how long it took, on the thread that waited for it. Set while no other
+/// thread is at work.
+void TellTrips(std::function<void(const std::string& text, Milliseconds took)> told);
 
 }  // namespace bench

@@ -64,7 +64,7 @@ bool BringPhoto(zorCrmParvel::Store& store, const std::string& statement, const 
   if (rows->Eof()) return false;
   const platform::Variant photo = rows->Fields(kPhoto).Value();
   if (photo.IsNull()) return false;
-  const platform::Bytes bytes = photo.ToBytes();
+  const platform::Bytes& bytes = photo.ToBytes();
   platform::WritePrivateFile(file, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
   return true;
 }
