@@ -61,10 +61,11 @@ void WipeField(QLineEdit& field) {
   field.clear();
 }
 
-std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection, sqlserver::Secret password) {
+std::shared_ptr<zorCrmParvel::Store> OpenServer(const QString& connection,
+                                                const sqlserver::Secret& password) {
   sqlserver::OpenOptions options;
   options.connection = FromQt(connection);
-  options.password = std::move(password);
+  options.password = password;
   options.expected = &entry::ReadsAfterEvent;
   return store::Near(sqlserver::Database::Open(options));
 }
