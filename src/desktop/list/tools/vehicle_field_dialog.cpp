@@ -110,7 +110,7 @@ void VehicleFieldDialog::ShowField() {
     for (const entry::VehicleValue& vehicle : vehicles_) names << ToQt(vehicle.value);
     names.removeDuplicates();
     value_->addItems(names);
-    value_->lineEdit()->setPlaceholderText(QStringLiteral("Escolha ou escreva…"));
+    value_->lineEdit()->setPlaceholderText(QStringLiteral("Escolha…"));
   }
   value_->setCurrentIndex(-1);
   typed_ = false;
