@@ -95,8 +95,8 @@ bool NearTables::Fill(const std::string& table, platform::Recordset& rows) {
     for (std::size_t row = 0; row < rows.RowsAtHand();) {
       std::vector<zorCrmParvel::RowValues> part;
       while (row < rows.RowsAtHand() && part.size() < kRowsATime) part.push_back(ValuesOf(rows, row++));
-      std::vector<const zorCrmParvel::RowValues*> places;
-      for (const zorCrmParvel::RowValues& each : part) places.push_back(&each);
+      std::vector<const zorCrmParvel::RowValues*> places(part.size());
+      std::transform(part.begin(), part.end(), places.begin(), [](const auto& each) { return &each; });
       memory_->AddRows(table, columns, places);
     }
     batch.Commit();

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "engine_fixture.h"
 
 namespace embedded_tests {
@@ -65,8 +67,8 @@ TEST_F(WriteTest, ManyRowsGoInUnderTheirOwnNumbers) {
   }
   const std::vector<std::string> columns = {"Id", "nome", "Valor", "Foto"};
   const auto add = [&] {
-    std::vector<const zorCrmParvel::RowValues*> together;
-    for (const auto& row : rows) together.push_back(&row);
+    std::vector<const zorCrmParvel::RowValues*> together(rows.size());
+    std::transform(rows.begin(), rows.end(), together.begin(), [](const auto& row) { return &row; });
     zorCrmParvel::Batch batch(*store_);
     store_->AddRows("tudo", columns, together);
     batch.Commit();
