@@ -22,11 +22,9 @@ TEST_F(SetupTest, BaseCodesLeaveAloneWhatIsThereAndAddNothingTwice) {
   EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_PV_Categorias WHERE Codigo='LIGP'")[0][0], "Carros da casa");
   EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_Categorias").size(), 9U);
   EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_TiposGastos WHERE Combustivel=1").size(), 4U);
-  for (const char* table : {"Categorias", "TiposGastos", "TiposManut", "TiposSeguro", "TiposAcessorios"})
-    EXPECT_TRUE(
-        Rows(bd,
-             ("SELECT Codigo FROM zor_PV_" + std::string(table) + " WHERE Nome='' OR Nome IS NULL").c_str())
-            .empty())
+  for (const std::string table :
+       {"Categorias", "TiposGastos", "TiposManut", "TiposSeguro", "TiposAcessorios"})
+    EXPECT_TRUE(Rows(bd, "SELECT Codigo FROM zor_PV_" + table + " WHERE Nome='' OR Nome IS NULL").empty())
         << table;
 }
 

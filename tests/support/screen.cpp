@@ -86,9 +86,9 @@ std::vector<std::string> InColumns(const Screen& screen, const std::string& cont
       continue;
     }
     if (name[0] == '#')
-      name = "DTPicker1(" + name.substr(1) + ")";
+      name.replace(0, 1, "DTPicker1(").append(")");
     else if (std::isdigit(static_cast<unsigned char>(name[0])) != 0)
-      name = "Campo(" + name + ")";
+      name.insert(0, "Campo(").append(")");
     row.push_back(screen.at(name));
   }
   return row;
