@@ -3,7 +3,9 @@
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <functional>
 #include <iostream>
+#include <utility>
 
 #include "desktop/look/house_style.h"
 #include "desktop/look/portuguese.h"
@@ -22,15 +24,23 @@ using namespace desktop;
 
 constexpr int kFailure = 3;
 
-/// Ends the program when the window has been painted once.
-class UntilPainted : public QObject {
+/// Does what can wait when the window has been painted once.
+class OncePainted : public QObject {
  public:
-  using QObject::QObject;
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+  explicit OncePainted(std::function<void()> act) : act_(std::move(act)) {}
+  bool eventFilter(QObject* window, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    window->removeEventFilter(this);
+    QTimer::singleShot(0, qApp, act_);
     return false;
   }
+
+ private:
+  std::function<void()> act_;
 };
+
+/// The theme's folders are looked through for it.
+void SetIcon() { QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("parvel"))); }
 
 int RunWindow(QApplication& application, Options& options) {
   QSettings settings;
@@ -47,8 +57,8 @@ int RunWindow(QApplication& application, Options& options) {
   host.AskRights([&window](const std::string& ficha) { return window.WhyNotConfirm(ficha); });
   window.Open(std::move(workspace));
   if (!options.list.isEmpty()) window.ShowList(FromQt(options.list).c_str());
-  UntilPainted until_painted;
-  if (options.until_painted) window.installEventFilter(&until_painted);
+  OncePainted painted([&options] { options.until_painted ? QCoreApplication::exit(0) : SetIcon(); });
+  window.installEventFilter(&painted);
   window.show();
   return application.exec();
 }
@@ -91,7 +101,6 @@ int main(int argc, char** argv) {
   QApplication::setOrganizationName(QStringLiteral("parvel"));
   QApplication::setApplicationName(QStringLiteral("parvel-desktop"));
   QGuiApplication::setDesktopFileName(QStringLiteral("pt.parvel.Parvel"));
-  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("parvel")));
   QApplication::setStyle(new HouseStyle);
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
   SpeakPortuguese();
