@@ -2,11 +2,11 @@
 
 #include "sqlserver/bulk/brought_numbers.h"
 #include "sqlserver/bulk/row_writer.h"
-#include "sqlserver/edit_recordset.h"
+#include "sqlserver/rows/edit_recordset.h"
+#include "sqlserver/rows/select_recordset.h"
+#include "sqlserver/rows/walk_recordset.h"
 #include "sqlserver/schema/refusals.h"
-#include "sqlserver/select_recordset.h"
 #include "sqlserver/session.h"
-#include "sqlserver/walk_recordset.h"
 #include "tsql/fields.h"
 #include "tsql/parser.h"
 

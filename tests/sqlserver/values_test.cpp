@@ -6,7 +6,7 @@
 
 #include "contract/engines.h"
 #include "sqlserver/connection_text.h"
-#include "sqlserver/editable_rows.h"
+#include "sqlserver/rows/editable_rows.h"
 #include "sqlserver/utf16.h"
 #include "tsql/parser.h"
 

@@ -1,9 +1,9 @@
-#include "sqlserver/walk_recordset.h"
+#include "sqlserver/rows/walk_recordset.h"
 
 #include <algorithm>
 
 #include "platform/text.h"
-#include "sqlserver/select_recordset.h"
+#include "sqlserver/rows/select_recordset.h"
 #include "tsql/lexer.h"
 
 namespace sqlserver {

@@ -1,4 +1,4 @@
-#include "sqlserver/edit_recordset.h"
+#include "sqlserver/rows/edit_recordset.h"
 
 #include <algorithm>
 

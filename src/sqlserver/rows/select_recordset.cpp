@@ -1,4 +1,4 @@
-#include "sqlserver/select_recordset.h"
+#include "sqlserver/rows/select_recordset.h"
 
 namespace sqlserver {
 

@@ -1,4 +1,4 @@
-#include "sqlserver/editable_rows.h"
+#include "sqlserver/rows/editable_rows.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/recordset.h"
-#include "sqlserver/editable_rows.h"
+#include "sqlserver/rows/editable_rows.h"
 #include "sqlserver/session.h"
 
 namespace sqlserver {
