@@ -168,7 +168,7 @@ SQLRETURN SQLFetch(SQLHSTMT handle) {
   });
 }
 
-/// The whole value at once: none here is longer than the room for a part.
+/// Texts and bytes in parts, as there is room.
 SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER value, SQLLEN room,
                      SQLLEN* length) {
   auto& request = As<Request>(handle);

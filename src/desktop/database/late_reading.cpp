@@ -7,6 +7,12 @@ namespace desktop {
 
 using platform::RecordsetRef;
 
+RecordsetRef ReadWhole(zorCrmParvel::DataAccess& data, const std::string& statement) {
+  RecordsetRef rows;
+  data.AbrirLeitura("", statement.c_str(), rows);
+  return platform::MakeRef<store::CopiedRows>(*rows);
+}
+
 bool ReadLate(BackgroundReader& reader, QObject* whom, const RecordsetRef& rows,
               const std::function<void()>& there, const BackgroundReader::Failed& failed) {
   const auto late = std::dynamic_pointer_cast<store::LateRows>(rows.shared());
@@ -14,9 +20,7 @@ bool ReadLate(BackgroundReader& reader, QObject* whom, const RecordsetRef& rows,
   reader.Ask(
       whom,
       [statement = late->statement()](const BackgroundReader::StoreRef& store) {
-        RecordsetRef read;
-        store->AbrirLeitura("", statement.c_str(), read);
-        return RecordsetRef(platform::MakeRef<store::CopiedRows>(*read));
+        return ReadWhole(*store, statement);
       },
       [late, there](const RecordsetRef& read) {
         late->Bring(*read);

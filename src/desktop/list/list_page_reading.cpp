@@ -1,4 +1,5 @@
 // A list of a server: its rows are read away from the window's thread, and then bound as if it read them.
+#include "desktop/database/late_reading.h"
 #include "desktop/list/list_form.h"
 #include "desktop/list/list_page.h"
 #include "desktop/list/list_source.h"
@@ -43,6 +44,7 @@ void ListPage::Load() {
       [this](store::Foreseen rows) { Take(std::move(rows)); },
       [this](const ErrorText& failure) {
         is_reading_ = false;
+        then_ = [] {};
         failure_ = failure;
         ShowState();
       });
@@ -72,9 +74,7 @@ void ListPage::ReadOwn() {
   reading_own_ = workspace_.reader().Ask(
       this,
       [statement = Source().OwnStatement()](const BackgroundReader::StoreRef& store) {
-        platform::RecordsetRef rows;
-        store->AbrirLeitura("", statement, rows);
-        return platform::RecordsetRef(platform::MakeRef<store::CopiedRows>(*rows));
+        return ReadWhole(*store, statement);
       },
       [this](platform::RecordsetRef rows) {
         reads_own_ = false;
