@@ -66,10 +66,10 @@ void TellNumber(long number, std::ostream& out) {
 /// The rows of which there is something to tell.
 void TellRows(const ImportPlan& plan, std::ostream& out) {
   for (std::size_t i = 0; i < plan.size(); ++i) {
-    const exchange::PlanRow& row = plan.row(i);
+    const RowState state = plan.StateOf(i);
     const exchange::Why& why = plan.why(i);
-    if (why.reason.empty() || row.state == RowState::kKnown) continue;
-    out << "linha " << row.line << ", " << exchange::NameOf(row.state);
+    if (why.reason.empty() || state == RowState::kNew || state == RowState::kKnown) continue;
+    out << "linha " << plan.row(i).line << ", " << exchange::NameOf(state);
     if (!why.column.empty()) out << ", " << why.column;
     out << ": " << why.reason << '\n';
   }

@@ -79,6 +79,35 @@ TEST_F(ImportPlanTest, ARowSetAsideByHandStaysOutAndComesBack) {
   EXPECT_EQ(plan->row(0).state, RowState::kRefused);
 }
 
+TEST_F(ImportPlanTest, TheRowsOfADocumentAreOneEventOfThoseThatAreTaken) {
+  const auto document = [](Profile& profile) { profile.document = Piece{.header = "Doc", .position = 5}; };
+  Read(
+      "Matrícula;Data;Tipo;Litros;Valor;Doc\n12-AB-34;20-01-2024;PORTAGEM;1;40;A\n"
+      "12-AB-34;20-01-2024;PORTAGEM;1;2,5;A\n12-AB-34;20-01-2024;PORTAGEM;1;x;A\n"
+      "12-AB-34;20-01-2024;PORTAGEM;1;7;\n12-AB-34;20-01-2024;PORTAGEM;1;9;B\n",
+      document)
+      .Check();
+  const auto shown = [&] {
+    std::string all;
+    for (std::size_t i = 0; i < plan->size(); ++i)
+      all += std::string(NameOf(plan->StateOf(i))) + " " + plan->why(i).column + plan->why(i).reason + "\n";
+    return all + plan->Sums().stored.amount.ToText();
+  };
+  EXPECT_EQ(shown(),
+            "recusada Custo«x» não é um número.\nrecusada Soma-se à linha 2.\nrecusada Soma-se à linha 2.\n"
+            "nova \nnova \n16");
+  plan->SetAside(2, true);
+  EXPECT_EQ(shown(), "nova \nnova Soma-se à linha 2.\nposta de parte Pelo operador.\nnova \nnova \n58,5");
+  plan->SetAside(0, true);
+  EXPECT_EQ(shown(),
+            "posta de parte Pelo operador.\nnova \nposta de parte Pelo operador.\nnova \nnova \n18,5");
+  plan->SetAside(0, false);
+  plan->Correct(4, "Custo", "8");
+  EXPECT_EQ(plan->Store("a.csv", "soma", "ana").rows.stored.rows, 4);
+  EXPECT_EQ(Rows(bd, "SELECT Qtd, Custo FROM zor_PV_Gastos ORDER BY Custo"),
+            (Table{{"1", "7"}, {"1", "8"}, {"2", "42,5"}}));
+}
+
 TEST_F(ImportPlanTest, RefusedRowsGoBackInTheShapeInWhichTheyCame) {
   Read(
       "Extracto de Janeiro\n\nMatrícula;Data;Tipo;Litros;Valor;Km;Nota\n"

@@ -4,10 +4,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "exchange/assistant/import_session.h"
+#include "exchange/assistant/preview_table.h"
 #include "exchange/import_fixture.h"
 #include "exchange/imports/take_back.h"
 #include "exchange/plan/import_plan.h"
 #include "exchange/shape/profile_guess.h"
+#include "support/whole_text.h"
 
 namespace exchange {
 namespace {
@@ -200,6 +203,74 @@ TEST_F(LayoutsTest, AreImportedTakenBackAndImportedAgainAsTheFirstTime) {
     EXPECT_EQ(Everything(), first);
     TakeBackImport(bd, again.number);
   }
+}
+
+/// A profile in one line.
+std::string InOneLine(const Profile& profile) {
+  std::istringstream json(ToJson(profile));
+  std::string all;
+  for (std::string line; std::getline(json >> std::ws, line);) all += line;
+  return all + "\n";
+}
+
+/// What the assistant shows of a file before anybody decided anything.
+std::string ShownOf(const ImportSession& session) {
+  std::string text = session.Facts() + "; " + session.kind().name + "; em falta:";
+  for (const std::string& column : session.Missing()) text += " " + column;
+  text += "\n";
+  for (std::size_t i = 0; i < session.columns(); ++i) {
+    text += "  " + session.Heading(i) + (session.IsHidden(i) ? " (escondida)" : "") + " → " +
+            session.TargetOf(i) + ":";
+    for (const std::string& sample : session.Samples(i, 3)) text += " «" + sample + "»";
+    text += "\n";
+  }
+  return text;
+}
+
+std::string QuestionsOf(const ImportPlan& plan) {
+  std::string text;
+  for (const Question& question : plan.questions())
+    text += std::string(question.about == Question::About::kDateOrder ? "data " : "decimais ") +
+            question.example + "?\n";
+  return text;
+}
+
+/// What a plan's rows become, with the codes that lack and afterwards.
+std::string BecomesOf(ImportPlan& plan) {
+  if (!plan.questions().empty()) return QuestionsOf(plan);
+  plan.Check();
+  std::string text;
+  const std::vector<NewCode> unknown = plan.UnknownCodes();
+  if (!unknown.empty()) text = ClipboardText(PreviewTable(plan));
+  for (const NewCode& code : unknown) {
+    text += "cria " + code.table + " " + code.code + " " + code.name + (code.fuel ? " combustível" : "") +
+            " linhas " + std::to_string(code.rows) + ":";
+    for (const std::string& one : code.texts) text += " «" + one + "»";
+    for (const NamedCode& one : code.similar) text += " ou " + one.code + " " + one.name;
+    text += "\n";
+  }
+  plan.SettleUnknownCodes();
+  plan.Check();
+  const Reconciliation sums = plan.Sums();
+  for (const Tally& tally :
+       {sums.file, sums.stored, sums.warned, sums.known, sums.aside, sums.credits, sums.refused})
+    text += std::to_string(tally.rows) + " (" + tally.amount.ToText() + ") ";
+  text += sums.declared ? "declarado " + sums.declared->ToText() + "\n" : "\n";
+  text += ClipboardText(PreviewTable(plan)) + "recusadas:\n";
+  std::ostringstream refused;
+  plan.WriteRefused(refused);
+  return text + refused.str();
+}
+
+TEST_F(LayoutsTest, AreShownWholeBeforeAnythingIsStored) {
+  std::string text;
+  for (const Layout& layout : kLayouts) {
+    ImportSession session(bd, PathOf(layout.file));
+    text += std::string("= ") + layout.file + "\n" + ShownOf(session) + InOneLine(session.profile());
+    if (*layout.kind == '\0') session.Use(ProfileOf(layout));
+    text += BecomesOf(*session.Plan({})) + "\n";
+  }
+  ExpectWholeText(PARVEL_SOURCE_DIR "/tests/exchange/shown_layouts.txt", text);
 }
 
 }  // namespace

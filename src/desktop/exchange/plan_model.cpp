@@ -33,7 +33,7 @@ void PlanModel::Refresh() {
   read_ = kNone;
   rows_.clear();
   for (std::size_t i = 0; plan_ != nullptr && i < plan_->size(); ++i)
-    if (plan_->row(i).counts && (!state_ || plan_->row(i).state == *state_)) rows_.push_back(i);
+    if (plan_->row(i).counts && (!state_ || plan_->StateOf(i) == *state_)) rows_.push_back(i);
   endResetModel();
 }
 
@@ -57,12 +57,11 @@ const std::vector<std::string>& PlanModel::ValuesOf(std::size_t row) const {
 }
 
 QString PlanModel::TextAt(std::size_t row, int column) const {
-  const exchange::PlanRow& shown = plan_->row(row);
   switch (column) {
     case kLine:
-      return QString::number(shown.line);
+      return QString::number(plan_->row(row).line);
     case kState:
-      return QString::fromUtf8(exchange::NameOf(shown.state));
+      return QString::fromUtf8(exchange::NameOf(plan_->StateOf(row)));
     case kReason: {
       const exchange::Why& why = plan_->why(row);
       if (why.column.empty()) return ToQt(why.reason);
@@ -85,7 +84,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
     }
     case Qt::FontRole: {
       QFont font;
-      font.setBold(index.column() == kState && plan_->row(row).state == RowState::kRefused);
+      font.setBold(index.column() == kState && plan_->StateOf(row) == RowState::kRefused);
       return font;
     }
     case Qt::TextAlignmentRole:

@@ -31,10 +31,10 @@ ExportTable PreviewTable(const ImportPlan& plan, std::optional<RowState> only) {
   for (const std::size_t column : used) table.columns.push_back(ColumnOf(kind, plan.columns()[column]));
   for (std::size_t i = 0; i < plan.size(); ++i) {
     const PlanRow& row = plan.row(i);
-    if (!row.counts || (only && row.state != *only)) continue;
+    if (!row.counts || (only && plan.StateOf(i) != *only)) continue;
     const Why& why = plan.why(i);
     std::vector<ExportCell> cells = {
-        static_cast<double>(row.line), std::string(NameOf(row.state)),
+        static_cast<double>(row.line), std::string(NameOf(plan.StateOf(i))),
         why.column.empty() ? why.reason : LabelOf(kind, why.column) + ": " + why.reason};
     ImportRow read = plan.Read(i);
     for (const std::size_t column : used) cells.push_back(CellOf(read.at(column)));

@@ -77,7 +77,12 @@ void ImportPlan::Prepare(const Progress& progress) {
   data.mapper =
       std::make_unique<RowMapper>(data.profile, data.kind, data.table.header, data.reading, data.codes);
   LookAtAll(progress);
-  if (data.profile.document) JoinDocuments();
+  Arrange();
+}
+
+/// Which rows are one event, and in which order they are stored.
+void ImportPlan::Arrange() {
+  if (data_->profile.document) JoinDocuments();
   Order();
 }
 
@@ -125,6 +130,7 @@ void ImportPlan::JoinDocuments() {
   std::vector<TableCell> cells;
   for (std::size_t i = 0; i < data_->table.rows.size(); ++i) {
     PlanRow& row = data_->table.rows[i];
+    if (row.leader >= 0 && row.state != RowState::kAside) data_->table.SetWhy(i, {});
     row.leader = -1;
     if (row.state == RowState::kAside || place < 0) continue;
     const SourceRow source = data_->Source(i, cells);
@@ -137,6 +143,8 @@ void ImportPlan::JoinDocuments() {
     if (fresh) continue;
     row.leader = static_cast<std::int32_t>(leader->second);
     data_->added[leader->second].push_back(i);
+    const std::string line = std::to_string(data_->table.rows[leader->second].line);
+    data_->table.SetWhy(i, {.column = {}, .reason = "Soma-se à linha " + line + "."});
   }
 }
 
@@ -225,7 +233,7 @@ void ImportPlan::Correct(std::size_t row, const std::string& column, const std::
   data_->corrections[row][column] = text;
   std::vector<TableCell> cells;
   Look(row, cells);
-  Order();
+  Arrange();
   CheckOwner(before);
   if (data_->table.rows[row].owner != before) CheckOwner(data_->table.rows[row].owner);
 }
@@ -237,6 +245,7 @@ void ImportPlan::SetAside(std::size_t number, bool aside) {
   row.credit = false;
   row.state = aside ? RowState::kAside : RowState::kUnchecked;
   data_->table.SetWhy(number, {.column = {}, .reason = aside ? "Pelo operador." : ""});
+  Arrange();
   CheckOwner(row.owner);
 }
 
@@ -244,7 +253,7 @@ void ImportPlan::Learn(const std::string& column, const std::string& text, const
   data_->profile.learned[column][Folded(text)] = code;
   data_->codes.Forget();
   LookAtAll();
-  Order();
+  Arrange();
 }
 
 std::vector<NewCode> ImportPlan::UnknownCodes() { return FindUnknownCodes(*data_); }
@@ -272,7 +281,7 @@ void ImportPlan::Create(std::vector<NewCode> codes) {
   }
   data_->codes.Forget();
   LookAtAll();
-  Order();
+  Arrange();
 }
 
 }  // namespace exchange

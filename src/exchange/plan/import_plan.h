@@ -67,6 +67,8 @@ class ImportPlan {
   const std::vector<ImportColumn>& columns() const { return data_->mapper->columns(); }
   std::size_t size() const { return data_->table.rows.size(); }
   const PlanRow& row(std::size_t row) const { return data_->table.rows[row]; }
+  /// What becomes of a row; one that is added into another's event shares its fate.
+  RowState StateOf(std::size_t row) const;
   /// Why a row's state is what it is; an empty reason where there is nothing to say.
   const Why& why(std::size_t row) const { return data_->table.WhyOf(row); }
   /// A row's values as they would be stored, in the order of the columns; what can't be read as it stands.
@@ -109,6 +111,7 @@ class ImportPlan {
   void Prepare(const Progress& progress = {});
   void LookAtAll(const Progress& progress = {});
   void Look(std::size_t row, std::vector<TableCell>& cells);
+  void Arrange();
   void Order();
   std::uint32_t OwnerOf(const std::string& text);
   std::unique_ptr<zorCrmParvel::LargeBatch> BatchToCheck(const PlanRun& run) const;

@@ -15,6 +15,11 @@
 
 namespace exchange {
 
+RowState ImportPlan::StateOf(std::size_t number) const {
+  const PlanRow& row = data_->table.rows[number];
+  return row.leader < 0 ? row.state : data_->table.rows[static_cast<std::size_t>(row.leader)].state;
+}
+
 ImportRow ImportPlan::Read(std::size_t row) const {
   std::vector<TableCell> cells;
   const SourceRow source = data_->Source(row, cells);
@@ -115,17 +120,17 @@ Reconciliation ImportPlan::Sums() const {
     ++tally.rows;
     tally.amount += row.amount;
   };
-  for (const PlanRow& row : data_->table.rows) {
+  for (std::size_t i = 0; i < size(); ++i) {
+    const PlanRow& row = data_->table.rows[i];
     if (!row.counts) continue;
     add(sums.file, row);
-    // A row that was added into another shares its fate.
-    const PlanRow& fate = row.leader >= 0 ? data_->table.rows[static_cast<std::size_t>(row.leader)] : row;
-    if (fate.state == RowState::kNew || fate.state == RowState::kWarning) add(sums.stored, row);
-    if (fate.state == RowState::kWarning) add(sums.warned, row);
-    if (fate.state == RowState::kKnown) add(sums.known, row);
-    if (fate.state == RowState::kAside) add(sums.aside, row);
-    if (fate.state == RowState::kAside && row.credit) add(sums.credits, row);
-    if (fate.state == RowState::kRefused) add(sums.refused, row);
+    const RowState state = StateOf(i);
+    if (state == RowState::kNew || state == RowState::kWarning) add(sums.stored, row);
+    if (state == RowState::kWarning) add(sums.warned, row);
+    if (state == RowState::kKnown) add(sums.known, row);
+    if (state == RowState::kAside) add(sums.aside, row);
+    if (state == RowState::kAside && row.credit) add(sums.credits, row);
+    if (state == RowState::kRefused) add(sums.refused, row);
   }
   sums.declared = DeclaredTotal(sums.file.amount);
   return sums;
@@ -141,8 +146,7 @@ void ImportPlan::WriteRefused(std::ostream& out) const {
   std::uint32_t section = 0;  // written last
   for (std::size_t i = 0; i < data_->table.rows.size(); ++i) {
     const PlanRow& row = data_->table.rows[i];
-    const PlanRow& fate = row.leader >= 0 ? data_->table.rows[static_cast<std::size_t>(row.leader)] : row;
-    if (fate.state != RowState::kRefused) continue;
+    if (StateOf(i) != RowState::kRefused) continue;
     if (row.section != section) out << CsvField(data_->table.sections[row.section]) << '\n';
     section = row.section;
     data_->UnpackInto(i, cells);
