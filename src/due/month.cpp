@@ -52,15 +52,24 @@ constexpr Source kSources[] = {
     {"Carta de condução",
      "SELECT ValCartaCond, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = 0)",
      "ValCartaCond", true},
+    {"Classe da carta",
+     "SELECT c.DataValidade, m.Codigo, m.Nome FROM zor_CartasCond c INNER JOIN zor_Funcionarios m ON "
+     "m.Codigo = c.Motorista WHERE (m.Inactivo IS NULL OR m.Inactivo = 0)",
+     "c.DataValidade", true},
+    {"Bilhete de identidade",
+     "SELECT DataValBI, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = 0) AND BI > "
+     "''",
+     "DataValBI", true},
     {"Cartão de cidadão",
-     "SELECT DataCartaoCid, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = 0)",
-     "DataCartaoCid", true},
+     "SELECT ValCartaoCid, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = 0) AND "
+     "CartaoCid > ''",
+     "ValCartaoCid", true},
     {"Passaporte",
      "SELECT ValidadePassa, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = 0)",
      "ValidadePassa", true},
     {"Cartão de condutor",
      "SELECT DtFimCartaoCondutor, Codigo, Nome FROM zor_Funcionarios WHERE (Inactivo IS NULL OR Inactivo = "
-     "0)",
+     "0) AND NoCartaoCondutor > ''",
      "DtFimCartaoCondutor", true},
 };
 

@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "drivers/motoristas.h"
 #include "due/handled.h"
 #include "due/month.h"
-#include "events/seguros.h"
 #include "platform/runtime_error.h"
 #include "support/database_test.h"
-#include "vehicles/viaturas.h"
+#include "support/sample_fleet.h"
+#include "support/whole_text.h"
 
 namespace zorCrmParvel {
 namespace {
@@ -23,6 +22,12 @@ TEST_F(DueTest, WhatWasDoneHoldsUntilItsDayAndForThatDateAlone) {
   due::Handle(bd, "AlertasAp", "99-ZZ-99|B|01-01-2024",
               {.until = {}, .note = "", .who = "rui", .when = today});
   due::Handle(bd, "AlertasRev", "12-AB-34|x", {.until = {}, .note = "", .who = "rui", .when = today});
+  due::Handle(bd, "AlertasRev", "12-AB-34|x",
+              {.until = {}, .note = "sim", .who = "ana", .when = today.AddDays(1)});
+  EXPECT_EQ(Rows(bd, "SELECT * FROM parvel_tratados WHERE Lista='AlertasRev'"),
+            (Table{{"AlertasRev", "12-AB-34|x", "NULL", "sim", "ana", "16-03-2024"}}));
+  const due::Handling read = due::HandlingsOf(bd, "AlertasRev", today).at("12-AB-34|x");
+  EXPECT_EQ(read.note + read.who + read.when.ToText(), "simana16-03-2024");
   auto open = due::HandlingsOf(bd, "AlertasAp", today);
   ASSERT_EQ(open.size(), 2U);
   EXPECT_EQ(open["12-AB-34|A1|01-01-2024"].Words(), "Adiado até 18-03-2024: à espera d'orçamento");
@@ -32,38 +37,33 @@ TEST_F(DueTest, WhatWasDoneHoldsUntilItsDayAndForThatDateAlone) {
   EXPECT_EQ(due::HandlingsOf(bd, "AlertasAp", today).size(), 1U);
   EXPECT_THROW(due::Handle(bd, "AlertasAp", "x", {.until = today, .note = "", .who = "", .when = today}),
                platform::RuntimeError);
+  due::Handling noted{.until = {}, .note = std::string(200, 'n'), .who = "", .when = today};
+  due::Handle(bd, "AlertasAp", "x", noted);
+  noted.note += "n";
+  EXPECT_THROW(due::Handle(bd, "AlertasAp", "x", noted), platform::RuntimeError);
+  EXPECT_EQ(due::AlertOf({std::string(100, 'a'), "b", std::string(30, 'c')}),
+            std::string(100, 'a') + "|b|" + std::string(17, 'c'));
 }
 
-TEST_F(DueTest, AMonthHoldsWhatIsDueInIt) {
-  AddFleet(bd, 0);
-  AddVehicle(bd, "99-ZZ-99");
-  clViaturas vehicle;
-  vehicle.bd = bd;
-  vehicle.Matricula = "12-AB-34";
-  vehicle.Ler();
-  vehicle.DataPrxInsp = Date::FromParts(2024, 3, 31, 12);
-  vehicle.DataPrxRev = Date::FromParts(2024, 4, 1);
-  vehicle.Escrever();
-  vehicle.Matricula = "99-ZZ-99";
-  vehicle.Ler();
-  vehicle.DataPrxInsp = Date::FromParts(2024, 3, 10);
-  vehicle.Inactiva = 1;
-  vehicle.Escrever();
-  EventOf<clSeguros> policy(bd, "12-AB-34");
-  policy.Validade = Date::FromParts(2024, 3, 1);
-  policy.Escrever();
-  clMotoristas driver;
-  driver.bd = bd;
-  driver.Codigo = "1";
-  driver.Ler();
-  driver.ValCartaCond = Date::FromParts(2024, 3, 5);
-  driver.Escrever();
-  std::string shown;
-  for (const due::DueDate& date :
-       due::DueBetween(bd, Date::FromParts(2024, 3, 1), Date::FromParts(2024, 3, 31)))
-    shown +=
-        std::to_string(date.day.day()) + " " + date.what + " " + date.record + (date.driver ? " *\n" : "\n");
-  EXPECT_EQ(shown, "1 Apólice 12-AB-34\n5 Carta de condução Ana *\n31 Inspecção 12-AB-34\n");
+TEST_F(DueTest, WhatIsDueBetweenTwoDaysIsAllThatHasADate) {
+  AddSampleFleet(bd);
+  Sql("UPDATE zor_PV_Viaturas SET Inactiva=1 WHERE Matricula='B'");
+  Sql("UPDATE zor_PV_Viaturas SET SeloPago=1, Tacografo=0 WHERE Matricula='C'");
+  Sql("UPDATE zor_PV_Seguros SET Inactiva=1 WHERE Seg_Id=4");
+  Sql("UPDATE zor_Funcionarios SET Inactivo=1 WHERE Codigo='B'");
+  Sql("UPDATE zor_Funcionarios SET BI='', CartaoCid='', NoCartaoCondutor='' WHERE Codigo='C'");
+  const auto shown = [&](Date from, Date to) {
+    std::string text;
+    for (const due::DueDate& date : due::DueBetween(bd, from, to))
+      text += date.day.ToText() + " " + date.what + " " + date.record + " " + date.code +
+              (date.driver ? " *\n" : "\n");
+    return text;
+  };
+  ExpectWholeText(PARVEL_SOURCE_DIR "/tests/due/between.txt",
+                  shown(Date::FromParts(2000, 1, 1), Date::FromParts(2100, 1, 1)));
+  EXPECT_EQ(shown(Date::FromParts(2024, 3, 28), Date::FromParts(2024, 3, 28)),
+            "28-03-2024 Carta de condução Nome2 C *\n");
+  EXPECT_EQ(shown(Date::FromParts(2024, 3, 29), Date::FromParts(2024, 3, 29)), "");
 }
 
 }  // namespace

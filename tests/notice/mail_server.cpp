@@ -128,8 +128,24 @@ void MailServer::Serve() {
 void MailServer::Talk(int socket) {
   Line line(socket, tls_);
   line.Put("220 ola");
+  std::string envelope;
   for (std::string words; line.Get(words);) {
     const std::string verb = words.substr(0, 4);
+    if (verb == "EHLO") {
+      line.Put("250-ola");
+      line.Put("250 AUTH PLAIN");
+      continue;
+    }
+    if (verb == "AUTH" || verb == "MAIL" || verb == "RCPT") envelope += words + "\n";
+    if (words == "AUTH PLAIN") {
+      line.Put("334 ");
+      line.Get(words);
+      envelope += words + "\n";
+    }
+    if (verb == "AUTH") {
+      line.Put("235 bem-vindo");
+      continue;
+    }
     if (verb == "QUIT") return line.Put("221 adeus");
     if (verb == "RCPT" && behaviour_ == Behaviour::kRefusesRecipient) {
       line.Put("550 ninguem");
@@ -140,7 +156,7 @@ void MailServer::Talk(int socket) {
       continue;
     }
     line.Put("354 diga");
-    std::string message;
+    std::string message = envelope;
     while (line.Get(words) && words != ".") message += words + "\n";
     const std::lock_guard lock(mutex_);
     messages_.push_back(message);

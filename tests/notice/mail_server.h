@@ -13,8 +13,8 @@ namespace notice_test {
 /// What a server does with a message.
 enum class Behaviour { kTakes, kRefusesRecipient, kHangsUpAfterMessage };
 
-/// A mail server on this machine that keeps what it is sent. With a certificate it speaks TLS from the first
-/// byte.
+/// A mail server on this machine that keeps what it is sent, below the commands that told from and to whom.
+/// With a certificate it speaks TLS from the first byte.
 class MailServer {
  public:
   explicit MailServer(Behaviour behaviour, bool encrypted = false);
