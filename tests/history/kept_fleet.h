@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include "documents/arquivo_digital.h"
+#include "drivers/motoristas.h"
 #include "events/expense_figures.h"
 #include "history/act.h"
 #include "host/sistema.h"
@@ -27,9 +29,11 @@ class KeptFleetTest : public testing::Test {
  protected:
   KeptFleetTest() { AddFleet(bd, 10000); }
 
+  static Date Clock() { return Date::FromParts(2024, 3, 15, 10, 30); }
   static std::shared_ptr<KeepingStore> Open(const std::string& file) {
     Options options;
     options.who = {"ana", "posto 1"};
+    options.clock = &Clock;
     return std::make_shared<KeepingStore>(embedded::Database::Open(file), options);
   }
 
@@ -83,6 +87,32 @@ class KeptFleetTest : public testing::Test {
     std::string name = folder.File("f" + std::to_string(content.size()) + ".jpg");
     std::ofstream(name) << content;
     return name;
+  }
+
+  /// Driver MT-77, who moved and has another photo now, with a document and an expense.
+  void FillDriver() {
+    clMotoristas driver;
+    driver.bd = bd;
+    driver.Codigo = "MT-77";
+    driver.Descrição = "João \"Zé\" Silva";
+    driver.Morada = "Rua das Flores 17";
+    driver.Telefone = "912345678";
+    Do("Motoristas: Confirmar", [&] { driver.Escrever(); });
+    driver.Morada = "Travessa Nova 3";
+    Do("Motoristas: Confirmar", [&] { driver.Escrever(); });
+    Do("Motoristas: Foto", [&] { driver.Foto_Add(FileWith(std::string("\xFF\xD8") + "retrato")); });
+    Do("Motoristas: Foto", [&] { driver.Foto_Add(FileWith(std::string("\xFF\xD8") + "outro")); });
+    Do("Motoristas: Arquivo", [&] {
+      Cl_ArquivoDigital archive;
+      archive.bd = bd;
+      archive.Add(FileWith("carta de condução"), "MT-77", 320, 0, "Carta");
+    });
+    Do("Gastos: Confirmar", [&] {
+      AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 1), "GASOLEO", "40", "60", 10500);
+      bd->ExecutarSql(
+          "", "UPDATE zor_PV_Gastos SET Motorista = N'MT-77', Obs = N'pago por JOÃO \"ZÉ\" SILVA, na caixa'");
+      RecalcularViatura(bd, "12-AB-34");
+    });
   }
 
   ScriptedHost scripted;

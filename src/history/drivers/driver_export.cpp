@@ -163,11 +163,13 @@ class Export {
       for (const auto& [name, value] : list.front().items())
         if (!value.is_null()) page_ += "<tr><th>" + Escaped(name) + "<td>" + Cell(value) + "\n";
     } else {
+      ordered_json all;  // a row may lack the file
+      for (const ordered_json& row : list) all.update(row);
       page_ += "<tr>";
-      for (const auto& [name, value] : list.front().items()) page_ += "<th>" + Escaped(name);
+      for (const auto& [name, value] : all.items()) page_ += "<th>" + Escaped(name);
       for (const ordered_json& row : list) {
         page_ += "\n<tr>";
-        for (const auto& [name, value] : list.front().items())
+        for (const auto& [name, value] : all.items())
           page_ += "<td>" + (row.contains(name) ? Cell(row[name]) : std::string());
       }
     }

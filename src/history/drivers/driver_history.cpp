@@ -110,7 +110,10 @@ void DriverHistory::Store(const tsql::Table& table, platform::Recordset& row, co
 void DriverHistory::Replace(const DriverTable& from) {
   const tsql::Table& table = store_.catalog().Get(from.table);
   const auto place = static_cast<std::size_t>(table.Find(from.column) - table.columns.data());
-  const std::string pattern = Anywhere(std::string("\"") + from.column + "\":\"" + code_);
+  // Beside the column's name in rows that stand alone, without it in lists.
+  std::string code;
+  AppendJson(table.columns[place], Variant(code_), code);
+  const std::string pattern = Anywhere(code.substr(0, code.size() - 1));  // blanks may follow
   const RecordsetRef rows = Open(from, " AND (Antes LIKE " + pattern + " OR Depois LIKE " + pattern + ")");
   for (; !rows->Eof(); rows->MoveNext()) {
     Sides sides = Read(table, *rows);

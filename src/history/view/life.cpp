@@ -38,7 +38,9 @@ std::vector<std::string> Describe(const tsql::Table& table, const Image* before,
     const auto* is = after != nullptr && (*after)[i] ? &*(*after)[i] : nullptr;
     if (before != nullptr && after != nullptr) {
       if (is == nullptr || was == nullptr || SameValue(column, *was, *is)) continue;
-      lines.push_back(column.name + ": " + Shown(column, *was) + " → " + Shown(column, *is));
+      const std::string from = Shown(column, *was);
+      const std::string to = Shown(column, *is);
+      if (from != to || HoldsBytes(column)) lines.push_back(column.name + ": " + from + " → " + to);
     } else if (const auto* only = is != nullptr ? is : was; only != nullptr && !only->IsNull()) {
       lines.push_back(column.name + ": " + Shown(column, *only));
     }
