@@ -16,28 +16,28 @@ constexpr char kCode[] = "Codigo";
 
 constexpr CodeField kFields[] = {
     {"Viaturas", 0, kVehicles, kPlate},
-    {"Viaturas", 1, "zor_PV_Marcas", kCode},
-    {"Viaturas", 10, "zor_PV_Departamentos", kCode},
-    {"Viaturas", 12, "zor_PV_Modelos", kCode},
-    {"Viaturas", 13, "zor_PV_Categorias", kCode},
-    {"Viaturas", 20, "zor_PV_Companhias", kCode},
+    {"Viaturas", 1, "zor_PV_Marcas", kCode, CodeUse::kNeeded},
+    {"Viaturas", 10, "zor_PV_Departamentos", kCode, CodeUse::kNeeded},
+    {"Viaturas", 12, "zor_PV_Modelos", kCode, CodeUse::kNeeded},
+    {"Viaturas", 13, "zor_PV_Categorias", kCode, CodeUse::kNeeded},
+    {"Viaturas", 20, "zor_PV_Companhias", kCode, CodeUse::kPlain},
     {"Motoristas", 0, kDrivers, kCode},
-    {"Gastos", 0, kVehicles, kPlate},
-    {"Gastos", 1, "zor_PV_Viagens", kCode},
-    {"Gastos", 2, kDrivers, kCode},
-    {"Gastos", 4, "zor_PV_TiposGastos", kCode},
-    {"Seguros", 0, kVehicles, kPlate},
-    {"Seguros", 1, "zor_PV_Companhias", kCode},
-    {"Seguros", 2, "zor_PV_TiposSeguro", kCode},
-    {"Revisoes", 0, kVehicles, kPlate},
-    {"Revisoes", 1, "zor_PV_TiposManut", kCode},
-    {"Inspecoes", 0, kVehicles, kPlate},
-    {"Acessorios", 0, kVehicles, kPlate},
-    {"Acessorios", 1, "zor_PV_TiposAcessorios", kCode},
-    {"Multas", 0, kVehicles, kPlate},
-    {"Multas", 1, kDrivers, kCode},
-    {"Sinistros", 0, kVehicles, kPlate},
-    {"Sinistros", 1, kDrivers, kCode},
+    {"Gastos", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Gastos", 1, "zor_PV_Viagens", kCode, CodeUse::kOptional},
+    {"Gastos", 2, kDrivers, kCode, CodeUse::kNeeded},
+    {"Gastos", 4, "zor_PV_TiposGastos", kCode, CodeUse::kNeeded},
+    {"Seguros", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Seguros", 1, "zor_PV_Companhias", kCode, CodeUse::kNeeded},
+    {"Seguros", 2, "zor_PV_TiposSeguro", kCode, CodeUse::kNeeded},
+    {"Revisoes", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Revisoes", 1, "zor_PV_TiposManut", kCode, CodeUse::kNeeded},
+    {"Inspecoes", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Acessorios", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Acessorios", 1, "zor_PV_TiposAcessorios", kCode, CodeUse::kNeeded},
+    {"Multas", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Multas", 1, kDrivers, kCode, CodeUse::kNeeded},
+    {"Sinistros", 0, kVehicles, kPlate, CodeUse::kNeeded},
+    {"Sinistros", 1, kDrivers, kCode, CodeUse::kNeeded},
     {"Categorias", 0, "zor_PV_Categorias", kCode},
     {"Companhias", 0, "zor_PV_Companhias", kCode},
     {"Departamentos", 0, "zor_PV_Departamentos", kCode},
@@ -62,27 +62,37 @@ const CodeField* CodeFieldOf(const platform::Control* control) {
 
 bool NamesVehicle(const CodeField& field) { return &field == &kFields[0]; }
 
-std::vector<std::string> CodesOf(const zorCrmParvel::DataAccessRef& bd, const CodeField& field) {
+bool HoldsPlate(const CodeField& field) { return field.column == kPlate; }
+
+std::vector<KnownCode> CodesOf(const zorCrmParvel::DataAccessRef& bd, const CodeField& field) {
+  const bool named = field.use != CodeUse::kOwn && !HoldsPlate(field);
   zorCrmParvel::RecordsetRef rows;
   bd->AbrirLeitura("",
-                   zorCrmParvel::Statement{"SELECT ", zorCrmParvel::fixed(field.column), " FROM ",
+                   zorCrmParvel::Statement{"SELECT ", zorCrmParvel::fixed(field.column),
+                                           zorCrmParvel::fixed(named ? ", Nome" : ""), " FROM ",
                                            zorCrmParvel::fixed(field.table)},
                    rows);
-  std::vector<std::string> codes;
-  for (; !rows->Eof(); rows->MoveNext()) codes.push_back(rows->Fields(std::size_t{0}).Value().ToText());
+  const auto text = [&rows](std::size_t at) {
+    const platform::Variant value = rows->Fields(at).Value();
+    return value.IsNull() ? std::string() : value.ToText();
+  };
+  std::vector<KnownCode> codes;
+  for (; !rows->Eof(); rows->MoveNext()) codes.push_back({text(0), named ? text(1) : std::string()});
   return codes;
 }
 
-std::string CodeMeant(const std::vector<std::string>& codes, const std::string& text) {
+std::string CodeMeant(const std::vector<KnownCode>& codes, const std::string& text) {
   const std::string wanted = lists::Folded(text);
-  const std::string* meant = nullptr;
-  for (const std::string& code : codes) {
-    if (code == text) return text;
-    if (wanted.empty() || lists::Folded(code) != wanted) continue;
-    if (meant != nullptr) return text;
-    meant = &code;
+  if (wanted.empty()) return text;
+  const auto is_code = [&text](const KnownCode& known) { return known.code == text; };
+  if (std::any_of(codes.begin(), codes.end(), is_code)) return text;
+  for (const auto part : {&KnownCode::code, &KnownCode::name}) {
+    const auto written = [&](const KnownCode& known) { return lists::Folded(known.*part) == wanted; };
+    const auto found = std::find_if(codes.begin(), codes.end(), written);
+    if (found == codes.end()) continue;
+    return std::find_if(found + 1, codes.end(), written) == codes.end() ? found->code : text;
   }
-  return meant != nullptr ? *meant : text;
+  return text;
 }
 
 /// Three pairs, each of letters or of digits, both kinds among them.
@@ -104,15 +114,24 @@ std::string PlateSpelled(const std::string& text) {
   return digits == 0 || digits == kSigns ? text : plate;
 }
 
-std::string CodeMade(const std::vector<std::string>& before, const std::vector<std::string>& now) {
-  const std::unordered_set<std::string> known(before.begin(), before.end());
+std::string CodeMade(const std::vector<KnownCode>& before, const std::vector<KnownCode>& now) {
+  std::unordered_set<std::string> known;
+  for (const KnownCode& one : before) known.insert(one.code);
   std::string made;
-  for (const std::string& code : now) {
-    if (known.count(code) != 0) continue;
+  for (const KnownCode& one : now) {
+    if (known.count(one.code) != 0) continue;
     if (!made.empty()) return {};
-    made = code;
+    made = one.code;
   }
   return made;
+}
+
+std::string AdviceOn(const CodeField& field, const std::string& text) {
+  if (field.use == CodeUse::kOwn) return {};
+  std::string advice = platform::Trim(text).empty() ? "Este campo não pode ficar vazio: "
+                                                    : "«" + platform::Trim(text) + "» ainda não existe: ";
+  advice += HoldsPlate(field) ? "Alt+↓ mostra as viaturas" : "F3 mostra o que há";
+  return advice + (field.use == CodeUse::kPlain ? "." : ", F4 abre a ficha para criar.");
 }
 
 }  // namespace entry

@@ -1,5 +1,7 @@
 #include "entry/like_last.h"
 
+#include <algorithm>
+
 #include "entry/expense_fields.h"
 #include "platform/text.h"
 
@@ -15,10 +17,13 @@ struct LastExpense {
   std::string type, driver, price;
 };
 
-LastExpense Read(const zorCrmParvel::DataAccessRef& bd, const std::string& plate, const std::string& type) {
+/// The vehicle's last expense: of a type, if one is given, and of none of the others.
+LastExpense Read(const zorCrmParvel::DataAccessRef& bd, const std::string& plate, const std::string& type,
+                 const std::vector<std::string>& others) {
   Statement statement{"SELECT TOP 1 TipoGasto, Motorista, ValorUn FROM zor_PV_Gastos WHERE Matricula = N'",
                       value(Doubled(plate)), "'"};
   if (!type.empty()) statement << " AND TipoGasto = N'" << value(Doubled(type)) << "'";
+  for (const std::string& other : others) statement << " AND TipoGasto <> N'" << value(Doubled(other)) << "'";
   statement << " ORDER BY Data DESC, Gst_Id DESC";
   zorCrmParvel::RecordsetRef rows;
   bd->AbrirLeitura("", statement, rows);
@@ -44,21 +49,34 @@ bool TakesLikeLast(const platform::Form& form) {
   return ficha != nullptr && ficha->Seg_Id == 0;
 }
 
-std::string LikeLast(platform::Form& form) {
+std::string LikeLast(platform::Form& form, TakenTypes& taken) {
   auto* ficha = dynamic_cast<Gastos*>(&form);
   if (ficha == nullptr) return {};
   if (ficha->Seg_Id != 0) return "Só num gasto novo.";
   const std::string plate = platform::Trim(ficha->Campo[kPlate].Text);
   if (plate.empty()) return "Escreva primeiro a matrícula.";
-  const LastExpense last = Read(ficha->mybd, plate, platform::Trim(ficha->Campo[kType].Text));
+  const std::string type = platform::Trim(ficha->Campo[kType].Text);
+  std::vector<std::string>& types = taken.types;
+  const bool again = taken.plate == plate && std::find(types.begin(), types.end(), type) != types.end();
+  if (!again) taken = {plate, {}};
+  // Stepped back from, the quantity may be empty still.
+  if (again && ficha->ActiveControl() == &ficha->Campo[kQuantity]) ficha->UserKey(platform::kKeyEscape);
+  LastExpense last = Read(ficha->mybd, plate, again ? std::string() : type, types);
+  if (!last.found && again) {
+    types = {type};
+    last = Read(ficha->mybd, plate, {}, types);
+  }
+  if (!last.found && again) last = Read(ficha->mybd, plate, type, {});
   if (!last.found) return "A viatura ainda não tem um gasto destes.";
   if (!Fill(*ficha, kType, last.type, kDriver) || !Fill(*ficha, kDriver, last.driver, kPrice) ||
       !Fill(*ficha, kPrice, last.price, kQuantity))
     return ficha->Notice();
   ficha->UserGoesTo(ficha->Campo[kQuantity]);
+  types.push_back(platform::Trim(ficha->Campo[kType].Text));
   std::string said = "Como o último: " + last.type;
   if (!last.driver.empty()) said += ", motorista " + last.driver;
-  return said + ", " + last.price + " por unidade. Falta a quantidade.";
+  return said + ", " + last.price +
+         " por unidade. Falta a quantidade. Ctrl+D outra vez: o último de outro tipo.";
 }
 
 }  // namespace entry

@@ -1,9 +1,12 @@
 #include "desktop/ficha/ficha_contents.h"
 
+#include "desktop/ficha/ficha_words.h"
 #include "desktop/ficha/form_dialog.h"
+#include "host/form_catalog.h"
 #include "masterdata/code_table.h"
 #include "open_window.h"
 #include "support/fleet.h"
+#include "support/scripted_host.h"
 
 namespace desktop_test {
 namespace {
@@ -86,6 +89,68 @@ TEST_F(ClosingTest, LookingThroughTheTabsOfAVehicleChangesNothing) {
     EXPECT_FALSE(ficha.isVisible());
   });
   window.page()->Edit();
+}
+
+TEST_F(ClosingTest, EnterOnConfirmarSaysWhatWasSavedAndANameOrAdviceHelpsInAField) {
+  desk.script.Next([](QWidget& shown) {
+    auto& ficha = dynamic_cast<desktop::FormDialog&>(shown);
+    for (const char* text : {"CIT", "Citroën"}) {
+      Type(ficha, text);
+      Press(ficha, Qt::Key_Return);
+    }
+    Press(ficha, Qt::Key_Return);
+    EXPECT_EQ(ficha.aids().Text().toStdString(), "Guardado: Marcas: CIT, Citroën");
+    ClickButton(ficha, "Sair");
+  });
+  window.page()->New();
+  window.ShowList("Viaturas");
+  desk.script.Next([this](QWidget& shown) {
+    auto& ficha = dynamic_cast<desktop::FormDialog&>(shown);
+    Type(ficha, "12ab34");
+    for (int i = 0; i < 2; ++i) Press(ficha, Qt::Key_Return);
+    Type(ficha, "renault");
+    Press(ficha, Qt::Key_Return);
+    EXPECT_EQ(ficha.windowTitle(), "Viaturas: 12-AB-34, REN");
+    Type(ficha, "Clio");
+    desk.script.Answer("OK");
+    Press(ficha, Qt::Key_Return);
+    EXPECT_TRUE(ficha.aids().Text().startsWith(
+        "«Clio» ainda não existe: F3 mostra o que há, F4 abre a ficha para criar."));
+    Type(ficha, "x");
+    EXPECT_FALSE(ficha.aids().Text().startsWith("«Clio»"));
+    ClickButton(ficha, "Sair");
+  });
+  window.page()->New();
+}
+
+/// A key that is said does something, and F4 does nothing where it isn't said.
+TEST_F(ClosingTest, TheLineUnderTheFieldsTellsTheKeysThatAnswer) {
+  testing_support::ScriptedHost host;
+  int told = 0;
+  for (const char* name :
+       {"Viaturas", "Motoristas", "Gastos", "Seguros", "Revisoes", "Inspecoes", "Multas"}) {
+    const auto ficha = zorCrmParvel::FormCatalog::Shared().Make(name);
+    ficha->mybd = bd();
+    ficha->Load();
+    for (platform::Control* control : ficha->Controls()) {
+      auto* field = dynamic_cast<platform::zor_input*>(control);
+      if (field == nullptr) continue;
+      field->SetFocus();
+      if (ficha->ActiveControl() != field) continue;
+      SCOPED_TRACE(std::string(name) + " " + std::to_string(field->Index()) + " " + desktop::HintFor(field));
+      const bool opens = desktop::HintFor(field).find("F4 ficha") != std::string::npos;
+      if (opens) host.NextForm([](platform::Form&) {});
+      ficha->UserKey(platform::kKeyF4);
+      told += opens ? 1 : 0;
+      const bool lists = desktop::HintFor(field).find("F3 ") != std::string::npos;
+      const std::size_t before = host.lookups.size();
+      if (!lists) continue;
+      host.NextLookup("");
+      ficha->UserKey(platform::kKeyF3);
+      EXPECT_EQ(host.lookups.size(), before + 1);
+    }
+  }
+  EXPECT_GE(told, 15);
 }
 
 }  // namespace

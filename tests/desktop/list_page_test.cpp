@@ -1,6 +1,7 @@
 #include "desktop/list/list_page.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -8,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <tuple>
 
 #include "desktop/list/tools/choice_dialog.h"
@@ -173,6 +175,42 @@ TEST_F(ListPagesTest, AFieldOfManyVehiclesIsSetAsOneAct) {
   EXPECT_EQ(Shown("Departamento"), "Comercial Comercial");
   window.actions().undo->trigger();
   EXPECT_EQ(Shown("Departamento").trimmed(), "");
+}
+
+/// What the menu says that comes up while `press` is done.
+QStringList MenuShownBy(const std::function<void()>& press) {
+  QStringList shown;
+  QTimer::singleShot(0, [&shown] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return;
+    for (const QAction* action : menu->actions()) shown << action->text().remove('&');
+    menu->close();
+  });
+  press();
+  QCoreApplication::processEvents();
+  return shown;
+}
+
+TEST_F(ListPagesTest, TheKeyboardOpensTheMenusOfRowsAndHeadings) {
+  page().TakeFocus();
+  const auto press = [this] { Press(window, Qt::Key_F10, Qt::ShiftModifier); };
+  EXPECT_TRUE(MenuShownBy(press).join("|").startsWith("Novo|Editar|Remover"));
+  page().GoToFilters();
+  EXPECT_TRUE(MenuShownBy(press).join("|").contains("Esconder"))
+      << MenuShownBy(press).join("|").toStdString();
+}
+
+TEST_F(ListPagesTest, EnterPressesTheButtonThatHasTheKeyboard) {
+  desk.script.Next([](QWidget& shown) {
+    auto& dialog = dynamic_cast<desktop::ChoiceDialog&>(shown);
+    for (auto* button : dialog.findChildren<QPushButton*>())
+      if (!button->isDefault()) button->setFocus();
+    Press(dialog, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_FALSE(dialog.isVisible());
+  });
+  page().GoToFilters();
+  Press(window, Qt::Key_F3);
 }
 
 TEST_F(ListPagesTest, TypedLettersGoToTheRow) {

@@ -29,10 +29,13 @@ class EntryTest : public DatabaseTest {
 };
 
 TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
-  const std::vector<std::string> codes = {"12-AB-34", "GASOLEO", "Óleo", "A1", "a-1"};
+  const std::vector<entry::KnownCode> codes = {
+      {"12-AB-34", ""}, {"GASOLEO", "Gasóleo"}, {"Óleo", ""},   {"A1", "Um"},
+      {"a-1", ""},      {"REN", "Renault"},     {"R2", "Dois"}, {"R3", "dois"}};
   const std::pair<const char*, const char*> cases[] = {
       {"12ab34", "12-AB-34"}, {"12 ab 34", "12-AB-34"}, {"gasoleo", "GASOLEO"},   {"oleo", "Óleo"},
-      {"A1", "A1"},           {"a 1", "a 1"},           {"99-ZZ-99", "99-ZZ-99"}, {"-", "-"}};
+      {"A1", "A1"},           {"a 1", "a 1"},           {"99-ZZ-99", "99-ZZ-99"}, {"-", "-"},
+      {"renault", "REN"},     {"dois", "dois"}};
   for (const auto& [text, meant] : cases) EXPECT_EQ(entry::CodeMeant(codes, text), meant) << text;
   for (const auto& [text, plate] : {std::pair{"12ab34", "12-AB-34"},
                                     {"aa 01-bb", "AA-01-BB"},
@@ -41,9 +44,9 @@ TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
                                     {"1a2b3c", "1a2b3c"},
                                     {"12ab345", "12ab345"}})
     EXPECT_EQ(entry::PlateSpelled(text), plate);
-  EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B"}), "B");
-  EXPECT_EQ(entry::CodeMade({"A"}, {"A", "B", "C"}), "");
-  EXPECT_EQ(entry::CodeMade({"A"}, {"A"}), "");
+  EXPECT_EQ(entry::CodeMade({{"A", ""}}, {{"A", ""}, {"B", ""}}), "B");
+  EXPECT_EQ(entry::CodeMade({{"A", ""}}, {{"A", ""}, {"B", ""}, {"C", ""}}), "");
+  EXPECT_EQ(entry::CodeMade({{"A", ""}}, {{"A", ""}}), "");
 }
 
 /// Each field of a code is the one that the ficha has a list for, and its table can be read.
@@ -73,10 +76,11 @@ TEST_F(EntryTest, FieldsOfCodesAreThoseOfTheFichas) {
 TEST_F(EntryTest, LikeTheLastTakesTypeDriverAndPriceOfTheVehiclesLast) {
   Gastos form;
   Open(form);
+  entry::TakenTypes taken;
   EXPECT_TRUE(entry::TakesLikeLast(form));
-  EXPECT_EQ(entry::LikeLast(form), "Escreva primeiro a matrícula.");
+  EXPECT_EQ(entry::LikeLast(form, taken), "Escreva primeiro a matrícula.");
   Enter(form.Campo[0], "12-AB-34");
-  EXPECT_EQ(entry::LikeLast(form), "A viatura ainda não tem um gasto destes.");
+  EXPECT_EQ(entry::LikeLast(form, taken), "A viatura ainda não tem um gasto destes.");
   EventOf<clGastos> fill(bd, "12-AB-34");
   fill.TipoGasto = "GASOLEO";
   fill.Motorista = "1";
@@ -85,10 +89,15 @@ TEST_F(EntryTest, LikeTheLastTakesTypeDriverAndPriceOfTheVehiclesLast) {
   fill.Escrever();
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 3, 2), "PORTAGEM", "1", "3,5", 0);
   Enter(form.Campo[4], "GASOLEO");
-  EXPECT_EQ(entry::LikeLast(form),
-            "Como o último: GASOLEO, motorista 1, 1,702 por unidade. Falta a quantidade.");
+  EXPECT_EQ(entry::LikeLast(form, taken),
+            "Como o último: GASOLEO, motorista 1, 1,702 por unidade. Falta a quantidade. Ctrl+D outra vez: o "
+            "último de outro tipo.");
   EXPECT_EQ(form.Campo[4].Text + " " + form.Campo[2].Text + " " + form.Campo[7].Text, "GASOLEO 1 1,702");
   EXPECT_EQ(form.ActiveControl(), &form.Campo[5]);
+  for (const char* type : {"PORTAGEM", "GASOLEO", "PORTAGEM", "GASOLEO"}) {
+    entry::LikeLast(form, taken);
+    EXPECT_EQ(form.Campo[4].Text, type) << "each time the last of another type, and round again";
+  }
   Enter(form.Campo[5], "40");
   EXPECT_EQ(form.Campo[6].Text, "68,08") << "the ficha's own rules ran";
 }

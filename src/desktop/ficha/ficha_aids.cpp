@@ -8,7 +8,6 @@
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
-#include "entry/like_last.h"
 #include "history/act.h"
 #include "history/undo.h"
 #include "host/ficha.h"
@@ -79,12 +78,13 @@ void FichaAids::ReadCodes() {
   if (std::exchange(entered_, field) == field || field == nullptr || reader_ == nullptr || !Database())
     return;
   reading_codes_.GiveUp();
-  reading_codes_ = Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
-                       [this, field](std::vector<std::string> codes) { codes_[field] = std::move(codes); });
+  reading_codes_ =
+      Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
+          [this, field](std::vector<entry::KnownCode> codes) { codes_[field] = std::move(codes); });
 }
 
 /// Who leaves the field before they have come waits for them.
-const std::vector<std::string>& FichaAids::CodesOf(const entry::CodeField& field) {
+const std::vector<entry::KnownCode>& FichaAids::CodesOf(const entry::CodeField& field) {
   const auto known = codes_.find(&field);
   if (known != codes_.end() && reader_ != nullptr) return known->second;
   return codes_[&field] = entry::CodesOf(Database(), field);
@@ -95,11 +95,17 @@ void FichaAids::Spell() {
   if (field == nullptr || !Database()) return;
   auto& input = static_cast<platform::zor_input&>(*form_.ActiveControl());
   if (input.Text.empty()) return;
-  const std::vector<std::string>& codes = CodesOf(*field);
+  const std::vector<entry::KnownCode>& codes = CodesOf(*field);
   std::string meant = entry::CodeMeant(codes, input.Text);
-  if (std::find(codes.begin(), codes.end(), meant) == codes.end() && entry::NamesVehicle(*field))
-    meant = entry::PlateSpelled(meant);
+  const bool known =
+      std::any_of(codes.begin(), codes.end(), [&](const entry::KnownCode& one) { return one.code == meant; });
+  if (!known && entry::NamesVehicle(*field)) meant = entry::PlateSpelled(meant);
   if (meant != input.Text) form_.UserTypes(input, meant);
+}
+
+void FichaAids::Kept(const platform::Control& field) {
+  kept_ = dynamic_cast<const platform::zor_input*>(&field);
+  if (kept_ != nullptr) kept_text_ = kept_->Text;
 }
 
 void FichaAids::BeforeCodeForm() {
@@ -113,12 +119,13 @@ void FichaAids::AfterCodeForm() {
   const entry::CodeField* field = opened_;
   if (field == nullptr || form_.IsClosed()) return;
   reading_codes_.GiveUp();
-  reading_codes_ = Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
-                       [this, field](std::vector<std::string> codes) { TakeMade(*field, std::move(codes)); });
+  reading_codes_ =
+      Ask([field](const zorCrmParvel::DataAccessRef& bd) { return entry::CodesOf(bd, *field); },
+          [this, field](std::vector<entry::KnownCode> codes) { TakeMade(*field, std::move(codes)); });
 }
 
 /// The code that was just made goes into its field, if that is as it was.
-void FichaAids::TakeMade(const entry::CodeField& field, std::vector<std::string> codes) {
+void FichaAids::TakeMade(const entry::CodeField& field, std::vector<entry::KnownCode> codes) {
   const std::string made = entry::CodeMade(before_form_, codes);
   codes_[&field] = std::move(codes);
   if (made.empty() || form_.IsClosed() || entry::CodeFieldOf(form_.ActiveControl()) != &field) return;
@@ -141,7 +148,7 @@ void FichaAids::AfterButton(const std::string& record) {
 
 QString FichaAids::LikeLast() {
   QString said;
-  act_([&] { said = ToQt(entry::LikeLast(form_)); });
+  act_([&] { said = ToQt(entry::LikeLast(form_, taken_)); });
   return said;
 }
 
@@ -205,6 +212,10 @@ void FichaAids::Show() {
     Judge();
     ReadDates();
     ReadCodes();
+    if (kept_ != form_.ActiveControl() || (kept_ != nullptr && kept_->Text != kept_text_)) kept_ = nullptr;
+    const entry::CodeField* kept = entry::CodeFieldOf(kept_);
+    const std::string advice = kept != nullptr ? entry::AdviceOn(*kept, kept_text_) : std::string();
+    if (!advice.empty()) lines << ToQt(advice);
     for (const std::string& warning : judged_.warnings) lines << QStringLiteral("Atenção: ") + ToQt(warning);
     QStringList dates;
     for (const entry::UnsetDate& date : entry::UnsetDatesOn(form_, stored_)) dates << ToQt(date.caption);

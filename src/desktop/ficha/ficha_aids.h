@@ -10,6 +10,7 @@
 #include "desktop/database/background_reader.h"
 #include "entry/codes.h"
 #include "entry/dates.h"
+#include "entry/like_last.h"
 #include "entry/warnings.h"
 
 class QLabel;
@@ -37,6 +38,9 @@ class FichaAids : public QObject {
 
   /// The keyboard is about to leave a field: a code gets the spelling that it has.
   void Spell();
+  /// A key that leaves the field was pressed, and it has the keyboard still: what to do is said until it is
+  /// left or typed in.
+  void Kept(const platform::Control& field);
   /// Before and after the ficha of a code was opened from its field.
   void BeforeCodeForm();
   void AfterCodeForm();
@@ -60,8 +64,8 @@ class FichaAids : public QObject {
   void Judge();
   void ReadDates();
   void ReadCodes();
-  const std::vector<std::string>& CodesOf(const entry::CodeField& field);
-  void TakeMade(const entry::CodeField& field, std::vector<std::string> codes);
+  const std::vector<entry::KnownCode>& CodesOf(const entry::CodeField& field);
+  void TakeMade(const entry::CodeField& field, std::vector<entry::KnownCode> codes);
   void ForgetPast();
   zorCrmParvel::DataAccessRef Database() const;
   void TakeBack();
@@ -80,11 +84,14 @@ class FichaAids : public QObject {
   std::optional<entry::DatedRecord> dated_;  // whose dates were read last, or are being read
   entry::StoredDates stored_;                // of it
   ReadTicket reading_dates_;
-  std::map<const entry::CodeField*, std::vector<std::string>> codes_;  // as they were read last
-  const entry::CodeField* entered_ = nullptr;                          // the code field that has the keyboard
+  std::map<const entry::CodeField*, std::vector<entry::KnownCode>> codes_;  // as they were read last
+  const entry::CodeField* entered_ = nullptr;  // the code field that has the keyboard
   ReadTicket reading_codes_;
+  const platform::zor_input* kept_ = nullptr;  // the field of a code that did not let go
+  std::string kept_text_;
+  entry::TakenTypes taken_;
   const entry::CodeField* opened_ = nullptr;  // from which the ficha of a code was opened
-  std::vector<std::string> before_form_;
+  std::vector<entry::KnownCode> before_form_;
   long before_ = 0;  // the newest operation before a button was pressed
   long saved_ = 0;   // the operation that was just confirmed
   QString saved_words_;

@@ -127,29 +127,6 @@ bool FormDialog::MayClose() {
                      windowTitle()) == platform::kYes;
 }
 
-/// What the history calls the act: "Gastos: Confirmar".
-std::string FormDialog::ActWords() const {
-  if (pressed_ == nullptr) return form_.Caption;
-  std::string button = pressed_->Caption;
-  std::erase(button, '&');
-  return form_.Caption + ": " + button;
-}
-
-void FormDialog::Press(platform::PushButton& button) {
-  pressed_ = &button;
-  const bool confirms = &button == form_.layout.accent;
-  if (confirms) aids_->BeforeButton();
-  Act([&] {
-    aids_->Spell();
-    record_ = TitleOf(form_);
-    form_.UserPresses(button);
-  });
-  pressed_ = nullptr;
-  if (!confirms || form_.IsClosed()) return;
-  Guarded(this, [this] { aids_->AfterButton(record_); });
-  aids_->Show();
-}
-
 void FormDialog::Act(const std::function<void()>& act) {
   if (IsSyncing() || form_.IsClosed()) return;
   acting_ = true;
@@ -239,16 +216,26 @@ bool FormDialog::Key(const QKeyEvent& event, ControlView* view) {
     if (notes != nullptr) notes->insertPlainText(QStringLiteral("\n"));
     return true;
   }
-  if (key == platform::kKeyEnter && IsDenied(form_.ActiveControl())) return true;
+  platform::Control* active = form_.ActiveControl();
+  if (key == platform::kKeyEnter && IsDenied(active)) return true;
   const bool shift = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
   const bool leaves = key == platform::kKeyTab || key == platform::kKeyEnter;
   const bool opens = key == platform::kKeyF4;
+  auto* button = key == platform::kKeyEnter ? dynamic_cast<platform::PushButton*>(active) : nullptr;
+  if (button != nullptr) {
+    Pressing(*button, [&] { form_.UserKey(key, shift); });
+    return true;
+  }
   Act([&] {
     if (leaves) aids_->Spell();
     if (opens) aids_->BeforeCodeForm();
     form_.UserKey(key, shift);
     if (opens) aids_->AfterCodeForm();
   });
+  if (leaves && !shift && !form_.IsClosed() && active != nullptr && form_.ActiveControl() == active) {
+    aids_->Kept(*active);
+    aids_->Show();
+  }
   return true;
 }
 

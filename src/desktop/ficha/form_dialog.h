@@ -58,6 +58,7 @@ class FormDialog : public QDialog, private UserActs {
   void Notice(const QString& text) override;
   BackgroundReader* Reader() const override { return reader_; }
 
+  void Pressing(platform::PushButton& button, const std::function<void()>& press);
   void ShowNotice();
   void AddNewButtons();
   void OpenNew();

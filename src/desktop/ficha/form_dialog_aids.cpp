@@ -6,8 +6,10 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "desktop/ficha/ficha_words.h"
 #include "desktop/ficha/form_dialog.h"
 #include "desktop/look/look.h"
+#include "desktop/shell/message_box.h"
 #include "entry/like_last.h"
 #include "entry/new_event.h"
 
@@ -24,7 +26,50 @@ std::pair<QBoxLayout*, int> BoxOf(QLayout* layout, QWidget* widget) {
   return {nullptr, 0};
 }
 
+/// The button beside a field, which shows what can stand there; null for most.
+platform::PushButton* ListBeside(const platform::Form& form, const platform::Control* field) {
+  const platform::Layout& layout = form.layout;
+  const auto in = [field](const platform::LayoutBlock& block) -> platform::PushButton* {
+    for (const platform::LayoutRow& row : block.rows)
+      for (const platform::LayoutField& one : row)
+        if (one.field == field && one.list != nullptr) return one.list;
+    return nullptr;
+  };
+  if (platform::PushButton* list = in(layout.head)) return list;
+  for (const platform::LayoutBlock& page : layout.pages)
+    if (platform::PushButton* list = in(page)) return list;
+  return nullptr;
+}
+
 }  // namespace
+
+/// What the history calls the act: "Gastos: Confirmar".
+std::string FormDialog::ActWords() const {
+  if (pressed_ == nullptr) return form_.Caption;
+  std::string button = pressed_->Caption;
+  std::erase(button, '&');
+  return form_.Caption + ": " + button;
+}
+
+void FormDialog::Press(platform::PushButton& button) {
+  Pressing(button, [&] { form_.UserPresses(button); });
+}
+
+/// What a button does, pressed by the pointer or by Enter.
+void FormDialog::Pressing(platform::PushButton& button, const std::function<void()>& press) {
+  pressed_ = &button;
+  const bool confirms = &button == form_.layout.accent;
+  if (confirms) aids_->BeforeButton();
+  Act([&] {
+    aids_->Spell();
+    record_ = TitleOf(form_);
+    press();
+  });
+  pressed_ = nullptr;
+  if (!confirms || form_.IsClosed()) return;
+  Guarded(this, [this] { aids_->AfterButton(record_); });
+  aids_->Show();
+}
 
 /// Beside the button that opens an event of a tab, one that opens a new event.
 void FormDialog::AddNewButtons() {
@@ -50,8 +95,14 @@ void FormDialog::OpenNew() {
       Act([&] { entry::OpenNewEvent(form_, button); });
 }
 
-/// Keys of the window's own: Ctrl+D fills a new expense as the last one, Ctrl+N opens a new event.
+/// Keys of the window's own: Ctrl+D fills a new expense as the last one, Ctrl+N opens a new event, Alt+Down
+/// presses the button beside the field.
 bool FormDialog::AidKey(const QKeyEvent& event) {
+  if (event.modifiers() == Qt::AltModifier && event.key() == Qt::Key_Down) {
+    platform::PushButton* list = ListBeside(form_, form_.ActiveControl());
+    if (list != nullptr && list->CanFocus()) Press(*list);
+    return list != nullptr;
+  }
   if (event.modifiers() != Qt::ControlModifier) return false;
   if (event.key() == Qt::Key_N && !entry::EventButtonsOf(form_).empty()) {
     OpenNew();

@@ -1,5 +1,6 @@
 #include "desktop/list/filter_header.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -104,7 +105,17 @@ void FilterHeader::FocusField(int section) {
   field->selectAll();
 }
 
+/// The keyboard asks for the menu of the heading above its field.
+bool FilterHeader::OpenMenu(const QObject* field) {
+  for (const auto& [section, one] : fields_)
+    if (one == field) Q_EMIT customContextMenuRequested({sectionViewportPosition(section) + Gap(this), 0});
+  return true;
+}
+
 bool FilterHeader::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ContextMenu && contextMenuPolicy() == Qt::CustomContextMenu &&
+      static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+    return OpenMenu(watched);
   if (event->type() != QEvent::KeyPress) return QHeaderView::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
   const bool down = key->key() == Qt::Key_Down;

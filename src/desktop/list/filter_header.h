@@ -41,6 +41,7 @@ class FilterHeader : public QHeaderView {
  private:
   void Place();
   void Make(int section);
+  bool OpenMenu(const QObject* field);
   int FieldHeight() const;
 
   bool shown_ = false;

@@ -80,6 +80,8 @@ class TableView : public QTableView {
   /// Typing begins in the column that can be typed into, wherever in the row the cursor stands.
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// The keyboard asks for the menu of the current cell, wherever the pointer is.
+  bool event(QEvent* event) override;
   /// Typed letters go to the row that begins so, in the column sorted by, else in the first.
   void keyboardSearch(const QString& text) override;
   void paintEvent(QPaintEvent* event) override;

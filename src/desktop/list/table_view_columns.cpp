@@ -1,4 +1,5 @@
 #include <QAbstractItemDelegate>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <algorithm>
 #include <utility>
@@ -136,6 +137,20 @@ void TableView::ResizedColumn(int section, int width) {
     return;
   widths_[columns[column].key] = ToTwips(width, this);
   Q_EMIT WidthsChanged();
+}
+
+bool TableView::event(QEvent* event) {
+  const bool menu = event->type() == QEvent::ContextMenu && contextMenuPolicy() == Qt::CustomContextMenu;
+  if (!menu || static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Keyboard)
+    return QTableView::event(event);
+  if (!currentIndex().isValid()) GoToTop();
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return true;
+  scrollTo(current);
+  const int middle = columnViewportPosition(current.column()) + columnWidth(current.column()) / 2;
+  Q_EMIT customContextMenuRequested({std::clamp(middle, 0, viewport()->width() - 1),
+                                     rowViewportPosition(current.row()) + rowHeight(current.row()) / 2});
+  return true;
 }
 
 }  // namespace desktop

@@ -29,6 +29,8 @@ constexpr KeyText kListKeys[] = {
     {"F5", "Recarregar a lista"},
     {"Ctrl+F", "Procurar na lista"},
     {"Esc", "Na procura: limpar e voltar à lista"},
+    {"Ctrl+Z", "Anular a última operação"},
+    {"Shift+F10", "O menu do registo; num filtro, o da coluna"},
     {"Ctrl+P", "Imprimir a lista"},
     {"Ctrl+E", "Exportar a lista"},
     {"F6", "Ir das listas ao lado para os registos, e voltar"},
@@ -37,12 +39,19 @@ constexpr KeyText kListKeys[] = {
 };
 
 constexpr KeyText kFichaKeys[] = {
-    {"Enter, Tab", "Avançar para o campo seguinte"},    {"Shift+Tab", "Voltar ao campo anterior"},
-    {"Esc", "Recuar; no primeiro campo, sair"},         {"F3", "Lista dos códigos do campo"},
-    {"F4", "Ficha do código que está no campo"},        {"F7", "Mapa: imprimir a tabela do campo"},
-    {"Ctrl+Enter", "Nova linha nas observações"},       {"Ctrl+PgUp, PgDn", "Separador anterior, seguinte"},
-    {"Alt+letra", "O botão com essa letra sublinhada"}, {"F2, Del", "No arquivo: mudar o título, apagar"},
-    {"Ctrl+D", "Num gasto novo: como o último"},        {"Ctrl+N", "Num separador: novo registo"},
+    {"Enter, Tab", "Avançar para o campo seguinte"},
+    {"Shift+Tab", "Voltar ao campo anterior"},
+    {"Esc", "Recuar; no primeiro campo, sair"},
+    {"F3", "Lista dos códigos do campo"},
+    {"F4", "Ficha do código que está no campo"},
+    {"F7", "Mapa: imprimir a tabela do campo"},
+    {"Ctrl+Enter", "Nova linha nas observações"},
+    {"Ctrl+PgUp, PgDn", "Separador anterior, seguinte"},
+    {"Alt+letra", "O botão com essa letra sublinhada"},
+    {"F2, Del", "No arquivo: mudar o título, apagar"},
+    {"Alt+↓", "O botão «…» do campo; numa data, o calendário"},
+    {"Ctrl+D", "Num gasto novo: como o último; outra vez, de outro tipo"},
+    {"Ctrl+N", "Num separador: novo registo"},
 };
 
 template <std::size_t N>

@@ -19,6 +19,7 @@
 #include "desktop/reports/month_panel.h"
 #include "desktop/shell/desktop_notices.h"
 #include "desktop/shell/help_page.h"
+#include "desktop/shell/keyboard_habits.h"
 #include "desktop/shell/main_actions.h"
 #include "desktop/shell/sidebar.h"
 #include "desktop/start/alert_board.h"
@@ -97,6 +98,7 @@ void MainWindow::Connect() {
   connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
   connect(actions_->manual, &QAction::triggered, this, [this] { ShowManual(this, FromQt(objectName())); });
   new HelpKey(this);
+  new KeyboardHabits(this);
   connect(actions_->keys, &QAction::triggered, this, [this] { ShowKeys(this); });
   connect(actions_->about, &QAction::triggered, this, [this] { ShowAbout(this); });
   connect(actions_->undo, &QAction::triggered, this, &MainWindow::Undo);

@@ -17,7 +17,7 @@ FirstStepsPage::FirstStepsPage(QWidget* parent)
       grid_(new QGridLayout),
       import_(new QPushButton(QStringLiteral("&Trazer viaturas e gastos de uma folha de cálculo…"), this)),
       demo_(new QPushButton(QStringLiteral("Experimentar com &dados de demonstração"), this)),
-      alerts_(new QPushButton(QStringLiteral("Ver os aler&tas"), this)) {
+      alerts_(new QPushButton(QStringLiteral("Ver os a&lertas"), this)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(Gap(this), Gap(this), WideGap(this), WideGap(this));
   column->setSpacing(WideGap(this));
@@ -33,8 +33,11 @@ FirstStepsPage::FirstStepsPage(QWidget* parent)
           "que já "
           "lá estiver fica como está.",
           "&Criar");
-  AddLine(Step::kVehicles, "Viaturas", "A matrícula, a marca, o modelo e os quilómetros iniciais.",
-          "Nova viat&ura");
+  AddLine(
+      Step::kVehicles, "Viaturas",
+      "A matrícula, a marca, o modelo, o departamento, a categoria e os quilómetros iniciais. O que ainda "
+      "não existir cria-se com F4.",
+      "Nova viat&ura");
   AddLine(Step::kDrivers, "Motoristas", "O nome e a validade da carta de condução.", "Novo &motorista");
   AddLine(Step::kFill, "Primeiro abastecimento",
           "Os litros e os quilómetros dão o consumo e o custo por quilómetro.", "Novo &gasto");

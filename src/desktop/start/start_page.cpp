@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <set>
 
 #include "desktop/look/look.h"
 #include "desktop/reports/month_panel.h"
@@ -18,6 +19,7 @@ namespace desktop {
 namespace {
 
 constexpr int kMostColumns = 3;
+constexpr std::size_t kSteps = 5;
 
 QString Today() {
   const platform::Date today = platform::Today();
@@ -113,9 +115,12 @@ void StartPage::ShowBoard() {
   if (had_focus) TakeFocus();
 }
 
-bool StartPage::ShowsSteps() const {
+/// Once begun, the steps stay until the last is ticked or they are left.
+bool StartPage::ShowsSteps() {
   const auto& done = board_.steps();
-  return !steps_left_ && done.count(setup::Step::kFill) + done.count(setup::Step::kDueDates) == 0;
+  if (done == std::set{setup::Step::kFill}) steps_begun_ = steps_left_ = false;  // another database
+  if (done.count(setup::Step::kFill) + done.count(setup::Step::kDueDates) == 0) steps_begun_ = true;
+  return steps_begun_ && !steps_left_ && done.size() < kSteps;
 }
 
 QString StartPage::NoticeText() const { return notice_->text(); }

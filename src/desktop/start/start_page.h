@@ -48,7 +48,7 @@ class StartPage : public QWidget {
   void Build();
   void ShowBoard();
   void Arrange();
-  bool ShowsSteps() const;
+  bool ShowsSteps();
 
   const AlertBoard& board_;
   std::vector<AlertCard*> cards_;
@@ -60,7 +60,8 @@ class StartPage : public QWidget {
   FirstStepsPage* steps_;
   QWidget* month_place_;  // hidden while there is no first event, whatever stands in it
   MonthPanel* month_;
-  bool steps_left_ = false;  // the user wants to see the alerts
+  bool steps_begun_ = false;  // in the database that is open
+  bool steps_left_ = false;   // the user wants to see the alerts
   int columns_ = 0;
 };
 
