@@ -126,9 +126,7 @@ class ExpenseTarget : public ImportTarget {
     pass("Custo", RegrasDeGastos::Custo(gasto_.Custo));
     if (!fuel) return;
     pass("Km", RegrasDeGastos::Km(fuel, gasto_.Km, KmBefore()));
-    const Fill fill{gasto_.Data.seconds(), gasto_.Km};
-    auto& fills = FillsOf(gasto_.Codigo).rows;
-    fills.insert(std::upper_bound(fills.begin(), fills.end(), fill, Fill::Earlier), fill);
+    Enter(FillsOf(gasto_.Codigo), {gasto_.Data.seconds(), gasto_.Km});
   }
 
   struct Fill {
@@ -136,25 +134,16 @@ class ExpenseTarget : public ImportTarget {
     Currency km;
     static bool Earlier(const Fill& a, const Fill& b) { return a.moment < b.moment; }
   };
-  struct Fills {
-    std::vector<Fill> rows;  // by moment; of one moment the newest last
-    bool sorted = true;
-  };
+  using Fills = std::vector<Fill>;  // by moment; of one moment the newest last
 
-  Fills& FillsOf(const std::string& plate) {
-    if (plate != lastPlate_) {
-      lastPlate_ = plate;
-      lastFills_ = &fills_[EventHistory::KeyOf(plate)];
-    }
-    if (!lastFills_->sorted)
-      std::stable_sort(lastFills_->rows.begin(), lastFills_->rows.end(), Fill::Earlier);
-    lastFills_->sorted = true;
-    return *lastFills_;
+  static void Enter(Fills& fills, const Fill& fill) {
+    fills.insert(std::upper_bound(fills.begin(), fills.end(), fill, Fill::Earlier), fill);
   }
+  Fills& FillsOf(const std::string& plate) { return fills_[EventHistory::KeyOf(plate)]; }
 
   /// The kilometres of the last fill before, stored or judged.
   Currency KmBefore() {
-    auto& fills = FillsOf(gasto_.Codigo).rows;
+    Fills& fills = FillsOf(gasto_.Codigo);
     const auto after =
         std::lower_bound(fills.begin(), fills.end(), Fill{gasto_.Data.seconds(), {}}, Fill::Earlier);
     if (after != fills.begin()) return std::prev(after)->km;
@@ -168,10 +157,8 @@ class ExpenseTarget : public ImportTarget {
     const platform::Variant type = row.Fields("TipoGasto").Value();
     const platform::Variant km = row.Fields("Km").Value();
     if (type.IsNull() || !TypeOf(type.ToText()).fuel) return;
-    Fills& fills = fills_[plate];
-    fills.rows.push_back(
-        {row.Fields("Data").Value().ToDate().seconds(), km.IsNull() ? Currency() : km.ToCurrency()});
-    fills.sorted = false;
+    Enter(fills_[plate],
+          {row.Fields("Data").Value().ToDate().seconds(), km.IsNull() ? Currency() : km.ToCurrency()});
   }
 
   std::string Values() const {
@@ -190,8 +177,6 @@ class ExpenseTarget : public ImportTarget {
   std::unordered_map<std::string, Type> types_;
   std::set<std::string> touched_;
   std::unordered_map<std::string, Fills> fills_;  // by the plate as the history knows it
-  std::string lastPlate_;
-  Fills* lastFills_ = nullptr;
 };
 
 }  // namespace

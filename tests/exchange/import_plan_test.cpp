@@ -108,6 +108,19 @@ TEST_F(ImportPlanTest, TheRowsOfADocumentAreOneEventOfThoseThatAreTaken) {
             (Table{{"1", "7"}, {"1", "8"}, {"2", "42,5"}}));
 }
 
+TEST_F(ImportPlanTest, AFillOfANumberedRowIsComparedWithThoseThatAreStored) {
+  AddExpense(bd, "12-AB-34", platform::Date::FromParts(2024, 1, 15), "GASOLEO", "40", "60", 12000);
+  Read(
+      "Matrícula;Data;Tipo;Litros;Valor;Km;N\n12-AB-34;10-01-2024;GASOLEO;40;60;11000;T1\n"
+      "12-AB-34;20-01-2024;GASOLEO;40;60;11500;T2\n12-AB-34;21-01-2024;GASOLEO;40;60;12500;T1\n",
+      [](Profile& profile) { profile.transaction = Piece{.header = "N", .position = 6}; })
+      .Check();
+  EXPECT_EQ(
+      States(),
+      "2 nova\n3 recusada Km: Existe uma quilometragem superior para esta viatura em Gasto anterior. (já "
+      "gravado: 12000 km em 15-01-2024)\n4 repetida : O número T1 já foi importado.\n");
+}
+
 TEST_F(ImportPlanTest, RefusedRowsGoBackInTheShapeInWhichTheyCame) {
   Read(
       "Extracto de Janeiro\n\nMatrícula;Data;Tipo;Litros;Valor;Km;Nota\n"

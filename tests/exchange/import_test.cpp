@@ -182,6 +182,23 @@ TEST_F(ImportTest, OfEqualRowsThoseAreNewThatTheDatabaseLacks) {
   }
 }
 
+TEST_F(ImportTest, AFillIsComparedWithTheOneBeforeItHoweverTheyWereStored) {
+  using platform::Date;
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 20), "GASOLEO", "40", "60", 12000);
+  AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 10), "GASOLEO", "40", "60", 11000);
+  const ImportResult result =
+      Import("gastos",
+             "Matricula;Data;TipoGasto;Qtd;Km\n12-AB-34;25-02-2024;GASOLEO;40;11500\n"
+             "12-ab-34 ;15-02-2024;GASOLEO;40;11400\n12-AB-34;26-02-2024;GASOLEO;40;12400\n"
+             "12-AB-34;27-02-2024;GASOLEO;40;12300\n12-AB-34;16-02-2024;GASOLEO;40;11300\n");
+  EXPECT_EQ(result.added, 2);
+  std::string refused;
+  for (const char* line : {"2", "3", "4", "5", "6"})
+    if (report.str().find(std::string("linha ") + line + ", Km: Existe") != std::string::npos)
+      refused += line;
+  EXPECT_EQ(refused, "256") << report.str();
+}
+
 TEST_F(ImportTest, VehiclesWithoutTheirNextDatesAreNoAlerts) {
   Sql("DELETE FROM zor_PV_Viaturas");
   Sql("INSERT INTO zor_PV_Categorias (Codigo, Nome) VALUES ('LIGP', 'Ligeiro')");

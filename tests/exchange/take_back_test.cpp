@@ -147,6 +147,48 @@ TEST_F(TakeBackTest, WhatWasChangedUsedOrRemovedSinceIsTold) {
   EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo<'E'"), (Table{{"A"}, {"B"}}));
 }
 
+TEST_F(TakeBackTest, AnyChangeOfARowIsSeenButThatOfItsFigures) {
+  const std::string csv = "Matricula;Obs;NoMotor;NoChassis\nN;ab;;c\n";
+  long number = Log("viaturas", csv).number;
+  const auto back = [&](const std::string& column, const std::string& change) {
+    Sql("UPDATE zor_PV_Viaturas SET " + change + " WHERE Matricula='N'");
+    const TakenBack result = TakeBackImport(bd, number);
+    Sql("DELETE FROM zor_PV_Viaturas WHERE Matricula='N'");
+    number = Log("viaturas", csv).number;
+    return column + (result.kept.empty() ? " -;" : ";");
+  };
+  std::string seen;
+  zorCrmParvel::RecordsetRef rows;
+  bd->AbrirLeitura("", "SELECT * FROM zor_PV_Viaturas WHERE Matricula='N'", rows);
+  const std::vector<platform::FieldInfo> fields = rows->FieldList();
+  rows->Close();
+  for (const platform::FieldInfo& field : fields) {
+    if (field.name == "Matricula") continue;
+    const bool date = field.type == platform::FieldType::kDate;
+    seen += back(field.name, field.name + (date ? "='2001-02-03'" : "='1'"));
+  }
+  EXPECT_EQ(
+      seen,
+      "Marca;Modelo;Responsavel;Categoria;Departamento;KmInicial;KmActual -;DataKmInicial;CustoMedioKmC -;"
+      "DataMatricula;AnoMatricula;NoMotor;Cilindrada;CompLeasing;NoContrato;ValContrato;ValorInicial;"
+      "ValorResidual;Mensalidade;CustoMedioKmT -;QtdInicial;CustoTotal -;Obs;Media -;NoChassis;Combustivel;"
+      "DataPrxRev;DataPrxInsp;KmPrxRev;Inactiva;Tacografo;DtDescarga;DataSelo;SeloPago;");
+  EXPECT_EQ(back("moved", "NoMotor=NoChassis, NoChassis=NoMotor"), "moved;");
+  EXPECT_EQ(back("null", "NoMotor=NULL"), "null;");
+}
+
+TEST_F(TakeBackTest, AThousandRowsAndMoreAreWrittenDownOnceEach) {
+  std::string csv = "Matricula;Data;TipoGasto;Custo\n";
+  for (int i = 1; i <= 2300; ++i) csv += "12-AB-34;01-02-2024;PORTAGEM;" + std::to_string(i) + "\n";
+  const long number = Log("gastos", csv).number;
+  EXPECT_EQ(Rows(bd, "SELECT COUNT(*), MIN(Linha), MAX(Linha), MAX(Ordem) FROM parvel_importacoes_linhas"),
+            (Table{{"2300", "2", "2301", "2300"}}));
+  EXPECT_EQ(ListImports(bd)[0].rows, 2300);
+  EXPECT_EQ(Rows(bd, "SELECT COUNT(*) FROM zor_PV_Gastos"), (Table{{"2300"}}));
+  EXPECT_EQ(Told(TakeBackImport(bd, number)), "2300 0");
+  EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
+}
+
 TEST_F(TakeBackTest, EveryUseKeepsACode) {
   const struct {
     const char* kind;

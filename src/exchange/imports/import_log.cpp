@@ -29,7 +29,6 @@ ImportLog::ImportLog(DataAccessRef bd, const ImportEntry& entry)
   row.cut("Ficheiro", entry.file);
   row.cut("Perfil", entry.profile);
   row.cut("Soma", entry.checksum);
-  row.put("Linhas", std::int32_t{0});
   rows->Update();
   rows->Close();
   bd_->AbrirLeitura("", "SELECT MAX(Numero) AS Ultimo FROM parvel_importacoes", rows);

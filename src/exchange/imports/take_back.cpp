@@ -62,6 +62,7 @@ class TakingBack {
 
   TakenBack Run() {
     ReadRows();
+    ReadEvents();
     for (auto row = rows_.rbegin(); row != rows_.rend(); ++row)
       if (!NumberedKeyOf(row->table).empty()) TakeEvent(*row);
     for (auto row = rows_.rbegin(); row != rows_.rend(); ++row)
@@ -97,10 +98,12 @@ class TakingBack {
     result_.kept.push_back({.table = row.table, .key = row.key, .line = row.line, .why = why});
   }
 
-  /// Events were stored one after the other, so that one statement reads all.
-  void ReadEvents(const std::string& table) {
-    if (!events_.empty() || eventTable_ == table) return;
-    eventTable_ = table;
+  /// Events, of one kind in an import, were stored one after the other, so that one statement reads all.
+  void ReadEvents() {
+    const auto event = std::find_if(rows_.begin(), rows_.end(),
+                                    [](const ImportedRow& row) { return !NumberedKeyOf(row.table).empty(); });
+    if (event == rows_.end()) return;
+    const std::string& table = event->table;
     const std::string id = NumberedKeyOf(table);
     std::int64_t first = INT32_MAX;
     std::int64_t last = 0;
@@ -120,7 +123,6 @@ class TakingBack {
   }
 
   void TakeEvent(const ImportedRow& row) {
-    ReadEvents(row.table);
     const auto event = events_.find(static_cast<std::int32_t>(std::stol(row.key)));
     if (event == events_.end()) {
       ++result_.gone;
@@ -200,7 +202,6 @@ class TakingBack {
   DataAccessRef bd_;
   long number_;
   std::vector<ImportedRow> rows_;
-  std::string eventTable_;
   std::unordered_map<std::int32_t, std::pair<std::string, std::string>> events_;  // mark and plate, by number
   std::map<std::string, Figures> touched_;
   TakenBack result_;
