@@ -143,8 +143,13 @@ int ImportOwnColumns(const Calls& calls, const ProfileImport& import) {
         database, {import.kind, name, exchange::ChecksumOfFile(import.file), UserName(), note}, file,
         calls.out, import.decimal);
   }
-  calls.out << result.added << (import.simulate ? " entrariam, " : " novos, ") << result.known
-            << " já existiam, " << result.refused << " recusados\n";
+  const auto tell = [&](long rows, const char* one, const char* several) {
+    calls.out << rows << (rows == 1 ? one : several);
+  };
+  tell(result.added, import.simulate ? " entraria, " : " novo, ",
+       import.simulate ? " entrariam, " : " novos, ");
+  tell(result.known, " já existia, ", " já existiam, ");
+  tell(result.refused, " recusado\n", " recusados\n");
   if (result.number != 0) TellNumber(result.number, calls.out);
   return result.refused == 0 ? kDone : kRefused;
 }

@@ -1,11 +1,15 @@
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 #include "console/notice_timer.h"
 #include "console/program_fixture.h"
+#include "support/files.h"
 
 namespace console {
 namespace {
+
+using testing_support::Contents;
 
 class NoticeCommandTest : public ProgramFixture {
  protected:
@@ -42,6 +46,80 @@ TEST_F(NoticeCommandTest, RecipientsAndServerAreKeptAndAMessageIsShownBeforeItLe
   EXPECT_NE(out.str().find("Servidor: smtp://127.0.0.1:1\nDe: frota@x.pt\nUtilizador: frota\n"),
             std::string::npos);
   EXPECT_EQ(OnDatabase({"aviso"}), kRefused) << "a user needs a password";
+}
+
+/// Stands in for the system's manager of timers: keeps its calls, and fails where the test says so.
+class NoticeTimerFixture : public NoticeCommandTest {
+ protected:
+  NoticeTimerFixture() {
+    std::filesystem::create_directory(File("bin"));
+    std::ofstream(File("bin/systemctl"))
+        << "#!/bin/sh\necho \"$@\" >> " << File("chamadas") << "\n[ ! -e " << File("recusa") << " ]\n";
+    std::filesystem::permissions(File("bin/systemctl"), std::filesystem::perms::owner_all);
+    setenv("XDG_CONFIG_HOME", File("config").c_str(), 1);
+    setenv("PATH", (File("bin:") + path).c_str(), 1);
+  }
+  ~NoticeTimerFixture() override {
+    unsetenv("XDG_CONFIG_HOME");
+    setenv("PATH", path.c_str(), 1);
+  }
+  std::string Unit(const char* ending) const {
+    const std::string file = File(std::string("config/systemd/user/parvel-aviso.") + ending);
+    return std::filesystem::exists(file) ? Contents(file) : "";
+  }
+
+  const std::string path = std::getenv("PATH");
+};
+
+TEST_F(NoticeTimerFixture, TheSystemIsAskedToCallTheProgramEveryDay) {
+  const std::string program = "\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"";
+  EXPECT_EQ(OnDatabase({"aviso", "--retirar"}), kDone);
+  EXPECT_EQ(out.str(), "Não estava instalado.\n");
+  EXPECT_EQ(OnDatabase({"aviso", "--instalar", "--senha-correio-ficheiro", File("senha")}), kDone);
+  EXPECT_EQ(out.str(), "Avisa todos os dias às 8 horas. Para deixar: parvel aviso --retirar.\n");
+  EXPECT_EQ(Unit("service"),
+            "[Unit]\nDescription=Avisos da frota por correio\nStartLimitIntervalSec=6h\nStartLimitBurst=8\n\n"
+            "[Service]\nType=oneshot\nExecStart=" +
+                program + " --db \"" + database + "\" aviso --senha-correio-ficheiro \"" + File("senha") +
+                "\"\nRestart=on-failure\nRestartSec=15min\nRestartPreventExitStatus=1 2\n");
+  EXPECT_EQ(
+      Unit("timer"),
+      "[Unit]\nDescription=Avisos da frota por correio, todos os dias\n\n[Timer]\nOnCalendar=*-*-* 08:00\n"
+      "Persistent=true\n\n[Install]\nWantedBy=timers.target\n");
+  EXPECT_EQ(
+      Parvel({"--ligacao", "DSN=frota", "--senha-ficheiro", "s", "aviso", "--calendario", "--instalar"}),
+      kDone);
+  EXPECT_EQ(out.str(),
+            "Escreve o calendário todos os dias às 8 horas. Para deixar: parvel aviso --retirar.\n");
+  EXPECT_NE(Unit("service").find(program + " --ligacao \"DSN=frota\" --senha-ficheiro \"" +
+                                 std::filesystem::absolute("s").string() + "\" aviso --calendario\n"),
+            std::string::npos)
+      << Unit("service");
+  EXPECT_EQ(OnDatabase({"aviso", "--retirar"}), kDone);
+  EXPECT_EQ(out.str(), "Deixa de avisar por si.\n");
+  EXPECT_EQ(Unit("service") + Unit("timer"), "");
+  EXPECT_EQ(Contents(File("chamadas")),
+            "--user daemon-reload\n--user enable --now parvel-aviso.timer\n"
+            "--user daemon-reload\n--user enable --now parvel-aviso.timer\n"
+            "--user disable --now parvel-aviso.timer\n--user daemon-reload\n");
+  std::ofstream(File("recusa")) << "sim";
+  EXPECT_EQ(OnDatabase({"aviso", "--instalar"}), kFailed);
+  EXPECT_EQ(err.str().substr(0, 44), "O sistema não aceita temporizadores do util");
+  EXPECT_EQ(Unit("service") + Unit("timer"), "");
+}
+
+TEST_F(NoticeCommandTest, TheCalendarIsWrittenWhereProgramsFindIt) {
+  ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();
+  const std::string file = File("dados/parvel/alertas.ics");
+  EXPECT_EQ(OnDatabase({"aviso", "--calendario"}), kDone);
+  EXPECT_EQ(out.str(), "Calendário escrito em " + file +
+                           "\nOs programas de calendário assinam-no por file://" + file + "\n");
+  EXPECT_EQ(Contents(file).substr(0, 15), "BEGIN:VCALENDAR");
+  EXPECT_EQ(OnDatabase({"aviso", "juntar", "a@x.pt", "--responsavel", "0001"}), kDone);
+  EXPECT_EQ(OnDatabase({"aviso", "servidor", "--de", "frota"}), kRefused);
+  EXPECT_EQ(err.str(), "«frota» não é um endereço de correio.\n");
+  EXPECT_EQ(OnDatabase({"aviso", "destinatarios"}), kDone);
+  EXPECT_EQ(out.str(), "a@x.pt    responsável 0001, com os custos do mês\n");
 }
 
 TEST(NoticeTimerTest, NoNameIsReadAsMoreThanAName) {

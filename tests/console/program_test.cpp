@@ -156,7 +156,7 @@ TEST_F(ProgramTest, ImportsAndPrintsAVehicle) {
   EXPECT_EQ(OnDatabase({"importar", "inspecoes", File("i.csv"), "--decimal", "."}), kDone);
   EXPECT_EQ(
       out.str(),
-      "1 novos, 0 já existiam, 0 recusados\nImportação 2; anula-se com «parvel importacoes anular 2».\n");
+      "1 novo, 0 já existiam, 0 recusados\nImportação 2; anula-se com «parvel importacoes anular 2».\n");
   EXPECT_EQ(OnDatabase({"importar", "nada", File("i.csv")}), kUsage);
   EXPECT_NE(err.str().find("viaturas, motoristas, gastos"), std::string::npos);
   EXPECT_EQ(OnDatabase({"importar", "gastos", File("não há.csv")}), kFailed);
