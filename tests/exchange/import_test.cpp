@@ -1,5 +1,6 @@
 #include "exchange/import.h"
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <tuple>
@@ -197,6 +198,46 @@ TEST_F(ImportTest, AFillIsComparedWithTheOneBeforeItHoweverTheyWereStored) {
     if (report.str().find(std::string("linha ") + line + ", Km: Existe") != std::string::npos)
       refused += line;
   EXPECT_EQ(refused, "256") << report.str();
+}
+
+TEST_F(ImportTest, WhatManyRowsNeedIsReadTogether) {
+  using platform::Date;
+  AddVehicle(bd, "A", 0);
+  AddVehicle(bd, "B", 0);
+  AddExpense(bd, "A", Date::FromParts(2020, 1, 1), "GASOLEO", "40", "60", 9000);
+  const auto recording = platform::MakeRef<RecordingDataAccess>(bd);
+  const auto reads = [&](const std::string& words) {
+    return std::count_if(recording->statements.begin(), recording->statements.end(),
+                         [&](const std::string& one) { return one.find(words) != std::string::npos; });
+  };
+  for (const char* kind : {"gastos", "revisoes"}) {
+    SCOPED_TRACE(kind);
+    recording->statements.clear();
+    const auto target = MakeImportTarget(kind, recording);
+    target->Expect({"A", "B", "12-AB-34"}, Date::FromParts(2024, 2, 1), Date::FromParts(2024, 2, 2));
+    for (const char* plate : {"A", "A", "B", "12-AB-34"}) {
+      ImportRow row(target->Columns());
+      for (std::size_t i = 0; i < target->Columns().size(); ++i) {
+        const std::string_view name = target->Columns()[i].name;
+        if (name == "Matricula") row.at(i).text = plate;
+        if (name == "TipoGasto") row.at(i).text = "GASOLEO";
+        if (name == "Data") row.at(i).date = Date::FromParts(2024, 2, 1);
+        if (name == "Qtd") row.at(i).number = 40;
+        if (name == "Km") row.at(i).number = 8000;
+      }
+      const bool refused = std::string_view(kind) == "gastos" && *plate == 'A';
+      if (refused)
+        EXPECT_THROW(target->Judge(row), Refusal) << "fewer kilometres than years ago";
+      else
+        EXPECT_EQ(target->Judge(row), Outcome::kAdded);
+    }
+    EXPECT_EQ(
+        reads("Matricula IN (N'A',N'B',N'12-AB-34') and Data>='2023.10.04 00:00:00' and Data<='2024.02.02 "
+              "00:00:00'"),
+        1);
+    EXPECT_EQ(reads("Matricula IN"), 1);
+    EXPECT_EQ(reads("G.Matricula='A'"), std::string_view(kind) == "gastos" ? 1 : 0);
+  }
 }
 
 TEST_F(ImportTest, VehiclesWithoutTheirNextDatesAreNoAlerts) {
