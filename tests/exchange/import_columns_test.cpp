@@ -4,6 +4,7 @@
 #include <map>
 
 #include "exchange/import_fixture.h"
+#include "exchange/profile/import_kinds.h"
 #include "support/whole_text.h"
 
 namespace exchange {
@@ -64,7 +65,11 @@ const struct {
     {"acessorios", "zor_PV_Acessorios", 2,
      "Matricula,Data,TipoAcessorio,Marca,Modelo,Qtd,KmInicial,KmFinal,Custo,DataVal,Obs",
      "12-AB-34;01-02-2024;X;marca;modelo;1,5;2,5;3,5;4,5;05-02-2024;nota",
-     "12-AB-34;;;01-02-2024;;;0;0;0;0;NULL"}};
+     "12-AB-34;;;01-02-2024;;;0;0;0;0;NULL"},
+    {"cartas", "zor_CartasCond", 3, "Motorista,TipoCarta,DataValidade", "1;9;01-02-2025", "1;9;01-02-2025"},
+    {"tipos-gastos", "zor_PV_TiposGastos WHERE Codigo='N'", 1, "Codigo,Nome,Combustivel,CustoUnit",
+     "N;novo;1;1,5", "N;;0;0"},
+    {"viagens", "zor_PV_Viagens WHERE Codigo='N'", 1, "Codigo,Nome", "N;novo", "N;"}};
 
 /// The first `count` of the pieces between marks.
 std::string First(std::size_t count, const std::string& text, char mark) {
@@ -75,7 +80,7 @@ std::string First(std::size_t count, const std::string& text, char mark) {
 
 TEST_F(ImportColumnsTest, EveryColumnGoesToItsOwnAndWhatIsLeftOutIsSettled) {
   for (const auto& kind : kKinds) {
-    const bool event = kind.needed > 1;
+    const bool event = KindOf(kind.what)->numbered;
     for (const bool full : {true, false}) {
       std::string csv = full ? kind.columns : First(kind.needed, kind.columns, ',');
       std::replace(csv.begin(), csv.end(), ',', ';');
@@ -99,6 +104,8 @@ std::map<std::string, std::string> Needed(const std::string& what) {
   if (what == "viaturas") return {{"Matricula", "P"}};
   if (what == "motoristas") return {{"Codigo", "2"}};
   if (what == "apolices") return {{"Matricula", "12-AB-34"}, {"Validade", "01-02-2024"}};
+  if (what == "cartas") return {{"Motorista", "1"}, {"TipoCarta", "3"}, {"DataValidade", "01-02-2025"}};
+  if (what == "tipos-gastos" || what == "viagens") return {{"Codigo", "N"}};
   if (what != "gastos") return {{"Matricula", "12-AB-34"}, {"Data", "01-02-2024"}};
   return {{"Matricula", "12-AB-34"}, {"Data", "01-02-2024"}, {"TipoGasto", "PORTAGEM"}};
 }
@@ -155,6 +162,8 @@ TEST_F(ImportColumnsTest, ARowIsRefusedForWhatItsFieldsComeToTogether) {
   Import("gastos",
          "Matricula;Data;TipoGasto;Qtd;ValorUn\n12-AB-34;01-02-2024;PORTAGEM;99999999999;99999999999\n");
   EXPECT_EQ(report.str(), "linha 2, Custo: O produto da quantidade pelo valor unitário não cabe.\n");
+  Import("cartas", "Motorista;TipoCarta;DataValidade\n1;3;14-03-2024\n1;3;15-03-2024\n");
+  EXPECT_EQ(report.str(), "linha 2, DataValidade: A Data de Validade não pode ser inferior à data dia!\n");
   Import("viaturas", "Matricula;Obs\nP;a;b\n");
   EXPECT_EQ(report.str(), "linha 2: A linha tem mais campos do que a primeira.\n");
 }
