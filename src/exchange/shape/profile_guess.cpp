@@ -79,10 +79,10 @@ const ImportKind* GuessKind(const std::vector<std::string>& header) {
   const ImportKind* best = nullptr;
   int most = 0;
   for (const ImportKind& kind : ImportKinds()) {
+    const std::vector<Match> assigned = Assign(kind, header);
     int score = 0;
-    for (const Match& match : Assign(kind, header)) score += match.fit;
+    for (const Match& match : assigned) score += match.fit;
     for (const ImportColumn& column : ColumnsOfKind(kind.name)) {
-      const auto assigned = Assign(kind, header);
       const bool found = std::any_of(assigned.begin(), assigned.end(),
                                      [&](const Match& match) { return match.column == column.name; });
       if (column.required && !found) score -= 60;
