@@ -122,12 +122,11 @@ class ImportReader {
     if (column.kind == ColumnKind::kText) {
       if (platform::Length(field.text) > static_cast<std::size_t>(column.limit))
         throw Refusal{column.name, "Tem mais de " + std::to_string(column.limit) + " caracteres."};
-    } else if (trimmed.empty()) {
-      field.text.clear();
-    } else if (column.kind == ColumnKind::kDate) {
-      field.date = ReadDate(column, trimmed);
-    } else {
-      field.number = ReadNumber(column, trimmed);
+    } else if (!trimmed.empty()) {
+      if (column.kind == ColumnKind::kDate)
+        field.date = ReadDate(column, trimmed);
+      else
+        field.number = ReadNumber(column, trimmed);
     }
     const bool nothing = column.kind == ColumnKind::kDate ? !field.date : trimmed.empty();
     if (column.required && nothing) throw Refusal{column.name, "Campo obrigatório!"};

@@ -95,6 +95,24 @@ TEST(ConditionTest, ReadsWhatAUserTypes) {
   for (const auto& [values, text, met] : cases) EXPECT_EQ(Met(values, text), met) << text;
 }
 
+TEST(ConditionTest, EachPeriodHoldsItsOwnDays) {
+  // The first and the last day of each period, and those beside them.
+  const std::vector<Variant> days = {
+      Day(2024, 12, 31), Day(2025, 1, 1),   Day(2025, 12, 31), Day(2026, 1, 1),   Day(2026, 9, 30),
+      Day(2026, 10, 1),  Day(2026, 10, 25), Day(2026, 10, 26), Day(2026, 10, 31), Day(2026, 11, 1),
+      Day(2026, 11, 15), Day(2026, 11, 16), Day(2026, 11, 22), Day(2026, 11, 23), Day(2026, 11, 24, 23),
+      Day(2026, 11, 25), Day(2026, 11, 26), Day(2026, 11, 29), Day(2026, 11, 30), Day(2026, 12, 25, 23),
+      Day(2026, 12, 26), Day(2026, 12, 31), Day(2027, 1, 1)};
+  std::string text;
+  for (const std::string& period : lists::Periods()) text += period + ": " + Met(days, period) + "\n";
+  EXPECT_EQ(text,
+            "hoje: 15\nontem: 14\nesta semana: 13 14 15 16 17\nsemana passada: 11 12\n"
+            "este mês: 9 10 11 12 13 14 15 16 17 18\nmês passado: 5 6 7 8\npróximo mês: 19 20 21\n"
+            "este trimestre: 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21\n"
+            "este ano: 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21\nano passado: 1 2\n"
+            "últimos 30 dias: 7 8 9 10 11 12 13 14 15\npróximos 30 dias: 15 16 17 18 19\n");
+}
+
 TEST(ConditionTest, AChoiceIsWrittenSoThatItIsReadAgain) {
   const std::vector<std::string> texts = {"Gasóleo", "a; b", "disse \"sim\"", ""};
   EXPECT_EQ(lists::ChosenTexts(lists::ChoiceOf(texts)), texts);

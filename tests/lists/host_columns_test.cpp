@@ -8,7 +8,9 @@
 #include "support/errors.h"
 #include "support/fleet.h"
 #include "support/recording_data_access.h"
+#include "support/sample_fleet.h"
 #include "support/scripted_host.h"
+#include "support/whole_text.h"
 
 namespace {
 
@@ -59,6 +61,46 @@ TEST(HostColumnsTest, EveryTableFitsItsListAndStatement) {
       EXPECT_EQ(rows->FieldList()[i + 1].name, table->columns[i].key);
   }
   EXPECT_EQ(tables, 8);
+}
+
+TEST(HostColumnsTest, EveryColumnIsShownAsItIsToBe) {
+  ScriptedHost host;
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
+  AddSampleFleet(bd);
+  std::string text;
+  for (const std::string list :
+       {"Gastos", "Apolices", "Revisoes", "Inspecoes", "Multas", "Sinistros", "Acessorios", "Viaturas"}) {
+    const lists::HostTable& table = *lists::HostTableOf(list);
+    const auto key = [&](long row) {
+      return table.key_is_text ? std::string(1, "ABCZ"[row]) : std::to_string(row + 1);
+    };
+    HostCells cells(table, bd, key);
+    HostCells brought(table, bd, key);
+    brought.Await();
+    for (HostCells* each : {&cells, &brought}) each->Reset(4);
+    EXPECT_EQ(brought.Shown(0, 0), "");
+    EXPECT_FALSE(brought.PrepareMore(10));
+    zorCrmParvel::RecordsetRef rows;
+    bd->AbrirLeitura("", table.select, rows);
+    rows->FetchMore(100);
+    brought.Take(rows);
+    text += "= " + list + " " + table.key_column + " " + table.key_field + "\n";
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      const lists::HostColumn& column = table.columns[i];
+      text += std::string(column.key) + " " + column.caption + " " +
+              std::to_string(static_cast<int>(column.width)) + " " + column.mask + " " +
+              std::to_string(static_cast<int>(column.summed)) + (column.hidden ? " escondida" : "") +
+              (cells.KindOf(i) ? " número:" : ":");
+      for (long row = 0; row < 4; ++row) {
+        text += " «" + cells.Shown(row, i) + "»";
+        EXPECT_EQ(brought.Shown(row, i), cells.Shown(row, i)) << list << " " << column.key;
+        EXPECT_EQ(cells.Value(row, i).IsNull(), cells.Shown(row, i).empty()) << list << " " << column.key;
+      }
+      text += "\n";
+    }
+    EXPECT_EQ(brought.statements(), 0);
+  }
+  ExpectWholeText(PARVEL_SOURCE_DIR "/tests/lists/host_columns.txt", text);
 }
 
 TEST(HostColumnsTest, APlateWithAnApostropheStaysInsideItsLiteral) {

@@ -4,6 +4,7 @@
 
 #include <tuple>
 
+#include "lists/footer.h"
 #include "lists/words.h"
 #include "platform/format.h"
 #include "platform/runtime_error.h"
@@ -204,6 +205,12 @@ TEST(RowOrderTest, GroupsHaveHeadingsAndOpenOneByOne) {
   EXPECT_EQ(order.RowCount(), 4);
   order.Rebuild();
   EXPECT_EQ(order.Count(), 5) << "an open group stays open";
+  order.Turn(0);
+  EXPECT_EQ(order.Count(), 3);
+  order.Turn(1);
+  EXPECT_EQ(Places(order), "[10-GJ-10 2] [12-AB-34 1] 1 [99-ZZ-99 1]");
+  order.OpenAll(false);
+  EXPECT_EQ(order.Count(), 3);
   order.Filter(0, "= 12-ab-34");
   EXPECT_EQ(Places(order), "[12-AB-34 1]");
   order.ShowAll();
@@ -223,6 +230,22 @@ TEST(RowOrderTest, SumsAreExactAndSkipWhatIsNoNumber) {
   EXPECT_EQ(all.Mean().ToText(), "6,5");
   EXPECT_EQ(order.FiguresOf(2, {2}).sum.ToText(), "-3");
   EXPECT_EQ(order.FiguresOf(0, order.Rows()).count, 0);
+}
+
+TEST(RowOrderTest, TheFooterTellsWhatIsSummed) {
+  testing_support::ScriptedHost host;
+  const Values values(kFleet);
+  const RowOrder order(values);
+  using lists::Summed;
+  const std::vector<lists::SummedColumn> columns = {{2, "Custo", "###,##0.00", Summed::kSumAndMean},
+                                                    {2, "Km", "###,##0", Summed::kMean},
+                                                    {2, "Nada", "0", Summed::kNo},
+                                                    {0, "Matrícula", "0", Summed::kMean}};
+  EXPECT_EQ(FooterText(order, columns, order.Rows()), "Custo: soma 19,50, média 6,50 · Km: média 7");
+  EXPECT_EQ(FooterText(order, columns, {3}), "");
+  std::string subtotals;
+  for (const lists::SummedColumn& column : columns) subtotals += SubtotalText(order, column, {0, 1}) + ";";
+  EXPECT_EQ(subtotals, "22,50;⌀ 11;;;");
 }
 
 TEST(RowOrderTest, TypedLettersGoRoundToTheNextRowThatBeginsSo) {
