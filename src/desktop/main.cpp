@@ -1,10 +1,15 @@
 #include <QApplication>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QLocale>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <chrono>
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <thread>
 #include <utility>
 
 #include "desktop/look/house_style.h"
@@ -24,18 +29,28 @@ using namespace desktop;
 
 constexpr int kFailure = 3;
 
-/// Does what can wait when the window has been painted once.
+constexpr auto kPatience = std::chrono::seconds(1);
+
+/// Does what can wait when a window has been painted once; or after a while, since one that starts as an icon
+/// is not painted.
 class OncePainted : public QObject {
  public:
-  explicit OncePainted(std::function<void()> act) : act_(std::move(act)) {}
-  bool eventFilter(QObject* window, QEvent* event) override {
-    if (event->type() != QEvent::Paint) return false;
-    window->removeEventFilter(this);
-    QTimer::singleShot(0, qApp, act_);
+  OncePainted(QWidget& window, std::function<void()> act) : window_(window), act_(std::move(act)) {
+    window_.installEventFilter(this);
+    QTimer::singleShot(kPatience, this, &OncePainted::Act);
+  }
+  bool eventFilter(QObject* /*window*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) QTimer::singleShot(0, this, &OncePainted::Act);
     return false;
   }
 
  private:
+  void Act() {
+    window_.removeEventFilter(this);
+    if (const auto act = std::exchange(act_, nullptr)) act();
+  }
+
+  QWidget& window_;
   std::function<void()> act_;
 };
 
@@ -55,10 +70,15 @@ int RunWindow(QApplication& application, Options& options) {
   MainWindow window(settings);
   host.SetMainWindow(&window);
   host.AskRights([&window](const std::string& ficha) { return window.WhyNotConfirm(ficha); });
+  const QPointer<BackgroundReader> reader(&workspace->reader());
+  reader->Hold();
   window.Open(std::move(workspace));
   if (!options.list.isEmpty()) window.ShowList(FromQt(options.list).c_str());
-  OncePainted painted([&options] { options.until_painted ? QCoreApplication::exit(0) : SetIcon(); });
-  window.installEventFilter(&painted);
+  const OncePainted painted(window, [&] {
+    if (options.until_painted) return QCoreApplication::exit(0);
+    if (reader != nullptr) reader->Begin();
+    SetIcon();
+  });
   window.show();
   return application.exec();
 }
@@ -93,11 +113,14 @@ int main(int argc, char** argv) {
     (reply->exit_code == 0 ? std::cout : std::cerr) << FromQt(reply->text);
     return reply->exit_code;
   }
-  const QTemporaryDir screen;
-  if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) UseScreenOfItsOwn(screen);
+  std::optional<QTemporaryDir> screen;
+  if (!options.picture.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    UseScreenOfItsOwn(screen.emplace());
   options.password = store::TakePassword();
   int arguments = 1;  // the words are the program's own, not Qt's
   QApplication application(arguments, argv);
+  // Which fonts there are takes long to find out; the database is opened meanwhile.
+  const std::jthread fonts([] { QFontDatabase::families(); });
   QApplication::setOrganizationName(QStringLiteral("parvel"));
   QApplication::setApplicationName(QStringLiteral("parvel-desktop"));
   QGuiApplication::setDesktopFileName(QStringLiteral("pt.parvel.Parvel"));

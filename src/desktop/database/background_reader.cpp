@@ -1,6 +1,7 @@
 #include "desktop/database/background_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/runtime_error.h"
 #include "store/forwarding_store.h"
@@ -59,16 +60,25 @@ BackgroundReader::~BackgroundReader() {
 ReadTicket BackgroundReader::Add(Job job) {
   ReadTicket ticket;
   ticket.wanted_ = job.wanted = std::make_shared<std::atomic<bool>>(true);
-  bool more = false;
   {
     const std::scoped_lock lock(mutex_);
     waiting_.push_back(std::make_shared<Job>(std::move(job)));
-    more = opener_ && running_.size() + waiting_.size() > threads_.size() && threads_.size() < kMostThreads;
   }
-  if (more) threads_.emplace_back([this] { Work(); });
-  if (!opener_) QMetaObject::invokeMethod(this, &BackgroundReader::RunHere, Qt::QueuedConnection);
-  changed_.notify_all();
+  if (!held_) Staff();
   return ticket;
+}
+
+/// Has what waits read: by as many threads as there are reads, or here where there is no second connection.
+void BackgroundReader::Staff() {
+  std::size_t reads = 0;
+  {
+    const std::scoped_lock lock(mutex_);
+    reads = running_.size() + waiting_.size();
+  }
+  if (!opener_) QMetaObject::invokeMethod(this, &BackgroundReader::RunHere, Qt::QueuedConnection);
+  while (opener_ && threads_.size() < std::min(reads, kMostThreads))
+    threads_.emplace_back([this] { Work(); });
+  changed_.notify_all();
 }
 
 /// What a thread does: it opens its connection with its first read.
@@ -115,6 +125,7 @@ void BackgroundReader::RunHere() {
   if (waiting_.empty()) return;
   const JobRef job = waiting_.front();
   waiting_.pop_front();
+  if (!waiting_.empty()) QMetaObject::invokeMethod(this, &BackgroundReader::RunHere, Qt::QueuedConnection);
   Run(*job, [this] { return store_; });
   finished_.push_back(job);
   Deliver();
@@ -137,7 +148,14 @@ void BackgroundReader::Deliver() {
   }
 }
 
+void BackgroundReader::Hold() { held_ = true; }
+
+void BackgroundReader::Begin() {
+  if (std::exchange(held_, false)) Staff();
+}
+
 void BackgroundReader::Finish() {
+  Begin();
   const auto rests = [this] { return waiting_.empty() && running_.empty(); };
   while (true) {
     while (!opener_ && !waiting_.empty()) RunHere();

@@ -65,7 +65,10 @@ class BackgroundReader : public QObject {
                 .failed = failed,
                 .failure = {}});
   }
-  /// Waits for all that was asked for, and delivers it before it returns.
+  /// Lets what is asked for wait until `Begin`: a window that is not painted yet has better to do.
+  void Hold();
+  void Begin();
+  /// Waits for all that was asked for, held or not, and delivers it before it returns.
   void Finish();
 
  private:
@@ -80,6 +83,7 @@ class BackgroundReader : public QObject {
   using JobRef = std::shared_ptr<Job>;
 
   ReadTicket Add(Job job);
+  void Staff();
   void Work();
   JobRef Next();
   void RunHere();
@@ -89,6 +93,7 @@ class BackgroundReader : public QObject {
   StoreRef store_;
   std::function<StoreRef()> opener_;
   std::vector<std::thread> threads_;
+  bool held_ = false;
   std::mutex mutex_;  // of what follows
   std::condition_variable changed_;
   std::deque<JobRef> waiting_;
