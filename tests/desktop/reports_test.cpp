@@ -2,6 +2,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTreeWidget>
 
@@ -159,6 +160,20 @@ TEST_F(ReportsTest, AVehicleOfAListShowsItsEvolutionAndTheStartPageTheMonth) {
   window.ShowList("Inicio");
   const auto& month = window.start().month();
   QTRY_VERIFY(month.Lines().value(0).startsWith("Custo: 180,00 €; mês anterior"));
+  const auto labels = month.findChildren<QLabel*>();
+  const auto right_end = [&] {
+    int end = 0;
+    for (const QLabel* label : labels)
+      end = std::max(end, label->geometry().left() + label->sizeHint().width());
+    return end;
+  };
+  window.resize(1600, 900);
+  QTRY_VERIFY(month.width() > 1000);
+  const int beside = right_end();
+  window.resize(window.minimumSizeHint().width() + month.minimumSizeHint().width(), 900);
+  QTRY_VERIFY(month.width() < beside);
+  QTRY_VERIFY2(right_end() <= month.width(),
+               "a month of last year stands below where there is no room beside");
 }
 
 }  // namespace

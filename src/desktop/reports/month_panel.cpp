@@ -44,6 +44,7 @@ QLabel* MonthPanel::AddLabel(const QString& text, int row, int column, bool mute
 void MonthPanel::Show(const reports::ResumoDoMes& month) {
   qDeleteAll(findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly));
   lines_.clear();
+  years_.clear();
   int row = 0;
   QFont bold = font();
   bold.setBold(true);
@@ -54,7 +55,8 @@ void MonthPanel::Show(const reports::ResumoDoMes& month) {
     value->setFont(bold);
     value->setAlignment(Qt::AlignRight);
     AddLabel(ToQt(figure.antes), row, 2, true);
-    AddLabel(ToQt(figure.ano), row++, 3, true);
+    years_.push_back(AddLabel(ToQt(figure.ano), row, 3, true));
+    row += 2;
     lines_ << ToQt(figure.nome + ": " + figure.valor + "; " + figure.antes + "; " + figure.ano);
   }
   for (std::size_t i = 0; i < month.leasing.size(); ++i) {
@@ -73,7 +75,31 @@ void MonthPanel::Show(const reports::ResumoDoMes& month) {
   grid_->setColumnStretch(4, 1);
   const bool known = std::any_of(month.figuras.begin(), month.figuras.end(),
                                  [](const auto& figure) { return figure.valor != "—"; });
+  narrow_ = LeastWidth(false);
+  wide_ = LeastWidth(true);
+  PlaceYears(width() >= wide_);
   setVisible(known);
+}
+
+/// The same month of last year stands beside the month before, or below it where there is no room.
+void MonthPanel::PlaceYears(bool beside) {
+  int row = 1;
+  for (QLabel* year : years_) {
+    grid_->addWidget(year, beside ? row : row + 1, beside ? 3 : 2);
+    row += 2;
+  }
+}
+
+int MonthPanel::LeastWidth(bool beside) {
+  PlaceYears(beside);
+  return grid_->minimumSize().width();
+}
+
+QSize MonthPanel::minimumSizeHint() const { return {narrow_, QWidget::minimumSizeHint().height()}; }
+
+void MonthPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  PlaceYears(width() >= wide_);
 }
 
 }  // namespace desktop

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "desktop/database/background_reader.h"
 #include "desktop/database/workspace.h"
@@ -24,11 +25,20 @@ class MonthPanel : public QWidget {
   void Show(const reports::ResumoDoMes& month);
   /// What it says, line by line.
   QStringList Lines() const { return lines_; }
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QLabel* AddLabel(const QString& text, int row, int column, bool muted = false);
+  void PlaceYears(bool beside);
+  int LeastWidth(bool beside);
 
   QGridLayout* grid_;
+  std::vector<QLabel*> years_;  // from the second row on, every second one
+  int narrow_ = 0;
+  int wide_ = 0;
   QStringList lines_;
   ReadTicket reading_;
 };
