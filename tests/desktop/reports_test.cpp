@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 #include <QTreeWidget>
 
 #include "desktop/print/report_dialog.h"
@@ -43,7 +44,7 @@ class ReportsTest : public OpenWindow {
 
   static void Wait(ReportPage& page) {
     const void* before = page.result().get();  // still held when the next one is made
-    QTRY_VERIFY(page.result() != nullptr && page.result().get() != before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page.result() != nullptr && page.result().get() != before; }));
   }
   ReportPage& Open(const char* key) {
     window.ShowList(key);
@@ -73,7 +74,7 @@ TEST_F(ReportsTest, ARowShowsItsChartAndOpensWhatItIsMadeOfDownToTheFicha) {
   QString ficha;
   desk.script.Next([&](QWidget& closer) {
     auto& movements = dynamic_cast<desktop::ReportWindow&>(closer).page();
-    QTRY_VERIFY(movements.result() != nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return movements.result() != nullptr; }));
     EXPECT_EQ(movements.CountText(), "2 linhas");
     desk.script.Next([&](QWidget& opened) { ficha = opened.windowTitle(); });
     movements.table().SetCurrentRow(1);
@@ -151,7 +152,7 @@ TEST_F(ReportsTest, AVehicleOfAListShowsItsEvolutionAndTheStartPageTheMonth) {
   std::size_t drawn = 0;
   desk.script.Next([&](QWidget& shown) {
     auto& dialog = dynamic_cast<desktop::EvolutionDialog&>(shown);
-    QTRY_VERIFY(!dialog.charts().front()->shown().titulo.empty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.charts().front()->shown().titulo.empty(); }));
     for (const desktop::ChartPanel* chart : dialog.charts()) drawn += chart->shown().titulo.empty() ? 0 : 1;
   });
   for (QAction* action : window.page()->own_commands())
@@ -159,21 +160,37 @@ TEST_F(ReportsTest, AVehicleOfAListShowsItsEvolutionAndTheStartPageTheMonth) {
   EXPECT_EQ(drawn, 4u);
   window.ShowList("Inicio");
   const auto& month = window.start().month();
-  QTRY_VERIFY(month.Lines().value(0).startsWith("Custo: 180,00 €; mês anterior"));
-  const auto labels = month.findChildren<QLabel*>();
-  const auto right_end = [&] {
-    int end = 0;
-    for (const QLabel* label : labels)
-      end = std::max(end, label->geometry().left() + label->sizeHint().width());
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return month.Lines().value(0).startsWith("Custo: 180,00 €; mês anterior"); }));
+}
+
+TEST(MonthPanelTest, WhatAMonthIsMeasuredByStandsBelowWhereThereIsNoRoomBeside) {
+  QWidget page;
+  desktop::MonthPanel panel(&page);
+  panel.Show(
+      {.mes = "Novembro de 2026",
+       .figuras = {{"Custo", "58.113,91 €", "mês anterior 58.970,72 € (-1 %)",
+                    "há um ano 64.085,69 € (-9 %)"},
+                   {"Gasóleo", "23.803 L", "mês anterior 24.477 L (-3 %)", "há um ano 25.447 L (-6 %)"}},
+       .leasing = {}});
+  const auto laid_out = [&](int width) {
+    panel.resize(width, 200);
+    page.grab();
+    QPoint end;
+    QSet<int> lines;
+    for (const QLabel* label : panel.findChildren<QLabel*>()) {
+      end.setX(std::max(end.x(), label->x() + label->sizeHint().width()));
+      lines.insert(label->y());
+    }
+    end.setY(static_cast<int>(lines.size()));
     return end;
   };
-  window.resize(1600, 900);
-  QTRY_VERIFY(month.width() > 1000);
-  const int beside = right_end();
-  window.resize(window.minimumSizeHint().width() + month.minimumSizeHint().width(), 900);
-  QTRY_VERIFY(month.width() < beside);
-  QTRY_VERIFY2(right_end() <= month.width(),
-               "a month of last year stands below where there is no room beside");
+  const QPoint beside = laid_out(2000);
+  const QPoint below = laid_out(beside.x() - 20);
+  EXPECT_EQ(beside.y(), 3);
+  EXPECT_EQ(below.y(), 5);
+  EXPECT_LT(below.x(), beside.x() - 20);
+  EXPECT_LT(panel.minimumSizeHint().width(), beside.x() - 20);
 }
 
 }  // namespace
