@@ -182,7 +182,8 @@ SQLRETURN SQLMoreResults(SQLHSTMT handle) {
   if (!pretending || rest == pending.end() || rest->second.empty())
     return Real<decltype(&SQLMoreResults)>("SQLMoreResults")(handle);
   SQLFreeStmt(handle, SQL_CLOSE);
-  return RunNext(handle);
+  const SQLRETURN code = RunNext(handle);
+  return code == SQL_NO_DATA ? SQL_SUCCESS : code;  // of a write within a batch that hits no row
 }
 
 SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSMALLINT room,

@@ -127,6 +127,9 @@ void RowWriter::Send() {
     Fail(error, parcel[std::min(answers.size(), statements.size() - 1)]);
   }
   for (std::size_t i = 0; i < answers.size(); ++i) Answered(parcel[i], answers[i]);
+  if (answers.size() < statements.size())
+    Fail(RuntimeError(platform::kEngineFailure, table_.name, "O servidor não disse se o gravou."),
+         parcel[answers.size()]);
   if (!parcel.empty() && !parcel.back().literal) SendAlone(parcel.back());
 }
 
