@@ -65,7 +65,6 @@ class EventTarget : public ImportTarget {
     if (import_.notes != nullptr) event.Obs = row.text(import_.notes);
     for (const auto& field : import_.fields) field.take(event, row, field.column.name);
     for (const auto& rule : import_.codes) CheckCode(rule, row, event);
-    history_.Know(event.Codigo);
     if (!row.numbered && history_.Stand(event.Codigo, event.Data, ValuesOf(row))) return Outcome::kKnown;
     return Outcome::kAdded;
   }

@@ -33,10 +33,15 @@ TEST_F(SetupTest, StepsAreDoneByWhatIsThere) {
   setup::WriteBaseCodes(bd);
   AddDriver(bd, "1", "Ana");
   EXPECT_EQ(setup::StepsDone(bd), (std::set{Step::kCodes, Step::kDrivers}));
-  Sql("INSERT INTO zor_PV_Viaturas (Matricula) VALUES ('10-GJ-10')");
-  Sql("INSERT INTO zor_PV_Gastos (Matricula) VALUES ('10-GJ-10')");
-  Sql("INSERT INTO zor_PV_Inspecoes (Matricula) VALUES ('10-GJ-10')");
-  EXPECT_EQ(setup::StepsDone(bd).size(), 5U);
+  const std::pair<const char*, Step> steps[] = {{"Viaturas", Step::kVehicles},
+                                                {"Gastos", Step::kFill},
+                                                {"Seguros", Step::kDueDates},
+                                                {"Inspecoes", Step::kDueDates}};
+  for (const auto& [table, step] : steps) {
+    Sql((std::string("INSERT INTO zor_PV_") + table + " (Matricula) VALUES ('10-GJ-10')").c_str());
+    EXPECT_EQ(setup::StepsDone(bd), (std::set{Step::kCodes, Step::kDrivers, step})) << table;
+    Sql((std::string("DELETE FROM zor_PV_") + table).c_str());
+  }
 }
 
 }  // namespace
