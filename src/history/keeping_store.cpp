@@ -196,10 +196,7 @@ bool KeepingStore::Execute(const std::string& statement) {
 }
 
 void KeepingStore::Run(const WriteTarget& target, const std::string& statement) {
-  if (target.kind == WriteTarget::Kind::kInsert) {
-    inner_->ExecutarSql("", statement.c_str());
-    return RecordInserted(target);
-  }
+  if (target.kind == WriteTarget::Kind::kInsert) return Insert(*target.table, statement);
   const RecordsetRef rows = Read(target);
   if (target.kind == WriteTarget::Kind::kDelete) {
     while (rows->FetchMore(kRowsATime)) continue;
@@ -233,24 +230,23 @@ RecordsetRef KeepingStore::Read(const WriteTarget& target) {
   return rows;
 }
 
-/// A row that a statement put in is found by the number that it got; without numbers by its key, which the
-/// statement can't leave out.
-void KeepingStore::RecordInserted(const WriteTarget& target) {
-  const tsql::Table& table = *target.table;
+/// A row that a statement puts in is found by the number that it gets; without numbers nothing is written.
+void KeepingStore::Insert(const tsql::Table& table, const std::string& statement) {
+  const auto number = std::find_if(table.columns.begin(), table.columns.end(),
+                                   [](const tsql::Column& column) { return column.identity; });
+  if (number == table.columns.end())
+    throw RuntimeError(platform::kStatementRefused, table.name,
+                       "Em " + table.name + " os registos novos entram por uma selecção aberta para edição.");
+  inner_->ExecutarSql("", statement.c_str());
   RecordsetRef rows;
-  for (const tsql::Column& column : table.columns) {
-    if (!column.identity) continue;
-    inner_->AbrirLeitura(
-        "",
-        ("SELECT TOP 1 * FROM " + Bracketed(table.name) + " ORDER BY " + Bracketed(column.name) + " DESC")
-            .c_str(),
-        rows);
-    const Image after = ImageAt(table, *rows, 0, PlacesOf(table, *rows));
-    rows->Close();
-    return Changed(table, nullptr, &after);
-  }
-  throw RuntimeError(platform::kStatementRefused, table.name,
-                     "Em " + table.name + " os registos novos entram por uma selecção aberta para edição.");
+  inner_->AbrirLeitura(
+      "",
+      ("SELECT TOP 1 * FROM " + Bracketed(table.name) + " ORDER BY " + Bracketed(number->name) + " DESC")
+          .c_str(),
+      rows);
+  const Image after = ImageAt(table, *rows, 0, PlacesOf(table, *rows));
+  rows->Close();
+  Changed(table, nullptr, &after);
 }
 
 RecordsetRef KeepingStore::OpenForEditing(const std::string& statement) {

@@ -126,7 +126,7 @@ class KeepingStore : public zorCrmParvel::Store {
   void Abandon();
   void Run(const WriteTarget& target, const std::string& statement);
   zorCrmParvel::RecordsetRef Read(const WriteTarget& target);
-  void RecordInserted(const WriteTarget& target);
+  void Insert(const tsql::Table& table, const std::string& statement);
 
   std::shared_ptr<Store> inner_;
   std::shared_ptr<Store> past_;

@@ -148,7 +148,7 @@ TEST_F(TakeBackTest, WhatWasChangedUsedOrRemovedSinceIsTold) {
 }
 
 TEST_F(TakeBackTest, AnyChangeOfARowIsSeenButThatOfItsFigures) {
-  const std::string csv = "Matricula;Obs;NoMotor;NoChassis\nN;ab;;c\n";
+  const std::string csv = "Matricula;Obs;NoMotor;NoChassis\nN;ab;mm;c\n";
   long number = Log("viaturas", csv).number;
   const auto back = [&](const std::string& column, const std::string& change) {
     Sql("UPDATE zor_PV_Viaturas SET " + change + " WHERE Matricula='N'");
@@ -174,7 +174,8 @@ TEST_F(TakeBackTest, AnyChangeOfARowIsSeenButThatOfItsFigures) {
       "ValorResidual;Mensalidade;CustoMedioKmT -;QtdInicial;CustoTotal -;Obs;Media -;NoChassis;Combustivel;"
       "DataPrxRev;DataPrxInsp;KmPrxRev;Inactiva;Tacografo;DtDescarga;DataSelo;SeloPago;");
   EXPECT_EQ(back("moved", "NoMotor=NoChassis, NoChassis=NoMotor"), "moved;");
-  EXPECT_EQ(back("null", "NoMotor=NULL"), "null;");
+  EXPECT_EQ(back("null", "Cilindrada=NULL"), "null;");
+  EXPECT_EQ(back("shifted", "NoMotor='m', Cilindrada='m'"), "shifted;");
 }
 
 TEST_F(TakeBackTest, AThousandRowsAndMoreAreWrittenDownOnceEach) {

@@ -82,6 +82,47 @@ TEST_F(ActTest, NoLockIsHeldWhileAMessageIsOnTheScreen) {
   EXPECT_EQ(ReadSteps(*store, store->LastOperation()).size(), 2U) << "one operation of two units";
 }
 
+TEST_F(ActTest, WhateverTheUserIsAskedBeforeItNothingIsHeld) {
+  const DataAccessRef others(embedded::Database::Open(file));
+  class Looking : public ScriptedHost {
+   public:
+    std::function<void()> look;
+    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+      return look(), "a";
+    }
+    std::optional<std::string> OpenFile(const platform::FileDialog&) override { return look(), "b"; }
+    void ShowModal(platform::Form&, platform::Form*) override { look(); }
+    std::string ShowLookup(platform::ListaPesquisa&) override { return look(), "c"; }
+    void ShowReport(platform::MapaListagem&) override { look(); }
+    void OpenDocument(const std::string&) override { look(); }
+  } looking;
+  PausingHost pausing(looking);
+  const platform::HostInstallation current(pausing);
+  platform::Form form;
+  platform::ListaPesquisa list;
+  platform::MapaListagem report;
+  const std::function<std::string()> questions[] = {[&] { return pausing.InputBox("", "", ""); },
+                                                    [&] { return pausing.OpenFile({}).value_or(""); },
+                                                    [&] { return pausing.ShowModal(form, nullptr), "-"; },
+                                                    [&] { return pausing.ShowLookup(list); },
+                                                    [&] { return pausing.ShowReport(report), "-"; },
+                                                    [&] { return pausing.OpenDocument("x"), "-"; }};
+  std::string answers;
+  int code = 0;
+  for (const auto& question : questions)
+    Do("Acto", [&] {
+      AddCode<clMarcas>(bd, "q" + std::to_string(++code), "antes");
+      looking.look = [&] {
+        EXPECT_EQ(Rows(others, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo LIKE 'q%'").size(),
+                  static_cast<std::size_t>(code));
+      };
+      answers += question();
+    });
+  EXPECT_EQ(answers, "ab-c--");
+  EXPECT_EQ(pausing.TemporaryFolder(), looking.TemporaryFolder());
+  EXPECT_EQ(pausing.Now(), looking.Now());
+}
+
 TEST_F(ActTest, AnActIsInvisibleUntilItEnds) {
   const DataAccessRef others(embedded::Database::Open(file));
   Do("Gastos: Confirmar", [&] {
