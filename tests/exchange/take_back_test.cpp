@@ -190,6 +190,18 @@ TEST_F(TakeBackTest, AThousandRowsAndMoreAreWrittenDownOnceEach) {
   EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
 }
 
+TEST_F(TakeBackTest, NoMoreThanAThousandRowsAreHeldBack) {
+  const auto recording = platform::MakeRef<RecordingDataAccess>(bd);
+  ImportEntry entry;
+  entry.when = host.clock;
+  ImportLog log(recording, entry);
+  recording->statements.clear();
+  for (int i = 0; i < 1000; ++i) log.Add(ImportedRow());
+  EXPECT_TRUE(recording->statements.empty());
+  log.Add(ImportedRow());
+  EXPECT_EQ(recording->statements.size(), 1U);
+}
+
 TEST_F(TakeBackTest, EveryUseKeepsACode) {
   const struct {
     const char* kind;
