@@ -48,6 +48,24 @@ TEST_F(ServerCommandsTest, ATransferNeedsAFileAServerAndItsTables) {
   EXPECT_EQ(Parvel({"transferir"}), kUsage);
 }
 
+TEST_F(ServerCommandsTest, WhatWentToTheServerIsCounted) {
+  sqlserver::Traffic traffic;
+  traffic.statements = 1234;
+  traffic.trips = 56;
+  traffic.rows = 7;
+  traffic.bytes = 2048 * 1024;
+  PrintTraffic(traffic, out);
+  EXPECT_EQ(out.str(), "Servidor: 1.234 pedidos, 56 esperas pela rede, 7 registos lidos (2.048 kB).\n");
+  traffic.slowest = std::chrono::milliseconds(1500);
+  traffic.slowestStatement = "SELECT a\nFROM b" + std::string(300, 'x');
+  out.str("");
+  PrintTraffic(traffic, out);
+  EXPECT_EQ(out.str().substr(out.str().find('\n') + 1),
+            "O mais lento: 1,500 s, SELECT a FROM b" + std::string(185, 'x') + "\n");
+  EXPECT_EQ(Parvel({"--ligacao", server, "--diagnostico", "esquema"}), kDone);
+  EXPECT_TRUE(Says("\nServidor: ") || Says("Servidor: ")) << err.str();
+}
+
 TEST_F(ServerCommandsTest, WrongConnectionsAreTold) {
   struct Case {
     std::vector<std::string> arguments;

@@ -164,6 +164,8 @@ TEST_F(ImportColumnsTest, ARowIsRefusedForWhatItsFieldsComeToTogether) {
   EXPECT_EQ(report.str(), "linha 2, Custo: O produto da quantidade pelo valor unitário não cabe.\n");
   Import("cartas", "Motorista;TipoCarta;DataValidade\n1;3;14-03-2024\n1;3;15-03-2024\n");
   EXPECT_EQ(report.str(), "linha 2, DataValidade: A Data de Validade não pode ser inferior à data dia!\n");
+  Import("cartas", "Motorista;TipoCarta;DataValidade\n77;3;15-03-2031\n");
+  EXPECT_EQ(report.str(), "linha 2, Motorista: Motorista não existente!\n");
   Import("viaturas", "Matricula;Obs\nP;a;b\n");
   EXPECT_EQ(report.str(), "linha 2: A linha tem mais campos do que a primeira.\n");
 }

@@ -173,6 +173,29 @@ TEST_F(NearStoreTest, WhatIsWrittenIsSeenAtOnce) {
   EXPECT_EQ(server_->Asked(), 3);
 }
 
+TEST_F(NearStoreTest, WhatWasReadOfOneRecordAnswersOtherQuestionsAboutIt) {
+  Fill(0, 2);
+  for (int i = 1; i <= 3; ++i)
+    Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('10-AA-10', " + std::to_string(i) + ")");
+  Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('11-AA-11', 50)");
+  server_->Asked();
+  const Snapshot snapshot(near_);
+  const auto read = [&](const std::string& statement) { return testing_support::Rows(near_, statement); };
+  const auto whole = read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'");
+  EXPECT_EQ(whole.size(), 3U);
+  EXPECT_EQ(read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'"), whole);
+  EXPECT_EQ(read("SELECT SUM(ValorMulta) AS Soma FROM zor_PV_Multas WHERE Matricula = N'10-AA-10 '"),
+            (testing_support::Table{{"6"}}));
+  EXPECT_EQ(server_->Asked(), 1);
+  EXPECT_EQ(read("SELECT MAX(ValorMulta) AS Maior FROM zor_PV_Multas WHERE Matricula = N'11-AA-11'"),
+            (testing_support::Table{{"50"}}));
+  EXPECT_EQ(server_->Asked(), 1) << "of another nothing was read";
+  const zorCrmParvel::RowValues row = {platform::Variant("10-AA-10"),
+                                       platform::Variant(platform::Currency(7))};
+  store_->AddRows("zor_PV_Multas", {"Matricula", "ValorMulta"}, {&row});
+  EXPECT_EQ(read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'").size(), 4U);
+}
+
 TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
   Fill(0, 6);
   const auto small = std::make_shared<NearStore>(server_, schema::kTables, 5);
