@@ -65,5 +65,20 @@ TEST(ColumnWidthsTest, ADateIsNeverCut) {
   EXPECT_LT(table.columnWidth(1), table.fontMetrics().horizontalAdvance(note));
 }
 
+TEST(ColumnWidthsTest, NotesGiveWayToTheColumnsBehindThem) {
+  const QString note = QStringLiteral("Data de pagamento a menos de dez dias, ").repeated(2);
+  desktop::TableView table(
+      std::make_unique<Sheet>(
+          std::vector<desktop::TableColumn>{{.key = "Data", .caption = "Data", .width = 1500},
+                                            {.key = "Notas", .caption = "Notas", .width = 9000},
+                                            {.key = "Feito", .caption = "Feito", .width = 1500}},
+          std::vector<Sheet::Line>{{{"02-01-2026", note, "Adiado até 03-12-2026"}, {}}}),
+      true, nullptr);
+  table.resize(desktop::Em(&table) * 36, 300);
+  table.show();
+  EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+  EXPECT_GT(table.columnWidth(2), table.fontMetrics().horizontalAdvance("Adiado até 03-12-2026"));
+}
+
 }  // namespace
 }  // namespace desktop_test

@@ -67,8 +67,9 @@ void TableView::ApplyColumns() {
   ShareColumns();
 }
 
-/// Columns give way down to what their source gives them; those that are as short as a date never do, for
-/// half a date or half a figure would be another one.
+/// Columns give way down to what their source gives them, and to the width of a date so that all of them are
+/// in sight; those that are as short as a date never do, for half a date or half a figure would be another
+/// one.
 void TableView::MeasureColumns() {
   const std::vector<std::size_t> visible = model_->source().VisibleColumns();
   const std::vector<int> widest = WidestCells(visible);
@@ -89,7 +90,7 @@ void TableView::MeasureColumns() {
     double& holds = held_[column.key];
     holds = std::max({holds, static_cast<double>(heading), static_cast<double>(widest[i])});
     wishes_.push_back(
-        {.given = given, .holds = holds, .least = holds <= date ? holds : std::min(given, holds)});
+        {.given = given, .holds = holds, .least = holds <= date ? holds : std::min({given, holds, date})});
   }
 }
 
