@@ -201,6 +201,19 @@ TEST_F(ListPagesTest, TheKeyboardOpensTheMenusOfRowsAndHeadings) {
       << MenuShownBy(press).join("|").toStdString();
 }
 
+TEST_F(ListPagesTest, TheMenuOfColumnsSortsByTheCurrentOneWhichStaysCurrent) {
+  table().setCurrentIndex(table().model()->index(2, Column("Custo")));
+  const std::pair<const char*, const char*> orders[] = {{"Ordenar por «Custo»", "4,00 50,00 80,50"},
+                                                        {"Ordenar ao contrário", "80,50 50,00 4,00"}};
+  for (const auto& [command, costs] : orders) {
+    Choose(*window.actions().columns_menu, command);
+    EXPECT_EQ(Shown("Custo").toStdString(), costs) << command;
+    EXPECT_EQ(table().currentIndex().column(), Column("Custo"));
+  }
+  Choose(*window.actions().columns_menu, "Ordem da lista");
+  EXPECT_FALSE(table().grid().order().sort());
+}
+
 TEST_F(ListPagesTest, EnterPressesTheButtonThatHasTheKeyboard) {
   desk.script.Next([](QWidget& shown) {
     auto& dialog = dynamic_cast<desktop::ChoiceDialog&>(shown);

@@ -156,7 +156,7 @@ TEST_F(ReportsTest, AVehicleOfAListShowsItsEvolutionAndTheStartPageTheMonth) {
     for (const desktop::ChartPanel* chart : dialog.charts()) drawn += chart->shown().titulo.empty() ? 0 : 1;
   });
   for (QAction* action : window.page()->own_commands())
-    if (action->text() == "&Evolução…") action->trigger();
+    if (action->text() == "E&volução…") action->trigger();
   EXPECT_EQ(drawn, 4u);
   window.ShowList("Inicio");
   const auto& month = window.start().month();

@@ -57,7 +57,7 @@ TEST_F(RightsTest, WhatIsRefusedIsDisabledWithTheReason) {
   EXPECT_TRUE(Shown(*actions.remove).startsWith("disabled: O seu utilizador não pode remover"));
   EXPECT_TRUE(Shown(*Named("Alterar &campo…")).startsWith("disabled: O seu utilizador não pode alterar"))
       << Shown(*Named("Alterar &campo…")).toStdString();
-  EXPECT_TRUE(Named("&Evolução…")->isEnabled());
+  EXPECT_TRUE(Named("E&volução…")->isEnabled());
   EXPECT_TRUE(actions.import_file->isEnabled()) << "something may be written";
 
   desk.script.Next([](QWidget& ficha) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
@@ -112,7 +113,21 @@ bool FilterHeader::OpenMenu(const QObject* field) {
   return true;
 }
 
+/// The field that got the keyboard comes into sight, with its column.
+void FilterHeader::BringIntoView(const QObject* field) {
+  auto* table = qobject_cast<QTableView*>(parentWidget());
+  for (const auto& [section, one] : fields_) {
+    if (one != field || table == nullptr) continue;
+    const int left = sectionViewportPosition(section);
+    const int beyond = left + sectionSize(section) - table->viewport()->width();
+    QScrollBar* bar = table->horizontalScrollBar();
+    if (left < 0 || beyond > 0) bar->setValue(bar->value() + (left < 0 ? left : std::min(left, beyond)));
+    return;
+  }
+}
+
 bool FilterHeader::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) BringIntoView(watched);
   if (event->type() == QEvent::ContextMenu && contextMenuPolicy() == Qt::CustomContextMenu &&
       static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
     return OpenMenu(watched);

@@ -42,6 +42,7 @@ class FilterHeader : public QHeaderView {
   void Place();
   void Make(int section);
   bool OpenMenu(const QObject* field);
+  void BringIntoView(const QObject* field);
   int FieldHeight() const;
 
   bool shown_ = false;

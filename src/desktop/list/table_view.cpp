@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <algorithm>
 #include <exception>
 #include <utility>
@@ -260,7 +261,7 @@ void TableView::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != event->size().width()) ShareColumns();
 }
 
-void TableView::ClickedHeading(int section) {
+void TableView::TurnSort(int section) {
   const auto column = static_cast<std::size_t>(section);
   const auto& sort = model_->order().sort();
   if (!sort || sort->column != column)
@@ -273,11 +274,17 @@ void TableView::ClickedHeading(int section) {
   Q_EMIT SortChanged();
 }
 
+/// The columns in sight stay, too: somebody may be typing in the field of one.
 void TableView::KeepRow(const std::function<void()>& change) {
   const long row = CurrentRow();
+  const int column = currentIndex().column();
+  const int scrolled = horizontalScrollBar()->value();
   arranging_ = true;
   change();
   if (row < model_->source().Rows()) SetCurrentRow(row);
+  if (currentIndex().isValid() && column >= 0 && !isColumnHidden(column))
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(column), QItemSelectionModel::NoUpdate);
+  horizontalScrollBar()->setValue(scrolled);
   arranging_ = false;
   if (CurrentRow() != row) Q_EMIT RowChosen(CurrentRow());
 }

@@ -27,6 +27,8 @@ class TableView : public QTableView {
   /// Looks at the source anew and keeps the widths that the user gave.
   void Refresh();
   void SortBy(std::optional<desktop::SortBy> sort);
+  /// What a click on a heading does: by the column, the other way round, as the table has it; from the top.
+  void TurnSort(int section);
   void Search(const QString& text);
   /// Changes which rows are shown and how, and keeps the row that is chosen. Throws the error of a filter
   /// that can't be read.
@@ -99,7 +101,6 @@ class TableView : public QTableView {
   void MeasureColumns();
   std::vector<int> WidestCells(const std::vector<std::size_t>& columns) const;
   void ShareColumns();
-  void ClickedHeading(int section);
   void ResizedColumn(int section, int width);
   void KeepRow(const std::function<void()>& change);
   void GoTo(int place, int column);

@@ -16,7 +16,7 @@ void TableView::ConnectHeader(bool sortable) {
   header_->setMinimumSectionSize(Em(this) * 2);
   header_->setSectionsClickable(sortable);
   header_->setSectionsMovable(sortable);
-  if (sortable) connect(header_, &QHeaderView::sectionClicked, this, &TableView::ClickedHeading);
+  if (sortable) connect(header_, &QHeaderView::sectionClicked, this, &TableView::TurnSort);
   connect(header_, &QHeaderView::sectionResized, this,
           [this](int section, int, int width) { ResizedColumn(section, width); });
   connect(header_, &QHeaderView::sectionMoved, this, &TableView::MovedColumn);

@@ -24,6 +24,7 @@ constexpr KeyText kListKeys[] = {
     {"Ins, Ctrl+N", "Novo registo"},
     {"Del", "Remover o registo, depois de confirmar"},
     {"Shift, Ctrl com ↑ ↓", "Escolher vários registos"},
+    {"Ctrl+A, Ctrl+C", "Escolher todos; copiar os escolhidos"},
     {"F8", "Filtrar por colunas; num campo, F3 escolhe do que há"},
     {"Esc", "Mostrar tudo de novo"},
     {"F5", "Recarregar a lista"},

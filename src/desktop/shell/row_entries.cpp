@@ -15,6 +15,10 @@ bool IsVehicles(const ListEntry& list) { return std::string_view(list.key) == "V
 
 bool HasPlates(const ListEntry& list) { return std::string_view(list.keyColumn) == "Matricula"; }
 
+bool IsAny(const ListEntry&) { return true; }
+
+void CopyRows(ListPage& page, const MarkedRows&) { page.table().Copy(); }
+
 void Evolution(ListPage& page, const MarkedRows& rows) {
   ShowEvolution(page.workspace(), ToQt(rows.keys.front()), page.window());
 }
@@ -23,15 +27,16 @@ void Evolution(ListPage& page, const MarkedRows& rows) {
 
 const std::vector<RowEntry>& RowEntries() {
   static const std::vector<RowEntry> entries = {
-      {"&Evolução…", "", &HasPlates, &Evolution},
+      {"E&volução…", "", &HasPlates, &Evolution},
       {"Alterar &campo…", "", &IsVehicles, &ChangeVehicles, "zor_PV_Viaturas"},
       {"&Adiar até…", "Ctrl+D", &IsAlertList, &PutOffAlerts, "parvel_tratados"},
       {"&Tratado…", "Ctrl+T", &IsAlertList, &SettleAlerts, "parvel_tratados"},
       {"De novo &por tratar", "", &IsAlertList, &ReopenAlerts, "parvel_tratados"},
+      {"C&opiar", "Ctrl+C", &IsAny, &CopyRows},
       {"&Histórico do registo…", "Ctrl+H", &HasLife, &ShowLife},
       {"E&xportar dados pessoais…", "", &ListsDrivers, &ExportMarkedDriver},
       {"Apagar dados &pessoais…", "", &ListsDrivers, &EraseMarkedDriver, "zor_Funcionarios"},
-      {"Motoristas &inactivos…", "", &ListsDrivers, &ShowQuietDrivers},
+      {"Motoristas inac&tivos…", "", &ListsDrivers, &ShowQuietDrivers},
   };
   return entries;
 }

@@ -48,6 +48,13 @@ class Filler {
       table.ChooseColumns(moved);
     });
     menu_.addSeparator();
+    const auto& sort = table_.grid().order().sort();
+    const bool sorted = sort && sort->column == column;
+    const bool rises = sorted && sort->direction == SortDirection::kAscending;
+    Add(rises    ? QStringLiteral("&Ordenar ao contrário")
+        : sorted ? QStringLiteral("&Ordem da lista")
+                 : QStringLiteral("&Ordenar por «%1»").arg(Caption(shown)),
+        true, [column](TableView& table) { table.TurnSort(static_cast<int>(column)); });
     const bool grouped = table_.grid().order().group() == column;
     Add(grouped ? QStringLiteral("Des&agrupar") : QStringLiteral("&Agrupar por «%1»").arg(Caption(shown)),
         true, [column, grouped](TableView& table) {
