@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/written_fleet.h"
+#include "support/whole_text.h"
 
 namespace {
 
@@ -40,8 +41,7 @@ struct Rules {
     for (const Achado& achado : Excepcoes(fleet.Ready(), pedido, ajustes)) {
       text += std::string(text.empty() ? "" : "; ") + TextosDe(achado.regra).chave + " " +
               std::to_string(achado.evento->id);
-      EXPECT_FALSE(achado.texto.empty());
-      last = achado.texto;
+      texts += "  " + achado.texto + "\n";
     }
     return text;
   }
@@ -49,7 +49,7 @@ struct Rules {
   const Date monday_ = Date::Parse("05-01-2026 10:00");
   WrittenFleet fleet;
   Ajustes ajustes = AjustesIniciais();
-  std::string last;
+  std::string texts;
 };
 
 TEST(Excepcoes, AQuietFleetHasNone) {
@@ -82,6 +82,12 @@ TEST(Excepcoes, EachRuleFindsItsFault) {
        "deposito 13; km_por_dia 13"},
       {"as far as may be", [](Rules& r) { r.Next(80, 21000 + 10500); }, "consumo 13"},
       {"price off the month's median", [](Rules& r) { r.Next().valorUn = Currency::FromDouble(1.8401); },
+       "preco 13"},
+      {"price among those below one",
+       [](Rules& r) {
+         for (Evento& fill : r.fleet.frota.eventos) fill.valorUn = Currency::FromDouble(0.9);
+         r.Next().valorUn = Currency::FromDouble(0.7);
+       },
        "preco 13"},
       {"price as far off as may be", [](Rules& r) { r.Next().valorUn = Currency::FromDouble(1.84); }, ""},
       {"after it went out of service",
@@ -149,12 +155,15 @@ TEST(Excepcoes, EachRuleFindsItsFault) {
        },
        ""},
   };
+  std::string texts;
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     Rules rules;
     c.fault(rules);
-    EXPECT_EQ(rules.Found(), c.found) << rules.last;
+    EXPECT_EQ(rules.Found(), c.found) << rules.texts;
+    texts += std::string(c.name) + "\n" + rules.texts;
   }
+  testing_support::ExpectWholeText(PARVEL_SOURCE_DIR "/tests/reports/findings.txt", texts);
 }
 
 }  // namespace
