@@ -7,6 +7,7 @@
 #include "exchange/values/number_texts.h"
 #include "exchange/values/plates.h"
 #include "exchange/values/words.h"
+#include "support/whole_text.h"
 
 namespace exchange {
 namespace {
@@ -114,6 +115,42 @@ TEST(NumberTexts, AreReadWhateverGroupsAndSignsThem) {
   EXPECT_EQ(marks.Doubt(), "45.123");
   marks.Look("1.5 €");
   EXPECT_EQ(marks.Found(), '.');
+}
+
+/// What a text is read as; its kind stands before it.
+std::string ReadAs(const std::string& input) {
+  const std::string kind = input.substr(0, input.find(' '));
+  const std::string text = input.find(' ') == std::string::npos ? "" : input.substr(input.find(' ') + 1);
+  const auto date = [&](DateOrder order) {
+    const auto read = ReadDateText(text, order);
+    return read ? read->ToText() : "-";
+  };
+  const auto number = [&](const NumberFace& face) {
+    const auto read = ReadNumberText(text, face);
+    return read ? read->ToText() : "-";
+  };
+  const auto word = [&](WordSet set) { return std::to_string(NumberOfWord(set, text).value_or(-1)); };
+  if (kind == "data") return date(kDay) + " | " + date(kMonth) + " | " + date(kYear);
+  if (kind == "número")
+    return number({.decimal = ','}) + " | " + number({.decimal = '.'}) + " | " + BareNumber(text);
+  if (kind == "trocado") return number({.turned = true}) + " | " + number({.impliedDecimals = 3});
+  if (kind == "hora") return std::to_string(ReadTimeText(text).value_or(-1));
+  if (kind == "matrícula")
+    return WrittenPlate(text, true) + " | " + WrittenPlate(text, false) +
+           (IsPortuguesePlate(text) ? " | sim" : "");
+  if (kind == "palavra")
+    return word(WordSet::kTruth) + " " + word(WordSet::kFuel) + " " + word(WordSet::kLicence) + " " +
+           word(WordSet::kPayment);
+  if (kind == "classes") {
+    std::string all;
+    for (const std::string& one : LicencesIn(text)) all += "«" + one + "»";
+    return all;
+  }
+  return "«" + Folded(text) + "» «" + FoldedTight(text) + "» «" + Stripped(text) + "»";
+}
+
+TEST(Values, AreReadAsIsWrittenDown) {
+  testing_support::ExpectCases(PARVEL_SOURCE_DIR "/tests/exchange/values.txt", ReadAs);
 }
 
 TEST(Words, StandForFixedValues) {
