@@ -134,10 +134,14 @@ TEST_F(ListPagesTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
   Choose(*window.actions().views_menu, "Guardar vista…");
   Choose(*window.actions().columns_menu, "Repor colunas");
   EXPECT_FALSE(table().isColumnHidden(Column("Km")));
-  window.ShowList("Marcas");
   auto& side = *window.findChild<desktop::Sidebar*>();
-  for (int i = 0; i < side.count(); ++i)
-    if (side.item(i)->text() == "Por viatura") Q_EMIT side.itemClicked(side.item(i));
+  side.setFocus();
+  QStringList passed;
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+    Press(window, key);
+    passed << side.currentItem()->text();
+  }
+  EXPECT_EQ(passed.join(", ").toStdString(), "Início, Por viatura, Viaturas, Por viatura");
   ASSERT_STREQ(page().entry().key, "Gastos");
   EXPECT_TRUE(table().isColumnHidden(Column("Km")));
   EXPECT_EQ(Shown("Custo"), "54,00 80,50");

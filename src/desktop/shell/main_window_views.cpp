@@ -35,8 +35,12 @@ void MainWindow::ReadViews() {
 }
 
 void MainWindow::ShowView(const lists::ListView& view, bool to_work) {
-  ShowList(view.list.c_str());
-  if (list_ == nullptr || view.list != list_->entry().key) return;
+  const ListEntry* entry = FindList(view.list.c_str());
+  if (entry == nullptr) return;
+  Show(*entry, false);
+  if (list_ == nullptr) return;
+  for (std::size_t i = 0; i < views_.size(); ++i)
+    if (views_[i].name == view.name && views_[i].owner == view.owner) sidebar_->MarkView(static_cast<int>(i));
   list_->ShowLook(view.look);
   actions_->search->setText(list_->SearchText());
   if (to_work) list_->TakeFocus();

@@ -152,6 +152,11 @@ void Sidebar::Mark(const ListEntry& entry) {
     if (EntryOf(item(i)) == &entry) MarkItem(item(i));
 }
 
+void Sidebar::MarkView(int view) {
+  for (int i = 0; i < count(); ++i)
+    if (item(i)->data(kViewRole).isValid() && item(i)->data(kViewRole).toInt() == view) MarkItem(item(i));
+}
+
 void Sidebar::MarkStart() { MarkItem(item(0)); }
 
 void Sidebar::MarkItem(QListWidgetItem* item) {

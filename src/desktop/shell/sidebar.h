@@ -20,8 +20,9 @@ class Sidebar : public QListWidget {
 
  public:
   explicit Sidebar(QWidget* parent);
-  /// Marks the list that is shown.
+  /// Marks the list, or the view by its place, that is shown.
   void Mark(const ListEntry& entry);
+  void MarkView(int view);
   void MarkStart();
   /// Shows the views that there are, below the start page.
   void ShowViews(const std::vector<lists::ListView>& views);
