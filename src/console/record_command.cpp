@@ -9,6 +9,7 @@
 
 #include "console/list_printer.h"
 #include "drivers/licence_classes.h"
+#include "host/literal.h"
 #include "platform/recordset.h"
 #include "platform/text.h"
 
@@ -90,16 +91,9 @@ constexpr Section kDriverEvents[] = {
      "S.Data DESC, S.Id DESC"},
 };
 
-std::string WithDoubledApostrophes(const std::string& text) {
-  std::string doubled;
-  for (const char c : text) doubled += c == '\'' ? "''" : std::string(1, c);
-  return doubled;
-}
-
 /// A statement with the key put in; an apostrophe in it stays a part of it.
 RecordsetRef Open(const DataAccessRef& bd, const char* sql, const std::string& key, const char* order) {
-  const std::string doubled = WithDoubledApostrophes(key);
-  Statement statement{zorCrmParvel::fixed(sql), zorCrmParvel::value(doubled), "'"};
+  Statement statement{zorCrmParvel::fixed(sql), zorCrmParvel::value(zorCrmParvel::InsideLiteral(key)), "'"};
   if (order != nullptr) statement << " ORDER BY " << zorCrmParvel::fixed(order);
   RecordsetRef rows;
   bd->AbrirLeitura("", statement, rows);

@@ -1,5 +1,6 @@
 #include "due/handled.h"
 
+#include "host/literal.h"
 #include "platform/format.h"
 #include "platform/host.h"
 #include "platform/runtime_error.h"
@@ -10,20 +11,19 @@ namespace {
 
 using platform::Date;
 using zorCrmParvel::DataAccessRef;
+using zorCrmParvel::InsideLiteral;
 using zorCrmParvel::Statement;
 using zorCrmParvel::value;
 
 constexpr std::size_t kNoteLimit = 200;
 
-std::string InLiteral(const std::string& text) {
-  std::string doubled;
-  for (char c : text) doubled += c == '\'' ? std::string("''") : std::string(1, c);
-  return doubled;
-}
-
 Statement Of(const char* begin, const std::string& list, const std::string& alert) {
-  return Statement{
-      begin, " WHERE Lista = N'", value(InLiteral(list)), "' AND Registo = N'", value(InLiteral(alert)), "'"};
+  return Statement{begin,
+                   " WHERE Lista = N'",
+                   value(InsideLiteral(list)),
+                   "' AND Registo = N'",
+                   value(InsideLiteral(alert)),
+                   "'"};
 }
 
 std::string TextOf(const zorCrmParvel::RecordsetRef& rows, const char* field) {
@@ -67,7 +67,7 @@ Handlings HandlingsOf(const DataAccessRef& bd, const std::string& list, Date tod
     bd->AbrirLeitura(
         "",
         Statement{"SELECT Registo, Ate, Nota, Quem, Quando FROM parvel_tratados WHERE Lista = N'",
-                  value(InLiteral(list)), "'"},
+                  value(InsideLiteral(list)), "'"},
         rows);
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kInvalidObject) throw;

@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "entry/expense_fields.h"
+#include "host/literal.h"
 #include "platform/text.h"
 
 namespace entry {
 namespace {
 
 using zorCrmParvel::Gastos;
+using zorCrmParvel::InsideLiteral;
 using zorCrmParvel::Statement;
 using zorCrmParvel::value;
 
@@ -21,9 +23,10 @@ struct LastExpense {
 LastExpense Read(const zorCrmParvel::DataAccessRef& bd, const std::string& plate, const std::string& type,
                  const std::vector<std::string>& others) {
   Statement statement{"SELECT TOP 1 TipoGasto, Motorista, ValorUn FROM zor_PV_Gastos WHERE Matricula = N'",
-                      value(Doubled(plate)), "'"};
-  if (!type.empty()) statement << " AND TipoGasto = N'" << value(Doubled(type)) << "'";
-  for (const std::string& other : others) statement << " AND TipoGasto <> N'" << value(Doubled(other)) << "'";
+                      value(InsideLiteral(plate)), "'"};
+  if (!type.empty()) statement << " AND TipoGasto = N'" << value(InsideLiteral(type)) << "'";
+  for (const std::string& other : others)
+    statement << " AND TipoGasto <> N'" << value(InsideLiteral(other)) << "'";
   statement << " ORDER BY Data DESC, Gst_Id DESC";
   zorCrmParvel::RecordsetRef rows;
   bd->AbrirLeitura("", statement, rows);

@@ -24,14 +24,15 @@ std::vector<std::string> Plates(KeepingStore& store) {
 }
 
 bool HasExpenses(KeepingStore& store, const std::string& plate) {
-  return !OpenRows(store, "SELECT TOP 1 Gst_Id FROM zor_PV_Gastos WHERE Matricula = " + Quoted(plate))->Eof();
+  return !OpenRows(store, "SELECT TOP 1 Gst_Id FROM zor_PV_Gastos WHERE Matricula = " + TextLiteral(plate))
+              ->Eof();
 }
 
 Image FiguresOf(KeepingStore& store, const tsql::Table& vehicles, const std::string& plate) {
   std::string names;
   for (const char* name : kFigures) names += (names.empty() ? "" : ", ") + std::string(name);
   const auto rows =
-      OpenRows(store, "SELECT " + names + " FROM zor_PV_Viaturas WHERE Matricula = " + Quoted(plate));
+      OpenRows(store, "SELECT " + names + " FROM zor_PV_Viaturas WHERE Matricula = " + TextLiteral(plate));
   return ImageAt(vehicles, *rows, 0, PlacesOf(vehicles, *rows));
 }
 

@@ -2,6 +2,7 @@
 
 #include "history/digest.h"
 #include "history/json.h"
+#include "host/literal.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -66,9 +67,7 @@ std::string SqlLiteral(const tsql::Column& column, const Variant& value) {
     case FieldType::kBytes:
       break;
   }
-  std::string literal = "N'";
-  for (const char c : value.ToText()) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return literal + "'";
+  return zorCrmParvel::TextLiteral(value.ToText());
 }
 
 std::string NamesOf(const std::vector<const tsql::Column*>& columns) {

@@ -39,9 +39,10 @@ std::optional<Noted> NotedBy(KeepingStore& store, long operation) {
 }
 
 long OperationThatNoted(KeepingStore& store, const std::string& table, const std::string& key) {
-  const auto rows = OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Chave = " + Quoted(key) +
-                                        " AND Tabela = " + Quoted(table) +
-                                        " AND Linhas = 0 AND Anula IS NULL ORDER BY Id DESC");
+  const auto rows =
+      OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Chave = " + TextLiteral(key) +
+                          " AND Tabela = " + TextLiteral(table) +
+                          " AND Linhas = 0 AND Anula IS NULL ORDER BY Id DESC");
   return rows->Eof() ? 0 : NumberIn(*rows, "Id");
 }
 

@@ -83,8 +83,8 @@ const char* ConditionOf(Kind kind) {
 
 std::string ConditionOf(const Filter& filter) {
   std::string condition = ConditionOf(filter.kind);
-  if (!filter.record.empty()) condition += " AND Registo = " + Quoted(filter.record);
-  if (!filter.operador.empty()) condition += " AND Operador = " + Quoted(filter.operador);
+  if (!filter.record.empty()) condition += " AND Registo = " + TextLiteral(filter.record);
+  if (!filter.operador.empty()) condition += " AND Operador = " + TextLiteral(filter.operador);
   if (filter.from) condition += " AND Momento >= " + DayLiteral(*filter.from);
   if (filter.to) condition += " AND Momento < " + DayLiteral(filter.to->AddDays(1));
   if (!filter.text.empty()) {
@@ -96,7 +96,8 @@ std::string ConditionOf(const Filter& filter) {
 }
 
 bool IsRecord(KeepingStore& store, const std::string& text) {
-  return !OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Registo = " + Quoted(text))->Eof();
+  return !OpenRows(store, "SELECT TOP 1 Id FROM parvel_historico WHERE Registo = " + TextLiteral(text))
+              ->Eof();
 }
 
 /// The numbers of the operations of a span that wrote rows of a table. An operation that began below the span
@@ -105,7 +106,7 @@ std::vector<long> WritersOf(KeepingStore& store, const std::string& table, long 
   for (;;) {
     std::set<long, std::greater<>> heads;
     const RecordsetRef rows =
-        OpenRows(store, "SELECT Id, Operacao FROM parvel_historico WHERE Tabela = " + Quoted(table) +
+        OpenRows(store, "SELECT Id, Operacao FROM parvel_historico WHERE Tabela = " + TextLiteral(table) +
                             " AND Id < " + std::to_string(below) + " AND Id >= " + std::to_string(floor));
     for (; !rows->Eof(); rows->MoveNext()) {
       const long head = NumberIn(*rows, "Operacao");

@@ -37,7 +37,7 @@ std::set<std::string> NeededFrom(KeepingStore& store, long number) {
   for (const tsql::Table& table : store.catalog().tables()) {
     if (std::none_of(table.columns.begin(), table.columns.end(), HoldsBytes)) continue;
     const auto rows =
-        OpenRows(store, "SELECT Antes FROM parvel_historico WHERE Tabela = " + Quoted(table.name) +
+        OpenRows(store, "SELECT Antes FROM parvel_historico WHERE Tabela = " + TextLiteral(table.name) +
                             " AND Antes IS NOT NULL AND Id >= " + std::to_string(number));
     for (; !rows->Eof(); rows->MoveNext())
       for (const Image& image : ImagesOf(table, TextIn(*rows, "Antes")))
@@ -78,7 +78,8 @@ long ForgetUnneededDocuments(KeepingStore& store, long from) {
     if (const std::string digest = TextIn(*rows, "Resumo"); !needed.contains(digest)) gone.push_back(digest);
   rows->Close();
   for (const std::string& digest : gone)
-    store.inner()->ExecutarSql("", ("DELETE FROM parvel_conteudos WHERE Resumo = " + Quoted(digest)).c_str());
+    store.inner()->ExecutarSql(
+        "", ("DELETE FROM parvel_conteudos WHERE Resumo = " + TextLiteral(digest)).c_str());
   return static_cast<long>(gone.size());
 }
 

@@ -24,17 +24,11 @@ long NumberIn(platform::Recordset& rows, const char* column) {
   return value.IsNull() ? 0 : value.ToLong();
 }
 
-std::string Quoted(const std::string& text) {
-  std::string literal = "N'";
-  for (const char c : text) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return literal + "'";
-}
-
 std::string Anywhere(const std::string& text) {
   std::string pattern = "%";
   for (const char c : text)
     pattern += c == '%' || c == '_' || c == '[' ? std::string("[") + c + "]" : std::string(1, c);
-  return Quoted(pattern + "%");
+  return TextLiteral(pattern + "%");
 }
 
 std::string DayLiteral(platform::Date day) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "history/keeping_store.h"
+#include "host/literal.h"
 
 /// Small steps on the tables of the history that its readers share.
 namespace history {
@@ -14,10 +15,10 @@ zorCrmParvel::RecordsetRef OpenRows(KeepingStore& store, const std::string& stat
 std::string TextIn(platform::Recordset& rows, const char* column);
 long NumberIn(platform::Recordset& rows, const char* column);
 
-/// A text, and below a day, as statements spell them.
-std::string Quoted(const std::string& text);
+using zorCrmParvel::TextLiteral;
 /// A pattern that finds a text anywhere: what stands for other characters in a pattern stands for itself.
 std::string Anywhere(const std::string& text);
+/// A day as statements spell it.
 std::string DayLiteral(platform::Date day);
 /// "1, 2, 3": numbers as conditions take them, some in each text.
 std::vector<std::string> ListsOf(const std::vector<long>& numbers, std::size_t most);

@@ -4,6 +4,7 @@
 #include <bit>
 #include <utility>
 
+#include "host/literal.h"
 #include "platform/format.h"
 
 namespace lists {
@@ -12,22 +13,18 @@ namespace {
 using platform::Cell;
 using platform::FieldType;
 using platform::Variant;
+using zorCrmParvel::InsideLiteral;
 using zorCrmParvel::Statement;
 
 /// Most rows in one statement. Fewer are filled up to a power of two, so that there are few to prepare.
 constexpr std::size_t kTogether = 256;
 constexpr long kAhead = 12;  // rows
 
-std::string InLiteral(const std::string& key) {
-  std::string doubled;
-  for (char c : key) doubled += c == '\'' ? std::string("''") : std::string(1, c);
-  return doubled;
-}
-
 void AddKey(Statement& statement, const std::string& key, bool text) {
   // Numbers of records come from the database: they hold digits alone.
   if (text)
-    statement << zorCrmParvel::fixed("N'") << zorCrmParvel::value(InLiteral(key)) << zorCrmParvel::fixed("'");
+    statement << zorCrmParvel::fixed("N'") << zorCrmParvel::value(InsideLiteral(key))
+              << zorCrmParvel::fixed("'");
   else
     statement << zorCrmParvel::value(key);
 }

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/literal.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -10,24 +11,19 @@ namespace {
 
 using nlohmann::json;
 using zorCrmParvel::DataAccessRef;
+using zorCrmParvel::InsideLiteral;
 using zorCrmParvel::Statement;
 
 constexpr std::size_t kNameLimit = 60;
-
-std::string InLiteral(const std::string& text) {
-  std::string doubled;
-  for (char c : text) doubled += c == '\'' ? std::string("''") : std::string(1, c);
-  return doubled;
-}
 
 Statement ByKey(const char* begin, const ListView& view) {
   return Statement{begin,
                    " WHERE Lista = N'",
                    zorCrmParvel::value(view.list),
                    "' AND Dono = N'",
-                   zorCrmParvel::value(InLiteral(view.owner)),
+                   zorCrmParvel::value(InsideLiteral(view.owner)),
                    "' AND Nome = N'",
-                   zorCrmParvel::value(InLiteral(view.name)),
+                   zorCrmParvel::value(InsideLiteral(view.name)),
                    "'"};
 }
 
@@ -71,7 +67,7 @@ std::vector<ListView> ViewsOf(const DataAccessRef& bd, const std::string& person
     bd->AbrirLeitura(
         "",
         Statement{"SELECT Nome, Lista, Dono, Vista FROM parvel_vistas WHERE Dono = N'' OR Dono = N'",
-                  zorCrmParvel::value(InLiteral(person)), "' ORDER BY Lista, Nome, Dono"},
+                  zorCrmParvel::value(InsideLiteral(person)), "' ORDER BY Lista, Nome, Dono"},
         rows);
   } catch (const platform::RuntimeError& error) {
     if (error.number() != platform::kInvalidObject) throw;

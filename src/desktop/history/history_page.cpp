@@ -17,6 +17,7 @@
 #include "desktop/history/undo_dialog.h"
 #include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
 #include "history/view/periods.h"
@@ -66,17 +67,8 @@ HistoryPage::HistoryPage(Workspace& workspace, QWidget* parent)
 
 void HistoryPage::Build() {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* heading = new QHBoxLayout;
-  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
-  auto* title = new QLabel(Title(), this);
-  SetTitleFont(title, 1.5);
   SetMuted(count_);
-  heading->addWidget(title);
-  heading->addStretch(1);
-  heading->addWidget(count_, 0, Qt::AlignBottom);
-  column->addLayout(heading);
+  AddHeading(*column, new QLabel(Title(), this))->addWidget(count_, 0, Qt::AlignBottom);
   column->addWidget(Filters());
 
   table_->setModel(model_);

@@ -12,6 +12,7 @@
 #include "desktop/list/tools/filter_bar.h"
 #include "desktop/list/tools/list_look.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_page.h"
 
@@ -59,19 +60,10 @@ ListPage::~ListPage() {
 
 void ListPage::Build() {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-
-  auto* heading = new QHBoxLayout;
-  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
   title_->setTextFormat(Qt::PlainText);
   title_->setText(Title());
-  SetTitleFont(title_, 1.5);
   SetMuted(count_);
-  heading->addWidget(title_);
-  heading->addStretch(1);
-  heading->addWidget(count_, 0, Qt::AlignBottom);
-  column->addLayout(heading);
+  AddHeading(*column, title_)->addWidget(count_, 0, Qt::AlignBottom);
   column->addWidget(bar_);
 
   table_->setAccessibleName(Title());

@@ -14,6 +14,7 @@
 
 #include "desktop/list/item_painter.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_box.h"
 #include "host/ficha.h"
@@ -52,13 +53,7 @@ MonthPage::MonthPage(Workspace& workspace, QWidget* parent)
 
 void MonthPage::Build() {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* heading = new QHBoxLayout;
-  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
-  SetTitleFont(title_, 1.5);
-  heading->addWidget(title_);
-  heading->addStretch(1);
+  QHBoxLayout* heading = AddHeading(*column, title_);
   const auto add = [this, heading](const QString& text, const QString& tip, int months) {
     auto* button = new QPushButton(text, this);
     button->setToolTip(tip);
@@ -73,7 +68,6 @@ void MonthPage::Build() {
   add(QStringLiteral("Ant&erior"), QStringLiteral("Mês anterior (PgUp)"), -1);
   add(QStringLiteral("Ho&je"), QStringLiteral("O mês em que estamos"), 0);
   add(QStringLiteral("&Seguinte"), QStringLiteral("Mês seguinte (PgDn)"), 1);
-  column->addLayout(heading);
 
   days_->setAccessibleName(QStringLiteral("Dias do mês"));
   days_->setFrameShape(QFrame::NoFrame);

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/reports/month_panel.h"
 #include "desktop/start/alert_card.h"
 #include "desktop/start/first_steps_page.h"
@@ -53,18 +54,8 @@ StartPage::StartPage(const AlertBoard& board, QWidget* parent)
 
 void StartPage::Build() {
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-
-  auto* heading = new QHBoxLayout;
-  heading->setContentsMargins(Gap(this), WideGap(this), WideGap(this), Gap(this));
-  auto* title = new QLabel(QStringLiteral("Início"), this);
-  SetTitleFont(title, 1.5);
   SetMuted(day_);
-  heading->addWidget(title);
-  heading->addStretch(1);
-  heading->addWidget(day_, 0, Qt::AlignBottom);
-  column->addLayout(heading);
+  AddHeading(*column, new QLabel(QStringLiteral("Início"), this))->addWidget(day_, 0, Qt::AlignBottom);
 
   notice_->setTextFormat(Qt::PlainText);
   notice_->setWordWrap(true);

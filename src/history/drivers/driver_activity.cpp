@@ -54,7 +54,7 @@ std::vector<QuietDriver> DriversQuietSince(KeepingStore& store, Date day) {
 }
 
 std::optional<std::string> NameOfDriver(KeepingStore& store, const std::string& code) {
-  const auto rows = OpenRows(store, "SELECT Nome FROM zor_Funcionarios WHERE Codigo = " + Quoted(code));
+  const auto rows = OpenRows(store, "SELECT Nome FROM zor_Funcionarios WHERE Codigo = " + TextLiteral(code));
   if (rows->Eof()) return {};
   return TextIn(*rows, "Nome");
 }

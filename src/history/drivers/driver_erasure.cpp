@@ -71,7 +71,7 @@ class Erasure {
   std::string FreeCode() {
     for (int number = 1;; ++number) {
       std::string code = "Ex-" + std::to_string(number);
-      if (OpenRows(store_, "SELECT Codigo FROM zor_Funcionarios WHERE Codigo = " + Quoted(code))->Eof())
+      if (OpenRows(store_, "SELECT Codigo FROM zor_Funcionarios WHERE Codigo = " + TextLiteral(code))->Eof())
         return code;
     }
   }
@@ -80,11 +80,11 @@ class Erasure {
 
   void ReplaceRows() {
     for (const DriverTable& each : DriverTables()) {
-      std::string where = std::string(" WHERE ") + each.column + " = " + Quoted(code_);
+      std::string where = std::string(" WHERE ") + each.column + " = " + TextLiteral(code_);
       if (*each.condition != '\0') where += std::string(" AND ") + each.condition;
-      Run(each.own
-              ? "DELETE FROM " + Bracketed(each.table) + where
-              : "UPDATE " + Bracketed(each.table) + " SET " + each.column + " = " + Quoted(new_) + where);
+      Run(each.own ? "DELETE FROM " + Bracketed(each.table) + where
+                   : "UPDATE " + Bracketed(each.table) + " SET " + each.column + " = " + TextLiteral(new_) +
+                         where);
     }
     zorCrmParvel::clMotoristas nobody;
     nobody.bd = bd_;
@@ -110,8 +110,8 @@ class Erasure {
 
   void RenameImportedRows() {
     if (store_.catalog().Find("parvel_importacoes_linhas") == nullptr) return;
-    Run("UPDATE parvel_importacoes_linhas SET Chave = " + Quoted(new_) +
-        " WHERE Tabela = N'zor_Funcionarios' AND Chave = " + Quoted(code_));
+    Run("UPDATE parvel_importacoes_linhas SET Chave = " + TextLiteral(new_) +
+        " WHERE Tabela = N'zor_Funcionarios' AND Chave = " + TextLiteral(code_));
   }
 
   /// Texts of any table that name the person. Keys stay as they are, and so does whom other drivers' records

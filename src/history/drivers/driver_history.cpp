@@ -35,7 +35,7 @@ RecordsetRef DriverHistory::Open(const DriverTable& from, const std::string& con
   RecordsetRef rows;
   const std::string statement =
       "SELECT Id, Operacao, Tabela, Chave, Linhas, Antes, Depois FROM parvel_historico WHERE Tabela = " +
-      Quoted(from.table) + condition;
+      TextLiteral(from.table) + condition;
   store_.inner()->AbrirEdicao(statement.c_str(), rows);
   return rows;
 }

@@ -37,7 +37,7 @@ const std::vector<DriverTable>& DriverTables() {
 std::vector<Image> ReadDriverRows(KeepingStore& store, const DriverTable& from, const std::string& code) {
   const tsql::Table& table = store.catalog().Get(from.table);
   std::string statement =
-      "SELECT * FROM " + Bracketed(table.name) + " WHERE " + from.column + " = " + Quoted(code);
+      "SELECT * FROM " + Bracketed(table.name) + " WHERE " + from.column + " = " + TextLiteral(code);
   if (*from.condition != '\0') statement += std::string(" AND ") + from.condition;
   return ImagesOf(table, *OpenRows(store, statement));
 }

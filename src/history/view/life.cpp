@@ -80,9 +80,9 @@ std::vector<Change> ReadLife(KeepingStore& store, const tsql::Table& table, cons
                              int most) {
   std::vector<Change> life;
   if (!store.HasHistory()) return life;
-  const auto rows =
-      OpenRows(store, "SELECT Id, Operacao, Tabela, Antes, Depois FROM parvel_historico WHERE Tabela = " +
-                          Quoted(table.name) + " AND Chave IN (" + Quoted(key) + ", '*') ORDER BY Id DESC");
+  const auto rows = OpenRows(
+      store, "SELECT Id, Operacao, Tabela, Antes, Depois FROM parvel_historico WHERE Tabela = " +
+                 TextLiteral(table.name) + " AND Chave IN (" + TextLiteral(key) + ", '*') ORDER BY Id DESC");
   std::vector<long> heads;
   for (; !rows->Eof() && life.size() < static_cast<std::size_t>(most); rows->MoveNext()) {
     Step step;

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "host/literal.h"
 #include "platform/format.h"
 #include "sqlserver/values.h"
 
@@ -14,13 +15,11 @@ using platform::Variant;
 
 constexpr std::size_t kLongest = 4000;  // characters of a text, bytes of anything else
 
-std::optional<std::string> TextLiteral(const std::string& text) {
+std::optional<std::string> TextThatFits(const std::string& text) {
   if (text.size() > kLongest || text.find('\0') != std::string::npos) return {};
   for (auto at = text.find('\\'); at != std::string::npos; at = text.find('\\', at + 1))
     if (at + 1 < text.size() && (text[at + 1] == '\n' || text[at + 1] == '\r')) return {};
-  std::string literal = "N'";
-  for (const char c : text) literal += c == '\'' ? std::string("''") : std::string(1, c);
-  return literal + "'";
+  return zorCrmParvel::TextLiteral(text);
 }
 
 /// With an exponent: so it is a float from the start, and every digit counts.
@@ -49,7 +48,7 @@ std::optional<std::string> LiteralOf(FieldType type, const Variant& value) {
     case FieldType::kDate:
       return "'" + platform::FormatDate(value.ToDate(), "yyyy-mm-dd hh:mm:ss") + "'";
     case FieldType::kText:
-      return TextLiteral(value.ToText());
+      return TextThatFits(value.ToText());
     case FieldType::kBytes:
       break;
   }

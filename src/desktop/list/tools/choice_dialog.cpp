@@ -7,8 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "lists/words.h"
 
@@ -47,18 +47,7 @@ ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std
   if (list_->count() > 0) list_->setCurrentRow(0);
   connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
   column->addWidget(list_, 1);
-  auto* buttons = new QHBoxLayout;
-  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
-  auto* choose = new QPushButton(QStringLiteral("&Filtrar"), this);
-  cancel->setAutoDefault(false);
-  choose->setDefault(true);
-  HouseStyle::SetAccent(choose);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(choose, &QPushButton::clicked, this, &QDialog::accept);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(choose);
-  column->addLayout(buttons);
+  AddAnswers(*this, *column, new QPushButton(QStringLiteral("&Filtrar"), this));
   search_->setFocus();
   resize(QSize(Em(this) * kWidth, Em(this) * kHeight).boundedTo(RoomOnScreen(this)));
 }

@@ -10,8 +10,8 @@
 #include "desktop/list/list_page.h"
 #include "desktop/list/list_source.h"
 #include "desktop/look/day_edit.h"
-#include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "history/who.h"
 #include "platform/host.h"
@@ -79,18 +79,8 @@ HandlingDialog::HandlingDialog(bool puts_off, const QString& alerts, QWidget* pa
   note_->setAccessibleName(QStringLiteral("Nota"));
   form->addRow(QStringLiteral("&Nota"), note_);
   column->addLayout(form);
-  auto* buttons = new QHBoxLayout;
-  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
-  auto* done = new QPushButton(puts_off ? QStringLiteral("A&diar") : QStringLiteral("&Marcar tratado"), this);
-  cancel->setAutoDefault(false);
-  done->setDefault(true);
-  HouseStyle::SetAccent(done);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(done, &QPushButton::clicked, this, &QDialog::accept);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(done);
-  column->addLayout(buttons);
+  const QString done = puts_off ? QStringLiteral("A&diar") : QStringLiteral("&Marcar tratado");
+  AddAnswers(*this, *column, new QPushButton(done, this));
   (puts_off ? static_cast<QWidget*>(until_) : note_)->setFocus();
 }
 

@@ -11,8 +11,8 @@
 
 #include "desktop/history/side_by_side.h"
 #include "desktop/list/list_page.h"
-#include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "history/act.h"
 
@@ -62,17 +62,7 @@ void VehicleFieldDialog::Build() {
   column->addWidget(rows_, 1);
   SetMuted(sum_);
   column->addWidget(sum_);
-  auto* buttons = new QHBoxLayout;
-  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
-  cancel->setAutoDefault(false);
-  change_->setDefault(true);
-  HouseStyle::SetAccent(change_);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(change_);
-  column->addLayout(buttons);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(change_, &QPushButton::clicked, this, &QDialog::accept);
+  AddAnswers(*this, *column, change_);
   connect(field_, &QComboBox::currentIndexChanged, this, &VehicleFieldDialog::ShowField);
   value_->setPlaceholderText(QStringLiteral("Escolha…"));
   connect(value_, &QComboBox::currentTextChanged, this, [this] {

@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "desktop/look/house_style.h"
 #include "desktop/look/look.h"
+#include "desktop/look/parts.h"
 
 namespace desktop {
 namespace {
@@ -42,21 +42,11 @@ ViewDialog::ViewDialog(QWidget* parent)
   column->addWidget(name_);
   column->addWidget(all_);
   column->addWidget(note);
-  auto* buttons = new QHBoxLayout;
-  auto* cancel = new QPushButton(QStringLiteral("&Cancelar"), this);
   auto* keep = new QPushButton(QStringLiteral("&Guardar"), this);
-  cancel->setAutoDefault(false);
-  keep->setDefault(true);
   keep->setEnabled(false);
-  HouseStyle::SetAccent(keep);
   connect(name_, &QLineEdit::textChanged, keep,
           [keep](const QString& text) { keep->setEnabled(!text.trimmed().isEmpty()); });
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(keep, &QPushButton::clicked, this, &QDialog::accept);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(keep);
-  column->addLayout(buttons);
+  AddAnswers(*this, *column, keep);
   name_->setFocus();
 }
 
