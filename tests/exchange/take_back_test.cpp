@@ -2,10 +2,12 @@
 
 #include "exchange/imports/take_back.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "exchange/import_fixture.h"
 #include "exchange/imports/row_mark.h"
+#include "exchange/imports/stored_rows.h"
 #include "exchange/profile/import_kinds.h"
 #include "exchange/table_files.h"
 
@@ -200,6 +202,28 @@ TEST_F(TakeBackTest, NoMoreThanAThousandRowsAreHeldBack) {
   EXPECT_TRUE(recording->statements.empty());
   log.Add(ImportedRow());
   EXPECT_EQ(recording->statements.size(), 1U);
+}
+
+TEST_F(TakeBackTest, EventsGoToTheDatabaseTogether) {
+  const auto recording = platform::MakeRef<RecordingDataAccess>(bd);
+  ImportLog log(bd, ImportEntry());
+  StoredRows rows(recording, *KindOf("multas"), log);
+  const auto target = MakeImportTarget("multas", rows.through());
+  for (int i = 1; i <= 10; ++i) {
+    ImportRow row(target->Columns());
+    row.at(0).text = "12-AB-34";
+    row.at(1).date = platform::Date::FromParts(2024, 2, i);
+    EXPECT_EQ(target->Store(row), Outcome::kAdded);
+    rows.Add("", i, "");
+    Rows(rows.through(), "SELECT Matricula FROM zor_PV_Viaturas");
+  }
+  EXPECT_TRUE(Rows(bd, "SELECT Id FROM zor_PV_Multas").empty()) << "reads of other tables send nothing";
+  EXPECT_EQ(Rows(rows.through(), "SELECT Id FROM zor_PV_Multas").size(), 10U) << "those of its own do";
+  EXPECT_EQ(std::count_if(recording->statements.begin(), recording->statements.end(),
+                          [](const std::string& one) { return one.find("WHERE 1=0") != std::string::npos; }),
+            1);
+  rows.Finish();
+  EXPECT_EQ(log.rows(), 10);
 }
 
 TEST_F(TakeBackTest, EveryUseKeepsACode) {

@@ -55,6 +55,7 @@ TEST(RowOrderTest, SortsByWhatAColumnHolds) {
       {"texts that are dates", {"01-12-2024", "02-01-2024", "", "15-06-2023 10:30:00"}, {2, 3, 1, 0}},
       {"texts without regard to case and accents", {"Zé", "árvore", "Banana", "arvore"}, {3, 1, 2, 0}},
       {"codes with numbers by their numbers", {"R10", "R9", "r1"}, {2, 1, 0}},
+      {"dashes of any kind alike", {"a-10", "a–2"}, {1, 0}},
       {"a text among dates", {"02-01-2024", "sem data", "01-12-2024"}, {2, 0, 1}},
   };
   for (const auto& [what, column, ascending] : cases) {

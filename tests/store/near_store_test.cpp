@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "alerts/alert_builders.h"
 #include "alerts/alert_rules.h"
 #include "events/expense_figures.h"
@@ -179,8 +181,8 @@ TEST_F(NearStoreTest, WhatWasReadOfOneRecordAnswersOtherQuestionsAboutIt) {
     Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('10-AA-10', " + std::to_string(i) + ")");
   Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('11-AA-11', 50)");
   server_->Asked();
-  const Snapshot snapshot(near_);
   const auto read = [&](const std::string& statement) { return testing_support::Rows(near_, statement); };
+  std::optional<Snapshot> snapshot(near_);
   const auto whole = read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'");
   EXPECT_EQ(whole.size(), 3U);
   EXPECT_EQ(read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'"), whole);
@@ -194,6 +196,11 @@ TEST_F(NearStoreTest, WhatWasReadOfOneRecordAnswersOtherQuestionsAboutIt) {
                                        platform::Variant(platform::Currency(7))};
   store_->AddRows("zor_PV_Multas", {"Matricula", "ValorMulta"}, {&row});
   EXPECT_EQ(read("SELECT * FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'").size(), 4U);
+  server_->Asked();
+  snapshot.reset();
+  snapshot.emplace(near_);
+  for (int twice = 0; twice < 2; ++twice) read("SELECT Id FROM zor_PV_Multas WHERE Matricula = N'10-AA-10'");
+  EXPECT_EQ(server_->Asked(), 1) << "what is read in another is remembered again";
 }
 
 TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
