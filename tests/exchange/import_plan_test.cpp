@@ -218,6 +218,40 @@ TEST_F(ImportPlanTest, OfEqualRowsAsManyAreNewAsTheDatabaseLacksWhateverItsAge) 
   EXPECT_EQ(States().substr(0, 26), "2 repetida\n3 nova\n4 recusa");
 }
 
+TEST_F(ImportPlanTest, KilometresAreProposedOnTheLineThroughReadings) {
+  using platform::Date;
+  Sql("UPDATE zor_PV_Viaturas SET KmInicial=0");
+  const std::pair<Date, int> stored[] = {{Date::FromParts(2023, 9, 1), 5000},
+                                         {Date::FromParts(2024, 1, 10), 11000},
+                                         {Date::FromParts(2024, 1, 20), 12000},
+                                         {Date::FromParts(2024, 2, 20), 11900}};
+  for (const auto& [date, km] : stored) AddExpense(bd, "12-AB-34", date, "GASOLEO", "40", "60", km);
+  const auto proposed = [&](const char* date, bool accept) {
+    Read(std::string("Matrícula;Data;Tipo;Litros;Valor;Km\n12-AB-34;") + date + ";GASOLEO;40;61;\n",
+         [](Profile& profile) {
+           profile.proposeKm = true;
+           profile.dateOrder = DateOrder::kDayFirst;
+         });
+    plan->AcceptProposals(accept);
+    plan->Check();
+    return States().substr(2);
+  };
+  EXPECT_EQ(proposed("15-01-2024", true), "aviso : Km propostos: 11500.\n");
+  EXPECT_EQ(proposed("15-01-2024", false),
+            "recusada Km: Sem quilómetros; propõem-se 11500, que ninguém viu ainda.\n");
+  EXPECT_EQ(proposed("16-01-2024 06:00", true), "aviso : Km propostos: 11625.\n");
+  EXPECT_EQ(proposed("01-12-2023", true), "aviso : Km propostos: 9167.\n");
+  EXPECT_EQ(proposed("01-08-2023", true),
+            "recusada Km: O tipo de Gasto exige quilometragem superior a zero!\n")
+      << "nothing was read before it";
+  EXPECT_EQ(proposed("01-02-2024", true).substr(0, 8), "recusada") << "the line goes down";
+  Sql("DELETE FROM zor_PV_Gastos WHERE Km=11900");
+  EXPECT_EQ(proposed("25-01-2024", true), "aviso : Km propostos: 12500.\n");
+  Sql("DELETE FROM zor_PV_Gastos WHERE Km=11000");
+  EXPECT_EQ(proposed("25-01-2024", true).substr(0, 8), "recusada")
+      << "one reading of the last ninety days is no line";
+}
+
 TEST(CellStore, KeepsRowsInMemoryAndInAFileAlike) {
   CellStore store(100);
   std::vector<std::pair<std::uint64_t, std::string>> rows;

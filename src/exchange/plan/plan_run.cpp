@@ -149,9 +149,9 @@ void PlanRun::ProposeKm(const PlanRow& row) {
   if ((km && *km > 0) || row.date.IsZero() || !proposals_.IsFuel(mapped_.row.text("TipoGasto"))) return;
   const auto proposed = proposals_.Propose(mapped_.row.text("Matricula"), row.date);
   if (!proposed) return;
-  km = proposed;
   if (!plan_.acceptProposals)
     throw Refusal{"Km", "Sem quilómetros; propõem-se " + proposed->ToText() + ", que ninguém viu ainda."};
+  km = proposed;
   std::string& notes = mapped_.row.at(PlaceIn(columns, "Obs")).text;
   notes = platform::Left(notes, kNotes - std::string_view(kProposed).size() - 1);
   notes += (notes.empty() ? "" : " ") + std::string(kProposed);

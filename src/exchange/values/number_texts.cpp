@@ -30,10 +30,10 @@ std::size_t OneOf(const std::array<std::string_view, N>& marks, std::string_view
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// True when the pieces between grouping marks are groups: the last of three digits, those before of two or
-/// three, the first of one to three and no zero.
+/// True when the pieces, at least two, between grouping marks are groups: the last of three digits, those
+/// before of two or three, the first of one to three and no zero.
 bool AreGroups(const std::vector<std::string_view>& pieces) {
-  if (pieces.size() < 2 || pieces.back().size() != 3) return false;
+  if (pieces.back().size() != 3) return false;
   if (pieces.front().empty() || pieces.front().size() > 3 || pieces.front()[0] == '0') return false;
   return std::all_of(pieces.begin() + 1, pieces.end() - 1,
                      [](std::string_view piece) { return piece.size() == 3 || piece.size() == 2; });
