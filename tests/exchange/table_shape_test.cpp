@@ -23,12 +23,60 @@ TEST(TableShapeTest, AHeadingOverSeveralColumnsIsThatOfEach) {
   EXPECT_TRUE(HeaderTexts(rows, 1, 0).empty());
 }
 
+TEST(TableShapeTest, TheHeaderIsFoundByItsWordsOrByWhatStandsBelow) {
+  const struct {
+    const char* what;
+    std::vector<Header> rows;
+    std::size_t before;
+    std::size_t headerRows;
+  } cases[] = {
+      {"known words", {{"Matrícula", "Data", "Valor"}, {"12-AB-34", "01-02-2024", "5"}}, 0, 1},
+      {"below titles", {{"Extracto"}, {"de Julho"}, {"Matrícula", "Data"}, {"12-AB-34", "01-02-2024"}}, 2, 1},
+      {"under a heading of several columns",
+       {{"Viatura", "", "Gasto"}, {"Matrícula", "Marca", "Data"}, {"12-AB-34", "REN", "01-02-2024"}},
+       0,
+       2},
+      {"with a line more below",
+       {{"Matrícula", "Data", "Custo"}, {"(chave)", "(dia)", "(euros)"}, {"12-AB-34", "01-02-2024", "5"}},
+       0,
+       2},
+      {"words that nobody knows above numbers", {{"abc", "def"}, {"1", "2"}}, 0, 1},
+      {"few words above many numbers are none", {{"abc", "def"}, {"1", "2", "3", "4"}}, 1, 0},
+      {"records without a header", {{"H", "1"}, {"D", "2"}}, 0, 0},
+      {"below a title", {{"EMPRESA"}, {"D", "2"}}, 1, 0},
+      {"texts alone", {{"a"}, {"b"}, {"c"}}, 0, 0},
+      {"texts alone below known words", {{"Código", "Nome"}, {"A", "Um"}, {"B", "Dois"}}, 0, 1},
+      {"nothing", {}, 0, 0}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    std::vector<TableRow> rows;
+    for (const Header& texts : c.rows) {
+      rows.push_back(Row(texts));
+      rows.back().line = static_cast<long>(rows.size());
+    }
+    const TableShape shape = FindShape(rows);
+    EXPECT_EQ(shape.before, c.before);
+    EXPECT_EQ(shape.headerRows, c.headerRows);
+  }
+}
+
 TEST(TableShapeTest, ARowBesideThoseOfDataIsKnown) {
   const Header header{"Matrícula", "Litros", "Valor"};
   const std::pair<Header, RowClass> cases[] = {
-      {{"10-GJ-10", "40", "60"}, RowClass::kData}, {{"Matrícula", "Litros", "Valor"}, RowClass::kHeaderAgain},
-      {{"Total", "40", "60"}, RowClass::kTotal},   {{"Inactivas", "", ""}, RowClass::kSection},
+      {{"10-GJ-10", "40", "60"}, RowClass::kData},
+      {{"Matrícula", "Litros", "Valor"}, RowClass::kHeaderAgain},
+      {{"Total", "40", "60"}, RowClass::kTotal},
+      {{"Inactivas", "", ""}, RowClass::kSection},
       {{"10-GJ-10", "", ""}, RowClass::kData},
+      {{"", "", ""}, RowClass::kTotal},
+      {{"Matrícula", "", ""}, RowClass::kSection},
+      {{"", "Ligeiros", ""}, RowClass::kSection},
+      {{"", "", "Ligeiros"}, RowClass::kData},
+      {{"Ligeiros", "1", ""}, RowClass::kData},
+      {{"Totalizador", "40", "60"}, RowClass::kData},
+      {{"Saldo anterior", "", "60"}, RowClass::kTotal},
+      {{"Sub-total", "40", ""}, RowClass::kTotal},
+      {{"SOMA", "", "60"}, RowClass::kTotal},
   };
   for (const auto& [texts, kind] : cases) EXPECT_EQ(ClassOf(Row(texts), header, 3), kind) << texts[0];
 }
