@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "exchange/import.h"
+#include "exchange/shape/column_words.h"
+#include "support/whole_text.h"
+
 namespace exchange {
 namespace {
 
@@ -58,6 +62,25 @@ TEST(TableShapeTest, TheHeaderIsFoundByItsWordsOrByWhatStandsBelow) {
     EXPECT_EQ(shape.before, c.before);
     EXPECT_EQ(shape.headerRows, c.headerRows);
   }
+}
+
+/// How well a heading fits the columns of a kind, "gastos: Litros"; of the kind alone what people call them.
+std::string FitsOf(const std::string& input) {
+  const std::size_t colon = std::min(input.find(": "), input.size());
+  const ImportKind& kind = *KindOf(input.substr(0, colon));
+  std::vector<std::string> columns = {"Hora"};
+  for (const ImportColumn& column : ColumnsOfKind(kind.name)) columns.emplace_back(column.name);
+  std::string all;
+  for (const std::string& column : columns)
+    if (colon == input.size())
+      all += (all.empty() ? "" : "; ") + column + "=" + LabelOf(kind, column);
+    else if (const int fit = Fit(kind, column, input.substr(colon + 2)); fit > 0)
+      all += (all.empty() ? "" : "; ") + column + " " + std::to_string(fit);
+  return all;
+}
+
+TEST(TableShapeTest, HeadingsFitColumnsAsIsWrittenDown) {
+  testing_support::ExpectCases(PARVEL_SOURCE_DIR "/tests/exchange/headings.txt", FitsOf);
 }
 
 TEST(TableShapeTest, ARowBesideThoseOfDataIsKnown) {
