@@ -167,6 +167,24 @@ TEST_F(FarListTest, WhatIsTypedInALookupHoldsForTheRowsThatComeLater) {
   EXPECT_TRUE(texts.contains("VW")) << texts.join('|').toStdString();
 }
 
+TEST_F(FarListTest, APrintedListThatIsReadLongCanBeLeftAndAShortOneIsNotSpokenOf) {
+  Open();
+  window.ShowList("Marcas");
+  window.workspace()->reader().Finish();
+  desk.script.Next([this](QWidget& ficha) {
+    far_->hold = true;
+    desk.script.Answer("Deixar");
+    Press(ficha, Qt::Key_F7);
+    EXPECT_EQ(desk.script.boxes.join("|"), "A ler o mapa «Listagem de Marcas»…");
+    far_->hold = false;
+    QString report;
+    desk.script.Next([&](QWidget& shown) { report = shown.objectName(); });
+    Press(ficha, Qt::Key_F7);
+    EXPECT_EQ(report, "imprimir");
+  });
+  window.page()->New();
+}
+
 TEST_F(FarListTest, APhotoIsBroughtToItsFicha) {
   testing_support::AddVehicle(Bd(), "AA-10-AA");
   QImage image(8, 6, QImage::Format_RGB32);

@@ -1,9 +1,11 @@
 #include "desktop/shell/desktop_host.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <utility>
 
 #include "desktop/database/late_reading.h"
@@ -19,6 +21,8 @@
 
 namespace desktop {
 namespace {
+
+constexpr int kMoment = 500;  // milliseconds in which nothing is said of work under way
 
 /// The patterns of a description, which some filters repeat in brackets at its end.
 QString WithoutPatterns(const QString& description) {
@@ -106,22 +110,34 @@ std::string DesktopHost::ShowLookup(platform::ListaPesquisa& list) {
   return dialog.exec() == QDialog::Accepted ? dialog.Key() : std::string();
 }
 
-/// Waits for the rows of a report that come late; false when the user didn't.
+/// Waits for the rows of a report that come late; false when the user didn't. What comes in a moment is
+/// waited for without a word.
 bool DesktopHost::HasRows(platform::MapaListagem& report) const {
   if (Reader() == nullptr) return true;
-  QMessageBox box(QMessageBox::NoIcon, ToQt(report.Titulo), QStringLiteral("A ler o mapa…"),
-                  QMessageBox::Cancel, Front());
+  QMessageBox box(QMessageBox::NoIcon, ToQt(report.Titulo),
+                  QStringLiteral("A ler o mapa «%1»…").arg(ToQt(report.Titulo)), QMessageBox::NoButton,
+                  Front());
   box.setObjectName(QStringLiteral("a-ler-o-mapa"));
-  box.button(QMessageBox::Cancel)->setText(QStringLiteral("&Deixar"));
+  box.setEscapeButton(box.addButton(QStringLiteral("&Deixar"), QMessageBox::RejectRole));
   std::optional<ErrorText> failure;
-  const auto end = [&box] { box.done(QDialog::Accepted); };
+  QEventLoop moment;
+  bool came = false;
+  const auto end = [&] {
+    came = true;
+    moment.quit();
+    box.done(QDialog::Accepted);
+  };
   const bool waits = ReadLate(*Reader(), &box, report.Linhas(), end, [&](const ErrorText& error) {
     failure = error;
     end();
   });
-  const bool waited = !waits || box.exec() == QDialog::Accepted;
+  if (waits) {
+    QTimer::singleShot(kMoment, &moment, &QEventLoop::quit);
+    moment.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!came) Run(box);
+  }
   if (failure) ShowError(Front(), *failure);
-  return waited && !failure;
+  return (!waits || came) && !failure;
 }
 
 void DesktopHost::ShowReport(platform::MapaListagem& report) {
