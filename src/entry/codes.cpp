@@ -82,12 +82,20 @@ std::vector<KnownCode> CodesOf(const zorCrmParvel::DataAccessRef& bd, const Code
 }
 
 std::string CodeMeant(const std::vector<KnownCode>& codes, const std::string& text) {
+  constexpr std::size_t kFewest = 3;  // letters by which a name is told
   const std::string wanted = lists::Folded(text);
   if (wanted.empty()) return text;
   const auto is_code = [&text](const KnownCode& known) { return known.code == text; };
   if (std::any_of(codes.begin(), codes.end(), is_code)) return text;
-  for (const auto part : {&KnownCode::code, &KnownCode::name}) {
-    const auto written = [&](const KnownCode& known) { return lists::Folded(known.*part) == wanted; };
+  using Written = bool (*)(const KnownCode& known, const std::string& wanted);
+  constexpr Written kWays[] = {
+      [](const KnownCode& known, const std::string& as) { return lists::Folded(known.code) == as; },
+      [](const KnownCode& known, const std::string& as) { return lists::Folded(known.name) == as; },
+      [](const KnownCode& known, const std::string& as) {
+        return as.size() >= kFewest && lists::Folded(known.name).starts_with(as);
+      }};
+  for (const Written way : kWays) {
+    const auto written = [&](const KnownCode& known) { return way(known, wanted); };
     const auto found = std::find_if(codes.begin(), codes.end(), written);
     if (found == codes.end()) continue;
     return std::find_if(found + 1, codes.end(), written) == codes.end() ? found->code : text;

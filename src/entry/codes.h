@@ -44,8 +44,8 @@ bool HoldsPlate(const CodeField& field);
 std::vector<KnownCode> CodesOf(const zorCrmParvel::DataAccessRef& bd, const CodeField& field);
 
 /// The code that somebody meant who wrote it in small letters, without its hyphens and blanks, or who wrote
-/// the name that it stands for: the one that is there. The text as it was when there is none, or more than
-/// one, and when it is there just so.
+/// the name that it stands for, or its beginning, for names are longer than fields: the one that is there.
+/// The text as it was when there is none, or more than one, and when it is there just so.
 std::string CodeMeant(const std::vector<KnownCode>& codes, const std::string& text);
 
 /// A new plate as it is written: "12ab34" becomes "12-AB-34". Any other text as it was.

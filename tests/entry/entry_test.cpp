@@ -33,10 +33,19 @@ TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
   const std::vector<entry::KnownCode> codes = {
       {"12-AB-34", ""}, {"GASOLEO", "Gasóleo"}, {"Óleo", ""},   {"A1", "Um"},
       {"a-1", ""},      {"REN", "Renault"},     {"R2", "Dois"}, {"R3", "dois"}};
-  const std::pair<const char*, const char*> cases[] = {
-      {"12ab34", "12-AB-34"}, {"12 ab 34", "12-AB-34"}, {"gasoleo", "GASOLEO"},   {"oleo", "Óleo"},
-      {"A1", "A1"},           {"a 1", "a 1"},           {"99-ZZ-99", "99-ZZ-99"}, {"-", "-"},
-      {"renault", "REN"},     {"dois", "dois"}};
+  const std::pair<const char*, const char*> cases[] = {{"12ab34", "12-AB-34"},
+                                                       {"12 ab 34", "12-AB-34"},
+                                                       {"gasoleo", "GASOLEO"},
+                                                       {"oleo", "Óleo"},
+                                                       {"A1", "A1"},
+                                                       {"a 1", "a 1"},
+                                                       {"99-ZZ-99", "99-ZZ-99"},
+                                                       {"-", "-"},
+                                                       {"renault", "REN"},
+                                                       {"rena", "REN"},
+                                                       {"re", "re"},
+                                                       {"doi", "doi"},
+                                                       {"dois", "dois"}};
   for (const auto& [text, meant] : cases) EXPECT_EQ(entry::CodeMeant(codes, text), meant) << text;
   for (const auto& [text, plate] : {std::pair{"12ab34", "12-AB-34"},
                                     {"aa 01-bb", "AA-01-BB"},

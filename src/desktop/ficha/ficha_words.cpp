@@ -43,7 +43,7 @@ std::string WantedBy(const platform::zor_input& field) {
       field.maxlength > 0 ? "até " + std::to_string(field.maxlength) + " caracteres" : "";
   const entry::CodeField* code = entry::CodeFieldOf(&field);
   if (code == nullptr || code->use != entry::CodeUse::kNeeded) return wanted;
-  return entry::HoldsPlate(*code) ? "" : "um código ou nome que exista";
+  return entry::HoldsPlate(*code) ? "" : "um código, ou o princípio do nome";
 }
 
 }  // namespace

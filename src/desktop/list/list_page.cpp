@@ -158,10 +158,9 @@ void ListPage::ResetColumns() {
 
 void ListPage::TakeFocus() {
   list_->ICrmVwList_Processar();
-  if (stack_->currentWidget() == table_)
-    table_->setFocus();
-  else
-    message_->button()->setFocus();
+  if (stack_->currentWidget() != table_) return message_->button()->setFocus();
+  if (!table_->currentIndex().isValid()) table_->GoToTop();
+  table_->setFocus();
 }
 
 void ListPage::ShowState() {
