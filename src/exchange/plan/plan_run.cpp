@@ -83,6 +83,7 @@ void PlanRun::Row(std::size_t number) {
       if (plan_.profile.proposeKm && expenses_) ProposeKm(row);
       why.reason = Decide(number);
       if (row.hidden && mapped_.warning.empty()) mapped_.warning = "O ficheiro esconde esta linha.";
+      if (mapped_.warning.empty()) mapped_.warning = StoredUnsaid();
       if (row.state == RowState::kNew && !mapped_.warning.empty()) row.state = RowState::kWarning;
       if (row.state == RowState::kWarning) why.reason = mapped_.warning;
     }
@@ -156,6 +157,13 @@ void PlanRun::ProposeKm(const PlanRow& row) {
   notes = platform::Left(notes, kNotes - std::string_view(kProposed).size() - 1);
   notes += (notes.empty() ? "" : " ") + std::string(kProposed);
   mapped_.warning = "Km propostos: " + proposed->ToText() + ".";
+}
+
+/// The date that a vehicle is stored with though its file doesn't tell it: a wrong alert is seen coming.
+const char* PlanRun::StoredUnsaid() const {
+  const bool vehicle = std::string_view(plan_.kind.name) == "viaturas";
+  if (!vehicle || mapped_.row.given("DataMatricula") || mapped_.row.given("DataSelo")) return "";
+  return "Sem data de matrícula: fica a de hoje, e dela conta o selo.";
 }
 
 /// What there is to say of it.

@@ -45,6 +45,7 @@ class PlanRun {
   bool SettleCode();
   void SettlePrice();
   void ProposeKm(const PlanRow& row);
+  const char* StoredUnsaid() const;
   std::string Decide(std::size_t row);
   std::string RefusalOfKm(const PlanRow& row) const;
   void Remember(std::size_t row);
