@@ -36,6 +36,7 @@ TEST(Export, WritesWhatTheReaderReadsBack) {
     const std::string file = files.Put(name, "o que lá estava");
     WriteTable(Expenses(), file, FormatOf(file));
     const auto table = OpenTable(file);
+    EXPECT_EQ(table->Facts().format, file.ends_with("x") ? "XLSX" : "ODS");
     EXPECT_EQ(Dump(*table), head + first + second);
     EXPECT_EQ(std::filesystem::status(file).permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);

@@ -39,6 +39,9 @@ TEST_F(SessionTest, ColumnsAreSentWhereTheOperatorSays) {
   session.SetConstant("TipoGasto", "");
   EXPECT_EQ(session.ConstantOf("TipoGasto"), "");
   session.Map(2, "TipoGasto");
+  session.SetConstant("TipoGasto", "PORTAGEM");
+  EXPECT_EQ(session.ConstantOf("TipoGasto"), "PORTAGEM") << "after a column";
+  session.SetConstant("TipoGasto", "");
   session.Map(4, "Custo");
   session.Map(3, "");
   EXPECT_EQ(Mapped(session), "Matrícula>Matricula;Data>Data;Coisa>TipoGasto;Nota>;Coluna 5>Custo;");

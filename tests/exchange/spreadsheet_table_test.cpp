@@ -114,6 +114,30 @@ office:value-type="currency" office:value="4.5"><text:p>4,50</text:p></table:tab
   EXPECT_EQ(Dump(*table), "1:n5|\n");
 }
 
+TEST(SpreadsheetTable, AnySheetIsReadToItsEndPastOthersOfAnyLength) {
+  const TableFiles files;
+  const auto sheet = [](const std::string& name) {
+    std::string rows;
+    for (int row = 1; row <= 3000; ++row)
+      rows += R"(<table:table-row><table:table-cell office:value-type="string"><text:p>)" + name +
+              std::to_string(row) + (row % 1000 != 0 ? "" : "<table:table><table:table-row/></table:table>") +
+              "</text:p></table:table-cell></table:table-row>";
+    return "<table:table table:name=\"" + name + "\">" + rows + "</table:table>";
+  };
+  const auto table = OpenTable(
+      files.Zip("f", {{"META-INF/manifest.xml", "<m/>"},
+                      {"content.xml", Spreadsheet("<table:dde-links><table:table/></table:dde-links>" +
+                                                  sheet("A") + sheet("B") + sheet("C"))}}));
+  ASSERT_EQ(table->Sheets().size(), 3U);
+  for (const std::size_t each : {2U, 0U, 1U}) {
+    table->Open(each);
+    std::string expected;
+    for (int row = 1; row <= 3000; ++row)
+      expected += std::to_string(row) + ":" + "ABC"[each] + std::to_string(row) + "|\n";
+    EXPECT_EQ(Dump(*table), expected) << each;
+  }
+}
+
 TEST(SpreadsheetTable, ReadsOldXlsAsItIsMeant) {
   const auto table = OpenTable(PARVEL_SOURCE_DIR "/tests/exchange/tables/frota.xls");
   EXPECT_EQ(table->Facts().format, "XLS");
@@ -214,6 +238,14 @@ TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
       {files.Zip("i.docx", {{"_rels/.rels", "<a/>"}, {"word/document.xml", "x"}}), "arquivo comprimido"},
       {files.Put("j.csv", "%PDF-1.4"), "PDF"},
       {files.Put("k.csv", ""), "vazio"},
+      {files.Put("o.xls", "<html><table><tr><td>" + long1 + "</table></html>"), "mais texto"},
+      {files.Zip("p.ods", {{"META-INF/manifest.xml", "<m/>"},
+                           {"content.xml", Spreadsheet("<table:table><table:table-row><table:table-cell>"
+                                                       "<text:p>" +
+                                                       long1 +
+                                                       "</text:p></table:table-cell></table:table-row>"
+                                                       "</table:table>")}}),
+       "mais texto"},
       {files.Put("l.xls", "<html><p>Sem sess\xE3o</html>"), "sem nenhuma tabela"},
       {files.Put("m.xml", "<?xml version='1.0'?><a/>"), "XML"},
       {files.Path("n.csv"), "não existe"}};
