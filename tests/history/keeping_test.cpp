@@ -58,10 +58,14 @@ TEST_F(KeepingTest, AnErasedDriverIsNowhereInTheFileAndHisExpensesStay) {
   profile.kind = "gastos";
   profile.learned["Motorista"] = {{"joao silva", "MT-77"}, {"ana sousa", "0002"}};
   exchange::SaveProfile(bd, profile);
+  bd->ExecutarSql("", "INSERT INTO parvel_perfis (Nome, Perfil) VALUES (N'Outro', N'{\"Motorista\" : 77}')");
   const std::string total = Total();
   const Erased erased = EraseDriver(store, "MT-77");
   EXPECT_EQ(erased.code, "Ex-1");
+  EXPECT_EQ(erased.places, 3);
   EXPECT_TRUE(erased.fromFile);
+  EXPECT_EQ(Rows(bd, "SELECT Perfil FROM parvel_perfis WHERE Nome = N'Outro'"),
+            (Table{{"{\"Motorista\" : 77}"}}));
   const std::string content = Bytes(file) + Bytes(file + "-wal");
   for (const char* gone : {"Silva", "SILVA", "Flores", "Travessa", "912345678", "retrato", "outro",
                            "carta de cond", "joao silva", "MT-77", "mt-77"})
@@ -112,6 +116,10 @@ TEST_F(KeepingTest, DriversWithoutEventsForLongAreListed) {
     return codes;
   };
   EXPECT_EQ(quiet(2024), "0002;1;");
+  bd->ExecutarSql("", "UPDATE zor_PV_Gastos SET Motorista = N'mt-77'");
+  EXPECT_EQ(quiet(2024), "0002;1;") << "codes are one in any letters";
+  EXPECT_EQ(NameOfDriver(*store, "0002"), "Ana");
+  EXPECT_EQ(NameOfDriver(*store, "0003"), std::nullopt);
   EXPECT_EQ(quiet(2025), "0002;1;MT-77;");
 }
 

@@ -40,7 +40,8 @@ std::vector<std::string> Describe(const tsql::Table& table, const Image* before,
       if (is == nullptr || was == nullptr || SameValue(column, *was, *is)) continue;
       const std::string from = Shown(column, *was);
       const std::string to = Shown(column, *is);
-      if (from != to || HoldsBytes(column)) lines.push_back(column.name + ": " + from + " → " + to);
+      if (from != to || HoldsBytes(column))
+        lines.push_back(std::string(column.name).append(": ").append(from).append(" → ").append(to));
     } else if (const auto* only = is != nullptr ? is : was; only != nullptr && !only->IsNull()) {
       lines.push_back(column.name + ": " + Shown(column, *only));
     }
