@@ -46,7 +46,7 @@ class Linhas {
   }
 
   std::size_t De(const Parcela& parcela) {
-    std::size_t& linha = conhecidas_[Numero(parcela)];
+    std::size_t& linha = conhecidas_.at(Numero(parcela));
     if (linha == kDesconhecida) linha = pivot_.Linha(Chave(parcela));
     return linha;
   }
@@ -80,7 +80,7 @@ class Linhas {
 }  // namespace
 
 std::string ChaveDoTipo(const Frota& frota, const Evento& evento) {
-  const std::string especie = TextosDe(evento.especie).chave;
+  std::string especie = TextosDe(evento.especie).chave;
   if (evento.especie != Especie::kGasto) return especie;
   return especie + ":" + (evento.tipo < 0 ? "" : frota.TipoDe(evento).codigo);
 }
@@ -89,7 +89,7 @@ std::string NomeDoTipo(const Frota& frota, const std::string& chave) {
   if (chave == kRendas) return "Rendas";
   for (std::size_t i = 0; i < kEspecies; ++i)
     if (chave == TextosDe(static_cast<Especie>(i)).chave) return TextosDe(static_cast<Especie>(i)).nome;
-  const std::string tipo = chave.substr(chave.find(':') + 1);
+  std::string tipo = chave.substr(chave.find(':') + 1);
   for (const Tipo& t : frota.tipos)
     if (t.codigo == tipo && !t.nome.empty()) return t.nome;
   return tipo;

@@ -79,6 +79,22 @@ TEST(Sums, CellsOfCostsAddUpToTheEventsByEveryRowAndColumn) {
   }
 }
 
+TEST(Sums, AFleetOfManyDriversHasARowForTheLastOfThem) {
+  WrittenFleet fleet;
+  fleet.frota.motoristas.resize(50);
+  fleet.frota.motoristas.back().codigo = "50";
+  Evento& fine = fleet.Add(Especie::kMulta, "05-03-2025");
+  fine.motorista = 49;
+  fine.custo = Currency(120);
+  Pedido pedido;
+  pedido.periodo = Periodo::Trimestre(2025, 1);
+  pedido.por = Por::kMotorista;
+  const Custos custos = CustosDaFrota(fleet.Ready(), pedido);
+  ASSERT_EQ(custos.linhas.size(), 1U);
+  EXPECT_EQ(custos.linhas[0].chave, "50");
+  EXPECT_EQ(custos.total.total.valor(), Currency(120));
+}
+
 TEST(Sums, ThePeriodBeforeIsWhatItsOwnReportSays) {
   for (unsigned seed = 1; seed <= 40; ++seed) {
     const WrittenFleet fleet = RandomFleet(seed);

@@ -93,7 +93,6 @@ Evolucao EvolucaoDa(const zorCrmParvel::DataAccessRef& bd, const std::string& ma
   const std::string categoria = "Categoria " + viatura.categoria;
   const ConsumoPorMes consumo(*frota, periodo);
   const std::string tipo = consumo.TipoMaisUsado({grupo.viatura});
-  pedido.coluna = Coluna::kMes;
   const std::vector<Intervalo> meses = ColunasDe(periodo, pedido.coluna);
 
   Grafico doConsumo = consumo.Vazio(tipo);
