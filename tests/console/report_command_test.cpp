@@ -57,6 +57,17 @@ TEST_F(ReportCommandTest, OpenFindingsGiveTheExitCodeOfWhatIsDue) {
   EXPECT_EQ(Report(findings), kDue);
 }
 
+TEST_F(ReportCommandTest, EveryWordThatIsOfferedIsTaken) {
+  const std::pair<const char*, std::vector<const char*>> options[] = {
+      {"--coluna", {"mes", "trimestre", "ano"}},
+      {"--premios", {"repartidos", "inicio"}},
+      {"--rendas", {"sim", "nao"}},
+      {"--por", {"viatura", "departamento", "categoria", "motorista", "tipo"}}};
+  for (const auto& [option, words] : options)
+    for (const char* word : words)
+      EXPECT_EQ(Report({"custos", "--periodo", "2026", option, word}), kDone) << option << " " << err.str();
+}
+
 TEST_F(ReportCommandTest, WhatCannotBeMeantIsRefusedWithAdvice) {
   struct Case {
     std::vector<std::string> words;

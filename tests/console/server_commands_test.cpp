@@ -53,7 +53,7 @@ TEST_F(ServerCommandsTest, WhatWentToTheServerIsCounted) {
   traffic.statements = 1234;
   traffic.trips = 56;
   traffic.rows = 7;
-  traffic.bytes = 2048 * 1024;
+  traffic.bytes = 2048L * 1024;
   PrintTraffic(traffic, out);
   EXPECT_EQ(out.str(), "Servidor: 1.234 pedidos, 56 esperas pela rede, 7 registos lidos (2.048 kB).\n");
   traffic.slowest = std::chrono::milliseconds(1500);

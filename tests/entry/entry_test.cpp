@@ -157,6 +157,9 @@ TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
     for (const std::string& one : past.Warnings(*entry::DraftOn(form))) all += one + "\n";
     EXPECT_EQ(all, part);
   }
+  bd->ExecutarSql("", "UPDATE zor_Funcionarios SET ValCartaCond = '2024-03-01' WHERE Codigo = '1'");
+  EXPECT_EQ(entry::ExpensePast(bd, entry::DraftOn(form)->date).Warnings(*entry::DraftOn(form)).back(),
+            "A carta de 1 tinha caducado em 01-03-2024.");
   const std::pair<int, const char*> lacking[] = {{0, " "}, {4, ""}, {6, "0"}};
   for (const auto& [field, text] : lacking) {
     const std::string before = form.Campo[field].Text;

@@ -67,6 +67,16 @@ TEST(HostColumnsTest, EveryColumnIsShownAsItIsToBe) {
   ScriptedHost host;
   const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
   AddSampleFleet(bd);
+  // An event is shown also where it names nothing, or nothing that is there.
+  for (const char* sql : {"UPDATE zor_PV_Viaturas SET Departamento = NULL WHERE Matricula = 'B'",
+                          "UPDATE zor_PV_Gastos SET Motorista = NULL, Matricula = '' WHERE Gst_Id = 4",
+                          "UPDATE zor_PV_Seguros SET TipoSeguro = '', Matricula = '' WHERE Seg_Id = 4",
+                          "UPDATE zor_PV_Revisoes SET Matricula = '' WHERE Manu_Id = 4",
+                          "UPDATE zor_PV_Inspecoes SET Matricula = '' WHERE Insp_Id = 4",
+                          "UPDATE zor_PV_Multas SET Matricula = '' WHERE Id = 4",
+                          "UPDATE zor_PV_Sinistros SET Matricula = '' WHERE Id = 4",
+                          "UPDATE zor_PV_Acessorios SET Matricula = '' WHERE Id = 4"})
+    bd->ExecutarSql("", sql);
   std::string text;
   for (const std::string list :
        {"Gastos", "Apolices", "Revisoes", "Inspecoes", "Multas", "Sinistros", "Acessorios", "Viaturas"}) {
@@ -122,6 +132,7 @@ TEST(ViewsTest, AreKeptByOwnerAndReadAsTheyWere) {
   lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
   lists::KeepView(bd, {.name = "Minha", .list = "Gastos", .owner = "ana", .look = {}});
   lists::KeepView(bd, {.name = "Dele", .list = "Gastos", .owner = "rui", .look = {}});
+  EXPECT_EQ(lists::ViewsOf(bd, "ana").at(0).look, look);
   look.descending = false;
   lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
   const auto views = lists::ViewsOf(bd, "ana");
