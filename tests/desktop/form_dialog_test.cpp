@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
@@ -268,6 +269,13 @@ TEST(FormDialogScrollTest, AFichaLargerThanTheScreenScrollsToTheFieldThatHasTheK
   dialog.Sync();
   EXPECT_TRUE(in_sight(form.campo[59]));
   EXPECT_TRUE(in_sight(form.confirm));
+  auto* line = dialog.aids().line();
+  line->findChild<QLabel*>()->setText(QStringLiteral("Um aviso.\n").repeated(6));
+  line->show();
+  const int most = dialog.screen()->availableSize().height();
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    return line->height() > 5 * line->fontMetrics().height() && dialog.height() < most;
+  })) << "warnings take their room from the fields";
 
   LongForm small(5);
   small.campo[4].Visible = false;

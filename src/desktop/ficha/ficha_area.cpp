@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QLayout>
 #include <QScrollBar>
+#include <utility>
 
 #include "desktop/look/look.h"
 
@@ -14,6 +15,7 @@ FichaArea::FichaArea(QWidget* window) : QScrollArea(window) {
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  window->installEventFilter(this);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Reveal(now); });
 }
 
@@ -39,13 +41,22 @@ QSize FichaArea::Room() const {
   QSize room = RoomOnScreen(window());
   room -= {margins.left() + margins.right(), margins.top() + margins.bottom()};
   room.rheight() -= layout->spacing() * (layout->count() - 1);
-  for (int i = 0; i < layout->count(); ++i)
-    if (layout->itemAt(i)->widget() != this) room.rheight() -= layout->itemAt(i)->minimumSize().height();
+  for (int i = 0; i < layout->count(); ++i) {
+    const QLayoutItem* item = layout->itemAt(i);
+    if (item->widget() == this) continue;
+    room.rheight() -=
+        item->hasHeightForWidth() ? item->heightForWidth(room.width()) : item->minimumSize().height();
+  }
   return room;
 }
 
-/// A change of what is inside is a change of what the area needs.
+/// A change of what is inside is a change of what the area needs, and so is one of the room for it.
 bool FichaArea::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == window()) {
+    const bool changes = event->type() == QEvent::LayoutRequest && std::exchange(room_, Room()) != room_;
+    if (changes) updateGeometry();
+    return false;
+  }
   const bool handled = QScrollArea::eventFilter(watched, event);
   if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
   return handled;

@@ -21,6 +21,8 @@ class FichaArea : public QScrollArea {
   QSize Within(const QSize& wanted) const;
   QSize Room() const;
   void Reveal(QWidget* widget);
+
+  QSize room_;  // that there was when the window was laid out last
 };
 
 }  // namespace desktop

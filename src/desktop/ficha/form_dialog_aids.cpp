@@ -128,8 +128,9 @@ void FormDialog::MakeRoom() {
     grown_height_ = 0;
     return;
   }
-  const int least = std::min(layout()->totalMinimumHeightForWidth(width()), RoomOnScreen(this).height());
-  if (height() < least) resize(width(), least);
+  const int most = RoomOnScreen(this).height();
+  const int least = std::min(layout()->totalMinimumHeightForWidth(width()), most);
+  if (height() < least || height() > most) resize(width(), std::clamp(height(), least, most));
   if (plain_height_ > 0 && height() > plain_height_) grown_height_ = height();
   const QRect room = screen()->availableGeometry();
   const int beyond = frameGeometry().bottom() - room.bottom();

@@ -126,7 +126,9 @@ void MainWindow::CheckDatabase() {
   QString text;
   Guarded(this, [&] {
     const embedded::FileReport report = embedded::Database::Check(file);
-    text = QStringLiteral("%1 registos em %2 tabelas foram lidos").arg(report.rows).arg(report.tables);
+    text = QStringLiteral("%1 registos em %2 tabelas foram lidos")
+               .arg(Grouped(static_cast<long>(report.rows)))
+               .arg(report.tables);
     text += report.problems.empty() ? QStringLiteral(". Está tudo bem.") : QStringLiteral(":");
     for (const std::string& problem : report.problems) text += QStringLiteral("\n\n") + ToQt(problem);
   });
@@ -156,6 +158,7 @@ void MainWindow::OpenDemo() {
     auto workspace = std::make_unique<Workspace>(FromQt(DatabaseFor(options, settings_)));
     workspace->FillDemo();
     Open(std::move(workspace));
+    Tell(QStringLiteral("Frota inventada. A sua está em «Ficheiro > Bases de dados recentes»."));
   });
 }
 
