@@ -38,6 +38,7 @@ QLabel* MonthPanel::AddLabel(const QString& text, int row, int column, bool mute
   label->setTextFormat(Qt::PlainText);
   if (muted) SetMuted(label);
   grid_->addWidget(label, row, column);
+  label->show();  // what is hidden takes no room when that is measured
   return label;
 }
 
@@ -48,7 +49,9 @@ void MonthPanel::Show(const reports::ResumoDoMes& month) {
   int row = 0;
   QFont bold = font();
   bold.setBold(true);
-  AddLabel(ToQt(month.mes), row++, 0)->setFont(bold);
+  QLabel* heading = AddLabel(ToQt(month.mes), row, 0);
+  heading->setFont(bold);
+  grid_->addWidget(heading, row++, 0, 1, 4);
   for (const reports::FiguraDoMes& figure : month.figuras) {
     AddLabel(ToQt(figure.nome), row, 0);
     QLabel* value = AddLabel(ToQt(figure.valor), row, 1);

@@ -51,7 +51,7 @@ constexpr KeyText kFichaKeys[] = {
     {"Alt+letra", "O botão com essa letra sublinhada"},
     {"F2, Del", "No arquivo: mudar o título, apagar"},
     {"Alt+↓", "O botão «…» do campo; numa data, o calendário"},
-    {"Ctrl+D", "Num gasto novo: como o último; outra vez, de outro tipo"},
+    {"Ctrl+D", "Gasto novo: como o último; de novo, outro tipo"},
     {"Ctrl+N", "Num separador: novo registo"},
 };
 
