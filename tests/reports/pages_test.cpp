@@ -118,6 +118,29 @@ TEST_F(Pages, TheChartOfAVehicleStandsBesideItsCategory) {
   EXPECT_ANY_THROW(EvolucaoDa(bd, "ZZ", Periodo::Ano(2026)));
 }
 
+TEST_F(Pages, WhatIsLookedIntoGoesOnWhereItsReportWasGivenUp) {
+  bool given_up = false;
+  Pedido request;
+  request.periodo = Periodo::Ano(2026);
+  request.cancelar = [&] { return given_up; };
+  for (const TextosDoRelatorio& report : Relatorios()) {
+    SCOPED_TRACE(report.chave);
+    given_up = false;
+    const Resultado shown = Calcular(bd, report.tipo, request);
+    given_up = true;
+    for (std::size_t table : TabelasMostradas(shown)) {
+      const Tabela& rows = shown.relatorio.tabelas[table];
+      for (std::size_t i = 0; i < rows.Quantas(); ++i) {
+        const LinhaDaTabela row = rows.Linha(i);
+        EXPECT_NO_THROW(GraficoDa(shown, table, &row));
+        const auto inside = DentroDa(shown, table, row);
+        EXPECT_FALSE(inside && inside->pedido.cancelar);
+      }
+      EXPECT_NO_THROW(GraficoDa(shown, table, nullptr));
+    }
+  }
+}
+
 TEST_F(Pages, TheMonthIsHeldAgainstOthersAsFarAsItHasCome) {
   const ResumoDoMes month = ResumoDe(bd, host.clock);
   EXPECT_EQ(month.mes, "Março de 2026, até ao dia 15");
