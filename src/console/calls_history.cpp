@@ -149,11 +149,16 @@ void AddSettingCalls(Calls& calls, CLI::App& historico, const std::shared_ptr<Hi
   auto& opcoes = calls.AddBelow(historico, "opcoes", "Mostra ou muda o que vale para todos os operadores.",
                                 [&calls, options] { return Settle(calls, *options); });
   options->settings = {.records = true, .years = -1, .documentYears = -1, .driverYears = -1};
-  opcoes.add_option("--anos", options->settings.years, "Anos que as operações se guardam; 0: sempre.");
-  opcoes.add_option("--anos-documentos", options->settings.documentYears,
-                    "Anos que se guardam documentos e fotografias removidos; 0: sempre.");
-  opcoes.add_option("--anos-motoristas", options->settings.driverYears,
-                    "Anos sem gastos, multas ou sinistros até um motorista estar inactivo.");
+  opcoes.add_option("--anos", options->settings.years, "Anos que as operações se guardam; 0: sempre.")
+      ->type_name("ANOS");
+  opcoes
+      .add_option("--anos-documentos", options->settings.documentYears,
+                  "Anos que se guardam documentos e fotografias removidos; 0: sempre.")
+      ->type_name("ANOS");
+  opcoes
+      .add_option("--anos-motoristas", options->settings.driverYears,
+                  "Anos sem gastos, multas ou sinistros até um motorista estar inactivo.")
+      ->type_name("ANOS");
   auto* on = opcoes.add_flag("--ligar", options->on, "Regista o que se faz.");
   opcoes.add_flag("--desligar", options->off, "Deixa de registar o que se faz.")->excludes(on);
 }

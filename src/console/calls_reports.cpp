@@ -3,6 +3,7 @@
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "console/calls.h"
@@ -161,14 +162,16 @@ void AddFilters(CLI::App& command, ReportOptions& options) {
   command.add_option("--ate", options.to, "Último dia.")->type_name("DIA");
   command.add_option("--periodo", options.period, "Em vez dos dias: 2026, 2026-T1, 2026-01 ou 12meses.")
       ->type_name("NOME");
-  const std::pair<const char*, std::vector<std::string>*> lists[] = {{"viatura", &request.viaturas},
-                                                                     {"departamento", &request.departamentos},
-                                                                     {"categoria", &request.categorias},
-                                                                     {"marca", &request.marcas},
-                                                                     {"motorista", &request.motoristas}};
-  for (const auto& [name, list] : lists)
+  const std::tuple<const char*, const char*, std::vector<std::string>*> lists[] = {
+      {"viatura", "esta", &request.viaturas},
+      {"departamento", "este", &request.departamentos},
+      {"categoria", "esta", &request.categorias},
+      {"marca", "esta", &request.marcas},
+      {"motorista", "este", &request.motoristas}};
+  for (const auto& [name, one, list] : lists)
     command
-        .add_option(std::string("--") + name, *list, std::string("Só esta ") + name + "; pode repetir-se.")
+        .add_option(std::string("--") + name, *list,
+                    std::string("Só ") + one + " " + name + "; pode repetir-se.")
         ->type_name("CÓDIGO")
         ->allow_extra_args(false);
   command

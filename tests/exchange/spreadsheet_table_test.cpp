@@ -3,6 +3,7 @@
 #include <string>
 
 #include "exchange/table/cell_values.h"
+#include "exchange/table/xls_workbook.h"
 #include "exchange/table_files.h"
 #include "platform/text.h"
 
@@ -152,6 +153,34 @@ TEST(SpreadsheetTable, ReadsOldXlsAsItIsMeant) {
   EXPECT_EQ(table->HiddenColumns(), (std::vector<bool>{false, false, false, true}));
   table->Open(1);
   EXPECT_EQ(Dump(*table), "1:x|\n");
+}
+
+TEST(SpreadsheetTable, TextsOfOldXlsEndWithTheirLengthOrWithTheirRecord) {
+  using namespace std::string_view_literals;
+  EXPECT_EQ(XlsText("\x03\x00\x00"
+                    "abcde"sv,
+                    2, true),
+            "abc");
+  EXPECT_EQ(XlsText("\x02\x01"
+                    "a\0\xAC\x20"
+                    "b\0"sv,
+                    1, true),
+            "a\xE2\x82\xAC");
+  EXPECT_EQ(XlsText("\x09\x01"
+                    "a\0b"sv,
+                    1, true),
+            "a");
+  EXPECT_EQ(XlsText("\x03\x00"
+                    "a\x80"
+                    "bcd"sv,
+                    2, false),
+            "a\xE2\x82\xAC"
+            "b");
+  EXPECT_EQ(XlsText("\x09\x00"
+                    "ab"sv,
+                    2, false),
+            "ab");
+  EXPECT_EQ(XlsText("\x09"sv, 2, true), "");
 }
 
 TEST(SpreadsheetTable, ReadsThePageThatIsNamedXls) {
