@@ -61,7 +61,7 @@ TEST_F(MailsTest, EveryDueDateIsToldWithWhatThereIsToSay) {
   std::copy_if(dates.begin(), dates.end(), std::back_inserter(some),
                [](const notice::DueDate& due) { return due.plate == "A" && !due.handled; });
   text += exchange::WriteCalendar(notice::CalendarOf(some), host.clock);
-  for (const std::size_t count : {1U, 4U, 6U}) {
+  for (const std::ptrdiff_t count : {1, 4, 6}) {
     const notice::Announcement words = notice::Announce({dates.begin(), dates.begin() + count});
     text += "= aviso de " + words.title + "\n" + words.text + "\n";
   }

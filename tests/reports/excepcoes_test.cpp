@@ -13,7 +13,7 @@ using testing_support::WrittenFleet;
 /// Two vehicles with a quiet past: fills of 60 L each 1,000 km, on Mondays, at one price.
 struct Rules {
   Rules() {
-    for (int i = 0; i < 12; ++i) Fill(monday_.AddDays(7 * i), 60, 10000 + 1000 * i);
+    for (int i = 0; i < 12; ++i) Fill(monday_.AddDays(7L * i), 60, 10000 + 1000 * i);
     fleet.AA().categoria = "PES";
     fleet.frota.classeDaCategoria["PES"] = 1;
     fleet.frota.tiposDoCombustivel[0] = {0, 2};

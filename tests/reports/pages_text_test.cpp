@@ -109,7 +109,8 @@ class PagesText : public testing::Test {
         if (i < 2) text += Of(GraficoDa(result, shown, &row));
         if (!inside) continue;
         for (const auto& [filter, codes] : FiltrosDe(inside->pedido))
-          for (const std::string& code : codes) text += "      " + filter + " " + code + "\n";
+          for (const std::string& code : codes)
+            text.append("      ").append(filter).append(" ").append(code).append("\n");
         for (const std::string& type : inside->pedido.tipos) text += "      tipo " + type + "\n";
       }
     }
@@ -160,7 +161,8 @@ TEST_F(PagesText, WhatStandsBesideTheReports) {
     text += std::string("= definição ") + setting.chave + "\n";
     const Tabela table = VerParaEditar(bd, setting);
     for (const LinhaDaTabela& row : table.linhas) {
-      for (const auto& [column, value] : Textos(table, row)) text += column + "=" + value + ";";
+      for (const auto& [column, value] : Textos(table, row))
+        text.append(column).append("=").append(value).append(";");
       text += "\n";
     }
   }

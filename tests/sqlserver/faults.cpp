@@ -183,7 +183,8 @@ SQLRETURN SQLMoreResults(SQLHSTMT handle) {
     return Real<decltype(&SQLMoreResults)>("SQLMoreResults")(handle);
   SQLFreeStmt(handle, SQL_CLOSE);
   const SQLRETURN code = RunNext(handle);
-  return code == SQL_NO_DATA ? SQL_SUCCESS : code;  // of a write within a batch that hits no row
+  if (code == SQL_NO_DATA) return SQL_SUCCESS;  // of a write within a batch that hits no row
+  return code;
 }
 
 SQLRETURN SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT what, SQLPOINTER value, SQLSMALLINT room,
