@@ -235,6 +235,9 @@ TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
   const std::string to("E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0", 32);
   encrypted.replace(encrypted.find(from), 32, to);
   encrypted[encrypted.find(to) + 64] = 34;
+  // The directory goes on in a sector of which the table of sectors says nothing.
+  std::string unchained = xls + std::string(200 * 512, '\0');
+  unchained.replace(512 * 9 + 4 * 9, 4, std::string("\x96\0\0\0", 4));
   std::string bomb = bytes;
   bomb.replace(bomb.rfind("PK\x01\x02") + 24, 4,
                std::string("\0\0\0\x20", 4));  // says that it unpacks to 512 MB
@@ -246,6 +249,7 @@ TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
       {files.Put("a.xlsx", bytes.substr(0, bytes.size() - 30)), "incompleto"},
       {files.Put("a.xls", xls.substr(0, xls.size() / 2)), "incompleto"},
       {files.Put("b.xls", encrypted), "palavra-passe"},
+      {files.Put("q.xls", unchained), "não se seguem"},
       {files.Zip("b.ods", {{"META-INF/manifest.xml", "<a><encryption-data/></a>"}, {"content.xml", "x"}}),
        "palavra-passe"},
       {files.Zip("c.xlsx", Workbook("<row><c><v>1</v></row>")), "não está bem formada"},
