@@ -1,6 +1,7 @@
 #include "entry/codes.h"
 
 #include <algorithm>
+#include <string_view>
 #include <unordered_set>
 
 #include "lists/words.h"
@@ -62,7 +63,7 @@ const CodeField* CodeFieldOf(const platform::Control* control) {
 
 bool NamesVehicle(const CodeField& field) { return &field == &kFields[0]; }
 
-bool HoldsPlate(const CodeField& field) { return field.column == kPlate; }
+bool HoldsPlate(const CodeField& field) { return std::string_view(field.table) == kVehicles; }
 
 std::vector<KnownCode> CodesOf(const zorCrmParvel::DataAccessRef& bd, const CodeField& field) {
   const bool named = field.use != CodeUse::kOwn && !HoldsPlate(field);

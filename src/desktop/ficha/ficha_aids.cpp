@@ -27,6 +27,11 @@ QPushButton* MakeButton(const QString& text, QWidget* parent) {
   return button;
 }
 
+bool Holds(const std::vector<entry::KnownCode>& codes, const std::string& code) {
+  return std::any_of(codes.begin(), codes.end(),
+                     [&code](const entry::KnownCode& one) { return one.code == code; });
+}
+
 }  // namespace
 
 FichaAids::FichaAids(platform::Form& form, QWidget* parent,
@@ -97,15 +102,17 @@ void FichaAids::Spell() {
   if (input.Text.empty()) return;
   const std::vector<entry::KnownCode>& codes = CodesOf(*field);
   std::string meant = entry::CodeMeant(codes, input.Text);
-  const bool known =
-      std::any_of(codes.begin(), codes.end(), [&](const entry::KnownCode& one) { return one.code == meant; });
-  if (!known && entry::NamesVehicle(*field)) meant = entry::PlateSpelled(meant);
+  if (!Holds(codes, meant) && entry::NamesVehicle(*field)) meant = entry::PlateSpelled(meant);
   if (meant != input.Text) form_.UserTypes(input, meant);
 }
 
+/// A code that is there was refused for another reason, which the ficha has told.
 void FichaAids::Kept(const platform::Control& field) {
-  kept_ = dynamic_cast<const platform::zor_input*>(&field);
-  if (kept_ != nullptr) kept_text_ = kept_->Text;
+  const entry::CodeField* code = entry::CodeFieldOf(&field);
+  kept_ = code != nullptr && Database() ? &static_cast<const platform::zor_input&>(field) : nullptr;
+  if (kept_ == nullptr) return;
+  kept_text_ = kept_->Text;
+  if (Holds(CodesOf(*code), kept_text_)) kept_ = nullptr;
 }
 
 void FichaAids::BeforeCodeForm() {

@@ -39,8 +39,7 @@ std::string KeysOf(const platform::zor_input& field) {
 std::string WantedBy(const platform::zor_input& field) {
   if (field.formato_campo == platform::zor_input::kInteiro) return "um número inteiro";
   if (field.Numeric()) return "um número";
-  const std::string wanted =
-      field.maxlength > 0 ? "até " + std::to_string(field.maxlength) + " caracteres" : "";
+  std::string wanted = field.maxlength > 0 ? "até " + std::to_string(field.maxlength) + " caracteres" : "";
   const entry::CodeField* code = entry::CodeFieldOf(&field);
   if (code == nullptr || code->use != entry::CodeUse::kNeeded) return wanted;
   return entry::HoldsPlate(*code) ? "" : "um código, ou o princípio do nome";
@@ -51,8 +50,8 @@ std::string WantedBy(const platform::zor_input& field) {
 std::string TitleOf(const platform::Form& form) {
   std::vector<std::string> parts;
   for (const platform::Control* control : form.Controls()) {
-    const bool ticked = dynamic_cast<const platform::CheckBox*>(control) != nullptr;
-    if (!HoldsValue(*control) || ticked) continue;
+    if (!HoldsValue(*control)) continue;
+    if (dynamic_cast<const platform::CheckBox*>(control) != nullptr) continue;
     const bool date = dynamic_cast<const platform::DTPicker*>(control) != nullptr;
     const std::string value = ValueOf(*control);
     parts.push_back(date ? value.substr(0, value.find(' ')) : value);  // without the time of day
