@@ -151,6 +151,18 @@ TEST_F(ImportPlanTest, WhatCanBeReadInTwoWaysIsAskedBeforeAnythingIsChecked) {
   EXPECT_EQ(plan->Sums().stored.amount.ToText(), "1,25");
 }
 
+TEST_F(ImportPlanTest, NewDriversAreNumberedAfterTheHighestThatIsANumber) {
+  for (const char* code : {"007", "A99", "9123456789", "12-3"})
+    Sql(std::string("INSERT INTO zor_Funcionarios (Codigo, Nome) VALUES ('") + code + "', 'de " + code +
+        "')");
+  Read(
+      "Matrícula;Data;Tipo;Valor;Motorista\n12-AB-34;20-01-2024;PORTAGEM;5;Berta Lopes\n"
+      "12-AB-34;21-01-2024;PORTAGEM;5;Vasco Dias\n");
+  std::string codes;
+  for (const NewCode& code : plan->UnknownCodes()) codes += code.code + " " + code.name + ";";
+  EXPECT_EQ(codes, "008 Berta Lopes;009 Vasco Dias;");
+}
+
 TEST_F(ImportPlanTest, AnImportThatIsGivenUpLeavesNothing) {
   Read(kMonth);
   for (const std::size_t giveUpAt : {0U, 3U}) {

@@ -203,6 +203,29 @@ TEST_F(NearStoreTest, WhatWasReadOfOneRecordAnswersOtherQuestionsAboutIt) {
   EXPECT_EQ(server_->Asked(), 1) << "what is read in another is remembered again";
 }
 
+TEST_F(NearStoreTest, ATableIsBroughtWhenItIsAskedAgainInTheSameWordsAndNoOther) {
+  Fill(0, 3);
+  for (int i = 1; i <= 3; ++i)
+    Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('10-AA-10', " + std::to_string(i) + ")");
+  const Snapshot snapshot(near_);
+  const auto asks = [&](const std::string& statement) {
+    server_->Asked();
+    testing_support::Rows(near_, statement);
+    return server_->Asked();
+  };
+  std::string asked;
+  for (const char* statement :
+       {"SELECT Nome FROM zor_Funcionarios WHERE Codigo='M0'",
+        "SELECT Nome FROM zor_PV_Marcas WHERE Codigo='X'", "SELECT Nome FROM zor_PV_Marcas WHERE Codigo='Y'",
+        "SELECT Nome FROM zor_PV_Marcas WHERE Codigo='Z'",
+        "SELECT Nome FROM zor_Funcionarios WHERE Codigo='M1'",
+        "SELECT Nome FROM zor_Funcionarios WHERE Codigo='M2'",
+        "SELECT ValorMulta FROM zor_PV_Multas WHERE Id=1", "SELECT ValorMulta FROM zor_PV_Multas WHERE Id=2",
+        "SELECT ValorMulta FROM zor_PV_Multas WHERE Id=3"})
+    asked += std::to_string(asks(statement));
+  EXPECT_EQ(asked, "111010110");
+}
+
 TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
   Fill(0, 6);
   const auto small = std::make_shared<NearStore>(server_, schema::kTables, 5);
