@@ -236,7 +236,7 @@ TEST(SpreadsheetTable, RefusesWhatItCannotReadAndSaysWhy) {
   encrypted.replace(encrypted.find(from), 32, to);
   encrypted[encrypted.find(to) + 64] = 34;
   // The directory goes on in a sector of which the table of sectors says nothing.
-  std::string unchained = xls + std::string(200 * 512, '\0');
+  std::string unchained = xls + std::string(200UL * 512, '\0');
   unchained.replace(512 * 9 + 4 * 9, 4, std::string("\x96\0\0\0", 4));
   std::string bomb = bytes;
   bomb.replace(bomb.rfind("PK\x01\x02") + 24, 4,
