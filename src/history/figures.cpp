@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "events/cost_sums.h"
 #include "events/expense_figures.h"
 #include "history/act.h"
 #include "history/rows.h"
@@ -36,6 +37,23 @@ Image FiguresOf(KeepingStore& store, const tsql::Table& vehicles, const std::str
   return ImageAt(vehicles, *rows, 0, PlacesOf(vehicles, *rows));
 }
 
+/// Recalculates the vehicle's figures. What differed from them, line by line.
+std::vector<std::string> Recalculate(KeepingStore& store, const zorCrmParvel::DataAccessRef& bd,
+                                     const tsql::Table& vehicles, const std::string& plate) {
+  const Image before = FiguresOf(store, vehicles, plate);
+  const auto differing = [&] {
+    const Image after = FiguresOf(store, vehicles, plate);
+    return Describe(vehicles, &before, &after);
+  };
+  zorCrmParvel::RecalcularViatura(bd, plate);
+  if (differing().empty()) return {};
+  // A total that a revision's ficha stored counts revisions, and is as right.
+  zorCrmParvel::GuardarCustoTotal(bd, plate, zorCrmParvel::Tools::SomaCustoComRevisoes(bd, plate));
+  if (differing().empty()) return {};
+  zorCrmParvel::RecalcularViatura(bd, plate);
+  return differing();
+}
+
 }  // namespace
 
 bool IsFigure(const tsql::Table& table, const tsql::Column& column) {
@@ -54,12 +72,7 @@ std::vector<WrongFigures> CheckFigures(const std::shared_ptr<KeepingStore>& stor
     store->BeginAct("Verificar: figuras");
     std::vector<std::string> lines;
     try {
-      store->Within([&] {
-        const Image before = FiguresOf(*store, vehicles, plate);
-        zorCrmParvel::RecalcularViatura(bd, plate);
-        const Image after = FiguresOf(*store, vehicles, plate);
-        lines = Describe(vehicles, &before, &after);
-      });
+      store->Within([&] { lines = Recalculate(*store, bd, vehicles, plate); });
     } catch (...) {
       store->AbandonAct();
       throw;

@@ -17,8 +17,8 @@ struct WrongFigures {
   std::vector<std::string> lines;  // "CustoTotal: 166 → 14 301", each figure that differs
 };
 
-/// Compares the figures of every vehicle with a recalculation, as a save of an expense gives them; a vehicle
-/// without expenses has none to compare. With `correct` they are stored, an operation for each vehicle.
+/// Compares the figures of every vehicle with a recalculation, as the save of an expense gives them, or with
+/// the total that the save of a revision gives; a vehicle without expenses has none to compare. With `correct` they are stored, an operation for each vehicle.
 std::vector<WrongFigures> CheckFigures(const std::shared_ptr<KeepingStore>& store, bool correct);
 
 }  // namespace history

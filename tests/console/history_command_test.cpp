@@ -3,6 +3,7 @@
 
 #include "console/program_fixture.h"
 #include "embedded/database.h"
+#include "events/expense_figures.h"
 #include "history/act.h"
 #include "masterdata/code_table.h"
 #include "support/database_test.h"
@@ -109,6 +110,24 @@ TEST_F(HistoryCommandTest, TheOfficeSettlesHowLongAndWhether) {
   Write("ana", "Outra");
   EXPECT_EQ(OnDatabase({"historico", "tamanho"}), kDone);
   EXPECT_EQ(out.str().substr(0, out.str().find('\n')), "1 operação desde 01-03-2024, 1 linha.");
+}
+
+TEST_F(HistoryCommandTest, WrongFiguresAreToldCorrectedAndRightAfterwards) {
+  {
+    const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(database));
+    testing_support::AddFleet(bd, 10000);
+    testing_support::AddExpense(bd, "12-AB-34", platform::Date::FromParts(2024, 2, 1), "GASOLEO", "40", "60",
+                                10500);
+    zorCrmParvel::RecalcularViatura(bd, "12-AB-34");
+    bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET CustoTotal = 166");
+  }
+  const std::string wrong = "12-AB-34\n  CustoTotal: 166 → 60\n1 viatura com figuras ";
+  EXPECT_EQ(OnDatabase({"verificar", "--figuras"}), kRefused);
+  EXPECT_EQ(out.str(), wrong + "erradas. Para as corrigir: --corrigir\n");
+  EXPECT_EQ(OnDatabase({"verificar", "--figuras", "--corrigir"}), kDone);
+  EXPECT_EQ(out.str(), wrong + "corrigidas.\n");
+  EXPECT_EQ(OnDatabase({"verificar", "--figuras"}), kDone);
+  EXPECT_EQ(out.str(), "As figuras de todas as viaturas estão certas.\n");
 }
 
 }  // namespace

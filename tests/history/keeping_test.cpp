@@ -4,6 +4,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "events/cost_sums.h"
+#include "events/upkeep.h"
 #include "exchange/profile/profile_store.h"
 #include "history/drivers/driver_activity.h"
 #include "history/drivers/driver_erasure.h"
@@ -156,6 +158,19 @@ TEST_F(KeepingTest, TwoWhoSaveExpensesOfOneVehicleLeaveItsFiguresRight) {
     EXPECT_EQ(wrong[0].plate + " " + wrong[0].lines.front().substr(0, 16), "12-AB-34 CustoTotal: 166 ");
   }
   EXPECT_TRUE(CheckFigures(store, false).empty());
+  EventOf<clRevisoes> service(bd, "12-AB-34");
+  service.Custo = platform::Currency(1000);
+  service.Escrever();
+  const auto without = Tools::SomaCustoSemRevisoes(bd, "12-AB-34");
+  const auto with = Tools::SomaCustoComRevisoes(bd, "12-AB-34");
+  EXPECT_EQ(with, without + platform::Currency(1000));
+  EXPECT_TRUE(CheckFigures(store, false).empty());
+  GuardarCustoTotal(bd, "12-AB-34", with);
+  EXPECT_TRUE(CheckFigures(store, true).empty()) << "as the ficha of a revision leaves it";
+  EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas").at(0).at(0), with.ToText());
+  GuardarCustoTotal(bd, "12-AB-34", with + platform::Currency(1));
+  EXPECT_EQ(CheckFigures(store, true).size(), 1U);
+  EXPECT_EQ(Rows(bd, "SELECT CustoTotal FROM zor_PV_Viaturas").at(0).at(0), without.ToText());
 }
 
 TEST_F(KeepingTest, WhatIsOlderThanTheOfficeKeepsGoesDocumentsFirst) {
