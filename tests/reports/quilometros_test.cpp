@@ -93,7 +93,8 @@ TEST(Total, VehiclesAreRankedByEurosAKmWithinTheirCategory) {
     fill.custo = i == 3 ? 900 : 120;
   }
   fleet.AA().dataMatricula = Date::Parse("01-01-2020");
-  fleet.AA().valorInicial = 29220;  // 2,922 days in eight years
+  fleet.AA().valorInicial = 30000;
+  fleet.AA().valorResidual = 780;  // 29,220 lost in the 2,922 days of eight years
   Pedido pedido;
   pedido.periodo = Periodo::Ano(2026);
   std::string text;
