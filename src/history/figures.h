@@ -18,7 +18,8 @@ struct WrongFigures {
 };
 
 /// Compares the figures of every vehicle with a recalculation, as the save of an expense gives them, or with
-/// the total that the save of a revision gives; a vehicle without expenses has none to compare. With `correct` they are stored, an operation for each vehicle.
+/// the total that the save of a revision gives; a vehicle without expenses has none to compare. With
+/// `correct` they are stored, an operation for each vehicle.
 std::vector<WrongFigures> CheckFigures(const std::shared_ptr<KeepingStore>& store, bool correct);
 
 }  // namespace history

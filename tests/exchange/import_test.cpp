@@ -97,7 +97,8 @@ class OfOthersMaking : public store::ForwardingStore {
 TEST_F(ImportTest, ADatabaseWithoutATableOfImportsTakesThemAllTheSame) {
   std::istringstream file(kExpenses);
   const ImportedFile about{"gastos", "a.csv", "soma", "ana", {}};
-  const ImportResult result = ImportCsvToLog(std::make_shared<OfOthersMaking>(bd.shared()), about, file, report, {});
+  const ImportResult result =
+      ImportCsvToLog(std::make_shared<OfOthersMaking>(bd.shared()), about, file, report, {});
   EXPECT_EQ(result.added, 2);
   EXPECT_EQ(result.number, 0);
   EXPECT_EQ(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").size(), 2U);
