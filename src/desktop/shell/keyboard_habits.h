@@ -2,9 +2,6 @@
 
 #include <QObject>
 
-class QKeyEvent;
-class QWidget;
-
 namespace desktop {
 
 /// Keys that do the same in every window of the program: Shift+F10 opens the menu of what has the keyboard,
