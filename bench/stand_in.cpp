@@ -3,7 +3,7 @@
 #include <thread>
 #include <utility>
 
-#include "stand_in_request.h"
+#include "stand_in_values.h"
 
 namespace bench {
 namespace {

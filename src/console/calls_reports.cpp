@@ -163,15 +163,13 @@ void AddFilters(CLI::App& command, ReportOptions& options) {
   command.add_option("--periodo", options.period, "Em vez dos dias: 2026, 2026-T1, 2026-01 ou 12meses.")
       ->type_name("NOME");
   const std::tuple<const char*, const char*, std::vector<std::string>*> lists[] = {
-      {"viatura", "esta", &request.viaturas},
-      {"departamento", "este", &request.departamentos},
-      {"categoria", "esta", &request.categorias},
-      {"marca", "esta", &request.marcas},
-      {"motorista", "este", &request.motoristas}};
-  for (const auto& [name, one, list] : lists)
-    command
-        .add_option(std::string("--") + name, *list,
-                    std::string("Só ") + one + " " + name + "; pode repetir-se.")
+      {"viatura", "Só esta ", &request.viaturas},
+      {"departamento", "Só este ", &request.departamentos},
+      {"categoria", "Só esta ", &request.categorias},
+      {"marca", "Só esta ", &request.marcas},
+      {"motorista", "Só este ", &request.motoristas}};
+  for (const auto& [name, only, list] : lists)
+    command.add_option(std::string("--") + name, *list, std::string(only) + name + "; pode repetir-se.")
         ->type_name("CÓDIGO")
         ->allow_extra_args(false);
   command

@@ -5,44 +5,12 @@
 #include <fstream>
 
 #include "exchange/assistant/preview_table.h"
-#include "exchange/import_fixture.h"
+#include "exchange/import_plan_fixture.h"
 #include "exchange/imports/take_back.h"
 #include "exchange/plan/cell_store.h"
-#include "exchange/shape/profile_guess.h"
-#include "exchange/table_files.h"
 
 namespace exchange {
 namespace {
-
-class ImportPlanTest : public ImportTest {
- protected:
-  /// A file of expenses, or of another kind, read by what is guessed of it.
-  ImportPlan& Read(const std::string& csv, const std::function<void(Profile&)>& change = {},
-                   const char* kind = "gastos") {
-    const std::string file = files.Put("a.csv", csv);
-    std::vector<TableRow> rows;
-    const auto reader = OpenTable(file);
-    for (TableRow row; reader->Next(row);) rows.push_back(row);
-    Profile profile = GuessProfile(*KindOf(kind), rows);
-    if (change) change(profile);
-    plan = std::make_unique<ImportPlan>(bd, profile);
-    plan->Load(*OpenTable(file));
-    return *plan;
-  }
-  /// Each row's line, state and reason.
-  std::string States() const {
-    std::string all;
-    for (std::size_t i = 0; i < plan->size(); ++i)
-      all += std::to_string(plan->row(i).line) + " " + NameOf(plan->row(i).state) +
-             (plan->why(i).reason.empty() ? "" : " " + plan->why(i).column + ": " + plan->why(i).reason) +
-             "\n";
-    return all;
-  }
-  long Expenses() { return static_cast<long>(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").size()); }
-
-  TableFiles files;
-  std::unique_ptr<ImportPlan> plan;
-};
 
 constexpr const char* kMonth =
     "Matrícula;Data;Tipo;Litros;Valor;Km\n"
@@ -150,56 +118,6 @@ TEST_F(ImportPlanTest, WhatCanBeReadInTwoWaysIsAskedBeforeAnythingIsChecked) {
   plan->Check();
   EXPECT_EQ(plan->Values(0)[1], "03-02-2024");
   EXPECT_EQ(plan->Sums().stored.amount.ToText(), "1,25");
-}
-
-TEST_F(ImportPlanTest, NewDriversAreNumberedAfterTheHighestThatIsANumber) {
-  for (const char* code : {"007", "A99", "9123456789", "12-3"})
-    Sql(std::string("INSERT INTO zor_Funcionarios (Codigo, Nome) VALUES ('") + code + "', 'de " + code +
-        "')");
-  Read(
-      "Matrícula;Data;Tipo;Valor;Motorista\n12-AB-34;20-01-2024;PORTAGEM;5;Berta Lopes\n"
-      "12-AB-34;21-01-2024;PORTAGEM;5;Vasco Dias\n");
-  std::string codes;
-  for (const NewCode& code : plan->UnknownCodes()) codes += code.code + " " + code.name + ";";
-  EXPECT_EQ(codes, "008 Berta Lopes;009 Vasco Dias;");
-}
-
-TEST_F(ImportPlanTest, CodesThatLackAreThoseOfEachColumnsTable) {
-  std::string all;
-  for (const ImportKind& kind : ImportKinds()) {
-    std::string names = kind.owner;
-    std::string values = "12-AB-34";
-    for (const CodeColumn& code : kind.codes) {
-      names += std::string(";") + code.column;
-      values += std::string(";Sem ") + code.column;
-    }
-    if (kind.codes.empty()) continue;
-    for (const auto& [column, value] : {std::pair{kind.date, "01-02-2024"}, std::pair{kind.amount, "10"},
-                                        std::pair{"Classe", "C"}, std::pair{"Validade", "01-02-2030"}}) {
-      if (column == nullptr) continue;
-      names += std::string(";") + column;
-      values += std::string(";") + value;
-    }
-    Read(names + "\n" + values + "\n", {}, kind.name);
-    all += std::string(kind.name) + ":";
-    for (const NewCode& code : plan->UnknownCodes())
-      all += " " + code.column + "=" + code.table + " " + code.name + ",";
-    all += "\n";
-  }
-  EXPECT_EQ(
-      all,
-      "viaturas: Marca=zor_PV_Marcas Sem Marca, Modelo=zor_PV_Modelos Sem Modelo, "
-      "Categoria=zor_PV_Categorias Sem Categoria, Departamento=zor_PV_Departamentos Sem Departamento, "
-      "CompLeasing=zor_PV_Companhias Sem CompLeasing,\n"
-      "gastos: TipoGasto=zor_PV_TiposGastos Sem TipoGasto, Motorista=zor_Funcionarios Sem Motorista, "
-      "Viagem=zor_PV_Viagens Sem Viagem,\n"
-      "apolices: Companhia=zor_PV_Companhias Sem Companhia, TipoSeguro=zor_PV_TiposSeguro Sem TipoSeguro,\n"
-      "revisoes: TipoManut=zor_PV_TiposManut Sem TipoManut,\n"
-      "inspecoes:\n"
-      "multas: Motorista=zor_Funcionarios Sem Motorista,\n"
-      "sinistros: Motorista=zor_Funcionarios Sem Motorista,\n"
-      "acessorios: TipoAcessorio=zor_PV_TiposAcessorios Sem TipoAcessorio,\n"
-      "cartas: Motorista=zor_Funcionarios 12-AB-34,\n");
 }
 
 TEST_F(ImportPlanTest, AnImportThatIsGivenUpLeavesNothing) {

@@ -9,7 +9,6 @@
 #include "console/list_printer.h"
 #include "console/program.h"
 #include "exchange/import_fixture.h"
-#include "store/forwarding_store.h"
 
 namespace exchange {
 
@@ -72,36 +71,6 @@ TEST_F(ImportTest, NothingIsStoredOfASimulationNorOfAFileThatFails) {
   EXPECT_TRUE(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").empty());
   EXPECT_EQ(Rows(bd, "SELECT KmActual FROM zor_PV_Viaturas"), (Table{{"10000"}}));
   EXPECT_EQ(MakeImportTarget("multas?", bd), nullptr);
-}
-
-/// A server whose administrator made the module's tables alone.
-class OfOthersMaking : public store::ForwardingStore {
- public:
-  using ForwardingStore::ForwardingStore;
-
- protected:
-  zorCrmParvel::RecordsetRef OpenForReading(const std::string& statement) override {
-    return ForwardingStore::OpenForReading(Known(statement));
-  }
-  zorCrmParvel::RecordsetRef OpenForEditing(const std::string& statement) override {
-    return ForwardingStore::OpenForEditing(Known(statement));
-  }
-
- private:
-  static const std::string& Known(const std::string& statement) {
-    if (statement.find("parvel_") == std::string::npos) return statement;
-    throw platform::RuntimeError(platform::kInvalidObject);
-  }
-};
-
-TEST_F(ImportTest, ADatabaseWithoutATableOfImportsTakesThemAllTheSame) {
-  std::istringstream file(kExpenses);
-  const ImportedFile about{"gastos", "a.csv", "soma", "ana", {}};
-  const ImportResult result =
-      ImportCsvToLog(std::make_shared<OfOthersMaking>(bd.shared()), about, file, report, {});
-  EXPECT_EQ(result.added, 2);
-  EXPECT_EQ(result.number, 0);
-  EXPECT_EQ(Rows(bd, "SELECT Gst_Id FROM zor_PV_Gastos").size(), 2U);
 }
 
 TEST_F(ImportTest, AnEmptyFieldHoldsNothingOfTheRowBefore) {
