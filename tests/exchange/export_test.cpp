@@ -31,13 +31,14 @@ TEST(Export, WritesWhatTheReaderReadsBack) {
       "cula|Data|Litros|Custo|Pago|\n";
   const std::string first = "2:=10-GJ-10|d01-07-2026 08:15:00|n45.125|n1234.5|bVERDADEIRO|\n";
   const std::string second = "3:a;\"b\"\n <c>  d||a definir|n-0.01|bFALSO|\n";
+  const std::string whole = head + first + second;
   for (const char* name : {"gastos.xlsx", "gastos.ODS"}) {
     SCOPED_TRACE(name);
     const std::string file = files.Put(name, "o que lá estava");
     WriteTable(Expenses(), file, FormatOf(file));
     const auto table = OpenTable(file);
     EXPECT_EQ(table->Facts().format, file.ends_with("x") ? "XLSX" : "ODS");
-    EXPECT_EQ(Dump(*table), head + first + second);
+    EXPECT_EQ(Dump(*table), whole);
     EXPECT_EQ(std::filesystem::status(file).permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   }
