@@ -33,7 +33,7 @@ TEST_F(ImportPlanTest, CodesThatLackAreThoseOfEachColumnsTable) {
       names += std::string(";") + column;
       values += std::string(";") + value;
     }
-    Read(names + "\n" + values + "\n", {}, kind.name);
+    Read(names.append("\n").append(values).append("\n"), {}, kind.name);
     all += std::string(kind.name) + ":";
     for (const NewCode& code : plan->UnknownCodes())
       all += " " + code.column + "=" + code.table + " " + code.name + ",";
