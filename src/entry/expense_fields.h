@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "events/gastos_form.h"
 
 namespace entry {

@@ -20,7 +20,7 @@ namespace desktop {
 namespace {
 
 constexpr int kMostColumns = 3;
-constexpr std::size_t kSteps = 5;
+constexpr auto kSteps = static_cast<std::size_t>(setup::Step::kDueDates) + 1;
 
 QString Today() {
   const platform::Date today = platform::Today();
