@@ -69,14 +69,21 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
+# Linkers, and so dpkg-shlibdeps, do not see what is loaded when it is wanted.
+get_property(FILES GLOBAL PROPERTY LATE_FILES)
+execute_process(COMMAND dpkg-query -S ${FILES} OUTPUT_VARIABLE OWNERS ERROR_QUIET)
+string(REGEX REPLACE ":[^\n]*\n" ", " LATE_PACKAGES "${OWNERS}")
+string(REGEX REPLACE ", $" "" LATE_PACKAGES "${LATE_PACKAGES}")
+
 set(CPACK_DEBIAN_PARVEL_PACKAGE_SECTION database)
+set(CPACK_DEBIAN_PARVEL_PACKAGE_DEPENDS "${LATE_PACKAGES}")
 set(CPACK_DEBIAN_PARVEL_PACKAGE_SUGGESTS "parvel-desktop, tdsodbc")
 set(CPACK_COMPONENT_PARVEL_DESCRIPTION "Fleet management in a terminal
 Vehicles, drivers and the events of a vehicle's life: listed, imported,
 reported on, and kept in one file or on an office's server.
 The program speaks Portuguese.")
 set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_SECTION database)
-set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_DEPENDS "fonts-dejavu-core, hicolor-icon-theme, qt6-translations-l10n")
+set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_DEPENDS "fonts-dejavu-core, hicolor-icon-theme, qt6-translations-l10n, ${LATE_PACKAGES}")
 set(CPACK_DEBIAN_PARVEL-DESKTOP_PACKAGE_RECOMMENDS "parvel, qt6-wayland")
 set(CPACK_COMPONENT_PARVEL-DESKTOP_DESCRIPTION "Fleet management in a window
 Vehicles, drivers and the events of a vehicle's life, with what is about to

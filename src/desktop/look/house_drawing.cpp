@@ -73,6 +73,37 @@ QRect SortArrow(const QStyleOption& option, const QWidget& heading) {
   return {option.rect.right() - side, (height - side) / 2, side, side};
 }
 
+void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QStyle& style,
+                   const QWidget* widget) {
+  const QColor ground = option.palette.color(QPalette::Window);
+  const QColor ink = option.palette.color(QPalette::WindowText);
+  painter.fillRect(option.rect, Blend(ground, ink, 0.05));
+  if (!option.state.testFlag(QStyle::State_Enabled) || option.minimum == option.maximum) return;
+  const auto held = [&option](QStyle::SubControl part) {
+    return option.activeSubControls.testFlag(part) && option.state.testFlag(QStyle::State_Sunken);
+  };
+  const auto pointed = [&option](QStyle::SubControl part) {
+    return option.activeSubControls.testFlag(part) && option.state.testFlag(QStyle::State_MouseOver);
+  };
+  const auto fill = [&](QStyle::SubControl part, double rest) {
+    const QRect rect = style.subControlRect(QStyle::CC_ScrollBar, &option, part, widget);
+    painter.fillRect(rect, Blend(ground, ink, held(part) ? rest + 0.2 : pointed(part) ? rest + 0.1 : rest));
+    return rect;
+  };
+  fill(QStyle::SC_ScrollBarSlider, 0.25);
+  const auto button = [&](QStyle::SubControl part, QStyle::PrimitiveElement arrow) {
+    QStyleOption sign(option);
+    const QRect rect = fill(part, 0.05);
+    const int side = std::min(rect.width(), rect.height()) / 2;
+    sign.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(side, side), rect);
+    style.drawPrimitive(arrow, &sign, &painter, widget);
+  };
+  const bool upright = option.orientation == Qt::Vertical;
+  button(QStyle::SC_ScrollBarSubLine, upright ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowLeft);
+  button(QStyle::SC_ScrollBarAddLine,
+         upright ? QStyle::PE_IndicatorArrowDown : QStyle::PE_IndicatorArrowRight);
+}
+
 QRect BottomLine(const QRect& rect) { return {rect.left(), rect.bottom(), rect.width(), 1}; }
 
 void DrawHeading(const QStyleOption& option, QPainter& painter) {

@@ -3,7 +3,9 @@
 #include <QRect>
 
 class QPainter;
+class QStyle;
 class QStyleOption;
+class QStyleOptionSlider;
 class QWidget;
 
 namespace desktop {
@@ -18,6 +20,9 @@ void DrawHeading(const QStyleOption& option, QPainter& painter);
 /// A page's tab: the one that is turned to stands on a line of the accent, filled where it has the keyboard.
 void DrawTab(const QStyleOption& option, QPainter& painter);
 void DrawBar(const QStyleOption& option, QPainter& painter);
+/// A scroll bar, whose parts lie where `style` has them.
+void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QStyle& style,
+                   const QWidget* widget);
 
 /// A sorted heading's arrow: small, in its middle. The toolkit's own sticks to the top where margins are
 /// wide.

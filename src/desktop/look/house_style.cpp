@@ -178,6 +178,8 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 
 void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+  if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option); bar && control == CC_ScrollBar)
+    return DrawScrollBar(*bar, *painter, *this, widget);
   if (control == CC_ComboBox && !option->state.testFlag(State_Enabled)) {
     // What can't be chosen from looks like any locked field.
     QStyleOptionFrame frame;

@@ -1,11 +1,10 @@
-#include <zip.h>
-
 #include <array>
 #include <charconv>
 #include <memory>
 #include <stdexcept>
 
 #include "exchange/export/export_faces.h"
+#include "exchange/zip_library.h"
 #include "platform/format.h"
 #include "platform/text.h"
 
@@ -160,7 +159,7 @@ std::string Content(const ExportTable& table, const std::string& sheet) {
 }
 
 struct Discard {
-  void operator()(zip_t* archive) const { zip_discard(archive); }
+  void operator()(zip_t* archive) const { Zip().discard(archive); }
 };
 
 }  // namespace
@@ -171,18 +170,18 @@ void WriteOds(const ExportTable& table, const std::string& file) {
                                                                      {"META-INF/manifest.xml", Manifest()},
                                                                      {"content.xml", Content(table, sheet)},
                                                                      {"settings.xml", Settings(sheet)}}};
-  std::unique_ptr<zip_t, Discard> archive(zip_open(file.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr));
+  std::unique_ptr<zip_t, Discard> archive(Zip().open(file.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr));
   bool good = archive != nullptr;
   for (const auto& [name, content] : parts) {
     if (!good) break;
-    zip_source_t* source = zip_source_buffer(archive.get(), content.data(), content.size(), 0);
-    const zip_int64_t index = zip_file_add(archive.get(), name, source, ZIP_FL_ENC_UTF_8);
-    if (index < 0) zip_source_free(source);
+    zip_source_t* source = Zip().source_buffer(archive.get(), content.data(), content.size(), 0);
+    const zip_int64_t index = Zip().file_add(archive.get(), name, source, ZIP_FL_ENC_UTF_8);
+    if (index < 0) Zip().source_free(source);
     good = index >= 0;
     // The first part tells the kind of the file, and is found by its place among the bytes.
-    if (index == 0) zip_set_file_compression(archive.get(), 0, ZIP_CM_STORE, 0);
+    if (index == 0) Zip().set_file_compression(archive.get(), 0, ZIP_CM_STORE, 0);
   }
-  if (good && zip_close(archive.get()) == 0) {
+  if (good && Zip().close(archive.get()) == 0) {
     static_cast<void>(archive.release());
     return;
   }

@@ -1,10 +1,9 @@
-#include <xlsxwriter.h>
-
 #include <map>
 #include <memory>
 #include <stdexcept>
 
 #include "exchange/export/export_faces.h"
+#include "exchange/export/xlsx_library.h"
 #include "platform/text.h"
 
 namespace exchange {
@@ -31,16 +30,16 @@ class Formats {
   lxw_format* For(const std::string& mask) {
     lxw_format*& format = made_[mask];
     if (format == nullptr) {
-      format = workbook_add_format(book_);
-      format_set_num_format(format, mask.c_str());
+      format = Xlsx().workbook_add_format(book_);
+      Xlsx().format_set_num_format(format, mask.c_str());
     }
     return format;
   }
   lxw_format* Heading() {
-    lxw_format* format = workbook_add_format(book_);
-    format_set_bold(format);
-    format_set_border(format, LXW_BORDER_NONE);
-    format_set_bottom(format, LXW_BORDER_THIN);
+    lxw_format* format = Xlsx().workbook_add_format(book_);
+    Xlsx().format_set_bold(format);
+    Xlsx().format_set_border(format, LXW_BORDER_NONE);
+    Xlsx().format_set_bottom(format, LXW_BORDER_THIN);
     return format;
   }
 
@@ -58,9 +57,11 @@ struct CellWriter {
 
   lxw_error operator()(const std::string& text) const {
     if (text.empty()) return LXW_NO_ERROR;
-    return worksheet_write_string(sheet, row, at, platform::Left(text, kLongestText).c_str(), nullptr);
+    return Xlsx().worksheet_write_string(sheet, row, at, platform::Left(text, kLongestText).c_str(), nullptr);
   }
-  lxw_error operator()(double number) const { return worksheet_write_number(sheet, row, at, number, format); }
+  lxw_error operator()(double number) const {
+    return Xlsx().worksheet_write_number(sheet, row, at, number, format);
+  }
   lxw_error operator()(platform::Currency money) const { return (*this)(money.ToDouble()); }
   lxw_error operator()(platform::Date date) const {
     const double serial = static_cast<double>(date.seconds()) / kSecondsADay;
@@ -68,7 +69,7 @@ struct CellWriter {
     return serial < kFirstSafeDay ? (*this)(date.ToText()) : (*this)(serial);
   }
   lxw_error operator()(bool truth) const {
-    return worksheet_write_boolean(sheet, row, at, truth ? 1 : 0, nullptr);
+    return Xlsx().worksheet_write_boolean(sheet, row, at, truth ? 1 : 0, nullptr);
   }
 };
 
@@ -96,8 +97,8 @@ void WriteXlsx(const ExportTable& table, const std::string& file) {
         "Uma folha XLSX leva 1.048.576 linhas e 16.384 colunas no máximo; exporte para CSV.");
   lxw_workbook_options options{};
   options.constant_memory = LXW_TRUE;
-  lxw_workbook* book = workbook_new_opt(file.c_str(), &options);
-  lxw_worksheet* sheet = workbook_add_worksheet(book, SheetName(table.title).c_str());
+  lxw_workbook* book = Xlsx().workbook_new_opt(file.c_str(), &options);
+  lxw_worksheet* sheet = Xlsx().workbook_add_worksheet(book, SheetName(table.title).c_str());
   Formats formats(book);
   lxw_format* heading = formats.Heading();
   std::vector<lxw_format*> ofColumn;
@@ -105,18 +106,19 @@ void WriteXlsx(const ExportTable& table, const std::string& file) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const auto at = static_cast<lxw_col_t>(i);
     ofColumn.push_back(formats.For(MaskOf(table, i)));
-    worksheet_set_column(sheet, at, at, widths[i], nullptr);
+    Xlsx().worksheet_set_column(sheet, at, at, widths[i], nullptr);
   }
-  worksheet_freeze_panes(sheet, 1, 0);
+  Xlsx().worksheet_freeze_panes(sheet, 1, 0);
   for (std::size_t i = 0; i < table.columns.size(); ++i)
-    worksheet_write_string(sheet, 0, static_cast<lxw_col_t>(i), table.columns[i].heading.c_str(), heading);
+    Xlsx().worksheet_write_string(sheet, 0, static_cast<lxw_col_t>(i), table.columns[i].heading.c_str(),
+                                  heading);
   lxw_error error = LXW_NO_ERROR;
   for (std::size_t row = 0; row < table.rows.size(); ++row)
     for (std::size_t i = 0; i < table.columns.size() && error == LXW_NO_ERROR; ++i)
       error = std::visit(
           CellWriter{sheet, static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(i), ofColumn[i]},
           table.rows[row][i]);
-  const lxw_error closed = workbook_close(book);
+  const lxw_error closed = Xlsx().workbook_close(book);
   if (error != LXW_NO_ERROR || closed != LXW_NO_ERROR) throw std::runtime_error("veja se o disco está cheio");
 }
 

@@ -10,12 +10,12 @@ namespace exchange {
 /// What a file may ask for; beyond that it is refused.
 constexpr std::uint64_t kUnpackedLimit = 300ULL * 1024 * 1024;  // bytes of a file when it is unpacked
 constexpr std::uint64_t kDeliveredLimit =
-    4 * kUnpackedLimit;                        // bytes of all its cells, repetitions written out
-constexpr std::size_t kCellLimit = 32767 * 4;  // bytes of one cell, the most that a spreadsheet takes
-constexpr std::size_t kColumnLimit = 16384;    // columns of a row
-constexpr long kRowLimit = 1048576;            // rows of a sheet
-constexpr double kFirstRowSeconds = 5;         // work until the first row
-constexpr std::size_t kReadBlock = 16384;      // bytes that are read at once
+    4 * kUnpackedLimit;                      // bytes of all its cells, repetitions written out
+constexpr std::size_t kCellLimit = 131068;   // bytes of one cell, the most that a spreadsheet takes
+constexpr std::size_t kColumnLimit = 16384;  // columns of a row
+constexpr long kRowLimit = 1048576;          // rows of a sheet
+constexpr double kFirstRowSeconds = 5;       // work until the first row
+constexpr std::size_t kReadBlock = 16384;    // bytes that are read at once
 
 /// The errors of which a file of any kind is refused.
 inline std::runtime_error BrokenFile(const std::string& detail) {
