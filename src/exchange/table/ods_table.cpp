@@ -4,11 +4,10 @@
 #include <charconv>
 #include <utility>
 
+#include "exchange/table/archived_document.h"
 #include "exchange/table/cell_values.h"
 #include "exchange/table/limits.h"
-#include "exchange/table/markup_reader.h"
 #include "exchange/table/streamed_table.h"
-#include "exchange/table/zip_archive.h"
 #include "platform/date_reader.h"
 
 namespace exchange {
@@ -72,7 +71,7 @@ struct SheetNames : MarkupHandler {
 
 class OdsTable : public StreamedTable, public MarkupHandler {
  public:
-  explicit OdsTable(const std::string& file) : archive_(file), block_(kReadBlock, '\0') {
+  explicit OdsTable(const std::string& file) : archive_(file) {
     if (archive_.Small("META-INF/manifest.xml").find("encryption-data") != std::string::npos)
       throw ProtectedFile();
     facts_.format = "ODS";
@@ -81,7 +80,7 @@ class OdsTable : public StreamedTable, public MarkupHandler {
     Open(0);
   }
 
-  double Progress() const override { return entry_ ? entry_->Progress() : 1; }
+  double Progress() const override { return document_ ? document_->Progress() : 1; }
 
  private:
   void NameSheets();
@@ -100,9 +99,7 @@ class OdsTable : public StreamedTable, public MarkupHandler {
   void Append(std::string_view text);
 
   ZipArchive archive_;
-  std::string block_;
-  std::unique_ptr<ZipEntry> entry_;
-  std::unique_ptr<MarkupReader> reader_;
+  std::unique_ptr<ArchivedDocument> document_;
   std::size_t wanted_ = 0;
   std::size_t begun_ = 0;  // tables so far
   int depth_ = 0;          // of tables, one within another's cell
@@ -124,18 +121,12 @@ class OdsTable : public StreamedTable, public MarkupHandler {
 
 void OdsTable::NameSheets() {
   SheetNames names(sheets_, facts_);
-  MarkupReader reader(names, MarkupReader::Kind::kXml);
-  const auto entry = archive_.Open(kContent);
-  for (std::size_t got = 0; (got = entry->Read(block_.data(), block_.size())) > 0;) {
-    reader.Feed(std::string_view(block_).substr(0, got));
-    CheckTime();
-  }
-  reader.Finish();
+  ArchivedDocument document(archive_, kContent, names);
+  while (document.Next()) CheckTime();
 }
 
 void OdsTable::Begin(std::size_t sheet) {
-  entry_ = archive_.Open(kContent);
-  reader_ = std::make_unique<MarkupReader>(*this, MarkupReader::Kind::kXml);
+  document_ = std::make_unique<ArchivedDocument>(archive_, kContent, *this);
   wanted_ = sheet;
   begun_ = column_ = 0;
   depth_ = aside_ = 0;
@@ -143,17 +134,7 @@ void OdsTable::Begin(std::size_t sheet) {
   inParagraph_ = inCell_ = done_ = false;
 }
 
-bool OdsTable::Feed() {
-  if (done_ || !reader_) return false;
-  const std::size_t got = entry_->Read(block_.data(), block_.size());
-  if (got == 0) {
-    reader_->Finish();
-    done_ = true;
-    return false;
-  }
-  reader_->Feed(std::string_view(block_).substr(0, got));
-  return true;
-}
+bool OdsTable::Feed() { return !done_ && document_->Next(); }
 
 void OdsTable::Begin(std::string_view name, const MarkupAttributes& attributes) {
   if (name == "table") {

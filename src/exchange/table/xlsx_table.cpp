@@ -3,12 +3,11 @@
 #include <charconv>
 #include <utility>
 
+#include "exchange/table/archived_document.h"
 #include "exchange/table/cell_values.h"
 #include "exchange/table/limits.h"
-#include "exchange/table/markup_reader.h"
 #include "exchange/table/streamed_table.h"
 #include "exchange/table/xlsx_workbook.h"
-#include "exchange/table/zip_archive.h"
 
 namespace exchange {
 namespace {
@@ -25,9 +24,7 @@ struct RawCell {
 class XlsxTable : public StreamedTable, public MarkupHandler {
  public:
   explicit XlsxTable(const std::string& file)
-      : archive_(file),
-        workbook_(ReadXlsxWorkbook(archive_, [this] { CheckTime(); })),
-        block_(kReadBlock, '\0') {
+      : archive_(file), workbook_(ReadXlsxWorkbook(archive_, [this] { CheckTime(); })) {
     for (const XlsxSheet& sheet : workbook_.sheets)
       sheets_.push_back({.name = sheet.name, .hidden = sheet.hidden});
     facts_.format = "XLSX";
@@ -35,7 +32,7 @@ class XlsxTable : public StreamedTable, public MarkupHandler {
     Open(0);
   }
 
-  double Progress() const override { return entry_ ? entry_->Progress() : 1; }
+  double Progress() const override { return document_ ? document_->Progress() : 1; }
 
  private:
   // StreamedTable
@@ -52,9 +49,7 @@ class XlsxTable : public StreamedTable, public MarkupHandler {
 
   ZipArchive archive_;
   XlsxWorkbook workbook_;
-  std::string block_;
-  std::unique_ptr<ZipEntry> entry_;
-  std::unique_ptr<MarkupReader> reader_;
+  std::unique_ptr<ArchivedDocument> document_;
   bool inRows_ = false;
   bool inValue_ = false;
   bool readingAid_ = false;
@@ -81,23 +76,12 @@ std::size_t ColumnOf(std::string_view reference, std::size_t otherwise) {
 }
 
 void XlsxTable::Begin(std::size_t sheet) {
-  entry_ = archive_.Open(workbook_.sheets[sheet].entry);
-  reader_ = std::make_unique<MarkupReader>(*this, MarkupReader::Kind::kXml);
+  document_ = std::make_unique<ArchivedDocument>(archive_, workbook_.sheets[sheet].entry, *this);
   inRows_ = inValue_ = readingAid_ = false;
   line_ = 0;
 }
 
-bool XlsxTable::Feed() {
-  if (!reader_) return false;
-  const std::size_t got = entry_->Read(block_.data(), block_.size());
-  if (got > 0) {
-    reader_->Feed(std::string_view(block_).substr(0, got));
-    return true;
-  }
-  reader_->Finish();
-  reader_.reset();
-  return false;
-}
+bool XlsxTable::Feed() { return document_->Next(); }
 
 void XlsxTable::Begin(std::string_view name, const MarkupAttributes& attributes) {
   if (name == "c" && inRows_) {

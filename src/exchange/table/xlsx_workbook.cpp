@@ -4,9 +4,9 @@
 #include <map>
 #include <utility>
 
+#include "exchange/table/archived_document.h"
 #include "exchange/table/cell_values.h"
 #include "exchange/table/limits.h"
-#include "exchange/table/markup_reader.h"
 #include "exchange/utf8.h"
 
 namespace exchange {
@@ -128,14 +128,8 @@ struct TextsPart : MarkupHandler {
 
 void ReadPart(const ZipArchive& archive, const std::string& entry, MarkupHandler& handler,
               const std::function<void()>& whileReading) {
-  const auto file = archive.Open(entry);
-  MarkupReader reader(handler, MarkupReader::Kind::kXml);
-  std::string block(kReadBlock, '\0');
-  for (std::size_t got = 0; (got = file->Read(block.data(), block.size())) > 0;) {
-    reader.Feed(std::string_view(block).substr(0, got));
-    whileReading();
-  }
-  reader.Finish();
+  ArchivedDocument document(archive, entry, handler);
+  while (document.Next()) whileReading();
 }
 
 }  // namespace
