@@ -18,7 +18,10 @@ class ImportPlanTest : public ImportTest {
   /// A file of expenses, or of another kind, read by what is guessed of it.
   ImportPlan& Read(const std::string& csv, const std::function<void(Profile&)>& change = {},
                    const char* kind = "gastos") {
-    const std::string file = files.Put("a.csv", csv);
+    return ReadFile(files.Put("a.csv", csv), change, kind);
+  }
+  ImportPlan& ReadFile(const std::string& file, const std::function<void(Profile&)>& change,
+                       const char* kind) {
     std::vector<TableRow> rows;
     const auto reader = OpenTable(file);
     for (TableRow row; reader->Next(row);) rows.push_back(row);

@@ -221,6 +221,82 @@ TEST_F(ImportPlanTest, KilometresAreProposedOnTheLineThroughReadings) {
       << "one reading of the last ninety days is no line";
 }
 
+TEST_F(ImportPlanTest, CellsOfASpreadsheetAreTakenForWhatTheyAre) {
+  const auto text = [](const std::string& value) {
+    return "<c t='inlineStr'><is><t>" + value + "</t></is></c>";
+  };
+  const auto day = [](const std::string& value) { return "<c s='1'><v>" + value + "</v></c>"; };
+  const auto number = [](const std::string& value) { return "<c><v>" + value + "</v></c>"; };
+  const std::string error = "<c t='e'><v>#N/A</v></c>";
+  const std::string formula = "<c><f>A1</f></c>";
+  const std::string truth = "<c t='b'><v>1</v></c>";
+  const std::string rows[] = {text("Data") + text("Hora") + text("Valor") + text("Responsabilidade"),
+                              day("45322") + day("0.5") + number("60.25") + truth,
+                              number("45322") + text("08:30") + number("0.00005") + number("0"),
+                              text("31-01-2024") + number("0.25") + text("1.234,5") + text("não"),
+                              day("45322") + text("") + number("1e20"),
+                              day("45322") + text("tarde") + number("1"),
+                              day("45322") + text("") + error,
+                              day("45322") + text("") + formula,
+                              error + text("") + number("1"),
+                              day("45322") + error + number("1"),
+                              number("100000") + text("") + number("1"),
+                              day("45322") + text("") + number("1") + number("0.5"),
+                              day("45322.75") + text("") + truth};
+  const auto file = [&](std::size_t count) {
+    std::string sheet;
+    for (std::size_t i = 0; i < count; ++i)
+      sheet += "<row>" + text(i == 0 ? "Matrícula" : "12-AB-34") + rows[i] + "</row>";
+    return files.Zip(
+        "a.xlsx",
+        {{"xl/workbook.xml", "<w xmlns:r='u/relationships'><sheets><sheet name='F' r:id='r1'/></sheets></w>"},
+         {"xl/_rels/workbook.xml.rels",
+          "<R><Relationship Id='r1' Type='x/worksheet' Target='a.xml'/><Relationship Id='r2' "
+          "Type='x/styles' Target='s.xml'/></R>"},
+         {"xl/s.xml", "<s><cellXfs><xf numFmtId='0'/><xf numFmtId='14'/></cellXfs></s>"},
+         {"xl/a.xml", "<s><sheetData>" + sheet + "</sheetData></s>"}});
+  };
+  const auto shown = [&] {
+    std::string all;
+    for (std::size_t i = 0; i < plan->size(); ++i) {
+      for (const std::string& value : plan->Values(i)) all += value + "|";
+      all += plan->why(i).column + (plan->why(i).column.empty() ? "" : " ") + plan->why(i).reason + "\n";
+    }
+    return all;
+  };
+  ReadFile(file(std::size(rows) - 1), {}, "multas").Check();
+  EXPECT_EQ(shown(), R"(12-AB-34|31-01-2024 12:00:00|||60,25|1|
+12-AB-34|31-01-2024 08:30:00|||0|0|
+12-AB-34|31-01-2024 06:00:00|||1234,5|0|
+12-AB-34|31-01-2024|||100000000000000000000||ValorMulta «100000000000000000000» é um número grande demais.
+12-AB-34|31-01-2024 tarde|||1||Data «tarde» não é uma hora.
+12-AB-34|31-01-2024|||||ValorMulta A célula tem o erro #N/A.
+12-AB-34|31-01-2024|||||ValorMulta A fórmula não tem valor guardado: abra e grave o ficheiro na folha de cálculo.
+12-AB-34||||1||Data A célula tem o erro #N/A.
+12-AB-34||||1||Data A célula tem o erro #N/A.
+12-AB-34|100000|||1||Data «100000» não é uma data.
+12-AB-34|31-01-2024|||1|0.5|Responsabilidade «0.5» não é um número inteiro.
+)");
+  ReadFile(
+      file(4),
+      [](Profile& profile) {
+        profile.At("ValorMulta").impliedDecimals = 2;
+        profile.At("ValorMulta").turned = true;
+      },
+      "multas")
+      .Check();
+  EXPECT_EQ(shown(), R"(12-AB-34|31-01-2024 12:00:00|||-0,6025|1|Nota de crédito.
+12-AB-34|31-01-2024 08:30:00|||0|0|
+12-AB-34|31-01-2024 06:00:00|||-1234,5|0|Nota de crédito.
+)");
+  // Where the day has a time, nothing adds to it.
+  ReadFile(
+      file(std::size(rows)), [](Profile& profile) { EXPECT_EQ(profile.Find("Data")->pieces.size(), 1U); },
+      "multas")
+      .Check();
+  EXPECT_EQ(plan->Values(11)[1], "31-01-2024 18:00:00");
+}
+
 TEST(CellStore, KeepsRowsInMemoryAndInAFileAlike) {
   CellStore store(100);
   std::vector<std::pair<std::uint64_t, std::string>> rows;

@@ -58,11 +58,7 @@ class ByteText {
   bool control_ = false;
 };
 
-}  // namespace
-
-TextEncoding DetectEncoding(std::istream& file) {
-  file.clear();
-  file.seekg(0);
+TextEncoding EncodingOf(std::istream& file) {
   std::string block(kBlock, '\0');
   ByteText text;
   for (bool first = true; file; first = false) {
@@ -83,9 +79,21 @@ TextEncoding DetectEncoding(std::istream& file) {
           "XLSX, ODS "
           "ou CSV e tente de novo.");
   }
+  return text.utf8() ? TextEncoding::kUtf8 : TextEncoding::kWindows1252;
+}
+
+void Rewind(std::istream& file) {
   file.clear();
   file.seekg(0);
-  return text.utf8() ? TextEncoding::kUtf8 : TextEncoding::kWindows1252;
+}
+
+}  // namespace
+
+TextEncoding DetectEncoding(std::istream& file) {
+  Rewind(file);
+  const TextEncoding encoding = EncodingOf(file);
+  Rewind(file);
+  return encoding;
 }
 
 Utf16Buffer::int_type Utf16Buffer::underflow() {
@@ -122,15 +130,9 @@ int Utf16Buffer::Unit() {
 
 Utf16Buffer::pos_type Utf16Buffer::seekpos(pos_type position, std::ios_base::openmode) {
   if (position != pos_type(0)) return pos_type(off_type(-1));
-  file_.clear();
-  file_.seekg(0);
+  Rewind(file_);
   setg(nullptr, nullptr, nullptr);
   return position;
-}
-
-Utf16Buffer::pos_type Utf16Buffer::seekoff(off_type offset, std::ios_base::seekdir from,
-                                           std::ios_base::openmode mode) {
-  return from == std::ios_base::beg ? seekpos(pos_type(offset), mode) : pos_type(off_type(-1));
 }
 
 }  // namespace exchange

@@ -23,7 +23,6 @@ class Utf16Buffer : public std::streambuf {
  protected:
   int_type underflow() override;
   pos_type seekpos(pos_type position, std::ios_base::openmode) override;
-  pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode mode) override;
 
  private:
   /// The next unit of 16 bits; -1 at the end.

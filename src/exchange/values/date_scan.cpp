@@ -96,7 +96,8 @@ void DateScan::ReadTime(long long hour, char mark) {
   }
   if (At(place_) == '.' && IsDigit(At(place_ + 1)))
     for (++place_; IsDigit(At(place_));) ++place_;  // parts of a second
-  if (second_ >= 0 || hour > 24 || parts[0] > 59 || parts[1] > 59) {
+  const bool beyond = hour > 24 || (hour == 24 && parts[0] + parts[1] > 0) || parts[0] > 59 || parts[1] > 59;
+  if (second_ >= 0 || beyond) {
     sound_ = false;
     return;
   }
