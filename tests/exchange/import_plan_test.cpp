@@ -219,6 +219,19 @@ TEST_F(ImportPlanTest, KilometresAreProposedOnTheLineThroughReadings) {
   Sql("DELETE FROM zor_PV_Gastos WHERE Km=11000");
   EXPECT_EQ(proposed("25-01-2024", true).substr(0, 8), "recusada")
       << "one reading of the last ninety days is no line";
+  // The file's own readings count, each for its vehicle.
+  for (const char* plate : {"A", "B"}) AddVehicle(bd, plate, 0);
+  Read(
+      "Matrícula;Data;Tipo;Litros;Valor;Km\nA;11-01-2024;GASOLEO;40;61;1000\nB;11-01-2024;GASOLEO;40;61;"
+      "7000\n"
+      "A;16-01-2024;GASOLEO;40;62;\nA;21-01-2024;GASOLEO;40;63;2000\nB;16-01-2024;GASOLEO;40;62;\n"
+      "B;21-01-2024;GASOLEO;40;63;x\nB;31-01-2024;GASOLEO;40;63;9000\n",
+      [](Profile& profile) { profile.proposeKm = true; });
+  plan->AcceptProposals(true);
+  plan->Check();
+  EXPECT_EQ(States(),
+            "2 nova\n3 nova\n4 aviso : Km propostos: 1500.\n5 nova\n6 aviso : Km propostos: 7500.\n"
+            "7 recusada Km: «x» não é um número.\n8 nova\n");
 }
 
 TEST_F(ImportPlanTest, CellsOfASpreadsheetAreTakenForWhatTheyAre) {

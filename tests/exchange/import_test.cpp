@@ -188,6 +188,7 @@ TEST_F(ImportTest, AFillIsComparedWithTheOneBeforeItHoweverTheyWereStored) {
   using platform::Date;
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 20), "GASOLEO", "40", "60", 12000);
   AddExpense(bd, "12-AB-34", Date::FromParts(2024, 2, 10), "GASOLEO", "40", "60", 11000);
+  Sql("INSERT INTO zor_PV_Gastos (Matricula, Data, Km) VALUES ('12-AB-34', '2024.02.11', 99999)");  // no fill
   const ImportResult result =
       Import("gastos",
              "Matricula;Data;TipoGasto;Qtd;Km\n12-AB-34;25-02-2024;GASOLEO;40;11500\n"

@@ -87,6 +87,75 @@ TEST_F(SessionTest, EveryKindOfValueGoesAsItsColumnTakesIt) {
             "-2/-4/8001/0/8001/ ");
 }
 
+TEST_F(SessionTest, EveryTypeOfColumnIsReadAsTheProgramKnowsIt) {
+  const std::pair<const char*, const char*> columns[] = {{"bit", "1"},
+                                                         {"tinyint", "2"},
+                                                         {"smallint", "3"},
+                                                         {"integer", "4"},
+                                                         {"bigint", "5"},
+                                                         {"real", "0.5"},
+                                                         {"float", "0.25"},
+                                                         {"double", "0.125"},
+                                                         {"decimal(9,2)", "1.5"},
+                                                         {"money", "12.3456"},
+                                                         {"smallmoney", "-0.0001"},
+                                                         {"date", "'2024-02-29'"},
+                                                         {"datetime", "'2024-02-29 08:09:10'"},
+                                                         {"binary(4)", "x'0102'"},
+                                                         {"varbinary(9)", "x'010203'"},
+                                                         {"varchar(7)", "'ação'"},
+                                                         {"nvarchar(8000)", "'a'"},
+                                                         {"nvarchar(8001)", "'b'"},
+                                                         {"text", "'c'"},
+                                                         {"blob", "x'00FF'"},
+                                                         {"bigint", "3000000000"}};
+  sqlserver::Parameters none;
+  std::string all;
+  for (const auto& [type, value] : columns) {
+    for (const std::string& sql :
+         {std::string("DROP TABLE IF EXISTS tipos"), std::string("CREATE TABLE tipos (c ") + type + ")",
+          std::string("INSERT INTO tipos VALUES (NULL), (") + value + ")"})
+      session().Write(sql, none);
+    const std::string error = ErrorOf([&] {
+      session().Read("SELECT c FROM tipos ORDER BY c", [&, type = type](sqlserver::ResultReader& reader) {
+        platform::RowStore store(1);
+        reader.ReadAll(store);
+        const platform::FieldInfo& field = reader.fields()[0];
+        const platform::Variant read = store.At(1, 0).ToVariant();
+        all += std::string(type) + " " + std::to_string(static_cast<int>(field.type)) + "/" +
+               std::to_string(field.definedSize) + " " + (store.At(0, 0).IsNull() ? "" : "? ") +
+               (field.type == platform::FieldType::kBytes ? std::to_string(read.ToBytes().size())
+                                                          : read.ToText()) +
+               "\n";
+      });
+    });
+    if (!error.empty()) all += error + "\n";
+  }
+  // The driver takes "binary" for a text, which then is longer than it says.
+  EXPECT_EQ(all, R"(bit 0/2 True
+tinyint 1/2 2
+smallint 1/2 3
+integer 2/4 4
+bigint 2/4 5
+real 3/8 0,5
+float 3/8 0,25
+double 3/8 0,125
+decimal(9,2) 6/9 1.5
+money 4/8 12,3456
+smallmoney 4/8 -0,0001
+date 5/16 29-02-2024
+datetime 5/16 29-02-2024 08:09:10
+-2147467259: O servidor enviou um texto maior do que a coluna declara.
+varbinary(9) 7/9 3
+varchar(7) 6/7 ação
+nvarchar(8000) 6/8000 a
+nvarchar(8001) 6/1073741823 b
+text 6/1073741823 c
+blob 7/255 2
+-2147217900: Arithmetic overflow error converting expression to data type int.
+)");
+}
+
 TEST_F(SessionTest, WhatTheServerUndidIsNotCommitted) {
   PretendServer();
   store_ = Reopened();

@@ -8,6 +8,7 @@
 #include "sqlserver/connection_text.h"
 #include "sqlserver/rows/editable_rows.h"
 #include "sqlserver/utf16.h"
+#include "support/errors.h"
 #include "tsql/parser.h"
 
 namespace sqlserver_tests {
@@ -40,7 +41,12 @@ TEST(ServerValuesTest, TextGoesThereAndBack) {
   for (const char* text : {"", "abc", "ação €", "\U0001F697 a\U00010FFFF", "\x7F\u0080\u07FF\u0800\uFFFD"})
     EXPECT_EQ(sqlserver::ToUtf8(sqlserver::ToUtf16(text)), text);
   EXPECT_EQ(sqlserver::ToUtf16("\U0001F697").size(), 2u);
-  EXPECT_EQ(sqlserver::ToUtf8(std::u16string{u'a', char16_t{0xD83D}, u'b'}), "a\uFFFDb");
+  const std::pair<std::u16string, const char*> broken[] = {
+      {{u'a', char16_t{0xD83D}, u'b'}, "a\uFFFDb"},
+      {{char16_t{0xD83D}}, "\uFFFD"},
+      {{char16_t{0xDE97}, u'b'}, "\uFFFDb"},
+      {{char16_t{0xD83D}, char16_t{0xD83D}, char16_t{0xDE97}}, "\uFFFD\U0001F697"}};
+  for (const auto& [units, text] : broken) EXPECT_EQ(sqlserver::ToUtf8(units), text);
   EXPECT_EQ(NumberOf([] { sqlserver::ToUtf16("a\xFF"); }), platform::kStatementRefused);
 }
 
@@ -52,9 +58,30 @@ TEST(ConnectionTextTest, ReadsWhatItIsGivenAndRefusesPasswords) {
   EXPECT_EQ(text.Place(), "frota em srv");
   EXPECT_EQ(text.ToText(), "Driver={ODBC Driver; 18};Server=srv;DATABASE=frota;UID=ana;X=a}b;");
   EXPECT_EQ(sqlserver::ConnectionText("frota").WithPassword("a;b}"), "DSN=frota;PWD={a;b}}};");
-  for (const char* bad :
-       {"", " ", "Server=s;PWD=x", "password={x};Server=s", "Server=s;nada", "Driver={x", "Driver={x}y"})
-    EXPECT_EQ(NumberOf([&] { sqlserver::ConnectionText{bad}; }), platform::kEngineFailure) << bad;
+  EXPECT_EQ(sqlserver::ConnectionText(" frota ").ToText(), "DSN=frota;");
+  EXPECT_EQ(sqlserver::ConnectionText(";User = ana ;; Address={ a};DSN=d; ").ToText(),
+            "UID=ana;Address={ a};DSN=d;");
+  EXPECT_EQ(sqlserver::ConnectionText("Driver=f;Address=a;DSN=d").Place(), "a");
+  EXPECT_EQ(sqlserver::ConnectionText("Driver=f;UID=a").Place(), "f");
+  const std::pair<const char*, const char*> faults[] = {{"", "está vazia"},
+                                                        {" ", "está vazia"},
+                                                        {"Server=s;PWD=x", "A senha não vai"},
+                                                        {"password={x};Server=s", "A senha não vai"},
+                                                        {"Server=s; nada", "não se entende «nada»"},
+                                                        {"nada;Server=s", "não se entende «nada»"},
+                                                        {"Driver={x", "fechar uma chaveta"},
+                                                        {"Driver={x}}", "fechar uma chaveta"},
+                                                        {"Driver={x} y;UID=a", "depois de «Driver»"}};
+  for (const auto& [bad, says] : faults) {
+    const auto error = testing_support::FailureOf([&, bad = bad] { sqlserver::ConnectionText{bad}; });
+    EXPECT_EQ(error.number(), platform::kEngineFailure);
+    EXPECT_NE(error.description().find(says), std::string::npos) << bad << ": " << error.description();
+  }
+  using sqlserver::ConnectionText;
+  EXPECT_TRUE(ConnectionText::DoublesBraces("a;}"));
+  for (const char* sent : {"a}", "a;", "{", "", " "})
+    EXPECT_FALSE(ConnectionText::DoublesBraces(sent)) << sent;
+  EXPECT_EQ(ConnectionText("frota").WithPassword(""), "DSN=frota;");
 }
 
 TEST(ConnectionTextTest, PartsAreReplacedAndTheOthersStay) {
