@@ -136,6 +136,61 @@ TEST_F(PagesText, EachReportIsShownWhole) {
   testing_support::ExpectWholeText(PARVEL_SOURCE_DIR "/tests/reports/pages.txt", text);
 }
 
+TEST_F(PagesText, FiltersAndColumnsOfTimeChangeEachReport) {
+  const struct {
+    const char* what;
+    platform::Date from, to;
+    void (*change)(Pedido&);
+  } requests[] = {{"trimestres, ao serviço, de D e O", platform::Date::FromParts(2025, 12, 30),
+                   platform::Date::FromParts(2026, 4, 2),
+                   [](Pedido& p) {
+                     p.coluna = Coluna::kTrimestre;
+                     p.soActivas = true;
+                     p.departamentos = {"d ", "O"};
+                   }},
+                  {"anos, fora de serviço, sem departamento, prémios por inteiro e sem rendas",
+                   platform::Date::FromParts(2025, 1, 1), platform::Date::FromParts(2026, 12, 31),
+                   [](Pedido& p) {
+                     p.coluna = Coluna::kAno;
+                     p.soInactivas = true;
+                     p.departamentos = {""};
+                     p.premiosRepartidos = p.comRendas = false;
+                   }},
+                  {"dias de Fevereiro, sem rendas, de Diesel e Renault",
+                   platform::Date::FromParts(2026, 2, 10), platform::Date::FromParts(2026, 2, 27),
+                   [](Pedido& p) {
+                     p.combustiveis = {0};
+                     p.marcas = {"REN"};
+                     p.premiosRepartidos = p.comRendas = false;
+                   }},
+                  {"do motorista 2 ou de nenhum", platform::Date::FromParts(2026, 1, 1),
+                   platform::Date::FromParts(2026, 3, 31), [](Pedido& p) {
+                     p.motoristas = {"2", ""};
+                   }}};
+  std::string text;
+  for (const TextosDoRelatorio& report : Relatorios()) {
+    for (const auto& [what, from, to, change] : requests) {
+      Pedido request;
+      request.periodo = {from.days(), to.days()};
+      request.por = report.por.front();
+      change(request);
+      text += std::string("= ") + report.chave + ", " + what + "\n";
+      const std::string objection = Objeccao(report.tipo, request);
+      text += objection.empty() ? Of(Calcular(bd, report.tipo, request)) : "  " + objection + "\n";
+    }
+    Pedido request;
+    request.periodo = {2, 1};
+    text += "  " + Objeccao(report.tipo, request) + "\n";
+    request.periodo.ate = 2;
+    for (const PalavraDeGrupo& group : Grupos()) {
+      request.por = group.por;
+      if (const std::string objection = Objeccao(report.tipo, request); !objection.empty())
+        text += "  " + objection + "\n";
+    }
+  }
+  testing_support::ExpectWholeText(PARVEL_SOURCE_DIR "/tests/reports/filtered.txt", text);
+}
+
 TEST_F(PagesText, WhatStandsBesideTheReports) {
   std::string text;
   for (const TipoDeRelatorio type : {TipoDeRelatorio::kCustos, TipoDeRelatorio::kQuilometros}) {

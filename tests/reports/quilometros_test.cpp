@@ -104,6 +104,36 @@ TEST(Total, VehiclesAreRankedByEurosAKmWithinTheirCategory) {
   EXPECT_EQ(text, "A 0.12 10 1 3650; B 0.12 10 1 -; C - 10 - -; D 0.9 75 1 -; ");
 }
 
+TEST(Total, WhatAVehicleLosesIsSpreadToTheEndOfItsContractOrOverEightYears) {
+  const struct {
+    const char* registered;
+    const char* ends;  // "-": no contract
+    int bought;
+    int sold;
+    const char* lost;  // in 2026
+  } cases[] = {{"01-01-2026", "31-12-2027", 7300, 0, "3650"},
+               {"01-01-2025", "31-12-2025", 7300, 0, "0"},
+               {"01-01-2025", "01-01-2025", 29220, 0, "3650"},
+               {"01-01-2025", "31-12-2020", 29220, 0, "3650"},
+               {"01-01-2025", "02-01-2025", 29220, 0, "0"},
+               {"01-07-2026", "-", 29220, 0, "1840"},
+               {"01-01-2018", "-", 29220, 0, "0"},
+               {"01-01-2019", "-", 29220, 7305, "2737.5"},
+               {"01-01-2025", "-", 500, 500, "-"},
+               {"-", "31-12-2027", 7300, 0, "-"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.registered) + " " + c.ends);
+    WrittenFleet fleet;
+    if (*c.registered != '-') fleet.AA().dataMatricula = Date::Parse(c.registered);
+    if (*c.ends != '-') fleet.AA().valContrato = Date::Parse(c.ends);
+    fleet.AA().valorInicial = c.bought;
+    fleet.AA().valorResidual = c.sold;
+    Pedido pedido;
+    pedido.periodo = Periodo::Ano(2026);
+    EXPECT_EQ(Shown(CustoTotalDaFrota(fleet.Ready(), pedido).linhas.at(0).compra), c.lost);
+  }
+}
+
 TEST(Emissoes, EachFillTakesTheFactorOfItsDay) {
   WrittenFleet fleet;
   fleet.frota.tipos[0].co2 = {{Day("01-01-2026"), Currency::FromDouble(2.5)}, {Day("01-02-2026"), 3}};

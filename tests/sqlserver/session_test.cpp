@@ -78,13 +78,15 @@ TEST_F(SessionTest, EveryKindOfValueGoesAsItsColumnTakesIt) {
                 bound(FieldType::kCurrency, 8, platform::Currency(12)) +
                 bound(FieldType::kDate, 16, platform::Date::FromParts(2024, 1, 2)),
             "-7/-7/1/0/1/ -15/5/5/0/2/ -16/4/10/0/4/ 8/8/15/0/8/ 1/3/19/4/2/ 93/93/23/3/16/ ");
-  EXPECT_EQ(bound(FieldType::kText, 10, "ação") + bound(FieldType::kText, 10, Variant::Null{}) +
-                bound(FieldType::kText, platform::kUnlimitedSize, std::string(4000, 'x')) +
-                bound(FieldType::kText, platform::kUnlimitedSize, std::string(4001, 'x')) +
-                bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8000)) +
-                bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8001)),
-            "-8/-9/10/0/8/ -8/-9/10/0/-1/ -8/-9/4000/0/8000/ -8/-10/4001/0/8002/ -2/-3/8000/0/8000/ "
-            "-2/-4/8001/0/8001/ ");
+  EXPECT_EQ(
+      bound(FieldType::kText, 10, "ação") + bound(FieldType::kText, 10, Variant::Null{}) +
+          bound(FieldType::kText, 0, "x") +
+          bound(FieldType::kText, platform::kUnlimitedSize, std::string(4000, 'x')) +
+          bound(FieldType::kText, platform::kUnlimitedSize, std::string(4001, 'x')) +
+          bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8000)) +
+          bound(FieldType::kBytes, platform::kUnlimitedSize, platform::Bytes(8001)),
+      "-8/-9/10/0/8/ -8/-9/10/0/-1/ -8/-9/1/0/2/ -8/-9/4000/0/8000/ -8/-10/4001/0/8002/ -2/-3/8000/0/8000/ "
+      "-2/-4/8001/0/8001/ ");
 }
 
 TEST_F(SessionTest, EveryTypeOfColumnIsReadAsTheProgramKnowsIt) {
