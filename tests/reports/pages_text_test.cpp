@@ -97,8 +97,13 @@ class PagesText : public testing::Test {
       // Below groups the lines are those of the vehicles once more.
       if (shown != tables.front() && result.relatorio.tabelas[shown].nome == "linhas") continue;
       const Tabela& table = result.relatorio.tabelas[shown];
-      text += "  tabela " + std::string(table.nome) + " " + table.titulo + "\n" +
-              Of(GraficoDa(result, shown, nullptr));
+      text += "  tabela " + std::string(table.nome) + " " + table.titulo + "\n   ";
+      // Each column's key, heading, format, and whether it is one of time or for machines.
+      for (const ColunaDaTabela& column : table.colunas)
+        text += " " + column.chave + "=" + column.titulo + ":" +
+                std::to_string(static_cast<int>(column.formato)) + (column.celula ? "t" : "") +
+                (column.soParaMaquinas ? "m" : "") + ";";
+      text += "\n" + Of(GraficoDa(result, shown, nullptr));
       for (std::size_t i = 0; i < table.Quantas(); ++i) {
         const LinhaDaTabela row = table.Linha(i);
         text += "   ";
