@@ -94,6 +94,15 @@ TEST_F(ArquivoTest, KeepsOpensRenamesAndRemovesADocument) {
   EXPECT_EQ(form.Grelha.RowCount(), 0);
 }
 
+TEST_F(ArquivoTest, EscapeStepsBackAndLeavesFromTheFile) {
+  form.UserGoesTo(form.Campo[1]);
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_EQ(form.ActiveControl(), &form.Campo[0]);
+  EXPECT_FALSE(form.IsClosed());
+  form.UserKey(platform::kKeyEscape);
+  EXPECT_TRUE(form.IsClosed());
+}
+
 TEST_F(ArquivoTest, NamesComeFromTheFileAndKeepTheirEnd) {
   Attach(File("a.txt", "x"), "");
   const std::string longName = std::string(250, 'n') + ".jpeg";

@@ -78,6 +78,34 @@ TEST_F(UpgradeTest, KeepsEveryRowInTheNewColumns) {
             platform::kConstraint);
 }
 
+TEST_F(UpgradeTest, ColumnsAreAddedToATableWhereItStandsIfTheyStandLast) {
+  const auto places = [&] {
+    return Beside().Text(
+        "SELECT group_concat(rootpage) FROM (SELECT rootpage FROM sqlite_master WHERE type = 'table' ORDER "
+        "BY name)");
+  };
+  const std::string before = places();
+  std::string schema = kOld;
+  const auto change = [&](const std::string& what, const std::string& into) {
+    schema.replace(schema.find(what), what.size(), into);
+  };
+  change("versão 1", "versão 2");
+  change("  Codigo nvarchar(10) NULL,\n",
+         "  Codigo nvarchar(10) NULL,\n  Obs nvarchar(20) NULL,\n  Feito bit NULL,\n");
+  change("Gastos (Nome)", "Gastos (Obs)");
+  auto database = Database::Open(file_, Options(schema.c_str()));
+  EXPECT_EQ(places(), before) << "nothing is copied";
+  EXPECT_EQ(Rows(database, "SELECT * FROM Gastos ORDER BY Id"),
+            (Table{{"1", "ç1", "7", "12", "NULL", "NULL"}, {"2", "NULL", "-3", "NULL", "NULL", "NULL"}}));
+  EXPECT_EQ(Beside().Text("SELECT group_concat(name) FROM pragma_index_info('IX_Gastos')"), "Obs");
+  database.reset();
+  change("versão 2", "versão 3");
+  change("  Nome nvarchar(5) NULL,\n", "  Antes int NULL,\n  Nome nvarchar(5) NULL,\n");
+  EXPECT_EQ(Rows(Database::Open(file_, Options(schema.c_str())), "SELECT * FROM Gastos WHERE Id = 1"),
+            (Table{{"1", "NULL", "ç1", "7", "12", "NULL", "NULL"}}))
+      << "in the order in which they are declared";
+}
+
 TEST_F(UpgradeTest, LeavesASoundDatabaseWithTheColumnsAndIndexesThatItDoesNotKnow) {
   Beside().Execute(
       "ALTER TABLE Gastos ADD COLUMN Extra text; UPDATE Gastos SET Extra = 'x' || Id; CREATE INDEX Alheio ON "

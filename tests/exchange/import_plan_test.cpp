@@ -234,6 +234,41 @@ TEST_F(ImportPlanTest, KilometresAreProposedOnTheLineThroughReadings) {
             "7 recusada Km: «x» não é um número.\n8 nova\n");
 }
 
+TEST_F(ImportPlanTest, WordsStandForTheNumbersOfTheirColumns) {
+  const struct {
+    const char* kind;
+    const char* csv;
+    const char* told;  // what becomes of the columns that have words
+  } files_[] = {
+      {"viaturas",
+       "Matrícula;Combustível;Inactiva;Tacógrafo;Selo "
+       "pago\n11-AA-11;Gasolina;sim;não;yes\n22-AA-22;GPL;não;S;0\n",
+       "Combustivel=1 Inactiva=1 Tacografo=0 SeloPago=1 Combustivel=2 Inactiva=0 Tacografo=1 SeloPago=0 "},
+      {"motoristas", "Código;Nome;Inactivo;Tipo de carta\n7;Rui;sim;C\n8;Ana;não;C+E\n",
+       "TipoCartaCond=1 Inactivo=1 TipoCartaCond=7 Inactivo=0 "},
+      {"apolices", "Matrícula;Validade;Modalidade;Inactiva\n12-AB-34;13-02-2025;Semestral;não\n",
+       "Modalidade=1 Inactiva=0 "},
+      {"multas", "Matrícula;Data;Responsabilidade\n12-AB-34;13-02-2024;sim\n", "Responsabilidade=1 "},
+      {"sinistros", "Matrícula;Data;Responsável\n12-AB-34;13-02-2024;sim\n", "Responsavel=1 "},
+      {"tipos-gastos", "Código;Nome;É combustível\nH;Hidrogénio;sim\n", "Combustivel=1 "},
+      {"cartas", "Motorista;Classe;Validade\n1;D1;13-02-2030\n", "TipoCarta=4 "}};
+  for (const auto& [kind, csv, told] : files_) {
+    Read(csv, {}, kind).Check();
+    EXPECT_EQ(States().find("recusada"), std::string::npos) << States();
+    plan->Store("a.csv", "soma", "ana");
+    std::string all;
+    for (std::size_t i = 0; i < plan->size(); ++i)
+      for (std::size_t column = 0; column < ColumnsOfKind(kind).size(); ++column)
+        for (const char* name :
+             {"Combustivel", "Inactiva", "Inactivo", "Tacografo", "SeloPago", "TipoCartaCond", "Modalidade",
+              "Responsabilidade", "Responsavel", "TipoCarta"})
+          if (const std::string value = plan->Values(i)[column];
+              std::string_view(name) == ColumnsOfKind(kind)[column].name && !value.empty())
+            all.append(name).append("=").append(value).append(" ");
+    EXPECT_EQ(all, told) << kind;
+  }
+}
+
 TEST_F(ImportPlanTest, CellsOfASpreadsheetAreTakenForWhatTheyAre) {
   const auto text = [](const std::string& value) {
     return "<c t='inlineStr'><is><t>" + value + "</t></is></c>";

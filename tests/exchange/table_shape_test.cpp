@@ -4,6 +4,7 @@
 
 #include "exchange/import.h"
 #include "exchange/shape/column_words.h"
+#include "exchange/shape/profile_guess.h"
 #include "support/whole_text.h"
 
 namespace exchange {
@@ -102,6 +103,31 @@ TEST(TableShapeTest, ARowBesideThoseOfDataIsKnown) {
       {{"SOMA", "", "60"}, RowClass::kTotal},
   };
   for (const auto& [texts, kind] : cases) EXPECT_EQ(ClassOf(Row(texts), header, 3), kind) << texts[0];
+  for (const std::string word :
+       {"Total", "Totais", "Subtotal", "Sub-total", "Soma", "Somatório", "Saldo", "A transportar",
+        "Transporte", "Página", "Page", "Suma", "Somme", "Sum", "Grand total", "Balance"}) {
+    EXPECT_EQ(ClassOf(Row({word, "1", "2"}), header, 3), RowClass::kTotal) << word;
+    EXPECT_EQ(ClassOf(Row({"", word + ": 3", "2"}), header, 3), RowClass::kTotal) << word;
+    EXPECT_EQ(ClassOf(Row({word + "x", "1", "2"}), header, 3), RowClass::kData) << word;
+  }
+  EXPECT_EQ(ClassOf(Row({"Ligeiros", ""}), header, 2), RowClass::kData) << "a narrow table has no sections";
+}
+
+TEST(TableShapeTest, TheSendersNumberOfARowIsKnownByItsHeading) {
+  for (const char* name : {"N.º transacção",  "No transaccao",  "N transacao",
+                           "No transação",    "Transaction ID", "Transaction number",
+                           "ID transacção",   "ID transação",   "Transaction No",
+                           "N.º talão",       "N talão",        "Talão",
+                           "Receipt",         "Receipt number", "Número transacção",
+                           "N.º movimento",   "Session ID",     "ID sessão",
+                           "N.º recibo",      "N recibo",       "ID de la operación",
+                           "Número operación"}) {
+    const Profile profile = GuessProfile(*KindOf("gastos"), {Row({"Matrícula", "Data", "Valor", name}),
+                                                             Row({"12-AB-34", "01-02-2024", "5", "7"})});
+    ASSERT_TRUE(profile.transaction) << name;
+    EXPECT_EQ(profile.transaction->position, 3);
+    EXPECT_EQ(profile.transaction->header, name);
+  }
 }
 
 }  // namespace

@@ -113,15 +113,20 @@ void UpgradeTable(const SqliteConnection& connection, const tsql::Table& table) 
   Columns added;
   for (const DeclaredColumn& column : now) {
     const DeclaredColumn* existing = Find(before, column.name);
-    if (existing == nullptr) added.push_back(column);
+    // What is added stands last.
+    if (existing == nullptr)
+      added.push_back(column);
+    else
+      rebuild = rebuild || !added.empty();
     const bool addable = existing == nullptr && !column.notNull && column.keyPlace == 0;
-    const bool same = existing != nullptr && existing->type == column.type &&
+    // SQLite tells "int" as "INT".
+    const bool same = existing != nullptr && EqualsIgnoringCase(existing->type, column.type) &&
                       existing->notNull == column.notNull && existing->keyPlace == column.keyPlace;
     rebuild = rebuild || (!same && !addable);
   }
   for (DeclaredColumn column : before) {
     if (Find(now, column.name) != nullptr) continue;
-    rebuild = rebuild || column.keyPlace != 0;
+    rebuild = rebuild || column.keyPlace != 0 || !added.empty();
     column.keyPlace = 0;
     now.push_back(std::move(column));
   }

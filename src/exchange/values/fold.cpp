@@ -51,6 +51,8 @@ std::string Folded(std::string_view text) {
         gap = true;
       else
         add(plain);
+    } else if (byte == '.' && (text.substr(i + 1, 2) == "\xC2\xBA" || text.substr(i + 1, 2) == "\xC2\xAA")) {
+      // "N.º" is "Nº", "1.ª" is "1ª"
     } else if (byte == 0xE2) {  // dashes, quotes and signs
       gap = true;
       i += 2;
