@@ -183,6 +183,8 @@ TEST_F(PagesText, FiltersAndColumnsOfTimeChangeEachReport) {
       const std::string objection = Objeccao(report.tipo, request);
       text += objection.empty() ? Of(Calcular(bd, report.tipo, request)) : "  " + objection + "\n";
     }
+    text += std::string("  ") + report.titulo + ": " + report.texto + (report.colunas ? " colunas" : "") +
+            (report.motoristas ? " motoristas" : "") + "\n";
     Pedido request;
     request.periodo = {2, 1};
     text += "  " + Objeccao(report.tipo, request) + "\n";
