@@ -62,6 +62,14 @@ std::vector<std::string> ChosenTexts(const std::string& text) {
   return texts;
 }
 
+std::string ConditionInWords(const std::string& text) {
+  if (!IsChoice(text)) return text;
+  std::string words;
+  for (const std::string& chosen : ChosenTexts(text))
+    words += (words.empty() ? "" : "; ") + (chosen.empty() ? kNothingThere : chosen);
+  return words;
+}
+
 Condition::Condition(const std::string& text, Kind kind, platform::Date today) {
   const std::string trimmed = platform::Trim(text);
   if (IsChoice(trimmed)) {

@@ -45,5 +45,10 @@ const std::vector<std::string>& Periods();
 std::string ChoiceOf(const std::vector<std::string>& texts);
 /// None when a text is no such condition.
 std::vector<std::string> ChosenTexts(const std::string& text);
+/// A condition as it is told: "Gasóleo; Gás" for the texts that it chooses, every other as it was written.
+std::string ConditionInWords(const std::string& text);
+
+/// What stands for nothing where it can be chosen and in headings.
+inline constexpr char kNothingThere[] = "(sem valor)";
 
 }  // namespace lists

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "lists/condition.h"
 #include "platform/date.h"
 #include "platform/text.h"
 
@@ -24,7 +25,7 @@ Key MonthOf(double seconds) {
 /// Groups by numbers or months: those that have the same number.
 std::vector<RowGroup> ByNumber(Column& column, const std::vector<long>& rows) {
   std::map<double, RowGroup> groups;
-  RowGroup nothing{.title = "(sem valor)", .rows = {}};
+  RowGroup nothing{.title = kNothingThere, .rows = {}};
   const bool dates = column.kind() == Kind::kDate;
   for (long row : rows) {
     const auto at = static_cast<std::size_t>(row);
@@ -55,7 +56,7 @@ std::vector<RowGroup> GroupsOf(Column& column, const std::vector<long>& rows) {
     const std::uint32_t code = codes[static_cast<std::size_t>(row)];
     RowGroup& group = groups[ranks[code]];
     const std::string& title = column.texts()[code];
-    if (group.rows.empty()) group.title = title.empty() ? "(sem valor)" : title;
+    if (group.rows.empty()) group.title = title.empty() ? kNothingThere : title;
     group.rows.push_back(row);
   }
   std::erase_if(groups, [](const RowGroup& group) { return group.rows.empty(); });

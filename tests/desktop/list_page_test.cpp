@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolButton>
 #include <tuple>
 
 #include "desktop/list/tools/choice_dialog.h"
@@ -78,10 +79,11 @@ TEST_F(ListPagesTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey)
   auto& header = table().filters();
   QTest::keyClicks(header.FieldOf(Column("Custo")), "> 10");
   EXPECT_EQ(Shown("Custo"), "80,50 50,00");
-  EXPECT_TRUE(page().filter_bar().Summary().contains("Custo: > 10"));
+  EXPECT_EQ(page().filter_bar().Summary(), "Só Custo: > 10");
   EXPECT_TRUE(page().CountText().startsWith("2 de 3")) << page().CountText().toStdString();
   QTest::keyClicks(header.FieldOf(Column("Matricula")), "zz99");
   EXPECT_EQ(Shown("Custo"), "80,50");
+  EXPECT_EQ(page().filter_bar().Summary(), "Só Custo: > 10") << "the plate stands on its button";
   QTest::keyClicks(header.FieldOf(Column("Matricula")), "x");
   EXPECT_EQ(Shown("Custo"), "");
   EXPECT_TRUE(table().isVisible()) << "the fields stay";
@@ -100,6 +102,10 @@ TEST_F(ListPagesTest, FiltersAreTypedUnderTheHeadingsSeenAndTakenAwayWithOneKey)
   EXPECT_EQ(Shown("Custo"), "4,00");
   QTest::keyClick(&table(), Qt::Key_Escape);
   EXPECT_EQ(table().model()->rowCount(), 3);
+  QTest::keyClicks(header.FieldOf(Column("Matricula")), "zz99");
+  EXPECT_EQ(table().model()->rowCount(), 1);
+  QTest::keyClick(page().filter_bar().findChild<QToolButton*>(), Qt::Key_Escape);
+  EXPECT_EQ(table().model()->rowCount(), 3) << "on a button as in the rows";
 }
 
 TEST_F(ListPagesTest, ColumnsAreHiddenMovedGroupedAndRemembered) {
@@ -157,6 +163,13 @@ TEST_F(ListPagesTest, SeveralAreRemovedAfterOneQuestionAndComeBackTogether) {
   EXPECT_EQ(table().model()->rowCount(), 0);
   window.actions().undo->trigger();
   EXPECT_EQ(table().model()->rowCount(), 3);
+  for (const int left : {1, 0}) {  // what follows takes the place, and the last where nothing does
+    table().GoToPlace(1);
+    desk.script.Answer("Sim");
+    window.actions().remove->trigger();
+    EXPECT_EQ(table().model()->rowCount(), left + 1);
+    EXPECT_EQ(table().currentIndex().row(), left);
+  }
 }
 
 TEST_F(ListPagesTest, AFieldOfManyVehiclesIsSetAsOneAct) {

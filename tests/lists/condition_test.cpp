@@ -117,6 +117,8 @@ TEST(ConditionTest, AChoiceIsWrittenSoThatItIsReadAgain) {
   const std::vector<std::string> texts = {"Gasóleo", "a; b", "disse \"sim\"", ""};
   EXPECT_EQ(lists::ChosenTexts(lists::ChoiceOf(texts)), texts);
   EXPECT_EQ(lists::ChoiceOf({"Gás"}), "= Gás");
+  EXPECT_EQ(lists::ConditionInWords(lists::ChoiceOf(texts)), "Gasóleo; a; b; disse \"sim\"; (sem valor)");
+  EXPECT_EQ(lists::ConditionInWords("> 10"), "> 10");
 }
 
 }  // namespace

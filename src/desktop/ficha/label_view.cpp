@@ -1,7 +1,5 @@
 #include "desktop/ficha/label_view.h"
 
-#include <QPainter>
-
 #include "desktop/look/look.h"
 #include "desktop/look/text.h"
 
@@ -12,8 +10,6 @@ constexpr int kDescriptionCharacters = 26;
 
 }  // namespace
 
-TextLine::TextLine(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
-
 void TextLine::MakeDescription() {
   description_ = true;
   setMinimumWidth(fontMetrics().averageCharWidth() * kDescriptionCharacters);
@@ -22,11 +18,10 @@ void TextLine::MakeDescription() {
 }
 
 void TextLine::paintEvent(QPaintEvent* event) {
-  if (!description_) return QLabel::paintEvent(event);
-  QPainter painter(this);
-  painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                   fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+  if (description_)
+    OneLine::paintEvent(event);
+  else
+    QLabel::paintEvent(event);
 }
 
 void LabelView::SyncContent() {

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QLabel>
-
 #include "desktop/ficha/control_view.h"
+#include "desktop/look/one_line.h"
 
 namespace desktop {
 
 /// One line of text. As a description it keeps its place when it is empty, and is cut when it is too long.
-class TextLine : public QLabel {
+class TextLine : public OneLine {
  public:
-  explicit TextLine(QWidget* parent);
+  using OneLine::OneLine;
   void MakeDescription();
 
  protected:

@@ -115,7 +115,7 @@ class ListPage : public Page {
   void LookChanged();
   void ShowFooter();
   bool RemoveRows(std::vector<long> rows);
-  void TellWhatStayed(const std::string& last, long expected, bool one);
+  bool TellWhatStayed(const std::string& last, long expected, bool one);
   std::vector<std::string> AllKeys() const;
   void ChooseNew(const std::vector<std::string>& before);
   void AddEntries();

@@ -79,22 +79,27 @@ void ListPage::Remove() {
   const int style = platform::kYesNo | platform::kQuestion | platform::kDefaultButton2;
   if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
   const std::string last = KeyOf(rows.back());
+  const long place = table_->grid().order().PlaceOf(rows.front());
   const long count = table_->grid().source().Rows();
   const auto removed = static_cast<long>(rows.size());
   Verb(
       one ? QStringLiteral("Remover") : QStringLiteral("Remover %1 registos").arg(removed),
       [&] { RemoveRows(rows); },
-      [this, last, expected = count - removed, one] { TellWhatStayed(last, expected, one); });
+      [this, last, place, expected = count - removed, one] {
+        if (!TellWhatStayed(last, expected, one)) table_->GoToPlace(place);
+      });
 }
 
-/// Says so when there are more rows than expected after a removal, the last of which was of this key.
-void ListPage::TellWhatStayed(const std::string& last, long expected, bool one) {
-  if (failure_) return;
+/// Says so when there are more rows than expected after a removal, the last of which was of this key; true
+/// then.
+bool ListPage::TellWhatStayed(const std::string& last, long expected, bool one) {
+  if (failure_) return true;
   const long left = table_->grid().source().Rows() - expected;
   if (one && left > 0 && table_->CurrentRow() >= 0 && KeyOf(table_->CurrentRow()) == last)
     Q_EMIT Told(QStringLiteral("O registo não foi removido."));
   else if (!one && left > 0)
     Q_EMIT Told(QStringLiteral("%1 dos registos não foram removidos.").arg(left));
+  return left > 0;
 }
 
 /// From the bottom: the list reads its rows anew after each, and those above stay where they are. A row that

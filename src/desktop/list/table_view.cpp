@@ -130,9 +130,11 @@ void TableView::SetCurrentRow(long row) {
   GoTo(static_cast<int>(place), static_cast<int>(visible.front()));
 }
 
-void TableView::GoToTop() {
+void TableView::GoToPlace(long place) {
   const std::vector<std::size_t> visible = model_->source().VisibleColumns();
-  if (model_->rowCount() > 0 && !visible.empty()) GoTo(0, static_cast<int>(visible.front()));
+  const int last = model_->rowCount() - 1;
+  if (last >= 0 && !visible.empty())
+    GoTo(static_cast<int>(std::min<long>(place, last)), static_cast<int>(visible.front()));
 }
 
 /// Chooses one row alone, whatever key is held down meanwhile.

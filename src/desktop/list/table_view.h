@@ -44,7 +44,9 @@ class TableView : public QTableView {
   /// The source's rows that are marked, from the top.
   std::vector<long> MarkedRows() const;
   /// Chooses what stands at the top.
-  void GoToTop();
+  void GoToTop() { GoToPlace(0); }
+  /// Chooses what is shown at a place, counted from 0; the last where there are not so many.
+  void GoToPlace(long place);
   /// Puts the rows that are marked on the clipboard. Several are marked with Shift, all with Ctrl+A; the one
   /// that commands work on stays the current one.
   void Copy();

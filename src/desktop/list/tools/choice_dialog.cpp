@@ -10,6 +10,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/parts.h"
 #include "desktop/look/text.h"
+#include "lists/condition.h"
 #include "lists/words.h"
 
 namespace desktop {
@@ -38,8 +39,8 @@ ChoiceDialog::ChoiceDialog(const QString& title, const std::vector<std::pair<std
   list_->setAccessibleName(title);
   list_->setSpacing(Em(this) / 8);  // the boxes would touch
   for (const auto& [text, rows] : occurring) {
-    const QString shown = text.empty() ? QStringLiteral("(sem valor)") : ToQt(text);
-    auto* item = new QListWidgetItem(QStringLiteral("%1  (%2)").arg(shown).arg(rows), list_);
+    const QString shown = ToQt(text.empty() ? lists::kNothingThere : text);
+    auto* item = new QListWidgetItem(QStringLiteral("%1  (%2)").arg(shown, Grouped(rows)), list_);
     item->setData(kTextRole, ToQt(text));
     const bool on = std::find(ticked.begin(), ticked.end(), text) != ticked.end();
     item->setCheckState(on ? Qt::Checked : Qt::Unchecked);

@@ -2,12 +2,12 @@
 
 #include <QWidget>
 
-class QLabel;
 class QPushButton;
 class QToolButton;
 
 namespace desktop {
 
+class OneLine;
 class TableView;
 
 /// Above the rows of a list: the periods, vehicles and departments that are often filtered by, and what
@@ -20,7 +20,7 @@ class FilterBar : public QWidget {
 
   /// Shows what filters a table, and which of the buttons it has columns for.
   void Show(const TableView& table);
-  /// What filters, as it is read out; empty for nothing.
+  /// What filters beside what the buttons tell; empty for nothing.
   QString Summary() const;
 
  Q_SIGNALS:
@@ -30,13 +30,17 @@ class FilterBar : public QWidget {
   void ChoiceWanted(const QString& key);
   void ShowAllWanted();
 
+ protected:
+  /// Escape on a button shows all, as it does in the rows.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   QToolButton* AddButton(const QString& name);
 
   QToolButton* period_;
   QToolButton* vehicle_;
   QToolButton* department_;
-  QLabel* summary_;
+  OneLine* summary_;
   QPushButton* clear_;
 };
 

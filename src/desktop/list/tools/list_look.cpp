@@ -2,6 +2,7 @@
 
 #include "desktop/list/table_view.h"
 #include "desktop/look/text.h"
+#include "lists/condition.h"
 #include "platform/runtime_error.h"
 
 namespace desktop {
@@ -54,12 +55,14 @@ void ShowFilters(TableView& table) {
   }
 }
 
-QString FiltersInWords(const TableView& table) {
+QString FiltersInWords(const TableView& table, const std::set<std::size_t>& told) {
   const RowOrder& order = table.grid().order();
   QStringList parts;
   if (!order.search().empty()) parts << QStringLiteral("«%1»").arg(ToQt(order.search()));
   for (const auto& [column, filter] : order.filters())
-    parts << QStringLiteral("%1: %2").arg(table.grid().source().Columns()[column].caption, ToQt(filter));
+    if (told.count(column) == 0)
+      parts << QStringLiteral("%1: %2").arg(table.grid().source().Columns()[column].caption,
+                                            ToQt(lists::ConditionInWords(filter)));
   return parts.isEmpty() ? QString() : QStringLiteral("Só ") + parts.join(QStringLiteral(" · "));
 }
 

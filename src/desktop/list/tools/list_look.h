@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
+#include <set>
 
 #include "lists/views.h"
 
@@ -14,7 +16,8 @@ lists::ListLook LookOf(const TableView& table);
 void ApplyLook(TableView& table, const lists::ListLook& look);
 /// Brings the fields under the headings in step with what filters.
 void ShowFilters(TableView& table);
-/// What keeps rows away: "Só «renault» · Data: este mês". Empty when nothing does.
-QString FiltersInWords(const TableView& table);
+/// What keeps rows away: "Só «renault» · Data: este mês". Empty when nothing does, or only filters of
+/// the columns `told` elsewhere.
+QString FiltersInWords(const TableView& table, const std::set<std::size_t>& told = {});
 
 }  // namespace desktop
