@@ -279,6 +279,57 @@ TEST(Form, EachActTellsItsControlAndThenDeliversTheKeysThatWereSent) {
   EXPECT_EQ(form.grid.CellText(1, 0), "x");
 }
 
+TEST(Form, AnActThatChangesNothingTellsNobodyAndNoneNeedsAHandler) {
+  Kinds form;
+  form.combo.List = {"um", "dois"};
+  form.grid.AddColumn("A", "A", 100);
+  form.grid.EditableColumn = "A";
+  form.files.SetRows(2);
+  const Date day = Date::FromParts(2024, 3, 1);
+  const auto all = [&] {
+    form.UserTypes(form.field, "x");
+    form.UserToggles(form.box);
+    form.UserChooses(form.combo, 1);
+    form.UserPicksDate(form.date, day);
+    form.UserClicksDate(form.month, day);
+    form.UserMovesToDate(form.month, day.AddDays(1));
+    form.UserSelectsTab(form.tabs, 1);
+    form.UserDoubleClicks(form.grid, 1);
+    form.UserCommands(form.grid, 1, 7);
+    EXPECT_TRUE(form.UserEditsCell(form.grid, 1, "x"));
+    form.UserSelectsRow(form.files, 1);
+    form.UserPresses(form.last);
+  };
+  all();
+  EXPECT_EQ(form.box.Value, 1);
+  EXPECT_EQ(form.month.Value, day.AddDays(1));
+  std::string told;
+  form.field.Change = [&] { told += "field "; };
+  form.combo.Change = form.combo.Click = [&] { told += "choice "; };
+  form.date.Change = [&] { told += "date "; };
+  form.tabs.Click = [&](int) { told += "tabs "; };
+  all();
+  for (const int index : {-1, 2}) {
+    form.UserChooses(form.combo, index);
+    form.UserSelectsTab(form.tabs, index);
+    EXPECT_EQ(testing_support::NumberOf([&] { form.UserSelectsRow(form.files, index); }),
+              kSubscriptOutOfRange);
+  }
+  form.UserPicksDate(form.date, Variant::Null{});
+  EXPECT_EQ(told, "");
+  EXPECT_EQ(form.box.Value, 0);
+  EXPECT_EQ(form.combo.ListIndex + form.tabs.Tab + form.files.Row, 3);
+  EXPECT_TRUE(form.date.Value.ToDate() == day);
+  EXPECT_EQ(testing_support::NumberOf([&] { form.UserSelectsRow(form.grid, 2); }), kSubscriptOutOfRange);
+  EXPECT_EQ(testing_support::NumberOf([&] { form.UserSelectsRow(form.grid, -2); }), kSubscriptOutOfRange);
+  EXPECT_TRUE(form.UserSelectsRow(form.grid, -1)) << "no row";
+  form.date.Optional = true;
+  form.UserPicksDate(form.date, Variant::Null{});
+  form.UserChooses(form.combo, 0);
+  form.UserSelectsTab(form.tabs, 0);
+  EXPECT_EQ(told, "date choice choice tabs ");
+}
+
 TEST(Form, IsLoadedBeforeAHostShowsIt) {
   testing_support::ScriptedHost host;
   Probe form;
