@@ -35,6 +35,13 @@ class TableFiles {
   testing_support::TemporaryFolder folder_;
 };
 
+/// The content of an ODS document of these tables.
+inline std::string Spreadsheet(const std::string& tables) {
+  return R"(<d xmlns:office="urn:x:office:1.0" xmlns:table="urn:x:table:1.0" xmlns:text="urn:x:text:1.0"
+ xmlns:calcext="urn:y:calc:calcext:1.0"><office:spreadsheet>)" +
+         tables + "</office:spreadsheet></d>";
+}
+
 /// All rows of the open sheet, a line each: "3h: text|n4.5|d01-07-2026|b1|!#N/A|?|f=…", with the line's
 /// number, h where it is hidden, and before each cell what it is (texts without).
 inline std::string Dump(TableReader& table) {
