@@ -27,7 +27,8 @@ std::string RecordOf(const tsql::Table& table, const Image& image) {
   for (const char* name :
        {"Matricula", "Codigo", "Motorista", "zor_Fotos_Entidade", "zor_ArquivoDigital_Entidade"})
     for (std::size_t i = 0; i < image.size(); ++i)
-      if (image[i] && platform::EqualsIgnoringCase(table.columns[i].name, name)) return image[i]->ToText();
+      if (image[i] && !image[i]->IsNull() && platform::EqualsIgnoringCase(table.columns[i].name, name))
+        return image[i]->ToText();
   return KeyText(table, image);
 }
 

@@ -10,6 +10,7 @@
 #include "history/kept_fleet.h"
 #include "history/reader.h"
 #include "masterdata/code_table.h"
+#include "support/errors.h"
 #include "vehicles/viaturas.h"
 #include "vehicles/viaturas_list.h"
 
@@ -156,8 +157,56 @@ TEST_F(UndoTest, WhatSomebodyChangedSinceIsNamed) {
   EXPECT_EQ(Rows(bd, "SELECT Nome FROM zor_PV_Marcas WHERE Codigo = 'r'").at(0).at(0), "Um");
 
   const long removal = Do("Remover", [&] { bd->ExecutarSql("", "Delete From zor_PV_Marcas"); });
+  const auto told = [&](long operation) {
+    std::string text;
+    for (const Conflict& each : Conflicts(*store, operation))
+      text += each.key + " " + each.column + ": " + each.now + "; ";
+    return text;
+  };
+  EXPECT_EQ(told(second + 1), "r : (removido); ") << "a change of a row that is gone";
+  EXPECT_EQ(told(removal), "");
   name("Outra");
-  EXPECT_EQ(Conflicts(*store, removal).front().now, "Outra");
+  EXPECT_EQ(told(removal), "r Nome: Outra; ");
+  name("Um");
+  EXPECT_EQ(told(removal), "r : (já existe); ") << "though it holds the same";
+  EXPECT_EQ(ErrorOf([&] { Conflicts(*store, 999); }),
+            std::to_string(platform::kInvalidCall) + ": Não há no histórico uma operação com o número 999.");
+}
+
+TEST_F(UndoTest, ARowWithoutPlateIsKnownByWhatElseItHas) {
+  const long added = Do("Multas: Confirmar", [&] {
+    bd->ExecutarSql("", "INSERT INTO zor_PV_Multas (Motorista, ValorMulta) VALUES (N'1', 60)");
+  });
+  EXPECT_EQ(ReadOperation(*store, added)->words, "Multas: Confirmar, 1");
+  Undo(store, added);
+  EXPECT_TRUE(Rows(bd, "SELECT * FROM zor_PV_Multas").empty());
+}
+
+TEST_F(UndoTest, AWriteWithoutAnActThatFailsLeavesNothingBehind) {
+  EXPECT_THROW(bd->ExecutarSql("", "UPDATE zor_PV_Marcas SET Codigo = NULL"), platform::RuntimeError);
+  const DataAccessRef others(embedded::Database::Open(file));
+  AddCode<clMarcas>(others, "x", "de outro");  // nothing is locked
+  AddCode<clMarcas>(bd, "r", "Um");
+  const Slice slice = ReadOperations(*store, Filter());
+  EXPECT_EQ(slice.operations.front().words, "Gravação, r");
+  EXPECT_EQ(ReadSteps(*store, slice.operations.front().number).size(), 1U);
+}
+
+TEST_F(UndoTest, TheLastToUndoIsOnesOwnThatStillStands) {
+  const auto last = [&] {
+    const auto operation = LastToUndo(*store);
+    return operation ? operation->words : "";
+  };
+  const long first = Do("Marcas: Um", [&] { AddCode<clMarcas>(bd, "r", "Um"); });
+  Options elsewhere;
+  elsewhere.who = {"ana", "posto 2"};
+  const auto other = std::make_shared<KeepingStore>(embedded::Database::Open(file), elsewhere);
+  Act(other.get(), "Marcas: Dois", [&] { AddCode<clMarcas>(DataAccessRef(other), "s", "Dois"); });
+  EXPECT_EQ(last(), "Marcas: Um, r");
+  const long undoing = Undo(store, first);
+  EXPECT_NE(last(), "Marcas: Um, r");
+  Undo(store, undoing);
+  EXPECT_EQ(last(), "Marcas: Um, r") << "its undoing was undone";
 }
 
 }  // namespace
