@@ -27,8 +27,7 @@ struct DriverOptions {
 
 int Export(const Calls& calls, const DriverOptions& options) {
   const long files = history::ExportDriver(*OpenKept(calls), options.code, options.folder);
-  calls.out << files << (files == 1 ? " ficheiro" : " ficheiros") << " em " << options.folder
-            << "; para ler: motorista.html\n";
+  calls.out << files << " ficheiros em " << options.folder << "; para ler: motorista.html\n";
   return kDone;
 }
 

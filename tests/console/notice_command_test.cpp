@@ -11,11 +11,7 @@ namespace {
 
 using testing_support::Contents;
 
-class NoticeCommandTest : public ProgramFixture {
- protected:
-  NoticeCommandTest() { setenv("XDG_DATA_HOME", folder.File("dados").c_str(), 1); }
-  ~NoticeCommandTest() override { unsetenv("XDG_DATA_HOME"); }
-};
+using NoticeCommandTest = ProgramFixture;
 
 TEST_F(NoticeCommandTest, RecipientsAndServerAreKeptAndAMessageIsShownBeforeItLeaves) {
   ASSERT_EQ(OnDatabase({"demo"}), kDone) << err.str();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ namespace console {
 /// The program as it is called, and what its last call wrote.
 class ProgramFixture : public testing::Test {
  protected:
+  /// What the program keeps for its user stays in the folder, too.
+  ProgramFixture() { setenv("XDG_DATA_HOME", File("dados").c_str(), 1); }
+  ~ProgramFixture() override { unsetenv("XDG_DATA_HOME"); }
   std::string File(const std::string& name) const { return folder.File(name); }
   int Parvel(const std::vector<std::string>& arguments) {
     out.str("");

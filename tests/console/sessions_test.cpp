@@ -49,6 +49,10 @@ const std::pair<const char*, const char*> kFiles[] = {
     {"inspecoes.csv", "Matricula;Data;Km;Custo\n20-BB-20;25-02-2024;1300;31,2\n"},
     {"multas.csv", "Matricula;Data;Motorista;ValorMulta\n10-AA-10;26-02-2024;01;60\n"},
     {"sinistros.csv", "Matricula;Data;Motorista;LocalAc;Custo\n20-BB-20;27-02-2024;02;Faro;750\n"},
+    {"extracto.csv",
+     "Matrícula;Data;Produto;Litros;Valor c/ IVA;Odómetro\n10AA10;13/03/2024;Diesel "
+     "Plus;45,20;75,94;12500\n10AA10;14/03/2024;Diesel Plus;40;70;12400\nZZ-99-ZZ;15/03/2024;Diesel "
+     "Plus;10;17;900\nTotal;;;;162,95;\n"},
     {"acessorios.csv",
      "Matricula;Data;Qtd;KmInicial;KmFinal;Custo\n30-CC-30;28-02-2024;4;200000;202000;1200\n"}};
 
@@ -66,13 +70,18 @@ class SessionsTest : public ProgramFixture {
     for (std::string line; std::getline(in, line);) lines += before + line + "\n";
     return lines;
   }
-  /// Runs a line of words, those with blanks in quotes.
+  /// Runs a line of words, those with blanks in quotes. What stands behind "> " is the file that the output
+  /// goes to.
   std::string Run(std::string line) {
     for (std::size_t at; (at = line.find("PASTA/")) != std::string::npos;) line.replace(at, 6, File(""));
     std::istringstream words(line);
     std::vector<std::string> arguments;
-    for (std::string word; words >> std::quoted(word);) arguments.push_back(word);
+    for (std::string word; words >> std::quoted(word) && word != ">";) arguments.push_back(word);
     const int code = OnDatabase(arguments);
+    if (std::string file; words >> file) {
+      std::ofstream(file) << out.str();
+      out.str("");
+    }
     return Shown(out.str(), "") + Shown(err.str(), "! ") +
            (code == kDone ? "" : "[" + std::to_string(code) + "]\n");
   }
