@@ -45,6 +45,13 @@ TEST_F(DueTest, WhatWasDoneHoldsUntilItsDayAndForThatDateAlone) {
             std::string(100, 'a') + "|b|" + std::string(17, 'c'));
 }
 
+TEST_F(DueTest, ADatabaseWithoutTheTableHasNothingDealtWith) {
+  EXPECT_TRUE(due::HandlingsOf(BareDatabase(), "AlertasAp", platform::Today()).empty());
+  Sql("INSERT INTO parvel_tratados (Lista, Registo) VALUES (N'AlertasAp', N'x')");
+  const due::Handling bare = due::HandlingsOf(bd, "AlertasAp", platform::Today()).at("x");
+  EXPECT_EQ(bare.Words() + bare.who + bare.when.ToText(), "Tratado" + Date().ToText());
+}
+
 TEST_F(DueTest, WhatIsDueBetweenTwoDaysIsAllThatHasADate) {
   AddSampleFleet(bd);
   Sql("UPDATE zor_PV_Viaturas SET Inactiva=1 WHERE Matricula='B'");

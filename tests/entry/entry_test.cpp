@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "drivers/motoristas_form.h"
 #include "entry/codes.h"
-#include "entry/dates.h"
 #include "entry/like_last.h"
 #include "entry/new_event.h"
 #include "entry/vehicle_field.h"
@@ -44,6 +42,8 @@ TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
                                                        {"renault", "REN"},
                                                        {"rena", "REN"},
                                                        {"re", "re"},
+                                                       {"ren", "REN"},
+                                                       {"", ""},
                                                        {"doi", "doi"},
                                                        {"dois", "dois"}};
   for (const auto& [text, meant] : cases) EXPECT_EQ(entry::CodeMeant(codes, text), meant) << text;
@@ -52,6 +52,9 @@ TEST_F(EntryTest, CodesAreFoundHoweverTheyAreWritten) {
                                     {"123456", "123456"},
                                     {"abcdef", "abcdef"},
                                     {"1a2b3c", "1a2b3c"},
+                                    {"1ab2c3", "1ab2c3"},
+                                    {"az09zz", "AZ-09-ZZ"},
+                                    {"12a:34", "12a:34"},
                                     {"12ab345", "12ab345"}})
     EXPECT_EQ(entry::PlateSpelled(text), plate);
   EXPECT_EQ(entry::CodeMade({{"A", ""}}, {{"A", ""}, {"B", ""}}), "B");
@@ -118,6 +121,22 @@ TEST_F(EntryTest, LikeTheLastTakesTypeDriverAndPriceOfTheVehiclesLast) {
   }
   Enter(form.Campo[5], "40");
   EXPECT_EQ(form.Campo[6].Text, "68,08") << "the ficha's own rules ran";
+  bd->ExecutarSql("", "UPDATE zor_PV_Gastos SET Motorista = NULL WHERE TipoGasto = 'PORTAGEM'");
+  Gastos other;
+  Open(other);
+  Enter(other.Campo[0], "12-AB-34");
+  host.ExpectBox("Motorista não existente!");
+  EXPECT_EQ(entry::LikeLast(other, taken),
+            "Como o último: PORTAGEM, 0 por unidade. Falta a quantidade. Ctrl+D outra vez: o último de outro "
+            "tipo.");
+  Gastos stored;
+  Open(stored);
+  stored.Carrega(1);
+  EXPECT_FALSE(entry::TakesLikeLast(stored));
+  EXPECT_EQ(entry::LikeLast(stored, taken), "Só num gasto novo.");
+  Viaturas vehicle;
+  EXPECT_FALSE(entry::TakesLikeLast(vehicle));
+  EXPECT_EQ(entry::LikeLast(vehicle, taken), "");
 }
 
 TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
@@ -172,53 +191,6 @@ TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
   EXPECT_EQ(entry::DraftOn(form)->driver + entry::DraftOn(form)->price.ToText(), "11,659");
 }
 
-TEST_F(EntryTest, DatesThatWouldBecomeTodayAreNamedAndCanBeLeftOut) {
-  Motoristas driver;
-  driver.mybd = bd;
-  driver.Load();
-  driver.CarregaFicha("1");
-  driver.UserGoesTo(driver.Campo[1]);
-  const auto unset = [&] {
-    return entry::UnsetDatesOn(driver, entry::StoredDatesOf(bd, *entry::DatedRecordOn(driver)));
-  };
-  const auto dates = unset();
-  std::string captions;
-  for (const entry::UnsetDate& date : dates) captions += date.caption + std::string(";");
-  EXPECT_EQ(
-      captions,
-      "emissão do passaporte;validade do passaporte;início do cartão de condutor;fim do cartão de condutor;"
-      "próxima descarga;");
-  entry::LeaveWithout(driver, dates);
-  EXPECT_TRUE(unset().empty());
-  Press(driver.botoes.btConf);
-  EXPECT_EQ(Rows(bd, "SELECT Codigo FROM zor_Funcionarios WHERE ValidadePassa > '2000.01.01'").size(), 0U);
-}
-
-TEST_F(EntryTest, ANewVehicleCanBeLeftWithoutARevision) {
-  Viaturas form;
-  form.mybd = bd;
-  form.Load();
-  EXPECT_FALSE(entry::LacksRevision(form)) << "nothing is written yet";
-  form.Campo[0].Text = "99-ZZ-99";
-  const entry::StoredDates stored = entry::StoredDatesOf(bd, *entry::DatedRecordOn(form));
-  std::string captions;
-  for (const entry::UnsetDate& date : entry::UnsetDatesOn(form, stored))
-    captions += date.caption + std::string(";");
-  EXPECT_EQ(captions, "fim do contrato;próxima revisão;próxima inspecção;próxima descarga;");
-  EXPECT_TRUE(entry::LacksRevision(form));
-  entry::LeaveWithout(form, entry::UnsetDatesOn(form, stored));
-  EXPECT_FALSE(entry::LacksRevision(form));
-  EXPECT_EQ(form.Campo[53].Text, "9999999");
-  EXPECT_TRUE(entry::UnsetDatesOn(form, stored).empty());
-  EXPECT_TRUE(entry::RegistersToday(form, stored));
-  form.DTPicker1[3].Value = platform::Date::FromParts(2020, 5, 4);
-  EXPECT_FALSE(entry::RegistersToday(form, stored)) << "a date was given";
-  AddVehicle(bd, "99-ZZ-99");
-  form.DTPicker1[3].Value = platform::Today();
-  EXPECT_FALSE(entry::RegistersToday(form, entry::StoredDatesOf(bd, *entry::DatedRecordOn(form))))
-      << "it is in the fleet already";
-}
-
 TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {
   AddVehicle(bd, "99-ZZ-99");
   AddCode<clDepartamentos>(bd, "COM", "Comercial");
@@ -238,8 +210,16 @@ TEST_F(EntryTest, AFieldIsSetOnManyVehiclesAsTheirFichasWould) {
   EXPECT_EQ(entry::Departments(bd), (std::vector<std::pair<std::string, std::string>>{{"COM", "Comercial"}}));
   EXPECT_EQ(Rows(bd, "SELECT Departamento, Responsavel, Inactiva FROM zor_PV_Viaturas ORDER BY Matricula"),
             (Table{{"", std::string(40, 'n'), "0"}, {"COM", "", "0"}}));
-  entry::SetField(bd, {{"99-ZZ-99", "0"}}, entry::VehicleField::kInactive, "1");
-  EXPECT_EQ(entry::ValuesOf(bd, {"99-ZZ-99"}, entry::VehicleField::kInactive)[0].value, "1");
+  const auto inactive = entry::VehicleField::kInactive;
+  for (const char* value : {"1", "0"}) {
+    EXPECT_EQ(entry::SetField(bd, {{"99-ZZ-99", ""}}, inactive, value), 1U);
+    EXPECT_EQ(entry::ValuesOf(bd, {"99-ZZ-99"}, inactive)[0].value, value);
+    EXPECT_EQ(entry::SetField(bd, {{"99-ZZ-99", ""}}, inactive, value), 0U);
+  }
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET Responsavel = NULL");
+  bd->ExecutarSql("", "UPDATE zor_PV_Departamentos SET Nome = NULL");
+  EXPECT_EQ(entry::ValuesOf(bd, {"12-AB-34"}, responsible)[0].value, "");
+  EXPECT_EQ(entry::Departments(bd), (std::vector<std::pair<std::string, std::string>>{{"COM", ""}}));
 }
 
 TEST_F(EntryTest, ANewEventIsOpenedFromATab) {

@@ -3,6 +3,7 @@
 #include "drivers/motoristas.h"
 #include "events/upkeep.h"
 #include "history/kept_fleet.h"
+#include "history/retention.h"
 #include "history/undo.h"
 #include "history/view/life.h"
 #include "masterdata/code_table.h"
@@ -152,13 +153,15 @@ TEST_F(ActTest, ABatchIsKeptWithItsRecordOrNotAtAll) {
 }
 
 TEST_F(ActTest, WithoutATableNothingIsRecordedAndAllWorks) {
-  embedded::OpenOptions old;
-  old.schema =
-      "-- versão 1\nCREATE TABLE zor_PV_Marcas (Codigo nvarchar(10) NOT NULL, Nome nvarchar(50) NULL, "
-      "CONSTRAINT PK PRIMARY KEY (Codigo));";
-  const auto plain = embedded::Database::Open(folder.File("b.db"), old);
+  const auto plain = BareDatabase();
   const auto keeping = std::make_shared<KeepingStore>(plain);
   EXPECT_FALSE(keeping->Keeps());
+  EXPECT_EQ(ReadSettings(DataAccessRef(plain)), Settings());
+  EXPECT_TRUE(ReadOperations(*keeping, Filter()).operations.empty());
+  EXPECT_TRUE(ReadOperators(*keeping).empty());
+  EXPECT_TRUE(ReadLife(*keeping, keeping->catalog().Get("zor_PV_Marcas"), "1").empty());
+  EXPECT_EQ(ShownSize(SizeOf(*keeping)), "O histórico está vazio.");
+  EXPECT_EQ(ClearBefore(*keeping, Clock()).operations + KeepWithin(*keeping, {}, Clock()).operations, 0);
   AddCode<clMarcas>(DataAccessRef(keeping), "1", "Um");
   EXPECT_EQ(Rows(DataAccessRef(plain), "SELECT Nome FROM zor_PV_Marcas").size(), 1U);
 }

@@ -113,12 +113,70 @@ TEST(ConditionTest, EachPeriodHoldsItsOwnDays) {
             "últimos 30 dias: 7 8 9 10 11 12 13 14 15\npróximos 30 dias: 15 16 17 18 19\n");
 }
 
+TEST(ConditionTest, EachWayToWriteADayOrANumberEndsWhereItShould) {
+  const std::vector<Variant> days = {Day(1753, 1, 1),  Day(1754, 1, 1), Day(9998, 12, 31, 23),
+                                     Day(2026, 1, 31), Day(2026, 2, 1), Day(2026, 12, 1),
+                                     Day(2027, 1, 1)};
+  const std::vector<Variant> numbers = {
+      Currency::Parse("-13"),    Currency::Parse("-12,5"),   Currency::Parse("-12"),
+      Currency::Parse("0,0001"), Currency::Parse("12,7499"), Currency::Parse("12,75"),
+      Currency::Parse("12,76"),  Currency::Parse("12,8"),    Currency::Parse("1234,5")};
+  const struct {
+    const std::vector<Variant>& values;
+    const char* text;
+    const char* met;
+  } cases[] = {
+      {days, "1753", "0"},
+      {days, "1752", "!"},
+      {days, "9998", "2"},
+      {days, "9999", "!"},
+      {days, "1/2026", "3"},
+      {days, "01.2026", "3"},
+      {days, "12-2026", "5"},
+      {days, "0-2026", "!"},
+      {days, "13-2026", "!"},
+      {days, "20260", "!"},
+      {days, "99999999999", "!"},
+      {days, "1-2-2026", "4"},
+      {days, "2026 a 2026", "3 4 5"},
+      {days, "2026..", "2 3 4 5 6"},
+      {days, "..2026", "0 1 3 4 5"},
+      {days, "..", "!"},
+      {days, "< 2026", "0 1"},
+      {days, "<= 01-2026", "0 1 3"},
+      {days, "> 2026", "2 6"},
+      {days, "2026 A 02-2026", "3 4"},
+      {days, "x-2026", "!"},
+      {numbers, "-12", "1 2"},
+      {numbers, "-12,5", "1"},
+      {numbers, "12,7", "4 5 6"},
+      {numbers, "12,75", "5"},
+      {numbers, "0", "3"},
+      {numbers, "0,0001", "3"},
+      {numbers, "12,75 a 12,76", "5 6"},
+      {numbers, "> 12,75", "6 7 8"},
+      {numbers, ">=12,75", "5 6 7 8"},
+      {numbers, "<-12", "0 1"},
+      {numbers, "1.234,5", "8"},
+      {numbers, "1 a b", "!"},
+      {numbers, "--1", "!"},
+      {numbers, "12a", "!"},
+      {numbers, ">", "!"},
+  };
+  for (const auto& [values, text, met] : cases)
+    EXPECT_EQ(*met == '!' ? Met(values, text).substr(0, 1) : Met(values, text), met) << text;
+}
+
 TEST(ConditionTest, AChoiceIsWrittenSoThatItIsReadAgain) {
   const std::vector<std::string> texts = {"Gasóleo", "a; b", "disse \"sim\"", ""};
   EXPECT_EQ(lists::ChosenTexts(lists::ChoiceOf(texts)), texts);
   EXPECT_EQ(lists::ChoiceOf({"Gás"}), "= Gás");
   EXPECT_EQ(lists::ConditionInWords(lists::ChoiceOf(texts)), "Gasóleo; a; b; disse \"sim\"; (sem valor)");
   EXPECT_EQ(lists::ConditionInWords("> 10"), "> 10");
+  EXPECT_EQ(lists::ChoiceOf({" a", "b", "c\"d"}), "= \" a\"; b; \"c\"\"d\"");
+  const std::vector<std::string> read = {"a", "b c", "x\"y", " d ", ""};
+  EXPECT_EQ(lists::ChosenTexts("=a;  b c ; x\"y; \" d \" e ;"), read);
+  EXPECT_TRUE(lists::ChosenTexts("a; b").empty());
 }
 
 }  // namespace

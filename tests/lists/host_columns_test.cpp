@@ -143,7 +143,16 @@ TEST(ViewsTest, AreKeptByOwnerAndReadAsTheyWere) {
   EXPECT_EQ(lists::ViewsOf(bd, "ana").size(), 1U);
   EXPECT_THROW(lists::KeepView(bd, {.name = "  ", .list = "Gastos", .owner = "", .look = {}}),
                platform::RuntimeError);
-  EXPECT_EQ(lists::LookOf("nada disto"), lists::ListLook());
+  EXPECT_THROW(lists::KeepView(bd, {.name = std::string(61, 'v'), .list = "Gastos", .owner = "", .look = {}}),
+               platform::RuntimeError);
+  EXPECT_TRUE(lists::ViewsOf(BareDatabase(), "ana").empty());
+  for (const char* text :
+       {"nada disto", "[]", "{}", R"({"ordem": 3, "colunas": [1], "filtros": {"Data": 2}})"})
+    EXPECT_EQ(lists::LookOf(text), lists::ListLook()) << text;
+  EXPECT_EQ(lists::LookText({}), "{}");
+  EXPECT_EQ(lists::LookText(look),
+            R"({"colunas":["Data","Custo"],"filtros":{"Data":"este mês"},"grupo":"Departamento",)"
+            R"("ordem":"Custo","procura":"10"})");
 }
 
 }  // namespace

@@ -36,6 +36,9 @@ class Values : public lists::Cells {
     return columns_[column][static_cast<std::size_t>(row)];
   }
 
+  /// Takes the last column away.
+  void Drop() { columns_.pop_back(); }
+
   mutable int reads = 0;
 
  private:
@@ -57,6 +60,9 @@ TEST(RowOrderTest, SortsByWhatAColumnHolds) {
       {"codes with numbers by their numbers", {"R10", "R9", "r1"}, {2, 1, 0}},
       {"dashes of any kind alike", {"a-10", "a–2"}, {1, 0}},
       {"a text among dates", {"02-01-2024", "sem data", "01-12-2024"}, {2, 0, 1}},
+      {"a number among dates", {Date::FromParts(2024, 2, 1), 3, Date::FromParts(2023, 1, 2)}, {0, 2, 1}},
+      {"zeros before a number as nothing", {"a10", "a009", "a8", "a0", "a1b2", "a1b1"}, {3, 5, 4, 2, 1, 0}},
+      {"numbers below nought", {-1, 2, -3, 0, Variant::Null()}, {4, 2, 0, 3, 1}},
   };
   for (const auto& [what, column, ascending] : cases) {
     SCOPED_TRACE(what);
@@ -65,7 +71,7 @@ TEST(RowOrderTest, SortsByWhatAColumnHolds) {
     order.Sort(SortBy{0, SortDirection::kAscending});
     EXPECT_EQ(Shown(order), ascending);
     order.Sort(SortBy{0, SortDirection::kDescending});
-    EXPECT_EQ(order.RowAt(order.Count() - 1), ascending.front());
+    EXPECT_EQ(Shown(order), std::vector<long>(ascending.rbegin(), ascending.rend()));
   }
 }
 
@@ -190,6 +196,35 @@ TEST(RowOrderTest, WordsMayBeInAnyCellsAndFiltersAddUp) {
   EXPECT_TRUE(order.IsNarrowed());
   order.ShowAll();
   EXPECT_EQ(Places(order), "3 1 2 0");
+  order.Search("ab");
+  EXPECT_EQ(Places(order), "1") << "letters are looked for in texts";
+}
+
+TEST(RowOrderTest, WhatNoLongerHasItsColumnIsLeftOut) {
+  testing_support::ScriptedHost host;
+  Values values(kFleet);
+  RowOrder order(values);
+  order.Sort(SortBy{2, SortDirection::kAscending});
+  order.Filter(2, "> -5");
+  EXPECT_EQ(Places(order), "2 0 1");
+  EXPECT_EQ(order.PlaceOf(0), 1);
+  EXPECT_EQ(order.PlaceOf(-1), -1);
+  order.GroupBy(2);
+  EXPECT_EQ(order.RowAt(0), -1) << "a heading is no row";
+  EXPECT_EQ(order.HeadingAt(-1), nullptr);
+  EXPECT_EQ(order.HeadingAt(order.Count()), nullptr);
+  order.OpenAll(true);
+  EXPECT_EQ(Places(order), "[-3 1] 2 [10 1] 0 [12,5 1] 1");
+  EXPECT_EQ(order.FindBeginning(0, "12", 0), 5);
+  order.Turn(1);  // a row
+  EXPECT_EQ(Places(order), "[-3 1] 2 [10 1] 0 [12,5 1] 1");
+  values.Drop();
+  order.Rebuild();
+  EXPECT_EQ(Places(order), "0 1 2 3");
+  EXPECT_EQ(order.PlaceOf(3), 3);
+  EXPECT_EQ(order.PlaceOf(4), -1);
+  EXPECT_EQ(order.RowCount(), 4);
+  EXPECT_EQ(order.FindBeginning(0, "", 0), -1);
 }
 
 TEST(RowOrderTest, GroupsHaveHeadingsAndOpenOneByOne) {

@@ -25,6 +25,8 @@ TEST(Pages, EveryLinkLeadsSomewhereAndEveryPictureExists) {
 }
 
 TEST(Pages, TheIndexComesFirstAndLeadsToAllOthers) {
+  for (const Page& page : Pages()) EXPECT_EQ(FindPage(page.name), &page);
+  EXPECT_EQ(FindPage("nada"), nullptr);
   ASSERT_EQ(Pages().front().name, kIndex);
   const std::vector<std::string> links = LinksOf(Pages().front());
   ASSERT_EQ(links.size() + 1, Pages().size()) << "a page that the index doesn't link";

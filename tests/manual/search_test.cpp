@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "manual/plain_text.h"
 
 namespace {
@@ -36,12 +38,50 @@ TEST(Search, FindsAMessageByItsFixedWords) {
   }
 }
 
+TEST(Search, PagesThatAnswerBestComeFirstWithAParagraphThatDoes) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"viatura"}, {"copias"}, {"gastos", "viatura"}, {"senha", "servidor"}}) {
+    std::string wanted;
+    for (const std::string& word : words) wanted += word + " ";
+    int last = 0;
+    const auto hits = Search(wanted);
+    EXPECT_GT(hits.size(), 2U);
+    for (const Hit& hit : hits) {
+      const auto held = [&](std::string_view text) {
+        const std::string folded = Folded(text);
+        return std::count_if(words.begin(), words.end(),
+                             [&](const std::string& word) { return folded.find(word) != std::string::npos; });
+      };
+      const auto all = static_cast<std::ptrdiff_t>(words.size());
+      const int rank = held(hit.page->title) == all ? 0 : held(hit.paragraph) == all ? 1 : 2;
+      EXPECT_GE(rank, last) << wanted << hit.page->name;
+      EXPECT_EQ(held(hit.page->text), all) << wanted << hit.page->name;
+      EXPECT_TRUE(rank == 0 || held(hit.paragraph) > 0) << wanted << hit.page->name;
+      last = rank;
+    }
+  }
+}
+
+TEST(PlainText, LettersAreFoldedAndBlanksBecomeOne) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"ÀÁÂÃÄÅ Ç ÈÉÊË ÌÍÎÏ Ñ ÒÓÔÕÖ ÙÚÛÜ Ý", "aaaaaa c eeee iiii n ooooo uuuu y"},
+      {"àáâãäå ç èéêë ìíîï ñ òóôõö ùúûü ý", "aaaaaa c eeee iiii n ooooo uuuu y"},
+      {"AZ[`{@", "az[`{@"},
+      {"  a \t\n b ", "a b "},
+      {"× ß €", "× ß €"}};
+  for (const auto& [text, folded] : cases) EXPECT_EQ(Folded(text), folded);
+}
+
 TEST(PlainText, ParagraphsComeWithoutTheirMarks) {
   const std::vector<std::string> expected = {"Título", "Um parágrafo de duas linhas, com ligação.", "um item",
                                              "outro item", "Tecla faz"};
   EXPECT_EQ(Paragraphs("# Título\n\nUm **parágrafo** de\nduas linhas, com [ligação](x.md).\n\n- um `item`\n"
                        "- outro item\n\n| Tecla | faz |\n|---|---|\n"),
             expected);
+  EXPECT_EQ(
+      Paragraphs("texto\n* um\n  mais\n12. dois\n3) não\n. nem\n4.\n## Dois # \\*três\\* \\\n\n- - -\n\n[a] "
+                 "b](c) d"),
+      (std::vector<std::string>{"texto", "um mais", "12. dois 3) não . nem 4.", "Dois *três* \\", "a b d"}));
 }
 
 }  // namespace

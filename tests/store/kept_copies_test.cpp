@@ -72,6 +72,22 @@ TEST_F(KeptCopiesTest, AFolderOfChoiceKeepsDatabasesOfOneNameApart) {
   const KeptCopies second(other, folder.File("copias"));
   EXPECT_TRUE(first.Keep(today));
   EXPECT_TRUE(second.All().empty());
+  EXPECT_EQ(KeptCopies("/srv/frota.db", "/copias").folder(), "/copias/frota-074fa83e") << "in every run";
+}
+
+TEST_F(KeptCopiesTest, VehiclesDriversAndEventsOfEveryKindAreCounted) {
+  const auto bd = embedded::Database::Open(database);
+  bd->ExecutarSql("", "INSERT INTO zor_PV_Viaturas (Matricula) VALUES (N'20-GJ-20')");
+  bd->ExecutarSql("", "INSERT INTO zor_Funcionarios (Codigo) VALUES (N'1')");
+  std::string told;
+  for (const char* table :
+       {"Gastos", "Seguros", "Revisoes", "Inspecoes", "Multas", "Sinistros", "Acessorios"}) {
+    bd->ExecutarSql("",
+                    {"INSERT INTO zor_PV_", zorCrmParvel::fixed(table), " (Matricula) VALUES (N'10-GJ-10')"});
+    told += store::Holdings(database).substr(25) + ";";
+  }
+  EXPECT_EQ(store::Holdings(database), "2 viaturas, 1 motorista, 7 eventos");
+  EXPECT_EQ(told, "1 evento;2 eventos;3 eventos;4 eventos;5 eventos;6 eventos;7 eventos;");
 }
 
 TEST_F(KeptCopiesTest, WhatCantBeWrittenIsToldAndRemovesNothing) {

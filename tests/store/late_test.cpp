@@ -96,6 +96,19 @@ TEST_F(LateTest, APhotoIsAMarkUntilItIsBrought) {
   }
   late.AbrirLeitura("", "SELECT zor_Fotos_Entidade FROM zor_Fotos", rows);
   EXPECT_EQ(rows->Fields("zor_Fotos_Entidade").Value().ToText(), "AA-10-AA");
+  // Whatever else reads photos has them at once.
+  for (const char* statement :
+       {"SELECT 1 AS Um, zor_Fotos_Imagem FROM zor_Fotos",
+        "SELECT * FROM zor_Fotos ORDER BY zor_Fotos_Imagem",
+        "SELECT zor_Fotos_Imagem FROM zor_Fotos UNION ALL SELECT zor_Fotos_Imagem FROM zor_Fotos",
+        "SELECT zor_Fotos_Imagem FROM zor_Fotos AS F LEFT JOIN zor_PV_Marcas AS M ON M.Codigo = "
+        "F.zor_Fotos_Entidade"}) {
+    late.AbrirLeitura("", statement, rows);
+    EXPECT_EQ(rows->Fields("zor_Fotos_Imagem").Value().ToBytes(), platform::Bytes(photo.begin(), photo.end()))
+        << statement;
+  }
+  database_->ExecutarSql("", "UPDATE zor_Fotos SET zor_Fotos_Imagem = NULL");
+  EXPECT_FALSE(store::BringPhoto(*database_, "SELECT zor_Fotos_Imagem FROM zor_Fotos", file));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "store/near_store_fixture.h"
+#include "support/temporary_folder.h"
 
 namespace store {
 namespace {
@@ -95,7 +96,8 @@ TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
   const auto other = std::make_shared<NearStore>(
       server_,
       "-- versão 1\nCREATE TABLE zor_Funcionarios (Codigo nvarchar(10) NOT NULL, Nome nvarchar(9) NULL);");
-  for (const auto& [store, asked] : {std::pair{small, 5}, std::pair{other, 5}}) {
+  const auto whole = std::make_shared<NearStore>(server_, schema::kTables, 6);
+  for (const auto& [store, asked] : {std::pair{small, 5}, std::pair{other, 5}, std::pair{whole, 2}}) {
     const DataAccessRef held(store);
     const Snapshot snapshot(held);
     for (const char* code : {"M0", "M1", "M2", "M3"})
@@ -104,6 +106,39 @@ TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
                 testing_support::Table({{"Ana"}}));
     EXPECT_EQ(server_->Asked(), asked);
   }
+}
+
+TEST_F(NearStoreTest, ALongTableIsBroughtWholeAndDocumentsNever) {
+  for (int i = 0; i < 600; ++i)
+    Run("INSERT INTO zor_PV_Multas (Matricula, ValorMulta) VALUES ('P" + std::to_string(i) + "', 2)");
+  Run("INSERT INTO zor_ArquivoDigital (zor_ArquivoDigital_Entidade) VALUES ('A')");
+  server_->Asked();
+  const Snapshot snapshot(near_);
+  for (const int plate : {0, 255, 256, 599})
+    EXPECT_EQ(
+        testing_support::Rows(near_, "SELECT COUNT(*) AS Quantas FROM zor_PV_Multas WHERE Matricula = 'P" +
+                                         std::to_string(plate) + "'"),
+        (testing_support::Table{{"1"}}))
+        << plate;
+  EXPECT_EQ(testing_support::Rows(near_, "SELECT SUM(ValorMulta) AS Soma FROM zor_PV_Multas WHERE Id > 0"),
+            (testing_support::Table{{"1200"}}));
+  EXPECT_EQ(server_->Asked(), 3);
+  for (const char* entity : {"A", "B", "C"})
+    testing_support::Rows(near_, std::string("SELECT zor_ArquivoDigital_Id FROM zor_ArquivoDigital WHERE "
+                                             "zor_ArquivoDigital_Entidade = '") +
+                                     entity + "'");
+  EXPECT_EQ(server_->Asked(), 3);
+}
+
+TEST_F(NearStoreTest, AnotherThreadOpensTheSameWhereTheServerLetsIt) {
+  EXPECT_FALSE(store_->Opener());
+  const testing_support::TemporaryFolder folder;
+  const auto file = embedded::Database::Open(folder.File("a.db"));
+  testing_support::AddDriver(DataAccessRef(file), "1", "Ana");
+  const auto opener = NearStore(file, schema::kTables).Opener();
+  ASSERT_TRUE(opener);
+  EXPECT_EQ(testing_support::Rows(DataAccessRef(opener()), "SELECT Nome FROM zor_Funcionarios"),
+            testing_support::Table({{"Ana"}}));
 }
 
 }  // namespace

@@ -40,6 +40,14 @@ std::shared_ptr<embedded::Database> MemoryDatabase() {
   return embedded::Database::Open(":memory:", options);
 }
 
+std::shared_ptr<embedded::Database> BareDatabase() {
+  embedded::OpenOptions options;
+  options.schema =
+      "-- versão 1\nCREATE TABLE zor_PV_Marcas (Codigo nvarchar(10) NOT NULL, Nome nvarchar(50) NULL, "
+      "CONSTRAINT PK PRIMARY KEY (Codigo));";
+  return embedded::Database::Open(":memory:", options);
+}
+
 Table Rows(const RecordsetRef& rows) {
   Table all(static_cast<std::size_t>(rows->RecordCount()));
   for (std::size_t r = 0; r < all.size(); ++r)

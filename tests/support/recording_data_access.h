@@ -40,6 +40,8 @@ class RecordingDataAccess : public zorCrmParvel::DataAccess {
 
 /// An empty embedded database in memory, whose getdate() is the current host's clock.
 std::shared_ptr<embedded::Database> MemoryDatabase();
+/// One of which the module knows the makes, and the programs around it nothing.
+std::shared_ptr<embedded::Database> BareDatabase();
 
 /// All rows of a recordset, and of a statement, as texts; null is "NULL".
 Table Rows(const zorCrmParvel::RecordsetRef& rows);
