@@ -12,6 +12,7 @@
 #include "desktop/list/tools/filter_bar.h"
 #include "desktop/list/tools/list_look.h"
 #include "desktop/look/look.h"
+#include "desktop/look/one_line.h"
 #include "desktop/look/parts.h"
 #include "desktop/look/text.h"
 #include "desktop/shell/message_page.h"
@@ -32,7 +33,7 @@ ListPage::ListPage(Workspace& workspace, const ListEntry& entry, QSettings& sett
       title_(new QLabel(this)),
       count_(new QLabel(this)),
       bar_(new FilterBar(this)),
-      footer_(new QLabel(this)),
+      footer_(new OneLine(this)),
       stack_(new QStackedWidget(this)),
       table_(new TableView(
           std::make_unique<ListSource>(form_->master, entry, workspace.sistema().ICrmSistema_ZorDataAccess,
@@ -73,7 +74,6 @@ void ListPage::Build() {
   stack_->addWidget(table_);
   stack_->addWidget(message_);
   column->addWidget(stack_, 1);
-  footer_->setTextFormat(Qt::PlainText);
   footer_->setContentsMargins(Gap(this), Gap(this) / 2, WideGap(this), Gap(this) / 2);
   footer_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   column->addWidget(footer_);

@@ -24,6 +24,7 @@ namespace desktop {
 class FilterBar;
 class ListSource;
 class MessagePage;
+class OneLine;
 
 /// One list of the module in the window: its rows, or why there are none. Owns the list and the grid it
 /// fills, for as long as it is shown. Sort, search and column widths are kept in the settings under the
@@ -143,7 +144,7 @@ class ListPage : public Page {
   QLabel* title_;
   QLabel* count_;
   FilterBar* bar_;
-  QLabel* footer_;
+  OneLine* footer_;
   QStackedWidget* stack_;
   TableView* table_;
   MessagePage* message_;

@@ -6,6 +6,7 @@
 #include "desktop/list/tools/column_menu.h"
 #include "desktop/list/tools/filter_bar.h"
 #include "desktop/list/tools/list_look.h"
+#include "desktop/look/one_line.h"
 #include "desktop/look/text.h"
 #include "lists/condition.h"
 #include "lists/footer.h"

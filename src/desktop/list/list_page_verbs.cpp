@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QMenu>
+#include <QScrollBar>
 #include <algorithm>
 #include <functional>
 #include <unordered_set>
@@ -80,13 +81,16 @@ void ListPage::Remove() {
   if (ShowMessage(window(), question, style, QStringLiteral("Remover")) != platform::kYes) return;
   const std::string last = KeyOf(rows.back());
   const long place = table_->grid().order().PlaceOf(rows.front());
+  const int scrolled = table_->verticalScrollBar()->value();
   const long count = table_->grid().source().Rows();
   const auto removed = static_cast<long>(rows.size());
   Verb(
       one ? QStringLiteral("Remover") : QStringLiteral("Remover %1 registos").arg(removed),
       [&] { RemoveRows(rows); },
-      [this, last, place, expected = count - removed, one] {
-        if (!TellWhatStayed(last, expected, one)) table_->GoToPlace(place);
+      [this, last, place, scrolled, expected = count - removed, one] {
+        if (TellWhatStayed(last, expected, one)) return;
+        table_->verticalScrollBar()->setValue(scrolled);
+        table_->GoToPlace(place);
       });
 }
 
