@@ -1,9 +1,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 
 #include "console/notice_timer.h"
 #include "console/program_fixture.h"
+#include "notice/mail_server.h"
 #include "support/files.h"
 
 namespace console {
@@ -42,6 +44,18 @@ TEST_F(NoticeCommandTest, RecipientsAndServerAreKeptAndAMessageIsShownBeforeItLe
   EXPECT_NE(out.str().find("Servidor: smtp://127.0.0.1:1\nDe: frota@x.pt\nUtilizador: frota\n"),
             std::string::npos);
   EXPECT_EQ(OnDatabase({"aviso"}), kRefused) << "a user needs a password";
+  notice_test::MailServer server(notice_test::Behaviour::kTakes, true);
+  EXPECT_EQ(OnDatabase({"aviso", "servidor", "--endereco", server.Url(), "--autoridade", server.Authority()}),
+            kDone);
+  setenv("PARVEL_SENHA_CORREIO", "senha", 1);
+  EXPECT_EQ(OnDatabase({"aviso"}), kDone) << out.str();
+  unsetenv("PARVEL_SENHA_CORREIO");
+  EXPECT_TRUE(std::regex_match(out.str(), std::regex("ana@x.pt: \\d+ avisos enviados.\n"))) << out.str();
+  EXPECT_NE(server.Messages().at(0).find("AGZyb3RhAHNlbmhh"), std::string::npos) << "user and password";
+  std::ofstream(File("senha")) << "outra";
+  std::filesystem::permissions(File("senha"), std::filesystem::perms::owner_read);
+  EXPECT_EQ(OnDatabase({"aviso", "--senha-correio-ficheiro", File("senha")}), kDone);
+  EXPECT_EQ(out.str(), "ana@x.pt: nada de novo.\n");
 }
 
 /// Stands in for the system's manager of timers: keeps its calls, and fails where the test says so.

@@ -176,6 +176,13 @@ TEST_F(EntryTest, WhatIsOddIsSaidBeforeItIsConfirmed) {
     for (const std::string& one : past.Warnings(*entry::DraftOn(form))) all += one + "\n";
     EXPECT_EQ(all, part);
   }
+  // A year and a month are looked back.
+  form.Campo[5].Text = "400";
+  for (const auto& [days, quantity, most] : {std::tuple{401, "300", "40,00"}, {400, "90", "90,00"}}) {
+    AddExpense(bd, "12-AB-34", platform::Today().AddDays(-days), "GASOLEO", quantity, "100", 0);
+    EXPECT_EQ(entry::ExpensePast(bd, platform::Today()).Warnings(*entry::DraftOn(form)).front(),
+              std::string("400,00 L, quando o maior abastecimento anterior foi de ") + most + " L.");
+  }
   bd->ExecutarSql("", "UPDATE zor_Funcionarios SET ValCartaCond = '2024-03-01' WHERE Codigo = '1'");
   EXPECT_EQ(entry::ExpensePast(bd, entry::DraftOn(form)->date).Warnings(*entry::DraftOn(form)).back(),
             "A carta de 1 tinha caducado em 01-03-2024.");

@@ -100,6 +100,7 @@ TEST_F(LongHistoryTest, IsReadInSlicesThatEndWhereNothingMoreCanBe) {
       {{.table = "zor_PV_Gastos"}, "7000 (1 in 6)"},
       {{.table = "zor_PV_Viaturas"}, "7000 (1 in 7)"},
       {{.operador = "rui", .table = "zor_PV_Marcas"}, "12500 6000 40 (3 in 7)"},
+      {{.table = "zor_PV_Marcas", .kind = Kind::kUndoing}, "46 45 44 (3 in 7)"},
       {{.kind = Kind::kCreation}, "41 (1 in 2)"},
       {{.kind = Kind::kChange}, "42 (1 in 2)"},
       {{.kind = Kind::kRemoval}, "43 (1 in 2)"},
