@@ -93,6 +93,8 @@ TEST_F(SessionsTest, EachCommandShowsWhatItShould) {
   for (std::string line; std::getline(session, line);) {
     if (line.starts_with("$ ")) text += line + "\n" + Run(line.substr(2)) + "\n";
     if (line.starts_with("= ")) text += line + "\n\n";
+    if (line.starts_with("< "))
+      text += line + "\n" + Shown(testing_support::Contents(File(line.substr(8))), "") + "\n";
   }
   testing_support::ExpectWholeText(kText, text);
 }
