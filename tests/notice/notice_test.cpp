@@ -100,6 +100,35 @@ TEST(DueWatchTest, WhatComesNearerIsNewsAndTheFirstLookIsNot) {
   }
 }
 
+TEST(DueDatesTest, RowsOfOneThingAreOneDateWithEachNoteOnce) {
+  ScriptedHost host;
+  const auto rows = platform::MakeRef<platform::MemoryRecordset>();
+  for (const char* name : {"Matricula", "Apolice", "Data", "Validade", "Notas"})
+    rows->Append(name, platform::FieldType::kText, 50);
+  rows->Append("Dias", platform::FieldType::kLong, 4);
+  rows->Open();
+  for (const auto& [policy, note, days] : {std::tuple{"A1", "Vence", 5},
+                                           {"A1", "Vence", 5},
+                                           {"A1", "Paga", 5},
+                                           {"A1", "", 5},
+                                           {"A2", "", 20},
+                                           {"A3", "x", 21}}) {
+    rows->AddNew();
+    rows->Fields("Matricula").SetValue("10-GJ-10");
+    rows->Fields("Apolice").SetValue(policy);
+    rows->Fields("Notas").SetValue(note);
+    rows->Fields("Dias").SetValue(days);
+    rows->Update();
+  }
+  platform::Form form;
+  platform::SGGrid grid{form, "Grelha"};
+  grid.SetDataSource(rows);
+  std::string told;
+  for (const notice::DueDate& due : notice::DueDatesIn(notice::AlertFamilies()[1], grid, 20, {}))
+    told += due.summary + " " + due.day.ToText() + ": " + due.notes + ";";
+  EXPECT_EQ(told, "Apólice: A1 10-GJ-10 20-03-2024: Vence\nPaga;Apólice: A2 10-GJ-10 04-04-2024: ;");
+}
+
 class RoundTest : public DatabaseTest {
  protected:
   RoundTest() {

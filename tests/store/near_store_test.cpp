@@ -88,6 +88,8 @@ TEST_F(NearStoreTest, ATableIsBroughtWhenItIsAskedAgainInTheSameWordsAndNoOther)
         "SELECT ValorMulta FROM zor_PV_Multas WHERE Id=3"})
     asked += std::to_string(asks(statement));
   EXPECT_EQ(asked, "111010110");
+  { const Snapshot within(near_); }
+  EXPECT_EQ(asks("SELECT ValorMulta FROM zor_PV_Multas WHERE Id=3"), 0) << "the outer one goes on";
 }
 
 TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
