@@ -93,7 +93,7 @@ TEST_F(UpgradeTest, ColumnsAreAddedToATableWhereItStandsIfTheyStandLast) {
   change("  Codigo nvarchar(10) NULL,\n",
          "  Codigo nvarchar(10) NULL,\n  Obs nvarchar(20) NULL,\n  Feito bit NULL,\n");
   change("Gastos (Nome)", "Gastos (Obs)");
-  auto database = Database::Open(file_, Options(schema.c_str()));
+  auto database = Database::Open(file_, Options(schema));
   EXPECT_EQ(places(), before) << "nothing is copied";
   EXPECT_EQ(Rows(database, "SELECT * FROM Gastos ORDER BY Id"),
             (Table{{"1", "ç1", "7", "12", "NULL", "NULL"}, {"2", "NULL", "-3", "NULL", "NULL", "NULL"}}));
@@ -101,7 +101,7 @@ TEST_F(UpgradeTest, ColumnsAreAddedToATableWhereItStandsIfTheyStandLast) {
   database.reset();
   change("versão 2", "versão 3");
   change("  Nome nvarchar(5) NULL,\n", "  Antes int NULL,\n  Nome nvarchar(5) NULL,\n");
-  EXPECT_EQ(Rows(Database::Open(file_, Options(schema.c_str())), "SELECT * FROM Gastos WHERE Id = 1"),
+  EXPECT_EQ(Rows(Database::Open(file_, Options(schema)), "SELECT * FROM Gastos WHERE Id = 1"),
             (Table{{"1", "NULL", "ç1", "7", "12", "NULL", "NULL"}}))
       << "in the order in which they are declared";
 }

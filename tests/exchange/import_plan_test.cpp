@@ -29,6 +29,11 @@ TEST_F(ImportPlanTest, ACorrectedValueChecksTheOtherRowsOfItsVehicle) {
   plan->Correct(1, "Data", "30-01-2024");  // now after the third
   EXPECT_EQ(plan->why(1).reason.substr(plan->why(1).reason.find('(')), "(linha 4: 10800 km em 28-01-2024)");
   EXPECT_EQ(Expenses(), 0) << "looking changes nothing";
+  Read(
+      "Matrícula;Data;Tipo;Litros;Valor;Km\n12-AB-34;20-01-2024;GASOLEO;40;60;10400\n"
+      "12-AB-34;21-01-2024;PORTAGEM;1;5;\n12-AB-34;25-01-2024;GASOLEO;40;61;10300\n")
+      .Check();
+  EXPECT_NE(plan->why(2).reason.find("(linha 2: 10400 km em 20-01-2024)"), std::string::npos) << States();
 }
 
 TEST_F(ImportPlanTest, ARowSetAsideByHandStaysOutAndComesBack) {

@@ -168,10 +168,16 @@ TEST_F(PagesText, FiltersAndColumnsOfTimeChangeEachReport) {
                      p.marcas = {"REN"};
                      p.premiosRepartidos = p.comRendas = false;
                    }},
+                  {"sem departamento", platform::Date::FromParts(2026, 2, 10),
+                   platform::Date::FromParts(2026, 2, 27), [](Pedido& p) { p.departamentos = {""}; }},
                   {"do motorista 2 ou de nenhum", platform::Date::FromParts(2026, 1, 1),
                    platform::Date::FromParts(2026, 3, 31), [](Pedido& p) {
                      p.motoristas = {"2", ""};
                    }}};
+  // Of a vehicle that is gone nothing is known: no filter of vehicles lets it through.
+  bd->ExecutarSql("",
+                  "INSERT INTO zor_PV_Gastos (Matricula, Data, TipoGasto, Qtd, Custo, Km) VALUES ('ZZ', "
+                  "'2026.02.12', 'G', 20, 33, 700)");
   std::string text;
   for (const TextosDoRelatorio& report : Relatorios()) {
     for (const auto& [what, from, to, change] : requests) {
