@@ -161,7 +161,7 @@ TEST(HistoryTypesTest, EveryTypeOfColumnComesBackAloneAndInLists) {
           {"Codigo", "c" + std::to_string(i)},
           {"Activa", i % 2 == 0},
           {"Ano", -i},
-          {"Valor", platform::Currency::FromTenThousandths(-12345 * i)},
+          {"Valor", platform::Currency::FromTenThousandths(-12345LL * i)},
           {"Razao", 0.1 * i},
           {"Data", Date::FromParts(2024, 12, 31, 23, 59, 9).AddDays(-i)},
           {"Km", 1000000 * (i - 3)},

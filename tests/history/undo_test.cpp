@@ -209,5 +209,27 @@ TEST_F(UndoTest, TheLastToUndoIsOnesOwnThatStillStands) {
   EXPECT_EQ(last(), "Marcas: Um, r") << "its undoing was undone";
 }
 
+TEST_F(UndoTest, TheNewestActIsTheLastThatChangedAnything) {
+  const auto name = [&] { AddCode<clMarcas>(bd, "r", "Um"); };
+  const long first = Do("Marcas: Um", name);
+  EXPECT_EQ(Do("Nada", name), 0);
+  EXPECT_EQ(store->Newest().head, first);
+  EXPECT_EQ(store->Newest().words, "Marcas: Um");
+  EXPECT_TRUE(store->IsOwn(first));
+  const long undoing = Undo(store, first);
+  EXPECT_EQ(store->Newest().head, 0);
+  EXPECT_TRUE(store->IsOwn(undoing));
+  EXPECT_FALSE(store->IsOwn(undoing + 1));
+}
+
+TEST_F(UndoTest, WhatIsNotRememberedGoesWithTheActThatWroteItAsWell) {
+  store->BeginAct("Opções");
+  bd->ExecutarSql("", "INSERT INTO parvel_opcoes (Nome, Valor) VALUES (N'x', N'1')");
+  store->AbandonAct();
+  EXPECT_TRUE(Rows(bd, "SELECT Valor FROM parvel_opcoes WHERE Nome = N'x'").empty());
+  Do("Opções", [&] { bd->ExecutarSql("", "INSERT INTO parvel_opcoes (Nome, Valor) VALUES (N'x', N'2')"); });
+  EXPECT_EQ(Rows(bd, "SELECT Valor FROM parvel_opcoes WHERE Nome = N'x'"), (Table{{"2"}}));
+}
+
 }  // namespace
 }  // namespace history
