@@ -6,6 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "platform/screen/dialogs.h"
 #include "platform/screen/form.h"
 #include "store/paths.h"
 #include "support/errors.h"
@@ -23,7 +24,12 @@ TEST(ConsoleHost, ShowsTextsAndDeclines) {
   EXPECT_EQ(host.MsgBox("Apagar?", platform::kYesNo | platform::kExclamation, "Viatura"), platform::kNo);
   EXPECT_EQ(host.MsgBox("Apagar?", platform::kOkCancel, "Viatura"), platform::kCancel);
   host.OpenDocument("a.pdf");
-  EXPECT_EQ(messages.str(), "Feito\nViatura: Apagar?\nViatura: Apagar?\na.pdf\n");
+  platform::MapaListagem report;
+  report.Titulo = "Mapa";
+  host.ShowReport(report);
+  platform::ListaPesquisa lookup;
+  EXPECT_EQ(host.ShowLookup(lookup), "");
+  EXPECT_EQ(messages.str(), "Feito\nViatura: Apagar?\nViatura: Apagar?\na.pdf\nMapa\n");
   EXPECT_EQ(host.InputBox("Nome", "", "x"), "");
   EXPECT_FALSE(host.OpenFile({}));
   EXPECT_EQ(host.TemporaryFolder().back(), '/');

@@ -50,6 +50,10 @@ TEST_F(HistoryCommandTest, WhatWasDoneIsShownAndUndone) {
   EXPECT_EQ(OnDatabase({"anular", "2", "--sobrepor"}), kDone) << err.str();
   EXPECT_EQ(out.str(), "Anulada a operação 2, pela operação 4.\n");
   EXPECT_EQ(Name(), "Renault");
+  EXPECT_EQ(OnDatabase({"historico"}), kDone);
+  EXPECT_NE(out.str().find("\n2  01-03-2024 10:12  ana  Marcas: Confirmar, REN  (anulada por 4)\n1  "),
+            std::string::npos)
+      << out.str();
   EXPECT_EQ(OnDatabase({"anular", "2"}), kFailed);
   EXPECT_NE(err.str().find("já foi anulada, pela operação 4"), std::string::npos) << err.str();
 
@@ -128,6 +132,19 @@ TEST_F(HistoryCommandTest, WrongFiguresAreToldCorrectedAndRightAfterwards) {
   EXPECT_EQ(out.str(), wrong + "corrigidas.\n");
   EXPECT_EQ(OnDatabase({"verificar", "--figuras"}), kDone);
   EXPECT_EQ(out.str(), "As figuras de todas as viaturas estão certas.\n");
+  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(database));
+  testing_support::AddVehicle(bd, "99-ZZ-99");
+  testing_support::AddExpense(bd, "99-ZZ-99", platform::Date::FromParts(2024, 2, 1), "GASOLEO", "40", "60",
+                              0);
+  bd->ExecutarSql("", "UPDATE zor_PV_Viaturas SET CustoTotal = 166");
+  EXPECT_EQ(OnDatabase({"verificar", "--figuras"}), kRefused);
+  EXPECT_NE(out.str().find("\n2 viaturas com figuras erradas."), std::string::npos) << out.str();
+  // Whoever still reads keeps in the file what was there.
+  const zorCrmParvel::Snapshot snapshot(bd);
+  testing_support::Rows(bd, "SELECT * FROM zor_Funcionarios");
+  EXPECT_EQ(OnDatabase({"motorista", "1", "--apagar-dados-pessoais", "--confirmar", "1"}), kDone);
+  EXPECT_EQ(err.str().find("Do ficheiro, ou dos ficheiros do servidor, ainda não saiu tudo: "), 0U)
+      << err.str();
 }
 
 }  // namespace

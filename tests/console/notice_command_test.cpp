@@ -112,8 +112,12 @@ TEST_F(NoticeTimerFixture, TheSystemIsAskedToCallTheProgramEveryDay) {
             "--user daemon-reload\n--user enable --now parvel-aviso.timer\n"
             "--user daemon-reload\n--user enable --now parvel-aviso.timer\n"
             "--user disable --now parvel-aviso.timer\n--user daemon-reload\n");
+  EXPECT_EQ(OnDatabase({"aviso", "--instalar"}), kDone);
   std::ofstream(File("recusa")) << "sim";
-  EXPECT_EQ(OnDatabase({"aviso", "--instalar"}), kFailed);
+  for (const char* act : {"--retirar", "--instalar"}) {
+    EXPECT_EQ(OnDatabase({"aviso", act}), kFailed);
+    EXPECT_EQ(Unit("service") + Unit("timer"), "") << act;
+  }
   EXPECT_EQ(err.str().substr(0, 44), "O sistema não aceita temporizadores do util");
   EXPECT_EQ(Unit("service") + Unit("timer"), "");
 }

@@ -16,7 +16,7 @@ using RecordCommandTest = DatabaseTest;
 TEST_F(RecordCommandTest, VehiclesAndDriversAreToldWhole) {
   AddSampleFleet(bd);
   Sql("UPDATE zor_PV_Viaturas SET SeloPago=1, DtDescarga='1899.12.30' WHERE Matricula='A'");
-  for (const char* row : {"'A', 0, '2030.01.01'", "'A', 7, '2031.01.01'", "'A', 99, NULL"})
+  for (const char* row : {"'A', 0, '2030.01.01'", "'A', 7, '2031.01.01'", "'A', 99, NULL", "'A', -1, NULL"})
     Sql(std::string("INSERT INTO zor_CartasCond (Motorista, TipoCarta, DataValidade) VALUES (") + row + ")");
   Sql("INSERT INTO zor_Funcionarios (Codigo, Nome) VALUES ('O''R', 'Outro')");
   int fuel = 0;

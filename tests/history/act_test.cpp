@@ -146,8 +146,12 @@ TEST_F(ActTest, ABatchIsKeptWithItsRecordOrNotAtAll) {
   zorCrmParvel::Batch batch(*store);
   AddCode<clMarcas>(bd, "x", "1");
   EXPECT_EQ(there(), 0U);
+  store->BeginAct("Marcas: Confirmar");
+  AddCode<clMarcas>(bd, "y", "1");
+  store->AbandonAct();  // the batch decides
   batch.Commit();
   EXPECT_EQ(there(), 1U);
+  EXPECT_EQ(Rows(others, "SELECT Codigo FROM zor_PV_Marcas WHERE Codigo = 'y'").size(), 1U);
   Undo(store, store->LastOperation());
   EXPECT_EQ(there(), 0U);
 }

@@ -44,6 +44,13 @@ std::string Met(const std::vector<Variant>& values, const std::string& text) {
   }
 }
 
+/// What is typed over a column, and the rows that meet it.
+struct Typed {
+  const std::vector<Variant>& values;
+  const char* text;
+  const char* met;
+};
+
 Date Day(int year, int month, int day, int hour = 0) { return Date::FromParts(year, month, day, hour); }
 
 TEST(ConditionTest, ReadsWhatAUserTypes) {
@@ -52,11 +59,7 @@ TEST(ConditionTest, ReadsWhatAUserTypes) {
                                         Currency::Parse("13"), Currency::Parse("-1"), Variant::Null()};
   const std::vector<Variant> dates = {Day(2026, 11, 25, 23), Day(2026, 11, 23), Day(2026, 10, 31),
                                       Day(2025, 12, 31), Variant::Null()};
-  const struct {
-    const std::vector<Variant>& values;
-    const char* text;
-    const char* met;
-  } cases[] = {
+  const Typed cases[] = {
       {texts, "gas", "0 1 2"},
       {texts, "adit GASO", "0"},
       {texts, "= gasolina; \"gás; a granel\"", "1 2"},
@@ -121,11 +124,7 @@ TEST(ConditionTest, EachWayToWriteADayOrANumberEndsWhereItShould) {
       Currency::Parse("-13"),    Currency::Parse("-12,5"),   Currency::Parse("-12"),
       Currency::Parse("0,0001"), Currency::Parse("12,7499"), Currency::Parse("12,75"),
       Currency::Parse("12,76"),  Currency::Parse("12,8"),    Currency::Parse("1234,5")};
-  const struct {
-    const std::vector<Variant>& values;
-    const char* text;
-    const char* met;
-  } cases[] = {
+  const Typed cases[] = {
       {days, "1753", "0"},
       {days, "1752", "!"},
       {days, "9998", "2"},
