@@ -158,6 +158,8 @@ TEST_F(MotoristasFormTest, TheCalendarServesTheRowsByTheKeyboard) {
     form.UserKey(platform::kKeyEnter);
     ASSERT_EQ(form.ActiveControl(), &form.MonthView1);
     form.UserMovesToDate(form.MonthView1, Date::FromParts(2030, 5, day));
+    form.UserKey('5');
+    ASSERT_EQ(form.ActiveControl(), &form.MonthView1) << "only Enter takes the day";
     form.UserKey(platform::kKeyEnter);
     EXPECT_EQ(form.ActiveControl(), &form.Grelha);
     EXPECT_FALSE(form.MonthView1.Visible);

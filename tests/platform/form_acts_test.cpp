@@ -19,6 +19,13 @@ class Kinds : public Form {
     middle.assign(Controls().begin() + 1, Controls().end() - 2);
     Load();
   }
+  /// Gives each control something to choose from.
+  void Fill() {
+    combo.List = {"um", "dois"};
+    grid.AddColumn("A", "A", 100);
+    grid.EditableColumn = "A";
+    files.SetRows(2);
+  }
   zor_input field{*this, "field"};
   CheckBox box{*this, "box"};
   ComboBox combo{*this, "combo"};
@@ -117,10 +124,7 @@ TEST(Form, ARowIsLeftAloneWhenTheFocusCannotComeToItsGrid) {
 
 TEST(Form, EachActTellsItsControlAndThenDeliversTheKeysThatWereSent) {
   Kinds form;
-  form.combo.List = {"um", "dois"};
-  form.grid.AddColumn("A", "A", 100);
-  form.grid.EditableColumn = "A";
-  form.files.SetRows(2);
+  form.Fill();
   std::string told;
   const auto tell = [&](const char* what) {
     return [&, what](auto&&...) {
@@ -169,10 +173,7 @@ TEST(Form, EachActTellsItsControlAndThenDeliversTheKeysThatWereSent) {
 
 TEST(Form, AnActThatChangesNothingTellsNobodyAndNoneNeedsAHandler) {
   Kinds form;
-  form.combo.List = {"um", "dois"};
-  form.grid.AddColumn("A", "A", 100);
-  form.grid.EditableColumn = "A";
-  form.files.SetRows(2);
+  form.Fill();
   const Date day = Date::FromParts(2024, 3, 1);
   const auto all = [&] {
     form.UserTypes(form.field, "x");
