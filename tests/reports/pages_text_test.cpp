@@ -235,6 +235,13 @@ TEST_F(PagesText, WhatStandsBesideTheReports) {
     }
   }
   testing_support::ExpectWholeText(PARVEL_SOURCE_DIR "/tests/reports/beside.txt", text);
+  Gravar(bd, *DefinicaoDe("viaturas"), {"AA"},
+         {{"LimiteKm", "8000"}, {"InicioLeasing", "01-01-2025"}, {"EurosKm", "0,05"}});
+  for (const char* end : {"2026.03.15", "2026.03.14"}) {
+    bd->ExecutarSql("", (std::string("UPDATE zor_PV_Viaturas SET ValContrato='") + end + "'").c_str());
+    EXPECT_EQ(ResumoDe(bd, host.clock).leasing.size(), std::string(end).ends_with("15") ? 1U : 0U)
+        << "a contract is told until its last day";
+  }
 }
 
 }  // namespace
