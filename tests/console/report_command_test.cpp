@@ -57,31 +57,5 @@ TEST_F(ReportCommandTest, OpenFindingsGiveTheExitCodeOfWhatIsDue) {
   EXPECT_EQ(Report(findings), kDue);
 }
 
-TEST_F(ReportCommandTest, EveryWordThatIsOfferedIsTaken) {
-  const std::pair<const char*, std::vector<const char*>> options[] = {
-      {"--coluna", {"mes", "trimestre", "ano"}},
-      {"--premios", {"repartidos", "inicio"}},
-      {"--rendas", {"sim", "nao"}},
-      {"--por", {"viatura", "departamento", "categoria", "motorista", "tipo"}}};
-  for (const auto& [option, words] : options)
-    for (const char* word : words)
-      EXPECT_EQ(Report({"custos", "--periodo", "2026", option, word}), kDone) << option << " " << err.str();
-}
-
-TEST_F(ReportCommandTest, WhatCannotBeMeantIsRefusedWithAdvice) {
-  struct Case {
-    std::vector<std::string> words;
-    const char* advice;
-  };
-  for (const Case& c : {Case{{"consumos", "--de", "ontem"}, "Escreva-a assim"},
-                        Case{{"custos", "--periodo", "2026-T5"}, "2026-T1"},
-                        Case{{"consumos", "--por", "motorista"}, "Pode ser por"},
-                        Case{{"quilometros", "--motorista", "1"}, "Tire esse filtro"},
-                        Case{{"custos", "--json", "--xlsx", "f.xlsx"}, "não vão juntas"}}) {
-    EXPECT_EQ(Report(c.words), kUsage) << c.words.front();
-    EXPECT_NE(err.str().find(c.advice), std::string::npos) << err.str();
-  }
-}
-
 }  // namespace
 }  // namespace console

@@ -74,7 +74,8 @@ TEST_F(ErasureTest, ASecondErasureTakesAnotherCodeAndTellsWhatStaysInTheFile) {
   const long made = Do("Motoristas: Confirmar", [&] {
     AddCode<clMarcas>(bd, "r", "Um");
     AddDriver(bd, "0003", "Rui Costa");
-    bd->ExecutarSql("", "INSERT INTO zor_PV_Multas (Motorista, Obs) VALUES (N'0003', N'Rui')");
+    bd->ExecutarSql(
+        "", "INSERT INTO zor_PV_Multas (Motorista, Obs) VALUES (N'0003', N'Rui Costa por RUI COSTA, Rui')");
   });
   EXPECT_EQ(ReadSteps(*store, made).size(), 3U);
   const DataAccessRef others(embedded::Database::Open(file));
@@ -85,7 +86,7 @@ TEST_F(ErasureTest, ASecondErasureTakesAnotherCodeAndTellsWhatStaysInTheFile) {
   EXPECT_EQ(erased.code, "Ex-2");
   EXPECT_FALSE(erased.fromFile) << "another program still reads what was there";
   EXPECT_EQ(ReadSteps(*store, made).size(), 2U) << "what else was done with it stays";
-  EXPECT_EQ(Rows(bd, "SELECT Motorista, Obs FROM zor_PV_Multas"), (Table{{"Ex-2", "Rui"}}));
+  EXPECT_EQ(Rows(bd, "SELECT Motorista, Obs FROM zor_PV_Multas"), (Table{{"Ex-2", "Ex-2 por Ex-2, Rui"}}));
   Undo(store, made);
   EXPECT_TRUE(Rows(bd, "SELECT * FROM zor_PV_Multas").empty());
 }

@@ -1,23 +1,16 @@
 // What is remembered is kept small, told to those who wrote over each other, and forgotten where the law
 // asks.
 
-#include <fstream>
-#include <iterator>
-
 #include "events/cost_sums.h"
 #include "events/upkeep.h"
 #include "history/drivers/driver_activity.h"
-#include "history/drivers/driver_export.h"
 #include "history/figures.h"
 #include "history/kept_fleet.h"
 #include "history/outside.h"
 #include "history/overwritten.h"
 #include "history/retention.h"
 #include "history/undo.h"
-#include "history/view/browser.h"
-#include "history/view/life.h"
 #include "masterdata/code_table.h"
-#include "vehicles/viaturas.h"
 
 namespace history {
 namespace {
@@ -30,30 +23,9 @@ class KeepingTest : public KeptFleetTest {
     return std::make_shared<KeepingStore>(embedded::Database::Open(file), options);
   }
 
-  static std::string Bytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-
   /// Forgets how the fleet came to be.
   void BeginAnew() { store->inner()->ExecutarSql("", "DELETE FROM parvel_historico"); }
 };
-
-TEST_F(KeepingTest, AllOnADriverIsWrittenIntoAFolder) {
-  FillDriver();
-  const std::string to = folder.File("dados");
-  EXPECT_EQ(ExportDriver(*store, "MT-77", to), 4);
-  const std::string json = Bytes(to + "/motorista.json");
-  for (const char* held : {"Travessa Nova 3", "Morada: Rua das Flores 17 → Travessa Nova 3",
-                           "\"Custo\": \"60\"", "\"Ficheiro\": \"fotografia.jpg\""})
-    EXPECT_NE(json.find(held), std::string::npos) << held;
-  EXPECT_NE(Bytes(to + "/motorista.html").find("<th>Morada<td>Travessa Nova 3"), std::string::npos);
-  EXPECT_EQ(Bytes(to + "/fotografia.jpg"),
-            "\xFF\xD8"
-            "outro");
-  EXPECT_THROW(ExportDriver(*store, "MT-77", to), platform::RuntimeError) << "a folder that holds something";
-  EXPECT_THROW(ExportDriver(*store, "nada", folder.File("x")), platform::RuntimeError);
-}
 
 TEST_F(KeepingTest, DriversWithoutEventsForLongAreListed) {
   FillDriver();
@@ -166,34 +138,6 @@ TEST_F(KeepingTest, AnOfficeThatTurnsTheHistoryOffIsNotRemembered) {
   store->LookAtSettings();
   EXPECT_EQ(Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Um"); }), 0);
   EXPECT_TRUE(store->HasHistory());
-}
-
-TEST_F(KeepingTest, AFilterFindsByTableKindPeriodAndRecord) {
-  BeginAnew();
-  Spend(60, 10500);
-  Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Um"); });
-  const long change = Do("Marcas: Confirmar", [&] { AddCode<clMarcas>(bd, "r", "Dois"); });
-  const long removal =
-      Do("Marcas: Remover", [&] { bd->ExecutarSql("", "DELETE FROM zor_PV_Marcas WHERE Codigo = 'r'"); });
-  Undo(store, removal);
-  const auto found = [&](const Filter& filter) {
-    Browser browser(store);
-    browser.Ask(filter);
-    while (!browser.AtEnd()) browser.ReadOn();
-    return browser.operations().size();
-  };
-  EXPECT_EQ(found({.table = "zor_PV_Viaturas"}), 1U) << "the vehicle's figures went with the expense";
-  EXPECT_EQ(found({.table = "zor_PV_Marcas"}), 4U);
-  EXPECT_EQ(found({.kind = Kind::kRemoval}), 1U);
-  EXPECT_EQ(found({.kind = Kind::kChange}), 1U);
-  EXPECT_EQ(found({.kind = Kind::kUndoing}), 1U);
-  EXPECT_EQ(found({.text = "r"}), 4U) << "a code in full finds that record alone";
-  EXPECT_EQ(found({.text = "gAstOs:"}), 1U);
-  EXPECT_EQ(found({.to = Date::FromParts(2000, 1, 1)}), 0U);
-  EXPECT_EQ(found({.from = Clock(), .to = Clock()}), 5U);
-  const std::vector<DetailLine> detail = Browser(store).DetailOf(change);
-  ASSERT_EQ(detail.size(), 1U);
-  EXPECT_EQ(detail[0].record + " " + detail[0].words, "Marcas r Nome: Um → Dois");
 }
 
 TEST_F(KeepingTest, WhatIsWrittenPastTheHistoryIsUndoneByItsOwnMeans) {

@@ -25,7 +25,7 @@ class UndoTest : public KeptFleetTest {
 void UndoTest::RandomAct(std::mt19937& random) {
   const std::vector<std::string> plates = {"12-AB-34", "10-GJ-10", "É-11"};
   const auto any = [&](unsigned below) { return random() % below; };
-  const std::string plate = plates[any(3)];
+  const std::string& plate = plates[any(3)];
   platform::SGGrid* grid = nullptr;
   switch (any(9)) {
     case 0: {

@@ -126,6 +126,7 @@ TEST_F(WholeTest, ADriversDataAreExportedInFull) {
     add("zor_PV_Attach", {{"Tipo", 20}, {"Codigo", "MT-77"}, {"Fx", path}});
   const std::string to = folder.File("dados");
   ExportDriver(*store, "MT-77", to);
+  EXPECT_EQ(Contents(to + "/fotografia.jpg"), std::string("\xFF\xD8") + "outro");
   std::string text = Contents(to + "/motorista.json") + Contents(to + "/motorista.html");
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(to)) names.push_back(entry.path().filename());

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "embedded/database.h"
-#include "host/sistema.h"
 #include "lists/views.h"
 #include "support/errors.h"
 #include "support/fleet.h"
@@ -40,27 +39,6 @@ TEST(HostColumnsTest, RowsInViewAreReadByOneStatement) {
   cells.PrepareAll();
   EXPECT_EQ(cells.Shown(1, 3) + cells.Shown(3, 3), "1.200");
   EXPECT_EQ(cells.statements(), 4);
-}
-
-/// Each table's statement runs, and gives as many fields as columns, in their order, to a list that exists.
-TEST(HostColumnsTest, EveryTableFitsItsListAndStatement) {
-  ScriptedHost host;
-  const zorCrmParvel::DataAccessRef bd(embedded::Database::Open(":memory:"));
-  int tables = 0;
-  for (const std::string list : {"Gastos", "Apolices", "Revisoes", "Inspecoes", "Multas", "Sinistros",
-                                 "Acessorios", "Viaturas", "Marcas"}) {
-    const lists::HostTable* table = lists::HostTableOf(list);
-    if (table == nullptr) continue;
-    ++tables;
-    SCOPED_TRACE(list);
-    EXPECT_TRUE(zorCrmParvel::Sistema::TemLista(list));
-    zorCrmParvel::RecordsetRef rows;
-    bd->AbrirLeitura("", table->select, rows);
-    ASSERT_EQ(rows->FieldList().size(), table->columns.size() + 1);
-    for (std::size_t i = 0; i < table->columns.size(); ++i)
-      EXPECT_EQ(rows->FieldList()[i + 1].name, table->columns[i].key);
-  }
-  EXPECT_EQ(tables, 8);
 }
 
 TEST(HostColumnsTest, EveryColumnIsShownAsItIsToBe) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "manual/plain_text.h"
 
 namespace {
@@ -35,30 +33,6 @@ TEST(Search, FindsAMessageByItsFixedWords) {
   for (const auto& [shown, page] : cases) {
     const auto hit = FindMessage(shown);
     EXPECT_EQ(hit ? hit->page->name : "", page) << shown;
-  }
-}
-
-TEST(Search, PagesThatAnswerBestComeFirstWithAParagraphThatDoes) {
-  for (const std::vector<std::string>& words :
-       {std::vector<std::string>{"viatura"}, {"copias"}, {"gastos", "viatura"}, {"senha", "servidor"}}) {
-    std::string wanted;
-    for (const std::string& word : words) wanted += word + " ";
-    int last = 0;
-    const auto hits = Search(wanted);
-    EXPECT_GT(hits.size(), 2U);
-    for (const Hit& hit : hits) {
-      const auto held = [&](std::string_view text) {
-        const std::string folded = Folded(text);
-        return std::count_if(words.begin(), words.end(),
-                             [&](const std::string& word) { return folded.find(word) != std::string::npos; });
-      };
-      const auto all = static_cast<std::ptrdiff_t>(words.size());
-      const int rank = held(hit.page->title) == all ? 0 : held(hit.paragraph) == all ? 1 : 2;
-      EXPECT_GE(rank, last) << wanted << hit.page->name;
-      EXPECT_EQ(held(hit.page->text), all) << wanted << hit.page->name;
-      EXPECT_TRUE(rank == 0 || held(hit.paragraph) > 0) << wanted << hit.page->name;
-      last = rank;
-    }
   }
 }
 
