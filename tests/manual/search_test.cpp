@@ -36,16 +36,6 @@ TEST(Search, FindsAMessageByItsFixedWords) {
   }
 }
 
-TEST(PlainText, LettersAreFoldedAndBlanksBecomeOne) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"ÀÁÂÃÄÅ Ç ÈÉÊË ÌÍÎÏ Ñ ÒÓÔÕÖ ÙÚÛÜ Ý", "aaaaaa c eeee iiii n ooooo uuuu y"},
-      {"àáâãäå ç èéêë ìíîï ñ òóôõö ùúûü ý", "aaaaaa c eeee iiii n ooooo uuuu y"},
-      {"AZ[`{@", "az[`{@"},
-      {"  a \t\n b ", "a b "},
-      {"× ß €", "× ß €"}};
-  for (const auto& [text, folded] : cases) EXPECT_EQ(Folded(text), folded);
-}
-
 TEST(PlainText, ParagraphsComeWithoutTheirMarks) {
   const std::vector<std::string> expected = {"Título", "Um parágrafo de duas linhas, com ligação.", "um item",
                                              "outro item", "Tecla faz"};

@@ -100,35 +100,6 @@ TEST(DueWatchTest, WhatComesNearerIsNewsAndTheFirstLookIsNot) {
   }
 }
 
-TEST(DueDatesTest, RowsOfOneThingAreOneDateWithEachNoteOnce) {
-  ScriptedHost host;
-  const auto rows = platform::MakeRef<platform::MemoryRecordset>();
-  for (const char* name : {"Matricula", "Apolice", "Data", "Validade", "Notas"})
-    rows->Append(name, platform::FieldType::kText, 50);
-  rows->Append("Dias", platform::FieldType::kLong, 4);
-  rows->Open();
-  for (const auto& [policy, note, days] : {std::tuple{"A1", "Vence", 5},
-                                           {"A1", "Vence", 5},
-                                           {"A1", "Paga", 5},
-                                           {"A1", "", 5},
-                                           {"A2", "", 20},
-                                           {"A3", "x", 21}}) {
-    rows->AddNew();
-    rows->Fields("Matricula").SetValue("10-GJ-10");
-    rows->Fields("Apolice").SetValue(policy);
-    rows->Fields("Notas").SetValue(note);
-    rows->Fields("Dias").SetValue(days);
-    rows->Update();
-  }
-  platform::Form form;
-  platform::SGGrid grid{form, "Grelha"};
-  grid.SetDataSource(rows);
-  std::string told;
-  for (const notice::DueDate& due : notice::DueDatesIn(notice::AlertFamilies()[1], grid, 20, {}))
-    told += due.summary + " " + due.day.ToText() + ": " + due.notes + ";";
-  EXPECT_EQ(told, "Apólice: A1 10-GJ-10 20-03-2024: Vence\nPaga;Apólice: A2 10-GJ-10 04-04-2024: ;");
-}
-
 class RoundTest : public DatabaseTest {
  protected:
   RoundTest() {
@@ -231,46 +202,6 @@ TEST_F(RoundTest, WhatDidNotLeaveIsToldTheNextTimeAndWhatMayHaveIsNot) {
   Run();
   ASSERT_EQ(mails.size(), 4U);
   EXPECT_EQ(mails[2].text, mails[3].text);
-}
-
-TEST_F(RoundTest, TheBookKeepsWhoIsToldOfWhatAndByWhichServer) {
-  const notice::NoticeBook book(bd);
-  const notice::Recipient all[] = {{"a@x.pt", "Ana", notice::Scope::kAll, "", true},
-                                   {"b@x.pt", "", notice::Scope::kDepartment, "OBRAS", false},
-                                   {"c@x.pt", "Rui", notice::Scope::kResponsible, "2", true}};
-  for (const notice::Recipient& each : all) book.Put(each);
-  book.Put({"b@x.pt", "Eva", notice::Scope::kDepartment, "VENDAS", false});
-  Sql("UPDATE parvel_destinatarios SET Ambito = N'outro' WHERE Email = 'a@x.pt'");
-  std::string told;
-  for (const notice::Recipient& each : book.Recipients())
-    told += each.address + " " + each.name + " " + std::to_string(static_cast<int>(each.scope)) + each.code +
-            (each.report ? "*;" : ";");
-  EXPECT_EQ(told, "a@x.pt Ana 0*;b@x.pt Eva 1VENDAS;c@x.pt Rui 22*;");
-  const Date when = host.clock.AddDays(-1);
-  book.Remember("a@x.pt", "x", {Stage::kSoon, when});
-  book.Remember("a@x.pt", "x", {Stage::kOverdue, when});
-  book.Remember("a@x.pt", "y", {Stage::kSoon, when});
-  book.Remember("b@x.pt", "x", {Stage::kSoon, when});
-  book.Forget("a@x.pt", "y");
-  ASSERT_EQ(book.ToldTo("a@x.pt").size(), 1U);
-  EXPECT_EQ(book.ToldTo("a@x.pt").at("x").stage, Stage::kOverdue);
-  EXPECT_TRUE(book.Remove("a@x.pt"));
-  EXPECT_FALSE(book.Remove("a@x.pt"));
-  EXPECT_TRUE(book.ToldTo("a@x.pt").empty());
-  EXPECT_EQ(book.ToldTo("b@x.pt").size(), 1U);
-  book.Put(notice::MailSettings{"smtp://x", "f@x.pt", "f", "/a.pem"});
-  const notice::MailSettings server = book.Settings();
-  EXPECT_EQ(server.url + " " + server.from + " " + server.user + " " + server.authority,
-            "smtp://x f@x.pt f /a.pem");
-  for (const auto& [text, is] : {std::pair{"a@x.pt", true},
-                                 {"@x", false},
-                                 {"a@", false},
-                                 {"a", false},
-                                 {"a@b@c", false},
-                                 {"a b@c", false},
-                                 {"<a@b>", false},
-                                 {"a@b", true}})
-    EXPECT_EQ(notice::IsAddress(text), is) << text;
 }
 
 TEST_F(RoundTest, TheCostsOfTheMonthBeforeGoAlong) {

@@ -1,5 +1,4 @@
 #include "store/near_store_fixture.h"
-#include "support/temporary_folder.h"
 
 namespace store {
 namespace {
@@ -130,17 +129,6 @@ TEST_F(NearStoreTest, ALongTableIsBroughtWholeAndDocumentsNever) {
                                              "zor_ArquivoDigital_Entidade = '") +
                                      entity + "'");
   EXPECT_EQ(server_->Asked(), 3);
-}
-
-TEST_F(NearStoreTest, AnotherThreadOpensTheSameWhereTheServerLetsIt) {
-  EXPECT_FALSE(store_->Opener());
-  const testing_support::TemporaryFolder folder;
-  const auto file = embedded::Database::Open(folder.File("a.db"));
-  testing_support::AddDriver(DataAccessRef(file), "1", "Ana");
-  const auto opener = NearStore(file, schema::kTables).Opener();
-  ASSERT_TRUE(opener);
-  EXPECT_EQ(testing_support::Rows(DataAccessRef(opener()), "SELECT Nome FROM zor_Funcionarios"),
-            testing_support::Table({{"Ana"}}));
 }
 
 }  // namespace
