@@ -82,6 +82,16 @@ TEST_F(ImportPlanTest, TheRowsOfADocumentAreOneEventOfThoseThatAreTaken) {
             (Table{{"1", "7"}, {"1", "8"}, {"2", "42,5"}}));
 }
 
+TEST_F(ImportPlanTest, OfADocumentEachTypeOfExpenseIsAnEvent) {
+  Read(
+      "Matrícula;Data;Tipo;Litros;Valor;Km;Doc\n12-AB-34;20-01-2024;PORTAGEM;1;40;;A\n"
+      "12-AB-34;20-01-2024;GASOLEO;30;50;10400;A\n12-AB-34;20-01-2024;PORTAGEM;1;2,5;;A\n",
+      [](Profile& profile) { profile.document = Piece{.header = "Doc", .position = 6}; })
+      .Store("a.csv", "soma", "ana");
+  EXPECT_EQ(Rows(bd, "SELECT TipoGasto, Qtd, Custo FROM zor_PV_Gastos ORDER BY Custo"),
+            (Table{{"PORTAGEM", "2", "42,5"}, {"GASOLEO", "30", "50"}}));
+}
+
 TEST_F(ImportPlanTest, AFillOfANumberedRowIsComparedWithThoseThatAreStored) {
   AddExpense(bd, "12-AB-34", platform::Date::FromParts(2024, 1, 15), "GASOLEO", "40", "60", 12000);
   Read(
