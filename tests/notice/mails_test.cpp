@@ -49,7 +49,7 @@ class MailsTest : public DatabaseTest {
 
 TEST_F(MailsTest, EveryDueDateIsToldWithWhatThereIsToSay) {
   std::string text;
-  const std::vector<notice::DueDate> dates = notice::DueDatesOf(bd, 20);
+  const std::vector<notice::DueDate> dates = notice::DueDatesOf(bd, 18);
   for (const notice::DueDate& due : dates)
     text += due.uid + " (" + due.thing + ") " + due.family->word + ": " +
             (due.days ? std::to_string(*due.days) + " dias, " + due.day.ToText()

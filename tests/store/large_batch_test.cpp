@@ -26,6 +26,7 @@ TEST_F(NearStoreTest, ALargeBatchLeavesWhatItWouldHaveLeftOnTheServer) {
     EXPECT_EQ(testing_support::Rows(far_, "SELECT * FROM zor_PV_Gastos").size(), 0u);
     batch.Commit();
   }
+  server_->AbandonBatch();  // it has been kept
   EXPECT_EQ(both([](const DataAccessRef&) {}), wanted);
 }
 

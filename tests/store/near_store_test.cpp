@@ -1,4 +1,5 @@
 #include "store/near_store_fixture.h"
+#include "support/temporary_folder.h"
 
 namespace store {
 namespace {
@@ -107,6 +108,13 @@ TEST_F(NearStoreTest, ATableThatIsTooLargeOrOtherIsLeftWhereItIs) {
                 testing_support::Table({{"Ana"}}));
     EXPECT_EQ(server_->Asked(), asked);
   }
+}
+
+TEST_F(NearStoreTest, AnotherThreadOpensTheSameWhereTheServerLetsIt) {
+  EXPECT_FALSE(store_->Opener());
+  const testing_support::TemporaryFolder folder;
+  const auto opener = NearStore(embedded::Database::Open(folder.File("a.db")), schema::kTables).Opener();
+  EXPECT_EQ(opener()->Place(), folder.File("a.db"));
 }
 
 TEST_F(NearStoreTest, ALongTableIsBroughtWholeAndDocumentsNever) {
