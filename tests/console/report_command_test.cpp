@@ -44,18 +44,5 @@ TEST_F(ReportCommandTest, FiguresGoToTheTerminalToJsonAndToASpreadsheet) {
   EXPECT_EQ(row.cells.at(2).text, "105.5");
 }
 
-TEST_F(ReportCommandTest, OpenFindingsGiveTheExitCodeOfWhatIsDue) {
-  const std::vector<std::string> findings = {"excepcoes", "--periodo", "2026", "--csv"};
-  EXPECT_EQ(Report(findings), kDue);
-  EXPECT_NE(out.str().find("mesmo_dia;AA;2026-01-05;zor_PV_Gastos;2;"), std::string::npos) << out.str();
-  EXPECT_EQ(Report({"excepcoes", "--periodo", "2026", "--visto", "mesmo_dia:zor_PV_Gastos:2", "--nota",
-                    "dois carros"}),
-            kDone);
-  EXPECT_EQ(Report({"excepcoes", "--periodo", "2026", "--vistos"}), kDone);
-  EXPECT_NE(out.str().find("dois carros"), std::string::npos);
-  EXPECT_EQ(OnDatabase({"definicoes", "viaturas", "AA", "Deposito=35"}), kDone);
-  EXPECT_EQ(Report(findings), kDue);
-}
-
 }  // namespace
 }  // namespace console
