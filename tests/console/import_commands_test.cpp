@@ -1,6 +1,5 @@
 #include "console/import_commands.h"
 
-#include <filesystem>
 #include <fstream>
 
 #include "console/program_fixture.h"
