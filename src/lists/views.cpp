@@ -86,7 +86,7 @@ void KeepView(const DataAccessRef& bd, const ListView& view) {
     throw platform::RuntimeError(platform::kInvalidCall, "Vistas",
                                  "Dê à vista um nome de 1 a 60 caracteres.");
   zorCrmParvel::RecordsetRef rows;
-  bd->AbrirEdicao(ByKey("SELECT * FROM parvel_vistas", view), rows);
+  bd->AbrirEdicao(ByKey("SELECT * FROM parvel_vistas", {name, view.list, view.owner, {}}), rows);
   if (rows->Eof()) {
     rows->AddNew();
     rows->Fields("Nome").SetValue(name);

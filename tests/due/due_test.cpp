@@ -45,6 +45,19 @@ TEST_F(DueTest, WhatWasDoneHoldsUntilItsDayAndForThatDateAlone) {
             std::string(100, 'a') + "|b|" + std::string(17, 'c'));
 }
 
+TEST_F(DueTest, AnAlertIsKnownByTheSameColumnsInEveryVersion) {
+  std::string known;
+  for (const char* list : {"Ap", "Rev", "Insp", "Acess", "Mot", "Viat", "?"}) {
+    known += std::string(list) + ":";
+    for (const char* column : due::AlertColumns("Alertas" + std::string(list)))
+      known += std::string(" ") + column;
+    known += "\n";
+  }
+  EXPECT_EQ(known,
+            "Ap: Matricula Apolice Data\nRev: Matricula KmPrxRev DataPrxRev\nInsp: Matricula DataPrx\n"
+            "Acess: Id Data\nMot: Codigo Documento Data\nViat: Matricula Notas Data\n?:\n");
+}
+
 TEST_F(DueTest, ADatabaseWithoutTheTableHasNothingDealtWith) {
   EXPECT_TRUE(due::HandlingsOf(BareDatabase(), "AlertasAp", platform::Today()).empty());
   Sql("INSERT INTO parvel_tratados (Lista, Registo) VALUES (N'AlertasAp', N'x')");

@@ -59,6 +59,15 @@ TEST_F(FileTest, KeepsItsRowsAndWritesNothingWhenItIsUpToDate) {
   EXPECT_EQ(Open()->path(), file_);
 }
 
+TEST_F(FileTest, ANameThatIsTakenStaysWithItsFile) {
+  const std::string other = file_ + ".novo";
+  WriteContents(file_, "um");
+  WriteContents(other, "dois");
+  const std::string error = ErrorOf([&] { embedded::MoveToNewName(other, file_); });
+  EXPECT_NE(error.find("não pôde ficar com este nome"), std::string::npos) << error;
+  EXPECT_EQ(Contents(file_) + Contents(other), "umdois");
+}
+
 TEST_F(FileTest, RefusesWhatIsNoDatabaseOfThisProgram) {
   WriteContents(file_, "");
   ExpectRefused("está vazio: não é uma base de dados. Reponha uma cópia");

@@ -103,6 +103,9 @@ TEST_F(GastosTest, CostAndUnitPriceHaveRulesForEveryType) {
   form.Campo[5].Text = "3";
   Fill(7, "2,5");
   EXPECT_EQ(form.Campo[6].Text, "7,5");
+  form.UserGoesTo(form.Campo[8]);
+  Fill(8, "");
+  EXPECT_EQ(form.Campo[8].Text, "0");
   form.UserGoesTo(form.Campo[7]);
   Type(form.Campo[7], "9999999999");
   form.Campo[5].Text = "9999999999";

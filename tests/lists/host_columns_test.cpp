@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "embedded/database.h"
 #include "lists/views.h"
 #include "support/errors.h"
@@ -109,16 +111,22 @@ TEST(ViewsTest, AreKeptByOwnerAndReadAsTheyWere) {
                        .group = "Departamento"};
   lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
   lists::KeepView(bd, {.name = "Minha", .list = "Gastos", .owner = "ana", .look = {}});
-  lists::KeepView(bd, {.name = "Dele", .list = "Gastos", .owner = "rui", .look = {}});
+  // Others that share the list, the owner or the name stay when one goes.
+  for (const auto& [name, list, owner] :
+       {std::tuple{"Dele", "Gastos", "rui"}, {"Outra", "Gastos", ""}, {"Gastos d\'hoje", "Multas", ""}})
+    lists::KeepView(bd, {.name = name, .list = list, .owner = owner, .look = {}});
   EXPECT_EQ(lists::ViewsOf(bd, "ana").at(0).look, look);
   look.descending = false;
   lists::KeepView(bd, {.name = "Gastos d\'hoje", .list = "Gastos", .owner = "", .look = look});
   const auto views = lists::ViewsOf(bd, "ana");
-  ASSERT_EQ(views.size(), 2U);
+  ASSERT_EQ(views.size(), 4U);
   EXPECT_EQ(views[0].name, "Gastos d\'hoje");
   EXPECT_EQ(views[0].look, look);
   lists::RemoveView(bd, views[0]);
-  EXPECT_EQ(lists::ViewsOf(bd, "ana").size(), 1U);
+  EXPECT_EQ(lists::ViewsOf(bd, "ana").size(), 3U);
+  EXPECT_EQ(lists::ViewsOf(bd, "rui").size(), 3U);
+  lists::KeepView(bd, {.name = " Minha ", .list = "Gastos", .owner = "ana", .look = {}});
+  EXPECT_EQ(lists::ViewsOf(bd, "ana").size(), 3U) << "a name is what stands between its blanks";
   EXPECT_THROW(lists::KeepView(bd, {.name = "  ", .list = "Gastos", .owner = "", .look = {}}),
                platform::RuntimeError);
   EXPECT_THROW(lists::KeepView(bd, {.name = std::string(61, 'v'), .list = "Gastos", .owner = "", .look = {}}),
