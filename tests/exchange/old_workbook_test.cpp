@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string Number(std::uint32_t number, int bytes) {
+std::string Number(std::uint64_t number, int bytes) {
   std::string text;
   for (int i = 0; i < bytes; ++i) text += static_cast<char>(number >> (8 * i) & 0xFF);
   return text;
