@@ -130,5 +130,22 @@ TEST(TableShapeTest, TheSendersNumberOfARowIsKnownByItsHeading) {
   }
 }
 
+TEST(TableShapeTest, AColumnOfHoursIsOfTheDateWhereThatHasNone) {
+  const auto day = platform::Date::FromParts(2024, 2, 1);
+  const std::pair<TableCell, std::size_t> cases[] = {
+      {{CellKind::kDate, "01-02-2024", 0, day}, 2},
+      {{CellKind::kDate, "01-02-2024 13:05", 0, platform::Date::FromParts(2024, 2, 1, 13, 5, 0)}, 1},
+      {{CellKind::kText, "01-02-2024"}, 2},
+      {{CellKind::kText, "01-02-2024 13:05"}, 1}};
+  for (const auto& [cell, pieces] : cases) {
+    TableRow row = Row({"12-AB-34", "", "13:05", "5"});
+    row.cells[1] = cell;
+    const Profile profile =
+        GuessProfile(*KindOf("gastos"), {Row({"Matrícula", "Data", "Hora", "Valor"}), row});
+    ASSERT_NE(profile.Find("Data"), nullptr);
+    EXPECT_EQ(profile.Find("Data")->pieces.size(), pieces) << cell.text;
+  }
+}
+
 }  // namespace
 }  // namespace exchange

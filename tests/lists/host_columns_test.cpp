@@ -36,8 +36,8 @@ TEST(HostColumnsTest, RowsInViewAreReadByOneStatement) {
   EXPECT_EQ(cells.statements(), 1);
   EXPECT_EQ(cells.Shown(1, 3), "1.200");
   EXPECT_EQ(cells.statements(), 2);
-  cells.PrepareAll();
   cells.Reset(4);
+  cells.Prepare({2});
   cells.PrepareAll();
   EXPECT_EQ(cells.Shown(1, 3) + cells.Shown(3, 3), "1.200");
   EXPECT_EQ(cells.statements(), 4);

@@ -135,6 +135,9 @@ TEST(RowOrderTest, WhatNoLongerHasItsColumnIsLeftOut) {
   EXPECT_EQ(order.FindBeginning(0, "12", 0), 5);
   order.Turn(1);  // a row
   EXPECT_EQ(Places(order), "[-3 1] 2 [10 1] 0 [12,5 1] 1");
+  values.Put(2, 2, Variant(-6));
+  order.Rebuild();
+  EXPECT_EQ(Places(order), "[10 1] 0 [12,5 1] 1") << "it is read anew";
   values.Drop();
   order.Rebuild();
   EXPECT_EQ(Places(order), "0 1 2 3");

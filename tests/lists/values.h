@@ -29,6 +29,9 @@ class Values : public lists::Cells {
     return columns_[column][static_cast<std::size_t>(row)];
   }
 
+  void Put(long row, std::size_t column, Variant value) {
+    columns_[column][static_cast<std::size_t>(row)] = std::move(value);
+  }
   /// Takes the last column away.
   void Drop() { columns_.pop_back(); }
 
