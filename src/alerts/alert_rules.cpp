@@ -84,7 +84,6 @@ void VerificaAlertasApolices(const DataAccessRef& bd, bool& Alerta) {
   const Row row(*rs);
   for (; !rs->Eof() && !Alerta; rs->MoveNext()) {
     if (!ViaturaActiva(row, bd, viatura)) continue;
-    Alerta = false;
     if (EZero(row, "Inactiva")) Julgar(DiasAte(row.value("Validade")), Alerta);
   }
   rs->Close();
