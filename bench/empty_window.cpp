@@ -1,6 +1,6 @@
-// The smallest program of the toolkit: an empty main window that ends when it has been painted. It is as large
-// as the program's own at its first start: most of what painting an empty window takes is the memory of its
-// picture.
+// The smallest program of the toolkit: an empty main window that ends when it has been painted. It is as
+// large as the program's own at its first start: most of what painting an empty window takes is the memory of
+// its picture.
 
 #include <QApplication>
 #include <QMainWindow>
