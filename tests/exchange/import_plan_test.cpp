@@ -51,6 +51,10 @@ TEST_F(ImportPlanTest, ARowSetAsideByHandStaysOutAndComesBack) {
   plan->Learn("TipoGasto", "outro", "PORTAGEM");
   plan->Check();
   EXPECT_EQ(plan->row(0).state, RowState::kRefused);
+  Read("Matrícula;Data;Tipo;Litros;Valor;Km\n12-AB-34;20-01-2024;por saber;1;5;0\n").Check();
+  plan->Learn("TipoGasto", "por saber", "PORTAGEM");
+  plan->Check();
+  EXPECT_EQ(plan->Store("a.csv", "soma", "ana").vehicles, std::vector<std::string>{"12-AB-34"});
 }
 
 TEST_F(ImportPlanTest, TheRowsOfADocumentAreOneEventOfThoseThatAreTaken) {

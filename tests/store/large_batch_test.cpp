@@ -51,6 +51,16 @@ TEST_F(NearStoreTest, NumbersAreThoseOfTheServerOnceALargeBatchIsKept) {
   EXPECT_EQ(store_->NumberGiven("parvel_importacoes", 1), 1);
 }
 
+TEST_F(NearStoreTest, RowsAddedDirectlyComeBehindThoseThatAreHeldBack) {
+  const zorCrmParvel::RowValues row = {platform::Variant("B")};
+  zorCrmParvel::LargeBatch batch(*store_);
+  near_->ExecutarSql("", "INSERT INTO zor_PV_Multas (Matricula) VALUES ('A')");
+  store_->AddRows("zor_PV_Multas", {"Matricula"}, {&row});
+  batch.Commit();
+  EXPECT_EQ(testing_support::Rows(far_, "SELECT Matricula FROM zor_PV_Multas ORDER BY Id"),
+            testing_support::Table({{"A"}, {"B"}}));
+}
+
 TEST_F(NearStoreTest, ATableThatIsOnlyAddedToIsNotTakenOver) {
   Run("INSERT INTO zor_PV_Multas (Matricula) VALUES ('A')");
   const auto add = [&](const char* plate) {
