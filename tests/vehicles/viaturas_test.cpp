@@ -54,9 +54,12 @@ TEST_F(ViaturasTest, AnUnknownPlateLeavesTheObjectAsItWas) {
   EXPECT_EQ(viatura.Marca, "X");
   EXPECT_THROW(viatura.EscreverMedia(), platform::RuntimeError);
   AddVehicle(bd, "NADA", 5);
+  viatura.KmActual = 7;
+  viatura.CustoMedioKmC = 8;
   viatura.Media = 6;
   EXPECT_TRUE(viatura.EscreverMedia());
-  EXPECT_EQ(Rows(bd, "SELECT Marca, Media FROM zor_PV_Viaturas"), (Table{{"REN", "6"}}));
+  EXPECT_EQ(Rows(bd, "SELECT Marca, KmActual, CustoMedioKmC, Media, CustoMedioKmT FROM zor_PV_Viaturas"),
+            (Table{{"REN", "7", "8", "6", "0"}}));
 }
 
 TEST_F(ViaturasTest, WalksByPlateAlone) {
