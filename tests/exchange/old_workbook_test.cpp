@@ -39,7 +39,7 @@ std::string Container(const std::string& stream) {
     std::string text;
     for (const char c : name) text += std::string{c, '\0'};
     text.resize(64);
-    text += Number(static_cast<std::uint32_t>(name.size() + 1) * 2, 2);
+    text += Number(2 * name.size() + 2, 2);
     text.resize(116);
     return text + Number(first, 4) + Number(static_cast<std::uint32_t>(size), 4) + Number(0, 4);
   };
