@@ -15,7 +15,8 @@ constexpr Dia kPeriodoLongo = 1000;
 
 std::string Junta(const std::vector<std::string>& textos) {
   std::string junto;
-  for (const std::string& texto : textos) junto += (junto.empty() ? "" : ", ") + texto;
+  for (const std::string& texto : textos)
+    junto += (junto.empty() ? "" : ", ") + (texto.empty() ? "(sem valor)" : texto);
   return junto;
 }
 

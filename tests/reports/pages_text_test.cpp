@@ -119,6 +119,7 @@ class PagesText : public testing::Test {
         for (const std::string& type : inside->pedido.tipos) text += "      tipo " + type + "\n";
       }
     }
+    for (const std::string& note : result.relatorio.notas) text += "  nota " + note + "\n";
     for (const std::string& total : Totais(result)) text += "  " + total + "\n";
     return text;
   }
@@ -171,8 +172,15 @@ TEST_F(PagesText, FiltersAndColumnsOfTimeChangeEachReport) {
                   {"sem departamento", platform::Date::FromParts(2026, 2, 10),
                    platform::Date::FromParts(2026, 2, 27), [](Pedido& p) { p.departamentos = {""}; }},
                   {"do motorista 2 ou de nenhum", platform::Date::FromParts(2026, 1, 1),
-                   platform::Date::FromParts(2026, 3, 31), [](Pedido& p) {
+                   platform::Date::FromParts(2026, 3, 31),
+                   [](Pedido& p) {
                      p.motoristas = {"2", ""};
+                   }},
+                  {"só da viatura BB, ligeira", platform::Date::FromParts(2026, 1, 1),
+                   platform::Date::FromParts(2026, 3, 31), [](Pedido& p) {
+                     p.viaturas = {"BB"};
+                     p.categorias = {"L"};
+                     p.tipos = {"E", "P"};
                    }}};
   // Of a vehicle that is gone nothing is known: no filter of vehicles lets it through.
   bd->ExecutarSql("",
