@@ -19,98 +19,41 @@ struct Layout {
   const char* file;
   const char* kind;    // of those that are guessed
   const char* counts;  // stored, known, aside, refused and all rows
-  const char* query;
-  Table stored;
+  const char* query;   // of the rows stored, which stand in stored_layouts.txt
 };
 
 const Layout kLayouts[] = {
-    {"01-cartao-de-frota.csv",
-     "gastos",
-     "3 0 1 3 7, 1870,01",
+    {"01-cartao-de-frota.csv", "gastos", "3 0 1 3 7, 1870,01",
      "SELECT Matricula, Data, TipoGasto, Qtd, ValorUn, Custo, Km, Obs FROM zor_PV_Gastos WHERE Qtd<>1 ORDER "
-     "BY Data",
-     {{"12-AB-34", "03-01-2024 08:15:00", "GASOLRODOV", "50", "1,6", "80", "10250", "A1 - Antuã"},
-      {"AA-11-BB", "05-01-2024 07:30:00", "GASOLRODOV", "1040", "1,6", "1664", "61300", "Porto"},
-      {"12-AB-34", "17-01-2024 19:02:00", "GASOLRODOV", "60,5", "1,62", "98,01", "11000", "Aveiro"}}},
-    {"02-fuel-statement.csv",
-     "gastos",
-     "4 1 0 0 5, 433,5",
+     "BY Data"},
+    {"02-fuel-statement.csv", "gastos", "4 1 0 0 5, 433,5",
      "SELECT Matricula, Motorista, Data, TipoGasto, Qtd, ValorUn, Custo, Km FROM zor_PV_Gastos WHERE Qtd<>1 "
-     "ORDER BY Data, Gst_Id",
-     {{"12-AB-34", "1", "15-01-2024 14:05:00", "GASOLEO", "45,5", "1,599", "72,75", "10400"},
-      {"12-AB-34", "1", "15-01-2024 14:05:00", "GASOLEO", "45,5", "1,599", "72,75", "10400"},
-      {"AA-11-BB", "0007", "28-01-2024 00:10:00", "GASOLEO", "60", "1,6", "96", "61000"},
-      {"AA-11-BB", "0008", "29-01-2024 00:10:00", "GASOLEO", "60", "1,6", "96", "61500"}}},
-    {"03-portagens.csv",
-     "",
-     "3 0 1 0 4, 2,3",
+     "ORDER BY Data, Gst_Id"},
+    {"03-portagens.csv", "", "3 0 1 0 4, 2,3",
      "SELECT Matricula, Data, TipoGasto, Qtd, ValorUn, Custo, Obs FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY "
-     "Data",
-     {{"12-AB-34", "03-01-2024 08:05:00", "PORTAGEM", "0", "0", "1,15", "Feira > Grijó"},
-      {"12-AB-34", "03-01-2024 18:36:00", "PORTAGEM", "0", "0", "1,15", "Grijó > Feira"},
-      {"AA-11-BB", "04-01-2024 09:00:00", "PORTAGEM", "0", "0", "2,1", "Ponte"}}},
-    {"04-charging-sessions.csv",
-     "",
-     "3 0 0 0 3, 22,58",
-     "SELECT Data, Km, Qtd, ValorUn, Obs FROM zor_PV_Gastos WHERE TipoGasto='CARGA' and Obs>'' ORDER BY Data",
-     {{"31-01-2024 23:30:00", "5317", "30,25", "0,3002", "Depot [km propostos]"},
-      {"10-02-2024 01:05:00", "5409", "20", "0,3", "Depot [km propostos]"},
-      {"20-02-2024 12:00:00", "5517", "25", "0,3", "Mall, level 2 [km propostos]"}}},
-    {"07-extracto-1252.csv",
-     "",
-     "3 0 0 0 3, 171,2",
-     "SELECT Motorista, TipoGasto, Custo, Km FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data",
-     {{"1", "GASOLEO", "80", "10250"}, {"0007", "GASOLEO", "88", "61250"}, {"0007", "PORTAGEM", "3,2", "0"}}},
-    {"08-releve-utf16.txt",
-     "gastos",
-     "2 0 0 0 2, 178,01",
-     "SELECT Data, Custo, Km, Obs FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data",
-     {{"05-01-2024 08:15:00", "80", "10250", "Lille"}, {"25-01-2024 19:02:00", "98,01", "61100", "Hénin"}}},
-    {"09-registos-sem-cabecalho.txt",
-     "",
-     "3 0 2 0 5, 178,5",
-     "SELECT Matricula, Data, Qtd, Custo, Km FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data",
-     {{"12-AB-34", "03-01-2024 08:15:00", "50", "80", "10250"},
-      {"AA-11-BB", "05-01-2024 07:30:00", "60", "96", "61250"},
-      {"AA-11-BB", "05-01-2024 07:31:00", "0", "2,5", "0"}}},
-    {"10-frota-por-seccoes.csv",
-     "",
-     "3 0 0 0 3, 0",
+     "Data"},
+    {"04-charging-sessions.csv", "", "3 0 0 0 3, 22,58",
+     "SELECT Data, Km, Qtd, ValorUn, Obs FROM zor_PV_Gastos WHERE TipoGasto='CARGA' and Obs>'' ORDER BY "
+     "Data"},
+    {"07-extracto-1252.csv", "", "3 0 0 0 3, 171,2",
+     "SELECT Motorista, TipoGasto, Custo, Km FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data"},
+    {"08-releve-utf16.txt", "gastos", "2 0 0 0 2, 178,01",
+     "SELECT Data, Custo, Km, Obs FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data"},
+    {"09-registos-sem-cabecalho.txt", "", "3 0 2 0 5, 178,5",
+     "SELECT Matricula, Data, Qtd, Custo, Km FROM zor_PV_Gastos WHERE Qtd<>1 ORDER BY Data"},
+    {"10-frota-por-seccoes.csv", "", "3 0 0 0 3, 0",
      "SELECT Matricula, Marca, Modelo, Categoria, Combustivel, KmActual FROM zor_PV_Viaturas WHERE "
-     "Matricula<'12' or Matricula like '1234%' ORDER BY Matricula",
-     {{"00-AA-01", "REN", "CLIO", "LIGEIROS", "0", "45000"},
-      {"00-AA-02", "REN", "ZOE", "LIGEIROS", "3", "12000"},
-      {"1234-BCD", "MAN", "TGX", "PESADOS", "0", "350000"}}},
-    {"11-motoristas.csv",
-     "motoristas",
-     "2 1 0 0 3, 0",
+     "Matricula<'12' or Matricula like '1234%' ORDER BY Matricula"},
+    {"11-motoristas.csv", "motoristas", "2 1 0 0 3, 0",
      "SELECT Codigo, Nome, DataNasc, ValCartaCond, NIF FROM zor_Funcionarios WHERE Codigo>'0008' ORDER BY "
-     "Codigo",
-     {{"0009", "Maria João Pereira", "05-03-1980", "31-12-2030", "123456789"},
-      {"0010", "Carlos Sousa", "14-07-1975", "01-06-2029", ""},
-      {"1", "Ana Silva", "00:00:00", "00:00:00", ""}}},
-    {"12-cartas.csv",
-     "cartas",
-     "4 0 0 1 5, 0",
-     "SELECT Motorista, TipoCarta, DataValidade FROM zor_CartasCond ORDER BY Motorista, TipoCarta",
-     {{"0007", "0", "30-06-2031"},
-      {"1", "0", "31-12-2030"},
-      {"1", "1", "31-12-2030"},
-      {"1", "7", "31-12-2030"}}},
-    {"13-facturas.csv",
-     "",
-     "3 0 0 0 3, 155,5",
-     "SELECT Matricula, Data, TipoManut, Custo, Obs FROM zor_PV_Revisoes ORDER BY Data",
-     {{"12-AB-34", "15-01-2024", "OLEO", "100", "FT 1"}, {"AA-11-BB", "16-01-2024", "OLEO", "55,5", "FT 2"}}},
-    {"14-frota-da-casa.xlsx",
-     "viaturas",
-     "3 0 0 1 4, 0",
+     "Codigo"},
+    {"12-cartas.csv", "cartas", "4 0 0 1 5, 0",
+     "SELECT Motorista, TipoCarta, DataValidade FROM zor_CartasCond ORDER BY Motorista, TipoCarta"},
+    {"13-facturas.csv", "", "3 0 0 0 3, 155,5",
+     "SELECT Matricula, Data, TipoManut, Custo, Obs FROM zor_PV_Revisoes ORDER BY Data"},
+    {"14-frota-da-casa.xlsx", "viaturas", "3 0 0 1 4, 0",
      "SELECT Matricula, Marca, Modelo, Combustivel, DataMatricula, ValorInicial, ValorResidual, KmInicial, "
-     "KmActual, Obs FROM zor_PV_Viaturas WHERE Matricula<'12' ORDER BY Matricula",
-     {{"00-AA-11", "REN", "CLIO", "0", "01-01-2020", "14400", "1440", "10", "45210", "Com reboque"},
-      {"00-AA-12", "REN", "ZOE", "3", "01-01-2022", "21000", "2100", "10", "12030", ""},
-      {"00-AA-14", "MAN", "TGX", "0", "01-01-2016", "80000", "8000", "0", "351000", "Vendida"}}},
-};
+     "KmActual, Obs FROM zor_PV_Viaturas WHERE Matricula<'12' ORDER BY Matricula"}};
 
 class LayoutsTest : public ImportTest {
  protected:
@@ -185,6 +128,7 @@ class LayoutsTest : public ImportTest {
 };
 
 TEST_F(LayoutsTest, AreImportedTakenBackAndImportedAgainAsTheFirstTime) {
+  std::string text;
   for (const Layout& layout : kLayouts) {
     SCOPED_TRACE(layout.file);
     const auto before = Everything();
@@ -193,7 +137,11 @@ TEST_F(LayoutsTest, AreImportedTakenBackAndImportedAgainAsTheFirstTime) {
     EXPECT_EQ(Everything(), before) << "looking changes nothing";
     const StoredImport stored = plan->Store(layout.file, "soma", "ana");
     EXPECT_EQ(CountsOf(stored.rows), layout.counts);
-    EXPECT_EQ(Rows(bd, layout.query), layout.stored);
+    text += std::string("= ") + layout.file + "\n";
+    for (const auto& row : Rows(bd, layout.query)) {
+      for (const std::string& value : row) text.append(value).append("|");
+      text += "\n";
+    }
     const auto first = Everything();
     EXPECT_EQ(PlanOf(layout)->Sums().stored.rows, 0) << "a second run adds nothing";
     const TakenBack back = TakeBackImport(bd, stored.number);
@@ -203,6 +151,7 @@ TEST_F(LayoutsTest, AreImportedTakenBackAndImportedAgainAsTheFirstTime) {
     EXPECT_EQ(Everything(), first);
     TakeBackImport(bd, again.number);
   }
+  ExpectWholeText(PARVEL_SOURCE_DIR "/tests/exchange/stored_layouts.txt", text);
 }
 
 /// A profile in one line.

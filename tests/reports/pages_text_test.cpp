@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "reports/pages/definicoes_pagina.h"
 #include "reports/pages/evolucao.h"
 #include "reports/pages/filtros.h"
@@ -16,59 +18,12 @@ namespace {
 using namespace reports;
 using zorCrmParvel::DataAccessRef;
 
-/// The rows of the fleet: a table, its columns, and the values of each row.
-const struct {
-  const char* table;
-  const char* columns;
-  std::vector<const char*> rows;
-} kFleet[] = {
-    {"zor_PV_TiposGastos",
-     "Codigo, Nome, Combustivel",
-     {"'G', 'Gasóleo', 1", "'E', 'Carga', 1", "'P', 'Portagens', 0", "'Q', 'Lavagem', 0", "'R', 'Pneus', 0",
-      "'S', 'Água', 0", "'T', 'Óleo', 0"}},
-    {"zor_PV_Categorias", "Codigo, Nome", {"'L', 'Ligeiros'", "'P', 'Pesados'"}},
-    {"zor_PV_Departamentos", "Codigo, Nome", {"'D', 'Vendas'", "'O', 'Obras'"}},
-    {"zor_PV_Marcas", "Codigo, Nome", {"'REN', 'Renault'"}},
-    {"zor_Funcionarios", "Codigo, Nome", {"'1', 'Ana'", "'2', 'Rui'"}},
-    {"zor_PV_Viaturas",
-     "Matricula, Marca, Modelo, Categoria, Departamento, Combustivel, Inactiva, KmInicial, DataKmInicial, "
-     "DataMatricula, "
-     "Mensalidade, ValContrato, ValorInicial",
-     {"'AA', 'REN', 'Clio', 'L', 'D', 0, 0, 1000, '2025.01.01', '2024.05.01', 250.5, '2026.12.31', 15000",
-      "'BB', 'REN', NULL, 'L', 'O', 3, 0, 500, '2025.01.01', '2024.05.01', 0, NULL, 0",
-      "'CC', NULL, NULL, 'P', NULL, 0, 1, 90000, '2025.01.01', '2020.05.01', 0, NULL, 0"}},
-    {"zor_PV_Gastos",
-     "Matricula, Data, TipoGasto, Motorista, Qtd, ValorUn, Custo, Km, Obs",
-     {"'AA', '2025.03.05', 'G', '1', 40, 1.5, 60, 1600, ''",
-      "'AA', '2026.01.08 09:10:00', 'G', '1', 41, 1.6, 65.6, 9000, ''",
-      "'AA', '2026.02.01', 'G', '2', 42, 1.7, 71.4, 9700, 'cheio'",
-      "'AA', '2026.03.10', 'G', '1', 60, 1.8, 108, 10300, ''",
-      "'AA', '2026.03.10', 'P', '1', 1, 0, 12.35, 0, 'A1'", "'AA', '2026.03.11', 'Q', NULL, 1, 0, 9, 0, ''",
-      "'AA', '2026.03.11', 'R', NULL, 4, 0, 320, 0, ''", "'AA', '2026.03.11', 'S', NULL, 4, 0, 2, 0, ''",
-      "'AA', '2026.03.11', 'T', NULL, 4, 0, 30, 0, ''", "'BB', '2026.01.20', 'E', '2', 30, 0.2, 6, 900, ''",
-      "'BB', '2026.02.20', 'E', '2', 33, 0.2, 6.6, 1200, ''",
-      "'CC', '2025.12.30', 'G', '2', 300, 1.4, 420, 90800, ''",
-      "'CC', '2026.02.14 23:30:00', 'G', '9', 310, 1.5, 465, 90700, ''",
-      "'CC', NULL, 'P', '2', 1, 0, 5, 0, ''"}},
-    {"zor_PV_Seguros",
-     "Matricula, DataInicio, Validade, Apolice, Premio, Inactiva",
-     {"'AA', '2026.01.01', '2026.12.31', 'A1', 365, 0", "'BB', '2025.07.01', '2026.06.30', 'A2', 730, 0"}},
-    {"zor_PV_Revisoes", "Matricula, Data, Km, Custo, Obs", {"'AA', '2026.02.25', 9900, 180.5, 'FT 1'"}},
-    {"zor_PV_Inspecoes", "Matricula, Data, Km, Custo", {"'BB', '2026.02.26', 1250, 31.2"}},
-    {"zor_PV_Multas", "Matricula, Data, Motorista, ValorMulta", {"'AA', '2026.02.27', '2', 60"}},
-    {"zor_PV_Sinistros", "Matricula, Data, Motorista, Custo", {"'BB', '2026.02.28', '1', 750"}},
-    {"zor_PV_Acessorios",
-     "Matricula, Data, Qtd, KmInicial, KmFinal, Custo",
-     {"'CC', '2026.03.01', 4, 90000, 91000, 1200"}}};
-
 class PagesText : public testing::Test {
  protected:
   PagesText() : bd(testing_support::MemoryDatabase()) {
     host.clock = platform::Date::FromParts(2026, 3, 15);
-    for (const auto& [table, columns, rows] : kFleet)
-      for (const char* row : rows)
-        bd->ExecutarSql(
-            "", (std::string("INSERT INTO ") + table + " (" + columns + ") VALUES (" + row + ")").c_str());
+    std::ifstream fleet(PARVEL_SOURCE_DIR "/tests/reports/fleet.sql");
+    for (std::string row; std::getline(fleet, row);) bd->ExecutarSql("", row.c_str());
     Gravar(bd, *DefinicaoDe("viaturas"), {"AA"},
            {{"Deposito", "45"}, {"LimiteKm", "9000"}, {"InicioLeasing", "01-01-2025"}, {"EurosKm", "0,05"}});
     Gravar(bd, *DefinicaoDe("unidades"), {"E"}, {{"Unidade", "kWh"}});

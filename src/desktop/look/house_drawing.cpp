@@ -79,15 +79,15 @@ void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QS
   const QColor ink = option.palette.color(QPalette::WindowText);
   painter.fillRect(option.rect, Blend(ground, ink, 0.05));
   if (!option.state.testFlag(QStyle::State_Enabled) || option.minimum == option.maximum) return;
-  const auto held = [&option](QStyle::SubControl part) {
-    return option.activeSubControls.testFlag(part) && option.state.testFlag(QStyle::State_Sunken);
-  };
-  const auto pointed = [&option](QStyle::SubControl part) {
-    return option.activeSubControls.testFlag(part) && option.state.testFlag(QStyle::State_MouseOver);
-  };
-  const auto fill = [&](QStyle::SubControl part, double rest) {
+  const auto fill = [&](QStyle::SubControl part, double share) {
     const QRect rect = style.subControlRect(QStyle::CC_ScrollBar, &option, part, widget);
-    painter.fillRect(rect, Blend(ground, ink, held(part) ? rest + 0.2 : pointed(part) ? rest + 0.1 : rest));
+    if (option.activeSubControls.testFlag(part)) {
+      if (option.state.testFlag(QStyle::State_Sunken))
+        share += 0.2;
+      else if (option.state.testFlag(QStyle::State_MouseOver))
+        share += 0.1;
+    }
+    painter.fillRect(rect, Blend(ground, ink, share));
     return rect;
   };
   fill(QStyle::SC_ScrollBarSlider, 0.25);
